@@ -1,0 +1,17 @@
+// Marks what the library exports.
+#ifndef ORVANE_EXPORT_H
+#define ORVANE_EXPORT_H
+
+#if defined(_WIN32) || defined(__CYGWIN__)
+#if defined(ORVANE_BUILDING)
+#define ORVANE_API __declspec(dllexport)
+#elif defined(ORVANE_STATIC)
+#define ORVANE_API
+#else
+#define ORVANE_API __declspec(dllimport)
+#endif
+#else
+#define ORVANE_API __attribute__((visibility("default")))
+#endif
+
+#endif

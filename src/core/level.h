@@ -1,0 +1,41 @@
+// The level that this translation unit is compiled for. Only kernel sources include this.
+//
+// Everything that a kernel source instantiates must live in a namespace of its level. The linker
+// merges inline functions of equal names, and the copy compiled for AVX2 may be the one that stays:
+// the program would then die on an older processor. Common helpers therefore stand in
+// `inline namespace ORV_LEVEL`, and kernel sources use no standard containers or algorithms.
+#pragma once
+
+#ifndef ORV_LEVEL
+#error "Kernel sources are compiled with -DORV_LEVEL=<level>"
+#endif
+
+// Capabilities. Algorithms ask for these, never for a level.
+#if defined(ORV_LEVEL_IS_px)
+#define ORV_HAVE_VECTORS 0  // the plain variant: the scalar meaning of every operation
+#else
+#define ORV_HAVE_VECTORS 1
+#endif
+#if ORV_HAVE_VECTORS && defined(__SSSE3__)
+#define ORV_HAVE_BYTE_SHUFFLE 1
+#else
+#define ORV_HAVE_BYTE_SHUFFLE 0
+#endif
+#if ORV_HAVE_VECTORS && defined(__SSE4_1__)
+#define ORV_HAVE_SSE41 1
+#else
+#define ORV_HAVE_SSE41 0
+#endif
+#if ORV_HAVE_VECTORS && defined(__AVX__)
+#define ORV_HAVE_FLOAT256 1
+#else
+#define ORV_HAVE_FLOAT256 0
+#endif
+#if ORV_HAVE_VECTORS && defined(__AVX2__)
+#define ORV_HAVE_INT256 1
+#else
+#define ORV_HAVE_INT256 0
+#endif
+
+// Building blocks of loops: inlined at -O0 as well, so that vectors never pass through memory calls.
+#define ORV_INLINE inline __attribute__((always_inline))

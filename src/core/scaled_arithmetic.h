@@ -1,0 +1,169 @@
+// Sums, differences and products of integers under the scaling rule: their meaning, on scalars and on
+// vectors. Images and signal vectors compute with the same text.
+#pragma once
+
+#include "core/scaling.h"
+
+namespace orv {
+inline namespace ORV_LEVEL {
+
+// a is the first source or the constant, b the second source or the image, as everywhere here: the
+// second source is the left operand of the two operations that do not commute.
+//
+// exact()      the integer result, before scaling
+// wide()       the same on lanes of twice the width
+// saturated()  the result at scale factor 0, in the width of the pixels
+// kBits        the magnitude of a result is at most 2^kBits; scaled down by more, all are 0
+
+template <class T> struct wider;
+template <> struct wider<std::uint8_t> { using type = std::uint16_t; };
+template <> struct wider<std::uint16_t> { using type = std::uint32_t; };
+template <> struct wider<std::int16_t> { using type = std::int32_t; };
+template <class T> using wider_t = typename wider<T>::type;
+
+template <class T>
+constexpr bool is_signed = std::numeric_limits<T>::is_signed;
+
+template <class T>
+struct Sum {
+    static constexpr int kBits = sizeof(T) == 1 ? 9 : 17;
+    static std::int64_t exact(T a, T b) { return std::int64_t{b} + a; }
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE auto wide(V a, V b)
+    {
+        auto wa = simd::widen(a);
+        const auto wb = simd::widen(b);
+        wa.lo = wa.lo + wb.lo;
+        wa.hi = wa.hi + wb.hi;
+        return wa;
+    }
+    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
+#endif
+};
+
+template <class T>
+struct Difference {
+    static constexpr int kBits = sizeof(T) == 1 ? 8 : is_signed<T> ? 17 : 16;
+    // A negative difference of unsigned pixels is 0 before it is scaled.
+    static std::int64_t exact(T a, T b) { return is_signed<T> || b > a ? std::int64_t{b} - a : 0; }
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE auto wide(V a, V b)
+    {
+        if constexpr (is_signed<T>) {
+            auto wb = simd::widen(b);
+            const auto wa = simd::widen(a);
+            wb.lo = wb.lo - wa.lo;
+            wb.hi = wb.hi - wa.hi;
+            return wb;
+        } else {
+            return simd::widen(simd::sub_saturate(b, a));
+        }
+    }
+    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
+#endif
+};
+
+template <class T>
+struct Product {
+    static constexpr int kBits = sizeof(T) == 1 ? 16 : is_signed<T> ? 31 : 32;
+    static std::int64_t exact(T a, T b) { return std::int64_t{b} * a; }
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE auto wide(V a, V b)
+    {
+        if constexpr (sizeof(T) == 1) {
+            auto wa = simd::widen(a);
+            const auto wb = simd::widen(b);
+            wa.lo = simd::mul_low(wa.lo, wb.lo);
+            wa.hi = simd::mul_low(wa.hi, wb.hi);
+            return wa;
+        } else {
+            return simd::interleave(simd::mul_low(a, b), simd::mul_high(a, b));
+        }
+    }
+    template <class V> static ORV_INLINE V saturated(V a, V b)
+    {
+        if constexpr (sizeof(T) == 1) {
+            auto product = wide(a, b);
+            const auto most = simd::splat<decltype(product.lo)>(255);
+            product.lo = simd::min(product.lo, most);
+            product.hi = simd::min(product.hi, most);
+            return simd::narrow(product);
+        } else if constexpr (is_signed<T>) {
+            return simd::narrow(wide(a, b));
+        } else {
+            const V fits = simd::equal(simd::mul_high(a, b), simd::zero<V>());
+            return simd::mul_low(a, b) | (fits ^ simd::splat<V>(0xFFFF));
+        }
+    }
+#endif
+};
+
+// An operation at scale factor 0, and one with a step of the scaling rule.
+template <class T, class Kind>
+struct Saturated {
+    T one(T a, T b) const { return saturate<T>(Kind::exact(a, b)); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const { return Kind::saturated(a, b); }
+#endif
+};
+
+template <class T, class Kind, class Step>
+struct Scaled {
+    int scaleFactor;
+    Step step;
+    T one(T a, T b) const { return scale<T>(Kind::exact(a, b), scaleFactor); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const
+    {
+        auto wide = Kind::wide(a, b);
+        wide.lo = step(wide.lo);
+        wide.hi = step(wide.hi);
+        return simd::narrow(wide);
+    }
+#endif
+};
+
+// Every result is 0.
+template <class T>
+struct Nothing {
+    T one(T, T) const { return 0; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V, V) const { return simd::zero<V>(); }
+#endif
+};
+
+// Runs `loop` with the cheapest form of the operation that is exact for the scale factor.
+template <class T, class Kind, class Loop>
+ORV_INLINE void with_scaling(int scaleFactor, Loop loop)
+{
+    if (scaleFactor == 0) {
+        loop(Saturated<T, Kind>{});
+    } else if (scaleFactor > Kind::kBits) {
+        loop(Nothing<T>{});
+#if ORV_HAVE_VECTORS
+    } else if (scaleFactor < 0) {
+        using W = wider_t<T>;
+        constexpr int most = 8 * static_cast<int>(sizeof(T));
+        const int up = scaleFactor < -most ? most : -scaleFactor;
+        loop(Scaled<T, Kind, ScaleUp<T, W>>{scaleFactor, {up}});
+    } else {
+        using W = wider_t<T>;
+        // Products of unsigned pixels leave too little room above them for the larger halves.
+        constexpr int last_without_carry = Kind::kBits == 16 && sizeof(T) == 1 ? 9
+                                         : Kind::kBits == 32                   ? 17
+                                                                               : 32;
+        if (scaleFactor <= last_without_carry) {
+            loop(Scaled<T, Kind, ScaleDown<T, W>>{scaleFactor, {scaleFactor}});
+        } else if constexpr (last_without_carry < 32) {
+            loop(Scaled<T, Kind, ScaleDownCarry<T, W>>{scaleFactor, {scaleFactor}});
+        }
+    }
+#else
+    } else {
+        loop(Scaled<T, Kind, int>{scaleFactor, 0});
+    }
+#endif
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace orv

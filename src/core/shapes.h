@@ -1,0 +1,40 @@
+// The argument lists that many operations share. T is the pixel type of the operands.
+#pragma once
+
+#include <cstdint>
+
+#include "core/operation.h"
+
+namespace orv {
+
+template <class T>
+using SrcDst = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi);
+
+template <class From, class To>
+using Conversion = Status(const From* src, int srcStep, To* dst, int dstStep, Size roi);
+
+template <class T>
+using ValueDst = Status(T value, T* dst, int dstStep, Size roi);
+
+template <class T>
+using ValuesDst = Status(const T* values, T* dst, int dstStep, Size roi);
+
+template <class T>
+using SrcDstAxis = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, int axis);
+
+template <class T>
+using SrcDstOrder = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, const int* order);
+
+template <class T>
+using SrcSrcDstScaled = Status(const T* src1, int src1Step, const T* src2, int src2Step, T* dst,
+                               int dstStep, Size roi, int scaleFactor);
+
+template <class T>
+using SrcValueDstScaled = Status(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi,
+                                 int scaleFactor);
+
+template <class T>
+using SrcValuesDstScaled = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep,
+                                  Size roi, int scaleFactor);
+
+}  // namespace orv

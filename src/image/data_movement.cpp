@@ -1,0 +1,697 @@
+#include "image/data_movement.h"
+
+#include <cstring>
+#include <limits>
+#include <type_traits>
+
+#include "core/checks.h"
+#include "core/float_control.h"
+#include "core/rows.h"
+#include "core/simd/conversion.h"
+
+namespace orv {
+namespace data_movement {
+namespace ORV_LEVEL {
+namespace {
+
+using std::int16_t;
+using std::int32_t;
+using std::uint16_t;
+using std::uint32_t;
+using std::uint8_t;
+
+// Pixels that move as a whole. Alignment 1: an image may start anywhere.
+template <int Bytes>
+struct Pixel {
+    uint8_t byte[Bytes];
+};
+
+// --- Copy and set ---------------------------------------------------------------------------------
+//
+// Bytes and bit patterns only: a float that passed through the x87 would lose its signalling NaNs.
+
+struct Same {
+    uint8_t one(uint8_t a) const { return a; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a) const { return a; }
+#endif
+};
+
+ORV_INLINE void copy_row(const uint8_t* src, uint8_t* dst, std::ptrdiff_t bytes)
+{
+#if ORV_HAVE_VECTORS
+    Same same;
+    run_row(dst, bytes, FromOne<uint8_t, Same>{src, &same});
+#else
+    std::memmove(dst, src, static_cast<std::size_t>(bytes));
+#endif
+}
+
+template <class T>
+Status copy(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    const int pixel_bytes = channels * static_cast<int>(sizeof(T));
+    const Rows rows(roi, pixel_bytes, 1, srcStep, dstStep);
+    for (int y = 0; y < rows.count; ++y) {
+        copy_row(reinterpret_cast<const uint8_t*>(row_at(src, srcStep, y)),
+                 reinterpret_cast<uint8_t*>(row_at(dst, dstStep, y)), rows.n);
+    }
+    return StatusOk;
+}
+
+// The constant, whatever stands in the image.
+struct Constant {
+    template <class T> ORV_INLINE T one(T value, T) const { return value; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V value, V) const { return value; }
+#endif
+};
+
+template <class T>
+Status set(const T* values, T* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, values, dst)) return bad;
+    Constant op;
+    constant_plane(values, dst, dstStep, dst, dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+// Floats are set by their bits.
+Status set_bits(const float* values, float* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, values, dst)) return bad;
+    uint32_t words[4];
+    std::memcpy(words, values, sizeof(float) * static_cast<std::size_t>(channels));
+    return set(words, reinterpret_cast<uint32_t*>(dst), dstStep, roi, channels);
+}
+
+// --- Conversion -----------------------------------------------------------------------------------
+
+// Rows of n elements, `many` lanes at a time and, at the end, once more over the last ones.
+template <class From, class To, class Op>
+ORV_INLINE void convert_row(const From* src, To* dst, std::ptrdiff_t n, Op op)
+{
+    std::ptrdiff_t i = 0;
+#if ORV_HAVE_VECTORS
+    if (n >= Op::kLanes) {
+        for (; i < n - Op::kLanes; i += Op::kLanes) simd::store(dst + i, op.many(src + i));
+        simd::store(dst + n - Op::kLanes, op.many(src + n - Op::kLanes));
+        return;
+    }
+    if (n >= Op::kFewLanes) {
+        for (; i < n - Op::kFewLanes; i += Op::kFewLanes) simd::store(dst + i, op.few(src + i));
+        simd::store(dst + n - Op::kFewLanes, op.few(src + n - Op::kFewLanes));
+        return;
+    }
+#endif
+    for (; i < n; ++i) put(dst + i, op.one(get(src + i)));
+}
+
+template <class From, class To, class Op>
+void convert(const From* src, int srcStep, To* dst, int dstStep, Size roi, int channels, Op op)
+{
+    Rows rows(roi, channels);
+    rows.merge(srcStep == rows.n * static_cast<int>(sizeof(From)) && dstStep == rows.n * static_cast<int>(sizeof(To)));
+    for (int y = 0; y < rows.count; ++y) convert_row(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n, op);
+}
+
+template <class From, class To>
+struct Widen {
+    To one(From x) const { return static_cast<To>(x); }
+#if ORV_HAVE_VECTORS
+    static constexpr int kLanes = simd::widest<To>::N;
+    static constexpr int kFewLanes = simd::half<To>::N;
+    ORV_INLINE auto many(const From* p) const { return simd::load_as<simd::widest<To>>::from(p); }
+    ORV_INLINE auto few(const From* p) const { return simd::load_as<simd::half<To>>::from(p); }
+#endif
+};
+
+template <class From, class To>
+Status widen(const From* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    convert(src, srcStep, dst, dstStep, roi, channels, Widen<From, To>{});
+    return StatusOk;
+}
+
+// Nearest integer of the type, ties to even; whatever lies outside saturates and a NaN gives 0.
+template <class To>
+struct Narrow {
+    static constexpr int kMost = std::numeric_limits<To>::max();
+    To one(float x) const
+    {
+        if (x >= static_cast<float>(kMost)) return static_cast<To>(kMost);
+        if (!(x > 0)) return 0;
+        // The fraction of a float is exact, also where the x87 rounds to 24 bits.
+        const int whole = static_cast<int>(x);
+        const float fraction = x - static_cast<float>(whole);
+        const bool up = fraction > 0.5f || (fraction == 0.5f && (whole & 1) != 0);
+        return static_cast<To>(whole + (up ? 1 : 0));
+    }
+#if ORV_HAVE_VECTORS
+    static constexpr int kPerVector = static_cast<int>(4 / sizeof(To));  // float vectors in one of To
+    template <class R> using Floats = simd::floats_of<simd::vec<std::int32_t, R>>;
+    static constexpr int kLanes = kPerVector * Floats<simd::int_widest>::N;
+    static constexpr int kFewLanes = kPerVector * Floats<simd::int128>::N;
+
+    template <class F> static ORV_INLINE auto rounded(const float* p)
+    {
+        // max() first: it turns a NaN into its second operand.
+        const F bounded = simd::min(simd::max(simd::load<F>(p), simd::zero<F>()), simd::splat<F>(static_cast<float>(kMost)));
+        return simd::round_to_int(bounded);
+    }
+    template <class F> static ORV_INLINE auto packed(const float* p)
+    {
+        if constexpr (kPerVector == 2) {
+            return simd::pack(rounded<F>(p), rounded<F>(p + F::N));
+        } else {
+            return simd::pack(rounded<F>(p), rounded<F>(p + F::N), rounded<F>(p + 2 * F::N), rounded<F>(p + 3 * F::N));
+        }
+    }
+    ORV_INLINE auto many(const float* p) const { return packed<Floats<simd::int_widest>>(p); }
+    ORV_INLINE auto few(const float* p) const { return packed<Floats<simd::int128>>(p); }
+#endif
+};
+
+template <class To>
+Status narrow(const float* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    const FloatControl control;
+    convert(src, srcStep, dst, dstStep, roi, channels, Narrow<To>{});
+    return StatusOk;
+}
+
+// --- Three-channel pixels -------------------------------------------------------------------------
+//
+// Sixteen three-byte pixels fill three vectors. A reordering inside each pixel takes each byte of a
+// vector from that vector or from a neighbour in the group; so does one of the pixels back to front,
+// once the three vectors are taken back to front. Two groups at a time where vectors are twice as wide.
+
+#if ORV_HAVE_BYTE_SHUFFLE
+template <class R, bool mirrored>
+struct Groups3 {
+    using V = simd::vec<uint8_t, R>;
+    static constexpr int kPixels = V::N;
+
+    V pick[3][3];  // of result vector i, the bytes that source j has
+
+    // from[b]: the byte of the 48-byte group that goes to byte b.
+    ORV_INLINE explicit Groups3(const uint8_t* from)
+    {
+        for (int i = 0; i < 3; ++i) {
+            for (int j = 0; j < 3; ++j) {
+                uint8_t bytes[V::N];
+                for (int b = 0; b < V::N; ++b) {
+                    const int source = from[16 * i + (b & 15)];
+                    const int vector = mirrored ? 2 - source / 16 : source / 16;
+                    bytes[b] = static_cast<uint8_t>(vector == j ? source & 15 : 0x80);
+                }
+                pick[i][j] = simd::load<V>(bytes);
+            }
+        }
+    }
+
+    ORV_INLINE void shuffle(V (&g)[3]) const
+    {
+        const V r0 = simd::shuffle_bytes(g[0], pick[0][0]) | simd::shuffle_bytes(g[1], pick[0][1]);
+        const V r1 = simd::shuffle_bytes(g[0], pick[1][0]) | simd::shuffle_bytes(g[1], pick[1][1]) |
+                     simd::shuffle_bytes(g[2], pick[1][2]);
+        const V r2 = simd::shuffle_bytes(g[1], pick[2][1]) | simd::shuffle_bytes(g[2], pick[2][2]);
+        g[0] = r0;
+        g[1] = r1;
+        g[2] = r2;
+    }
+};
+
+// The groups of kPixels pixels from p on: one, or two whose vectors lie side by side.
+ORV_INLINE void load_groups(const uint8_t* p, simd::vec<uint8_t, simd::int128> (&g)[3])
+{
+    for (int i = 0; i < 3; ++i) g[i] = simd::load<simd::vec<uint8_t, simd::int128>>(p + 16 * i);
+}
+ORV_INLINE void store_groups(uint8_t* p, const simd::vec<uint8_t, simd::int128> (&g)[3])
+{
+    for (int i = 0; i < 3; ++i) simd::store(p + 16 * i, g[i]);
+}
+#if ORV_HAVE_INT256
+ORV_INLINE void load_groups(const uint8_t* p, simd::vec<uint8_t, simd::int256> (&g)[3])
+{
+    for (int i = 0; i < 3; ++i) {
+        const __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16 * i));
+        const __m128i second = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 48 + 16 * i));
+        g[i].v = _mm256_inserti128_si256(_mm256_castsi128_si256(first), second, 1);
+    }
+}
+ORV_INLINE void store_groups(uint8_t* p, const simd::vec<uint8_t, simd::int256> (&g)[3])
+{
+    for (int i = 0; i < 3; ++i) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 16 * i), _mm256_castsi256_si128(g[i].v));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 48 + 16 * i), _mm256_extracti128_si256(g[i].v, 1));
+    }
+}
+ORV_INLINE simd::vec<uint8_t, simd::int256> swap_halves(simd::vec<uint8_t, simd::int256> a)
+{
+    return {_mm256_permute2x128_si256(a.v, a.v, 1)};
+}
+#endif
+ORV_INLINE simd::vec<uint8_t, simd::int128> swap_halves(simd::vec<uint8_t, simd::int128> a) { return a; }
+
+// Rows of n >= kPixels pixels. `source_of(i)`: where the group that goes to pixel i is read.
+template <class R, bool mirrored, class SourceOf>
+ORV_INLINE void groups_row(const Groups3<R, mirrored>& groups, uint8_t* dst, std::ptrdiff_t n, SourceOf source_of)
+{
+    using V = typename Groups3<R, mirrored>::V;
+    const auto fetch = [&](std::ptrdiff_t i, V(&g)[3]) {
+        load_groups(source_of(i), g);
+        if (mirrored) {
+            const V first = swap_halves(g[0]);
+            g[0] = swap_halves(g[2]);
+            g[1] = swap_halves(g[1]);
+            g[2] = first;
+        }
+        groups.shuffle(g);
+    };
+    V last[3];
+    fetch(n - V::N, last);
+    for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) {
+        V g[3];
+        fetch(i, g);
+        store_groups(dst + 3 * i, g);
+    }
+    store_groups(dst + 3 * (n - V::N), last);
+}
+#endif
+
+// --- Channel order --------------------------------------------------------------------------------
+
+template <int Channels>
+struct Reorder {
+    const int* order;
+    ORV_INLINE Pixel<Channels> one(Pixel<Channels> p) const
+    {
+        Pixel<Channels> r;
+        for (int c = 0; c < Channels; ++c) r.byte[c] = p.byte[order[c]];
+        return r;
+    }
+#if ORV_HAVE_BYTE_SHUFFLE
+    template <class V> ORV_INLINE V many(V p) const
+    {
+        using Bytes = simd::vec<uint8_t, typename V::reg>;
+        uint8_t from[Bytes::N];
+        for (int b = 0; b < Bytes::N; ++b) from[b] = static_cast<uint8_t>((b & 12) + order[b & 3]);
+        return simd::shuffle_bytes(p, simd::load<Bytes>(from));
+    }
+#elif ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V p) const
+    {
+        using Words = simd::vec<uint32_t, typename V::reg>;
+        const Words low_byte = simd::splat<Words>(255);
+        Words r = simd::zero<Words>();
+        for (int c = 0; c < 4; ++c) {
+            const Words channel = (simd::as<uint32_t>(p) >> simd::count(8 * order[c])) & low_byte;
+            r = r | (channel << simd::count(8 * c));
+        }
+        return simd::as<Pixel<Channels>>(r);
+    }
+#endif
+};
+
+// Steps are checked before the size here. Index 3 is refused for three channels as well: there is no
+// such channel.
+template <int Channels>
+Status check_order(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
+{
+    if (any_null(src, dst, order)) return StatusNullPointer;
+    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (is_empty(roi)) return StatusBadSize;
+    for (int c = 0; c < Channels; ++c) {
+        if (order[c] < 0 || order[c] >= Channels) return StatusBadChannelOrder;
+    }
+    return StatusOk;
+}
+
+void reorder_row3(const uint8_t* src, uint8_t* dst, std::ptrdiff_t n, const int* order)
+{
+    const Reorder<3> reorder = {order};
+    auto* const d = reinterpret_cast<Pixel<3>*>(dst);
+    const auto* const s = reinterpret_cast<const Pixel<3>*>(src);
+    for (std::ptrdiff_t x = 0; x < n; ++x) d[x] = reorder.one(s[x]);
+}
+
+void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
+{
+#if ORV_HAVE_BYTE_SHUFFLE
+    uint8_t from[48];
+    for (int b = 0; b < 48; ++b) from[b] = static_cast<uint8_t>(b - b % 3 + order[b % 3]);
+    const auto run = [&](auto groups) {
+        for (int y = 0; y < roi.height; ++y) {
+            const uint8_t* const s = row_at(src, srcStep, y);
+            groups_row(groups, row_at(dst, dstStep, y), roi.width, [s](std::ptrdiff_t i) { return s + 3 * i; });
+        }
+    };
+    using Wide = Groups3<simd::int_widest, false>;
+    using Half = Groups3<simd::int128, false>;
+    if (roi.width >= Wide::kPixels) return run(Wide(from));
+    if (roi.width >= Half::kPixels) return run(Half(from));
+#endif
+    for (int y = 0; y < roi.height; ++y) reorder_row3(row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width, order);
+}
+
+// --- Mirror ---------------------------------------------------------------------------------------
+
+// Pixels back to front, 2 or 4 bytes each.
+template <int Bytes>
+struct BackToFront {
+    using P = Pixel<Bytes>;
+#if ORV_HAVE_BYTE_SHUFFLE
+    static ORV_INLINE simd::vec<P, simd::int128> reverse(simd::vec<P, simd::int128> a)
+    {
+        if (Bytes == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
+        return {_mm_shuffle_epi8(a.v, _mm_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1))};
+    }
+#elif ORV_HAVE_VECTORS
+    static ORV_INLINE simd::vec<P, simd::int128> reverse(simd::vec<P, simd::int128> a)
+    {
+        if (Bytes == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
+        return {_mm_shuffle_epi32(_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0x1B), 0x1B), 0x4E)};
+    }
+#endif
+#if ORV_HAVE_INT256
+    static ORV_INLINE simd::vec<P, simd::int256> reverse(simd::vec<P, simd::int256> a)
+    {
+        if (Bytes == 4) return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
+        const __m256i in_halves = _mm256_shuffle_epi8(
+            a.v, _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1,
+                                  14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1));
+        return {_mm256_permute4x64_epi64(in_halves, 0x4E)};
+    }
+#endif
+};
+
+// What is stored of a moved pixel: all of it, or all but the alpha of the destination.
+struct WholePixel {
+    template <class P> static ORV_INLINE P merge(P moved, const P*) { return moved; }
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE V merge_many(V moved, const typename V::lane*) { return moved; }
+#endif
+};
+struct AllButAlpha {
+    static ORV_INLINE Pixel<4> merge(Pixel<4> moved, const Pixel<4>* old)
+    {
+        moved.byte[3] = old->byte[3];
+        return moved;
+    }
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE V merge_many(V moved, const typename V::lane* old)
+    {
+        using Words = simd::vec<uint32_t, typename V::reg>;
+        const V alpha = simd::as<typename V::lane>(simd::splat<Words>(0xFF000000u));
+        return (simd::load<V>(old) & alpha) | and_not(alpha, moved);
+    }
+#endif
+};
+
+#if ORV_HAVE_VECTORS
+template <class V, bool mirrored, class Keep, class P>
+ORV_INLINE void move_vectors(const P* src, P* dst, std::ptrdiff_t n)
+{
+    for (std::ptrdiff_t i = 0;; i = i + 2 * V::N <= n ? i + V::N : n - V::N) {
+        if constexpr (mirrored) {
+            const V moved = BackToFront<sizeof(P)>::reverse(simd::load<V>(src + n - V::N - i));
+            simd::store(dst + i, Keep::merge_many(moved, dst + i));
+        } else {
+            simd::store(dst + i, Keep::merge_many(simd::load<V>(src + i), dst + i));
+        }
+        if (i == n - V::N) return;
+    }
+}
+#endif
+
+// One row of a mirrored image: as it is, or back to front.
+template <bool mirrored, class Keep, int Bytes>
+ORV_INLINE void move_row(const Pixel<Bytes>* src, Pixel<Bytes>* dst, std::ptrdiff_t n)
+{
+#if ORV_HAVE_VECTORS
+    if constexpr (Bytes != 3) {
+        using Wide = simd::vec<Pixel<Bytes>, simd::int_widest>;
+        using Half = simd::vec<Pixel<Bytes>, simd::int128>;
+        if (n >= Wide::N) return move_vectors<Wide, mirrored, Keep>(src, dst, n);
+        if (n >= Half::N) return move_vectors<Half, mirrored, Keep>(src, dst, n);
+    }
+#endif
+    for (std::ptrdiff_t x = 0; x < n; ++x) dst[x] = Keep::merge(src[mirrored ? n - 1 - x : x], dst + x);
+}
+
+template <class MoveRow>
+ORV_INLINE void each_row(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, int height, bool upside_down,
+                         MoveRow move)
+{
+    for (int y = 0; y < height; ++y) {
+        move(row_at(src, srcStep, y), row_at(dst, dstStep, upside_down ? height - 1 - y : y));
+    }
+}
+
+void mirror3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, bool upside_down)
+{
+#if ORV_HAVE_BYTE_SHUFFLE
+    const std::ptrdiff_t n = roi.width;
+    uint8_t from[48];
+    for (int b = 0; b < 48; ++b) from[b] = static_cast<uint8_t>(3 * (15 - b / 3) + b % 3);
+    const auto run = [&](auto groups) {
+        constexpr int pixels = decltype(groups)::kPixels;
+        // A vector of the mirrored group takes from the far end of the group it comes from.
+        each_row(src, srcStep, dst, dstStep, roi.height, upside_down, [&](const uint8_t* s, uint8_t* d) {
+            groups_row(groups, d, n, [s, n](std::ptrdiff_t i) { return s + 3 * (n - pixels - i); });
+        });
+    };
+    using Wide = Groups3<simd::int_widest, true>;
+    using Half = Groups3<simd::int128, true>;
+    if (n >= Wide::kPixels) return run(Wide(from));
+    if (n >= Half::kPixels) return run(Half(from));
+#endif
+    each_row(src, srcStep, dst, dstStep, roi.height, upside_down, [&](const uint8_t* s, uint8_t* d) {
+        move_row<true, WholePixel>(reinterpret_cast<const Pixel<3>*>(s), reinterpret_cast<Pixel<3>*>(d), roi.width);
+    });
+}
+
+template <int Bytes, class Keep>
+Status mirror(const void* src, int srcStep, void* dst, int dstStep, Size roi, int axis)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (axis < 0 || axis > 2) return StatusBadMirrorAxis;
+    const bool upside_down = axis != 1, left_right = axis != 0;
+    // A single row has no top and bottom to exchange, a single column no left and right.
+    if ((upside_down && roi.height < 2) || (left_right && roi.width < 2)) return StatusBadSize;
+
+    const auto* const s = static_cast<const uint8_t*>(src);
+    auto* const d = static_cast<uint8_t*>(dst);
+    using P = Pixel<Bytes>;
+    if (left_right && Bytes == 3) {
+        mirror3(s, srcStep, d, dstStep, roi, upside_down);
+    } else if (left_right) {
+        each_row(s, srcStep, d, dstStep, roi.height, upside_down, [&](const uint8_t* from, uint8_t* to) {
+            move_row<true, Keep>(reinterpret_cast<const P*>(from), reinterpret_cast<P*>(to), roi.width);
+        });
+    } else if (std::is_same<Keep, WholePixel>::value) {
+        each_row(s, srcStep, d, dstStep, roi.height, true, [&](const uint8_t* from, uint8_t* to) {
+            copy_row(from, to, std::ptrdiff_t{roi.width} * Bytes);
+        });
+    } else {
+        each_row(s, srcStep, d, dstStep, roi.height, true, [&](const uint8_t* from, uint8_t* to) {
+            move_row<false, Keep>(reinterpret_cast<const P*>(from), reinterpret_cast<P*>(to), roi.width);
+        });
+    }
+    return StatusOk;
+}
+
+// --- Transposition --------------------------------------------------------------------------------
+
+using Word = Pixel<4>;  // a float as it lies in memory
+
+ORV_INLINE void transpose_plain(const Word* src, int srcStep, Word* dst, int dstStep, int width, int height)
+{
+    for (int x = 0; x < width; ++x) {
+        Word* const d = row_at(dst, dstStep, x);
+        for (int y = 0; y < height; ++y) d[y] = row_at(src, srcStep, y)[x];
+    }
+}
+
+#if ORV_HAVE_INT256
+constexpr int kBlock = 8;
+ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
+{
+    // Rows y and y + 4 share a register, so that the last step needs no lane crossing.
+    __m256 r[8];
+    for (int i = 0; i < 4; ++i) {
+        for (int h = 0; h < 2; ++h) {
+            const float* const upper = reinterpret_cast<const float*>(row_at(src, srcStep, i) + 4 * h);
+            const float* const lower = reinterpret_cast<const float*>(row_at(src, srcStep, i + 4) + 4 * h);
+            r[i + 4 * h] = _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(upper)), _mm_loadu_ps(lower), 1);
+        }
+    }
+    for (int h = 0; h < 2; ++h) {
+        const __m256 a = _mm256_unpacklo_ps(r[4 * h], r[4 * h + 1]), b = _mm256_unpackhi_ps(r[4 * h], r[4 * h + 1]);
+        const __m256 c = _mm256_unpacklo_ps(r[4 * h + 2], r[4 * h + 3]), d = _mm256_unpackhi_ps(r[4 * h + 2], r[4 * h + 3]);
+        const __m256 columns[4] = {_mm256_shuffle_ps(a, c, 0x44), _mm256_shuffle_ps(a, c, 0xEE),
+                                   _mm256_shuffle_ps(b, d, 0x44), _mm256_shuffle_ps(b, d, 0xEE)};
+        for (int i = 0; i < 4; ++i) {
+            _mm256_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, 4 * h + i)), columns[i]);
+        }
+    }
+}
+#elif ORV_HAVE_VECTORS
+constexpr int kBlock = 4;
+ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
+{
+    __m128 r[4];
+    for (int i = 0; i < 4; ++i) r[i] = _mm_loadu_ps(reinterpret_cast<const float*>(row_at(src, srcStep, i)));
+    _MM_TRANSPOSE4_PS(r[0], r[1], r[2], r[3]);
+    for (int i = 0; i < 4; ++i) _mm_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, i)), r[i]);
+}
+#endif
+
+// A tile that stays in the nearest cache on both sides.
+void transpose_tile(const Word* src, int srcStep, Word* dst, int dstStep, int width, int height)
+{
+#if ORV_HAVE_VECTORS
+    const int whole_width = width & -kBlock, whole_height = height & -kBlock;
+    for (int x = 0; x < whole_width; x += kBlock) {
+        for (int y = 0; y < whole_height; y += kBlock) {
+            transpose_block(row_at(src, srcStep, y) + x, srcStep, row_at(dst, dstStep, x) + y, dstStep);
+        }
+    }
+    transpose_plain(row_at(src, srcStep, whole_height), srcStep, dst + whole_height, dstStep, whole_width,
+                    height - whole_height);
+    transpose_plain(src + whole_width, srcStep, row_at(dst, dstStep, whole_width), dstStep, width - whole_width, height);
+#else
+    transpose_plain(src, srcStep, dst, dstStep, width, height);
+#endif
+}
+
+void transpose_tiles(const Word* src, int srcStep, Word* dst, int dstStep, int width, int height)
+{
+    constexpr int side = 64;
+    for (int y = 0; y < height; y += side) {
+        for (int x = 0; x < width; x += side) {
+            transpose_tile(row_at(src, srcStep, y) + x, srcStep, row_at(dst, dstStep, x) + y, dstStep,
+                           width - x < side ? width - x : side, height - y < side ? height - y : side);
+        }
+    }
+}
+
+// Source and destination start at the same place with the same step: the square that they share is
+// exchanged about its diagonal, and what the longer side has beyond it moves to rows, or columns,
+// that the source does not have.
+void transpose_in_place(Word* image, int step, int width, int height)
+{
+    const int side = width < height ? width : height;
+    for (int y = 0; y < side; ++y) {
+        Word* const row = row_at(image, step, y);
+        for (int x = 0; x < y; ++x) {
+            Word* const other = row_at(image, step, x) + y;
+            const Word moved = row[x];
+            row[x] = *other;
+            *other = moved;
+        }
+    }
+    transpose_tiles(image + side, step, row_at(image, step, side), step, width - side, height);
+    transpose_tiles(row_at(image, step, side), step, image + side, step, side, height - side);
+}
+
+}  // namespace
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+#define COPY(name, T, channels)                                                     \
+    Status name(const T* src, int srcStep, T* dst, int dstStep, Size roi)           \
+    {                                                                               \
+        return copy(src, srcStep, dst, dstStep, roi, channels);                     \
+    }
+COPY(Copy_8u_C1, uint8_t, 1)
+COPY(Copy_8u_C3, uint8_t, 3)
+COPY(Copy_8u_C4, uint8_t, 4)
+COPY(Copy_16u_C1, uint16_t, 1)
+COPY(Copy_16s_C1, int16_t, 1)
+COPY(Copy_32s_C1, int32_t, 1)
+COPY(Copy_32f_C1, float, 1)
+COPY(Copy_32f_C3, float, 3)
+COPY(Copy_32f_C4, float, 4)
+COPY(Copy_32fc_C1, Complex32f, 1)
+
+#define SET_VALUE(name, T, set)                                                     \
+    Status name(T value, T* dst, int dstStep, Size roi)                             \
+    {                                                                               \
+        return set(&value, dst, dstStep, roi, 1);                                   \
+    }
+#define SET_VALUES(name, T, channels, set)                                          \
+    Status name(const T* values, T* dst, int dstStep, Size roi)                     \
+    {                                                                               \
+        return set(values, dst, dstStep, roi, channels);                            \
+    }
+SET_VALUE(Set_8u_C1, uint8_t, set)
+SET_VALUE(Set_16u_C1, uint16_t, set)
+SET_VALUE(Set_16s_C1, int16_t, set)
+SET_VALUE(Set_32s_C1, int32_t, set)
+SET_VALUE(Set_32f_C1, float, set_bits)
+SET_VALUES(Set_8u_C3, uint8_t, 3, set)
+SET_VALUES(Set_8u_C4, uint8_t, 4, set)
+SET_VALUES(Set_32s_C3, int32_t, 3, set)
+SET_VALUES(Set_32s_C4, int32_t, 4, set)
+SET_VALUES(Set_32f_C3, float, 3, set_bits)
+SET_VALUES(Set_32f_C4, float, 4, set_bits)
+
+#define CONVERT(name, From, To, channels, convert)                                  \
+    Status name(const From* src, int srcStep, To* dst, int dstStep, Size roi)       \
+    {                                                                               \
+        return convert(src, srcStep, dst, dstStep, roi, channels);                  \
+    }
+CONVERT(Convert_8u16u_C1, uint8_t, uint16_t, 1, widen)
+CONVERT(Convert_8u32f_C1, uint8_t, float, 1, widen)
+CONVERT(Convert_8u32f_C3, uint8_t, float, 3, widen)
+CONVERT(Convert_16u32f_C1, uint16_t, float, 1, widen)
+CONVERT(Convert_32f16u_C1, float, uint16_t, 1, narrow)
+CONVERT(Convert_32f8u_C3, float, uint8_t, 3, narrow)
+
+Status SwapChannels_8u_C3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
+{
+    if (const Status bad = check_order<3>(src, srcStep, dst, dstStep, roi, order)) return bad;
+    reorder3(src, srcStep, dst, dstStep, roi, order);
+    return StatusOk;
+}
+
+Status SwapChannels_8u_C4(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
+{
+    if (const Status bad = check_order<4>(src, srcStep, dst, dstStep, roi, order)) return bad;
+    plane(reinterpret_cast<const Pixel<4>*>(src), srcStep, reinterpret_cast<Pixel<4>*>(dst), dstStep, roi, 1,
+          Reorder<4>{order});
+    return StatusOk;
+}
+
+Status Transpose_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    const auto* const s = reinterpret_cast<const Word*>(src);
+    auto* const d = reinterpret_cast<Word*>(dst);
+    if (s == d && srcStep == dstStep) {
+        transpose_in_place(d, dstStep, roi.width, roi.height);
+    } else {
+        transpose_tiles(s, srcStep, d, dstStep, roi.width, roi.height);
+    }
+    return StatusOk;
+}
+
+#define MIRROR(name, T, bytes, Keep)                                                \
+    Status name(const T* src, int srcStep, T* dst, int dstStep, Size roi, int axis) \
+    {                                                                               \
+        return mirror<bytes, Keep>(src, srcStep, dst, dstStep, roi, axis);          \
+    }
+MIRROR(Mirror_16u_C1, uint16_t, 2, WholePixel)
+MIRROR(Mirror_8u_C3, uint8_t, 3, WholePixel)
+MIRROR(Mirror_8u_C4, uint8_t, 4, WholePixel)
+MIRROR(Mirror_8u_AC4, uint8_t, 4, AllButAlpha)
+
+}  // namespace ORV_LEVEL
+}  // namespace data_movement
+}  // namespace orv
