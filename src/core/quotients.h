@@ -2,6 +2,8 @@
 // signal vectors compute with the same text.
 #pragma once
 
+#include <type_traits>
+
 #include "core/scaled_arithmetic.h"
 
 namespace orv {
@@ -48,126 +50,139 @@ inline std::uint16_t quotient_fixed_point(std::uint16_t divisor, std::uint16_t d
 }
 
 #if ORV_HAVE_VECTORS
-// Quotients of magnitudes below 2^16, held as floats, without ever needing an exact division.
+// Quotients of magnitudes in 16-bit lanes: whole part and rest exactly, everything after that in
+// integers.
 //
-// One division serves two vectors: 1 / (b0 b1), times b1 and times b0, gives both reciprocals. Such a
-// reciprocal is off by less than 2^-21, also under another rounding mode. The whole part of a / b is
-// the whole part of (a + 1/2) / b, and that lies at least 1/(2b) from every integer: for a below 2^19
-// far more than the error of (a + 1/2) times the reciprocal. From there on, all is exact: whole
-// parts, rests and their doubles are integers below 2^24.
-template <class F>
+// The float reciprocal of the divisor is off by less than 2^-21, also under another rounding mode. The
+// whole part of a / b is the whole part of (a + 1/2) / b, which lies at least 1/(2b) from every integer:
+// for a below 2^19 farther than the error of (a + 1/2) times the reciprocal.
+template <class V>
 struct Division {
-    F divisor;
-    F reciprocal;
-    F whole;
-    F rest;
+    using Ints = decltype(simd::widen(V{}).lo);
+    using F = simd::floats_of<simd::vec<std::int32_t, typename V::reg>>;
 
-    static ORV_INLINE F floor_of(F v) { return simd::to_float(simd::truncate(v)); }
+    V divisor;  // nowhere 0
+    simd::pair<F> reciprocal;
+    V whole;
+    V rest;
 
-    ORV_INLINE void start(F dividend)
+    static ORV_INLINE simd::pair<F> floats(V v)
     {
-        whole = floor_of((dividend + simd::splat<F>(0.5f)) * reciprocal);
-        rest = dividend - whole * divisor;
+        const auto w = simd::widen(v);
+        return {simd::to_float(simd::as<std::int32_t>(w.lo)), simd::to_float(simd::as<std::int32_t>(w.hi))};
     }
 
-    // Long division: `factor`, a power of two, brings that many more bits into the whole part. What
-    // exceeds `limit` need not be told apart.
-    ORV_INLINE void continue_by(float factor, float limit)
+    // The whole part of n divided by the divisor, n below 2^19.
+    ORV_INLINE V whole_part(simd::pair<F> n) const
     {
-        const F raised = rest * simd::splat<F>(factor);
-        const F digits = floor_of((raised + simd::splat<F>(0.5f)) * reciprocal);
-        rest = raised - digits * divisor;
-        whole = simd::min(whole * simd::splat<F>(factor) + digits, simd::splat<F>(limit));
+        const F half = simd::splat<F>(0.5f);
+        const auto lo = simd::truncate((n.lo + half) * reciprocal.lo);
+        const auto hi = simd::truncate((n.hi + half) * reciprocal.hi);
+        return simd::narrow(simd::pair<Ints>{simd::as<std::uint32_t>(lo), simd::as<std::uint32_t>(hi)});
+    }
+
+    ORV_INLINE Division(V dividend, V by) : divisor(by)
+    {
+        // One division serves two vectors: 1 / (b0 b1), times b1 and times b0.
+        const simd::pair<F> b = floats(divisor);
+        const F both = simd::splat<F>(1.f) / (b.lo * b.hi);
+        reciprocal = {both * b.hi, both * b.lo};
+        whole = whole_part(floats(dividend));
+        rest = dividend - simd::mul_low(whole, divisor);
+    }
+
+    // Long division: `bits` more bits of the quotient become part of `whole`, which stays at 65535 once
+    // it no longer fits. The rest times 2^bits must lie below 2^19.
+    ORV_INLINE void continue_by(int bits)
+    {
+        const F factor = simd::splat<F>(static_cast<float>(1 << bits));
+        const simd::pair<F> r = floats(rest);
+        const V digits = whole_part({r.lo * factor, r.hi * factor});
+        const simd::count by(bits);
+        const V fits = simd::equal(simd::sub_saturate(whole, simd::splat<V>(static_cast<std::uint16_t>(65535 >> bits))), simd::zero<V>());
+        rest = (rest << by) - simd::mul_low(digits, divisor);
+        whole = simd::select(fits, (whole << by) + digits, simd::splat<V>(65535));
     }
 };
 
 enum class Direction { none, up, down };
 
+// The rounded quotient in 16-bit lanes; up to 65535, where it may have saturated.
 template <class T, Rounding rounding, Direction direction>
 struct QuotientSteps {
-    // Digits per step of the long division, so that the raised rest stays below 2^19.
-    static constexpr int kDigitBits = sizeof(T) == 1 ? 11 : 3;
-    static constexpr float kLimit = sizeof(T) == 1 ? 1024.f : 65536.f;
+    // Bits per step of the long division, so that the raised rest stays below 2^19.
+    static constexpr int kStepBits = sizeof(T) == 1 ? 11 : 3;
 
     int bits;  // by how many bits up or down
 
-    template <class F>
-    ORV_INLINE auto finish(Division<F> d) const
+    template <class V>
+    ORV_INLINE V rounded(Division<V> d) const
     {
-        using Int = simd::ints_of<F>;
+        const V none = simd::zero<V>(), one = simd::splat<V>(1);
         if constexpr (direction == Direction::up) {
-            d.continue_by(static_cast<float>(1 << bits % kDigitBits), kLimit);
-            for (int i = 0; i < bits / kDigitBits; ++i) d.continue_by(float{1 << kDigitBits}, kLimit);
+            d.continue_by(bits % kStepBits);
+            for (int i = 0; i < bits / kStepBits; ++i) d.continue_by(kStepBits);
         }
-        const Int whole = simd::truncate(d.whole);
-        if constexpr (direction == Direction::down && rounding == Rounding::half_even) {
-            // Twice the quotient with its lowest bit set when anything lies below: rounds as the
-            // exact quotient does.
-            const Int some_rest = simd::bits(simd::greater(d.rest, simd::zero<F>()));
-            return ScaleDown<T, std::int32_t>{bits + 1}((whole + whole) - some_rest);
-        } else if constexpr (direction == Direction::down) {
-            Division<F> fraction = d;
-            fraction.whole = simd::zero<F>();
-            for (int i = 0; i < 5; ++i) fraction.continue_by(8.f, 65536.f);
-            fraction.continue_by(2.f, 65536.f);
-            using Word = simd::vec<std::uint32_t, typename Int::reg>;
-            const Int q16 = (whole << simd::count(16)) | simd::truncate(fraction.whole);
-            const Word q = simd::as<std::uint32_t>(q16) >> simd::count(bits);
-            const Word odd_twice = (q >> simd::count(15)) & simd::splat<Word>(2);
-            return simd::as<std::int32_t>((q + simd::splat<Word>(32767) + odd_twice) >> simd::count(16));
+        // The rest against its complement tells which half of the unit it is in.
+        const V complement = d.divisor - d.rest;
+        if constexpr (direction == Direction::down) {
+            return rounding == Rounding::half_even ? down_half_even(d) : down_fixed_point(d, complement);
+        } else if constexpr (rounding == Rounding::half_even) {
+            const V above = simd::sub_saturate(d.rest + (d.whole & one), complement);
+            return increment_unless(simd::equal(above, none), d.whole);
         } else {
-            const Int odd = whole & simd::splat<Int>(1);
-            const F twice_rest = d.rest + d.rest;
-            if constexpr (rounding == Rounding::half_even) {
-                const F up = simd::greater(twice_rest + simd::to_float(odd), d.divisor);
-                return whole - simd::bits(up);
-            } else {
-                // 65536 rest >= (32769 - 2 odd) divisor, in integers.
-                const F excess = twice_rest - d.divisor;
-                const F half = simd::splat<F>(32768.f), one = simd::splat<F>(1.f);
-                const F even_bound = simd::greater(d.divisor, half) & one;
-                const F odd_bound = simd::splat<F>(-1.f) - (simd::greater_equal(d.divisor, half) & one);
-                const F is_odd = simd::from_bits(simd::equal(odd, simd::splat<Int>(1)));
-                return whole - simd::bits(simd::greater(excess, simd::select(is_odd, odd_bound, even_bound)));
-            }
+            // 65536 rest >= (32769 - 2 odd) divisor, solved for integers: the margin on either side
+            // is one wider for divisors that have their top bit set.
+            const V top = d.divisor >> simd::count(15);
+            const V top_alone = simd::equal(d.divisor, simd::splat<V>(0x8000));
+            const V odd = simd::equal(d.whole & one, one);
+            const V above = simd::sub_saturate(simd::add_saturate(d.rest, odd & (top + one)),
+                                               simd::add_saturate(complement, and_not(odd, top + top_alone)));
+            return increment_unless(simd::equal(above, none), d.whole);
         }
     }
 
-    // Quotients of two vectors of 32-bit lanes. Zero divisors set `zeros`.
-    template <class Int>
-    ORV_INLINE simd::pair<Int> quotients(Int a0, Int b0, Int a1, Int b1, bool& zeros) const
+    // The mask is -1 where nothing is to be added.
+    template <class V>
+    static ORV_INLINE V increment_unless(V mask, V v)
     {
-        using F = simd::floats_of<Int>;
-        const Int none = simd::zero<Int>();
-        const F one = simd::splat<F>(1.f);
-        const auto sign_of = [](Int v) { return v >> simd::count(31); };
-        const auto magnitude = [&](Int v) {
-            if constexpr (!is_signed<T>) return v;
-            const Int sign = sign_of(v);
-            return (v ^ sign) - sign;
-        };
-        const F divisor0 = simd::to_float(magnitude(a0)), divisor1 = simd::to_float(magnitude(a1));
-        const F zero0 = simd::from_bits(simd::equal(a0, none)), zero1 = simd::from_bits(simd::equal(a1, none));
-        // Lanes without a divisor divide by 1: hosts may have the exception for zero unmasked.
-        Division<F> d0, d1;
-        d0.divisor = divisor0 + (zero0 & one);
-        d1.divisor = divisor1 + (zero1 & one);
-        const F both = one / (d0.divisor * d1.divisor);
-        d0.reciprocal = both * d1.divisor;
-        d1.reciprocal = both * d0.divisor;
-        d0.start(simd::to_float(magnitude(b0)));
-        d1.start(simd::to_float(magnitude(b1)));
-        zeros = zeros || simd::any(zero0 | zero1);
+        if constexpr (sizeof(T) == 1 && direction == Direction::none) return v + (simd::splat<V>(1) + mask);
+        return simd::add_saturate(v, simd::splat<V>(1) + mask);
+    }
 
-        const auto close = [&](Division<F> d, F zero, Int a, Int b) {
-            // Over zero everything but 0 saturates.
-            const Int by_zero = and_not(simd::equal(b, none), simd::splat<Int>(1 << 17));
-            const Int q = simd::select(simd::bits(zero), by_zero, finish(d));
-            if constexpr (!is_signed<T>) return q;
-            const Int sign = sign_of(a ^ b);
-            return (q ^ sign) - sign;
-        };
-        return {close(d0, zero0, a0, b0), close(d1, zero1, a1, b1)};
+    // What is shifted out decides; a tie of it is none if there is a rest below.
+    template <class V>
+    ORV_INLINE V down_half_even(Division<V> d) const
+    {
+        const V one = simd::splat<V>(1);
+        const V no_rest = simd::equal(d.rest, simd::zero<V>());
+        const V odd = (d.whole >> simd::count(bits)) & one;
+        const V addend = simd::splat<V>(static_cast<std::uint16_t>((1 << (bits - 1)) - 1)) + (odd | (one + no_rest));
+        // Half the sum, without its carry.
+        const V half_sum = (d.whole >> simd::count(1)) + (addend >> simd::count(1)) + (d.whole & addend & one);
+        return half_sum >> simd::count(bits - 1);
+    }
+
+    // The quotient is cut off after 16 fraction bits before it is shifted, so what is shifted out and
+    // the rest decide together: up from a half (even) or from just below it (odd).
+    template <class V>
+    ORV_INLINE V down_fixed_point(Division<V> d, V complement) const
+    {
+        if (bits > 16) return simd::zero<V>();
+        const V none = simd::zero<V>(), one = simd::splat<V>(1);
+        const V half = simd::splat<V>(static_cast<std::uint16_t>(1 << (bits - 1)));
+        const simd::count left_over(16 - bits);
+        const V shifted = d.whole >> simd::count(bits);
+        const V out = d.whole & simd::splat<V>(static_cast<std::uint16_t>((1 << bits) - 1));
+        const V odd = simd::equal(shifted & one, one);
+        const V not_above = simd::equal(simd::sub_saturate(out, half), none);
+        const V at_half = simd::equal(out, half);
+        const V below_half = simd::equal(out, half - one);
+        const V no_fraction = simd::equal(simd::sub_saturate(d.rest, (d.divisor - one) >> left_over), none);
+        const V nearly_one = simd::equal(simd::sub_saturate(complement, d.divisor >> left_over), none);
+        const V up_at_half = at_half & (odd | and_not(no_fraction, simd::splat<V>(65535)));
+        const V up_below = below_half & odd & nearly_one;
+        return shifted - (and_not(not_above, simd::splat<V>(65535)) | up_at_half | up_below);
     }
 };
 #endif
@@ -190,22 +205,36 @@ struct Quotient {
 #if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b)
     {
-        const auto wa = simd::widen(a), wb = simd::widen(b);
+        // Lanes without a divisor divide by 1: hosts may have the exception for zero unmasked.
+        const V no_divisor = simd::equal(a, simd::zero<V>());
+        zeros |= simd::any(no_divisor);
+        const V by_zero = and_not(simd::equal(b, simd::zero<V>()), no_divisor);
         if constexpr (sizeof(T) == 1) {
-            return simd::narrow(simd::pair<decltype(wa.lo)>{many16(wa.lo, wb.lo), many16(wa.hi, wb.hi)});
+            const auto divisor = simd::widen(a - no_divisor), dividend = simd::widen(b);
+            auto q = divisor;
+            q.lo = steps.rounded(Division<decltype(q.lo)>(dividend.lo, divisor.lo));
+            q.hi = steps.rounded(Division<decltype(q.lo)>(dividend.hi, divisor.hi));
+            if constexpr (std::is_same<Steps, QuotientSteps<T, rounding, Direction::up>>::value) {
+                const auto most = simd::splat<decltype(q.lo)>(255);
+                q.lo = simd::min(q.lo, most);
+                q.hi = simd::min(q.hi, most);
+            }
+            return and_not(no_divisor, simd::narrow(q)) | by_zero;
+        } else if constexpr (is_signed<T>) {
+            using Magnitude = simd::vec<std::uint16_t, typename V::reg>;
+            const V sign = (a ^ b) >> simd::count(15);
+            const Division<Magnitude> d(magnitude(b), magnitude(a - no_divisor));
+            const Magnitude q = and_not(simd::as<std::uint16_t>(no_divisor), steps.rounded(d)) | simd::as<std::uint16_t>(by_zero);
+            const V bounded = simd::as<std::int16_t>(simd::min(q, simd::as<std::uint16_t>(simd::splat<V>(32767) - sign)));
+            return (bounded ^ sign) - sign;
         } else {
-            const auto q = steps.quotients(simd::as<std::int32_t>(wa.lo), simd::as<std::int32_t>(wb.lo),
-                                           simd::as<std::int32_t>(wa.hi), simd::as<std::int32_t>(wb.hi), zeros);
-            using W = decltype(wa.lo);
-            return simd::narrow(simd::pair<W>{simd::as<wider_t<T>>(q.lo), simd::as<wider_t<T>>(q.hi)});
+            return and_not(no_divisor, steps.rounded(Division<V>(b, a - no_divisor))) | by_zero;
         }
     }
-    template <class V> ORV_INLINE V many16(V a, V b)
+    template <class V> static ORV_INLINE auto magnitude(V v)
     {
-        const auto wa = simd::widen(a), wb = simd::widen(b);
-        const auto q = steps.quotients(simd::as<std::int32_t>(wa.lo), simd::as<std::int32_t>(wb.lo),
-                                       simd::as<std::int32_t>(wa.hi), simd::as<std::int32_t>(wb.hi), zeros);
-        return simd::as<std::uint16_t>(simd::narrow(q));
+        const V sign = v >> simd::count(15);
+        return simd::as<std::uint16_t>((v ^ sign) - sign);
     }
 #endif
 };

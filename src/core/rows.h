@@ -3,7 +3,9 @@
 // An operation is an object with
 //     T one(T a, T b)                   its meaning, on scalars (here with two sources)
 //     template <class V> V many(V a, V b)   the same on vectors of any width
-// and, if it needs some, state: counts, flags. At the plain level only one() exists to the loops.
+// and, if it needs some, state: counts, flags. At the plain level only one() exists to the loops. Loops
+// work on a local copy of the operation: pixels that are stored might else be part of it, and its
+// constants would be loaded again for every vector.
 //
 // A row of at least one vector runs full vectors from its start and one that ends with the row. That
 // last one overlaps its neighbour, so it is computed before anything is stored: a call whose source
@@ -130,10 +132,12 @@ inline void plane(const T* src1, int src1Step, const T* src2, int src2Step, T* d
                   Size roi, int channels, Op& op)
 {
     const Rows rows(roi, channels, sizeof(T), src1Step, src2Step, dstStep);
+    Op local = op;
     for (int y = 0; y < rows.count; ++y) {
         run_row(row_at(dst, dstStep, y), rows.n,
-                FromTwo<T, Op>{row_at(src1, src1Step, y), row_at(src2, src2Step, y), &op});
+                FromTwo<T, Op>{row_at(src1, src1Step, y), row_at(src2, src2Step, y), &local});
     }
+    op = local;
 }
 
 // --- Constants ------------------------------------------------------------------------------------
@@ -154,31 +158,38 @@ struct Pattern {
 };
 
 #if ORV_HAVE_VECTORS
+// One constant, or four, over 128 bits.
+template <class T>
+ORV_INLINE __m128i repeat(const T* values, int channels)
+{
+    if (channels == 1) return simd::splat<simd::vec<T, simd::int128>>(values[0]).v;
+    __m128i pixel = _mm_setzero_si128();
+    std::memcpy(&pixel, values, 4 * sizeof(T));
+    if (sizeof(T) == 1) return _mm_shuffle_epi32(pixel, 0);
+    if (sizeof(T) == 2) return _mm_unpacklo_epi64(pixel, pixel);
+    return pixel;
+}
+
 template <class T>
 ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
 {
-    constexpr int per_vector = 16 / static_cast<int>(sizeof(T));
-    constexpr int period3 = 3 * per_vector / 4;  // the elements of three words
-    __m128i vectors[3];
-    if (channels == 3) {
-        T elements[period3];
-        for (int i = 0; i < period3; ++i) elements[i] = values[i % 3];
-        int word[3];
-        std::memcpy(word, elements, sizeof(word));
-        vectors[0] = _mm_setr_epi32(word[0], word[1], word[2], word[0]);
-        vectors[1] = _mm_setr_epi32(word[1], word[2], word[0], word[1]);
-        vectors[2] = _mm_setr_epi32(word[2], word[0], word[1], word[2]);
-    } else {
-        T elements[per_vector];
-        for (int i = 0; i < per_vector; ++i) elements[i] = values[i & (channels - 1)];
-        std::memcpy(vectors, elements, sizeof(elements));
-        vectors[1] = vectors[2] = vectors[0];
-    }
     Pattern<T> pattern;
-    pattern.period = channels == 3 ? 3 : 1;
-    for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) {
-        _mm_store_si128(reinterpret_cast<__m128i*>(pattern.row) + i, vectors[i % 3]);
+    __m128i* const row = reinterpret_cast<__m128i*>(pattern.row);
+    if (channels != 3) {
+        pattern.period = 1;
+        row[0] = row[1] = repeat(values, channels);
+        return pattern;
     }
+    constexpr int period = 12 / static_cast<int>(sizeof(T));  // the elements of three 32-bit words
+    T elements[period];
+    for (int i = 0; i < period; ++i) elements[i] = values[i % 3];
+    int word[3];
+    std::memcpy(word, elements, sizeof(word));
+    const __m128i vectors[3] = {_mm_setr_epi32(word[0], word[1], word[2], word[0]),
+                                _mm_setr_epi32(word[1], word[2], word[0], word[1]),
+                                _mm_setr_epi32(word[2], word[0], word[1], word[2])};
+    pattern.period = 3;
+    for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) row[i] = vectors[i % 3];
     return pattern;
 }
 #endif
@@ -220,17 +231,19 @@ inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, i
     const Rows rows(roi, channels, sizeof(T), srcStep, dstStep);
 #if ORV_HAVE_VECTORS
     const Pattern<T> pattern = make_pattern(values, channels);
+    Op local = op;
     for (int y = 0; y < rows.count; ++y) {
         const T* const s = row_at(src, srcStep, y);
         T* const d = row_at(dst, dstStep, y);
         if (rows.n < simd::widest<T>::N) {
-            short_row(d, rows.n, FromTwo<T, Op>{pattern.row, s, &op});
+            short_row(d, rows.n, FromTwo<T, Op>{pattern.row, s, &local});
         } else if (channels == 3) {
-            pattern_row<3>(pattern, s, d, rows.n, op);
+            pattern_row<3>(pattern, s, d, rows.n, local);
         } else {
-            pattern_row<1>(pattern, s, d, rows.n, op);
+            pattern_row<1>(pattern, s, d, rows.n, local);
         }
     }
+    op = local;
 #else
     for (int y = 0; y < rows.count; ++y) {
         const T* const s = row_at(src, srcStep, y);

@@ -49,10 +49,13 @@ struct ScaleDown {
     ORV_INLINE simd::vec<W, R> operator()(simd::vec<W, R> r) const
     {
         using V = simd::vec<W, R>;
-        const simd::count by(bits);
         const V below_half = simd::splat<V>(static_cast<W>((std::uint32_t{1} << (bits - 1)) - 1));
-        const V odd = (r >> by) & simd::splat<V>(1);
-        return (r + below_half + odd) >> by;
+        const V lowest_kept = simd::splat<V>(static_cast<W>(std::uint32_t{1} << bits));
+        const V odd = simd::equal(r & lowest_kept, lowest_kept);  // -1 where it is
+        const V sum = r + below_half - odd;
+        // A shift by a register takes two operations, the multiplication that does the same one.
+        if constexpr (sizeof(W) == 2) return simd::mul_high(sum, simd::splat<V>(static_cast<W>(65536 >> bits)));
+        return sum >> simd::count(bits);
     }
 };
 

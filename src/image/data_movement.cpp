@@ -287,21 +287,31 @@ ORV_INLINE void groups_row(const Groups3<R, mirrored>& groups, uint8_t* dst, std
 // --- Channel order --------------------------------------------------------------------------------
 
 template <int Channels>
-struct Reorder {
-    const int* order;
-    ORV_INLINE Pixel<Channels> one(Pixel<Channels> p) const
+ORV_INLINE Pixel<Channels> reordered(Pixel<Channels> p, const int* order)
+{
+    Pixel<Channels> r;
+    for (int c = 0; c < Channels; ++c) r.byte[c] = p.byte[order[c]];
+    return r;
+}
+
+struct Reorder4 {
+    int order[4];
+#if ORV_HAVE_BYTE_SHUFFLE
+    uint8_t from[32];  // of the bytes of a vector
+#endif
+
+    ORV_INLINE explicit Reorder4(const int* channels)
     {
-        Pixel<Channels> r;
-        for (int c = 0; c < Channels; ++c) r.byte[c] = p.byte[order[c]];
-        return r;
+        for (int c = 0; c < 4; ++c) order[c] = channels[c];
+#if ORV_HAVE_BYTE_SHUFFLE
+        for (int b = 0; b < 32; ++b) from[b] = static_cast<uint8_t>((b & 12) + order[b & 3]);
+#endif
     }
+    ORV_INLINE Pixel<4> one(Pixel<4> p) const { return reordered(p, order); }
 #if ORV_HAVE_BYTE_SHUFFLE
     template <class V> ORV_INLINE V many(V p) const
     {
-        using Bytes = simd::vec<uint8_t, typename V::reg>;
-        uint8_t from[Bytes::N];
-        for (int b = 0; b < Bytes::N; ++b) from[b] = static_cast<uint8_t>((b & 12) + order[b & 3]);
-        return simd::shuffle_bytes(p, simd::load<Bytes>(from));
+        return simd::shuffle_bytes(p, simd::load<simd::vec<uint8_t, typename V::reg>>(from));
     }
 #elif ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V p) const
@@ -313,7 +323,7 @@ struct Reorder {
             const Words channel = (simd::as<uint32_t>(p) >> simd::count(8 * order[c])) & low_byte;
             r = r | (channel << simd::count(8 * c));
         }
-        return simd::as<Pixel<Channels>>(r);
+        return simd::as<Pixel<4>>(r);
     }
 #endif
 };
@@ -334,10 +344,9 @@ Status check_order(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, S
 
 void reorder_row3(const uint8_t* src, uint8_t* dst, std::ptrdiff_t n, const int* order)
 {
-    const Reorder<3> reorder = {order};
     auto* const d = reinterpret_cast<Pixel<3>*>(dst);
     const auto* const s = reinterpret_cast<const Pixel<3>*>(src);
-    for (std::ptrdiff_t x = 0; x < n; ++x) d[x] = reorder.one(s[x]);
+    for (std::ptrdiff_t x = 0; x < n; ++x) d[x] = reordered(s[x], order);
 }
 
 void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
@@ -665,7 +674,7 @@ Status SwapChannels_8u_C4(const uint8_t* src, int srcStep, uint8_t* dst, int dst
 {
     if (const Status bad = check_order<4>(src, srcStep, dst, dstStep, roi, order)) return bad;
     plane(reinterpret_cast<const Pixel<4>*>(src), srcStep, reinterpret_cast<Pixel<4>*>(dst), dstStep, roi, 1,
-          Reorder<4>{order});
+          Reorder4(order));
     return StatusOk;
 }
 

@@ -1,0 +1,35 @@
+#!/usr/bin/env python3
+"""Turns Google Benchmark's JSON (names are operation/size/who) into one table on standard output.
+
+Of the repetitions the minimum counts. Columns: our time, GB/s where a limit is known, the best peer,
+and the ratios: above 1 we are faster than the best peer; of the limit, 1 is as fast as memory allows.
+"""
+import json
+import sys
+
+
+def main():
+    times = {}
+    for run in json.load(open(sys.argv[1]))["benchmarks"]:
+        if run.get("run_type") != "iteration":
+            continue
+        operation, size, who = run["name"].rsplit("/", 2) if run["name"].count("/") == 2 else run["name"].split("/")[:3]
+        row = times.setdefault((operation, size), {})
+        row[who] = min(row.get(who, float("inf")), run["cpu_time"])
+    print("| operation | size | orvane ns | best peer ns | peer / orvane | limit ns | limit / orvane |")
+    print("|---|---|---|---|---|---|---|")
+    for (operation, size), row in times.items():
+        ours = row.pop("orvane", None)
+        if ours is None:
+            continue
+        limit = row.pop("limit", None)
+        peer = min(row, key=row.get) if row else None
+        print("| {} | {} | {:.1f} | {} | {} | {} | {} |".format(
+            operation, size, ours,
+            "{} {:.1f}".format(peer, row[peer]) if peer else "–",
+            "{:.2f}".format(row[peer] / ours) if peer else "–",
+            "{:.1f}".format(limit) if limit else "–",
+            "{:.2f}".format(limit / ours) if limit else "–"))
+
+
+main()
