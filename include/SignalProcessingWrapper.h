@@ -42,6 +42,18 @@ public:
     /// Releases what a Malloc method returned; does nothing for null.
     static void Free(void* buffer);
 
+    // --------------------------------------------------------------------------------------------
+    // Vector arithmetic
+    //
+
+    // --------------------------------------------------------------------------------------------
+    // Elementary functions
+    //
+
+    // --------------------------------------------------------------------------------------------
+    // Vector spectra and windows
+    //
+
 protected:
     /// Does nothing: the class has no instances.
     SignalProcessingWrapper(const SignalProcessingWrapper& other);

@@ -48,5 +48,16 @@ public:
     FloatControl& operator=(const FloatControl&) = delete;
 };
 
+// A float result rounded to its type. The x87 keeps more digits until a value passes through memory, so
+// every step of the plain variant that must round goes through this; elsewhere it costs nothing.
+template <class T>
+ORV_INLINE T rounded(T value)
+{
+#if !defined(__SSE2__)
+    __asm__ volatile("" : "+m"(value));
+#endif
+    return value;
+}
+
 }  // namespace ORV_LEVEL
 }  // namespace orv

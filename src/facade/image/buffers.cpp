@@ -1,4 +1,4 @@
-// Buffers of images. The operations stand in facade/image/, one file per family.
+// Buffers of images.
 #include "ImageProcessingWrapper.h"
 
 #include "core/memory.h"

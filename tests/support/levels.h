@@ -1,0 +1,23 @@
+// Runs a check at every level that this processor has, through the exported methods.
+#pragma once
+
+#include "core/features.h"
+#include "core/operation.h"
+#include "gmock/gmock.h"
+
+namespace test {
+
+template <class Check>
+void at_every_level(Check check)
+{
+    const int highest = orv::orv_variant_index;
+    for (int level = 0; level <= highest; ++level) {
+        SCOPED_TRACE("level " + std::to_string(level));
+        orv::orv_variant_index = level;
+        check();
+        orv::orv_variant_index = highest;
+        if (testing::Test::HasFatalFailure()) return;
+    }
+}
+
+}  // namespace test
