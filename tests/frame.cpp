@@ -1,0 +1,328 @@
+// The frame: features, level choice, start-up, buffers, the image container, the static-only classes.
+#include <cstring>
+#include <new>
+#include <type_traits>
+
+#include "Image.h"
+#include "ImageProcessingWrapper.h"
+#include "MKLWrapper.h"
+#include "MatrixWrapper.h"
+#include "SignalProcessingWrapper.h"
+#include "core/start_up.h"
+#include "gmock/gmock.h"
+#include "support/allocations.h"
+
+namespace test {
+namespace {
+
+using namespace orv;
+
+// What a host's own static initialiser sees.
+const int index_during_static_initialisation = orv_variant_index;
+const FeatureMask features_during_static_initialisation = orv_enabled_features;
+
+TEST(StartUp, RunsBeforeStaticInitialisers)
+{
+    FeatureMask features = 0;
+    ASSERT_EQ(query_features(&features, nullptr), StatusOk);
+    EXPECT_EQ(index_during_static_initialisation, choose_level(features).level);
+    EXPECT_EQ(features_during_static_initialisation, choose_level(features).enabled);
+}
+
+TEST(StartUp, RepeatedRunIsHarmless)
+{
+    const int index = orv_variant_index;
+    const Status first = start_up();
+    EXPECT_EQ(start_up(), first);
+    EXPECT_EQ(orv_variant_index, index);
+    EXPECT_THAT(first, testing::AnyOf(StatusOk, StatusNotIntelProcessor));
+}
+
+TEST(Features, QueryWantsAnOutput)
+{
+    EXPECT_EQ(query_features(nullptr, nullptr), StatusNullPointer);
+    FeatureMask features = 0;
+    Identification id;
+    EXPECT_EQ(query_features(&features, &id), StatusOk);
+    EXPECT_EQ(features, features_from(id));
+    EXPECT_EQ(features >> 32, 0u);
+}
+
+TEST(Features, EachBitFromItsRegister)
+{
+    struct Row {
+        FeatureMask feature;
+        std::uint32_t Identification::Registers::*word;
+        int bit;
+    };
+    using R = Identification::Registers;
+    const Row leaf1[] = {{kMmx, &R::edx, 23},   {kSse, &R::edx, 25},   {kSse2, &R::edx, 26},  {kSse3, &R::ecx, 0},      {kSsse3, &R::ecx, 9},
+                         {kMovbe, &R::ecx, 22}, {kSse41, &R::ecx, 19}, {kSse42, &R::ecx, 20}, {kAvx, &R::ecx, 28},      {kAes, &R::ecx, 25},
+                         {kPclmulqdq, &R::ecx, 1}, {kRdrand, &R::ecx, 30}, {kF16c, &R::ecx, 29}};
+    for (const Row& row : leaf1) {
+        Identification id = {};
+        id.supported = true;
+        id.leaf1.*row.word = 1u << row.bit;
+        EXPECT_EQ(features_from(id), row.feature) << row.bit;
+    }
+    const Row leaf7[] = {{kAdx, &R::ebx, 19}, {kRdseed, &R::ebx, 18}};
+    for (const Row& row : leaf7) {
+        Identification id = {};
+        id.leaf7.*row.word = 1u << row.bit;
+        id.highest_basic = 6;
+        EXPECT_EQ(features_from(id), 0u) << "leaf 7 does not exist";
+        id.highest_basic = 7;
+        EXPECT_EQ(features_from(id), row.feature);
+    }
+}
+
+TEST(Features, Combinations)
+{
+    Identification id = {};
+    id.highest_basic = 7;
+    id.leaf1.ecx = 1u << 27 | 1u << 28;
+    for (const std::uint32_t xcr0 : {0u, 2u, 4u}) {
+        id.xcr0 = xcr0;
+        EXPECT_EQ(features_from(id), kAvx);
+    }
+    id.xcr0 = 6;
+    EXPECT_EQ(features_from(id), kAvx | kAvxState);
+    id.leaf1.ecx = 1u << 28;
+    EXPECT_EQ(features_from(id), kAvx) << "XGETBV is not enabled";
+
+    // The AVX2 group takes all four.
+    const std::uint32_t group = 1u << 5 | 1u << 3 | 1u << 8;
+    id = {};
+    id.highest_basic = 7;
+    id.leaf1.ecx = 1u << 12;
+    id.leaf7.ebx = group;
+    EXPECT_EQ(features_from(id), kAvx2Group);
+    for (const int missing : {5, 3, 8}) {
+        id.leaf7.ebx = group & ~(1u << missing);
+        EXPECT_EQ(features_from(id), 0u);
+    }
+
+    id = {};
+    id.extended1.ecx = 1u << 8;
+    EXPECT_EQ(features_from(id), 0u);
+    id.highest_extended = 0x80000001u;
+    EXPECT_EQ(features_from(id), kPrefetchw);
+
+    id = {};
+    id.coprocessor1.edx = 2;
+    EXPECT_EQ(features_from(id), 0u);
+    id.leaf1.eax = 0xB10;
+    EXPECT_EQ(features_from(id), kCoprocessorExtension | kCoprocessorLine);
+}
+
+TEST(Level, FollowsTheFeatures)
+{
+    const FeatureMask base = kMmx | kSse, sse2 = base | kSse2, ssse3 = sse2 | kSse3 | kSsse3;
+    const FeatureMask sse41 = ssse3 | kSse41, avx = sse41 | kSse42 | kAvx | kAvxState;
+    struct Row {
+        FeatureMask features;
+        Level level;
+        FeatureMask enabled;
+    };
+    const Row rows[] = {{0, level_px, 0},
+                        {base, level_px, base},
+                        {sse2, level_w7, sse2},
+                        {sse2 | kMovbe, level_w7, sse2},
+                        {ssse3, level_v8, ssse3},
+                        {ssse3 | kMovbe, level_s8, ssse3 | kMovbe},
+                        {sse41, level_p8, sse41},
+                        {sse41 | kMovbe, level_p8, sse41},
+                        {sse41 | kAvx, level_p8, sse41},
+                        {sse41 | kAvxState, level_p8, sse41},
+                        {sse41 | kAvx2Group, level_p8, sse41},
+                        {avx, level_g9, avx},
+                        {avx | kAes | kF16c, level_g9, avx | kAes | kF16c},
+                        {avx | kMovbe | kAdx, level_g9, avx},
+                        {avx | kAvx2Group | kMovbe | kCoprocessorLine, level_h9, avx | kAvx2Group | kMovbe},
+                        {avx | kAvx2Group | kCoprocessorExtension, level_h9, avx | kAvx2Group}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(choose_level(row.features).level, row.level) << std::hex << row.features;
+        EXPECT_EQ(choose_level(row.features).enabled, row.enabled) << std::hex << row.features;
+    }
+    EXPECT_EQ(kLevelWithoutIdentification.level, level_px);
+    EXPECT_EQ(kLevelWithoutIdentification.enabled, 3u);
+}
+
+TEST(Level, UnknownVendorIsAWarning)
+{
+    Identification id = {};
+    EXPECT_EQ(status_of_start_up(id), StatusNotIntelProcessor) << "no identification";
+    id.supported = true;
+    std::strcpy(id.vendor, "GenuineIntel");
+    EXPECT_EQ(status_of_start_up(id), StatusOk);
+    std::strcpy(id.vendor, "AuthenticAMD");
+    EXPECT_EQ(status_of_start_up(id), StatusNotIntelProcessor);
+}
+
+// --- Buffers --------------------------------------------------------------------------------------
+
+template <class T>
+void check_image_buffer(T* (*allocate)(int, int, int*), int width, int height, int expected_step)
+{
+    int step = -1;
+    T* const buffer = allocate(width, height, &step);
+    ASSERT_NE(buffer, nullptr);
+    EXPECT_EQ(step, expected_step);
+    EXPECT_EQ(reinterpret_cast<std::size_t>(buffer) % 64, 0u);
+    std::memset(static_cast<void*>(buffer), 0xA5, static_cast<std::size_t>(step) * static_cast<std::size_t>(height));
+    ImageProcessingWrapper::Free(buffer);
+
+    for (const int bad : {0, -1, -2147483647 - 1}) {
+        step = -1;
+        EXPECT_EQ(allocate(bad, height, &step), nullptr);
+        EXPECT_EQ(step, 0);
+        step = -1;
+        EXPECT_EQ(allocate(width, bad, &step), nullptr);
+        EXPECT_EQ(step, 0);
+    }
+    EXPECT_EQ(allocate(width, height, nullptr), nullptr);
+    // A product that wraps below 1: refused, after the step was written.
+    EXPECT_EQ(allocate(width, 0x40000000, &step), nullptr);
+    EXPECT_EQ(step, expected_step);
+}
+
+TEST(Buffers, Images)
+{
+    using W = ImageProcessingWrapper;
+    check_image_buffer(W::Malloc_8u_C1, 1, 1, 64);
+    check_image_buffer(W::Malloc_8u_C1, 64, 3, 64);
+    check_image_buffer(W::Malloc_8u_C1, 65, 3, 128);
+    check_image_buffer(W::Malloc_8u_C3, 22, 2, 128);
+    check_image_buffer(W::Malloc_8u_C4, 16, 2, 64);
+    check_image_buffer(W::Malloc_8u_AC4, 17, 2, 128);
+    check_image_buffer(W::Malloc_16u_C1, 33, 2, 128);
+    check_image_buffer(W::Malloc_16s_C1, 32, 2, 64);
+    check_image_buffer(W::Malloc_32s_C1, 17, 2, 128);
+    check_image_buffer(W::Malloc_32f_C1, 16, 2, 64);
+    check_image_buffer(W::Malloc_32f_C3, 10, 2, 128);
+    check_image_buffer(W::Malloc_32f_C4, 5, 2, 128);
+    check_image_buffer(W::Malloc_32fc_C1, 8, 2, 64);
+    W::Free(nullptr);
+
+    int step = 0;  // 2^31 - 1 pixels of 4 bytes: the row itself wraps
+    W::Free(W::Malloc_8u_C4(0x40000001, 1, &step));
+    EXPECT_EQ(step, 64);
+}
+
+template <class T>
+void check_vector_buffer(T* (*allocate)(int))
+{
+    for (const int len : {1, 7, 1000}) {
+        T* const buffer = allocate(len);
+        ASSERT_NE(buffer, nullptr);
+        EXPECT_EQ(reinterpret_cast<std::size_t>(buffer) % 64, 0u);
+        std::memset(static_cast<void*>(buffer), 0xA5, sizeof(T) * static_cast<std::size_t>(len));
+        SignalProcessingWrapper::Free(buffer);
+    }
+    EXPECT_EQ(allocate(0), nullptr);
+    EXPECT_EQ(allocate(-5), nullptr);
+    const AllocationFailure none_left(0);
+    EXPECT_EQ(allocate(8), nullptr);
+}
+
+TEST(Buffers, Vectors)
+{
+    using W = SignalProcessingWrapper;
+    check_vector_buffer(W::Malloc_8u);
+    check_vector_buffer(W::Malloc_16u);
+    check_vector_buffer(W::Malloc_32s);
+    check_vector_buffer(W::Malloc_32f);
+    check_vector_buffer(W::Malloc_64f);
+    check_vector_buffer(W::Malloc_32fc);
+    W::Free(nullptr);
+    EXPECT_EQ(W::Malloc_64f(0x10000000), nullptr) << "2^31 bytes";
+}
+
+// --- Image container ------------------------------------------------------------------------------
+
+using Container = Orvane::ImageProcessing::Image;
+
+void expect_empty(const Container& image)
+{
+    EXPECT_EQ(image.GetWidth(), 0);
+    EXPECT_EQ(image.GetHeight(), 0);
+    EXPECT_EQ(image.GetStride(), 0);
+    EXPECT_EQ(image.GetChannels(), 0);
+    EXPECT_EQ(image.GetType(), 0);
+    EXPECT_EQ(image.GetData(), nullptr);
+    EXPECT_EQ(image.GetData(3, 2), nullptr);
+    EXPECT_EQ(const_cast<Container&>(image).GetData(), nullptr);
+    EXPECT_EQ(const_cast<Container&>(image).GetData(3, 2), nullptr);
+}
+
+// The object as it lies in memory: virtual table, seven reserved words, the description.
+struct Layout {
+    void* virtual_table;
+    int reserved[7];
+    int* description;
+};
+static_assert(sizeof(Layout) == sizeof(Container), "");
+static_assert(sizeof(void*) != 4 || sizeof(Container) == 36, "");
+
+TEST(Image, IsEmptyHoweverMade)
+{
+    const Container plain, sized(640, 480, 1), copy(sized);
+    expect_empty(plain);
+    expect_empty(sized);
+    expect_empty(copy);
+    Container* const several = new Container[3];
+    expect_empty(several[2]);
+    delete[] several;
+}
+
+TEST(Image, AssignmentSharesTheDescription)
+{
+    alignas(Container) unsigned char memory[2][sizeof(Container)];
+    Container* images[2];
+    for (int i = 0; i < 2; ++i) {
+        reinterpret_cast<Container*>(memory[i])->__autoclassinit2(sizeof(Container));
+        images[i] = new (memory[i]) Container(i, i, i);
+    }
+    Layout* const first = reinterpret_cast<Layout*>(memory[0]);
+    Layout* const second = reinterpret_cast<Layout*>(memory[1]);
+    EXPECT_NE(first->description, second->description);
+    EXPECT_EQ(first->reserved[6], 0);
+
+    unsigned char pixels[64] = {};
+    const int fields[6] = {8, 4, 16, 2, 2, 77};
+    std::memcpy(first->description, fields, sizeof(fields));
+    unsigned char* const data = pixels;
+    std::memcpy(first->description + 6, &data, sizeof(data));
+    first->reserved[3] = 1234;
+
+    EXPECT_EQ(&(*images[1] = *images[0]), images[1]);
+    EXPECT_EQ(second->reserved[3], 1234);
+    EXPECT_EQ(images[1]->GetWidth(), 8);
+    EXPECT_EQ(images[1]->GetHeight(), 4);
+    EXPECT_EQ(images[1]->GetStride(), 16);
+    EXPECT_EQ(images[1]->GetChannels(), 2);
+    EXPECT_EQ(images[1]->GetType(), 77);
+    EXPECT_EQ(images[1]->GetData(), pixels);
+    EXPECT_EQ(images[1]->GetData(3, 2), pixels + 3 * 2 + 2 * 16);
+    const Container copy(*images[0]);
+    expect_empty(copy);
+    images[0]->~Container();
+    EXPECT_EQ(images[1]->GetWidth(), 8) << "the destructor releases nothing";
+}
+
+// --- Static-only classes --------------------------------------------------------------------------
+
+template <class Class>
+constexpr bool without_instances = !std::is_default_constructible<Class>::value && !std::is_copy_constructible<Class>::value &&
+                                   !std::is_destructible<Class>::value && std::is_copy_assignable<Class>::value;
+static_assert(without_instances<ImageProcessingWrapper> && without_instances<SignalProcessingWrapper>, "");
+static_assert(without_instances<MatrixWrapper> && without_instances<MKLWrapper>, "");
+
+TEST(Exports, FreeFunctionAndVariable)
+{
+    EXPECT_EQ(nImageProcessingWrapper, 0);
+    EXPECT_EQ(fnImageProcessingWrapper(), 42);
+}
+
+}  // namespace
+}  // namespace test
