@@ -17,5 +17,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvaneConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/OrvaneConfig.cmake ${PROJECT_BINARY_DIR}/OrvaneConfigVersion.cmake
   DESTINATION ${ORVANE_CMAKE_DIR})
 
+# Relative, so that the package can be moved.
+file(RELATIVE_PATH ORVANE_PC_TO_PREFIX /p/${CMAKE_INSTALL_LIBDIR}/pkgconfig /p)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orvane.pc.in ${PROJECT_BINARY_DIR}/orvane.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvane.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

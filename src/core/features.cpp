@@ -28,7 +28,7 @@ Identification identify()
     unsigned vendor = 0;
     // On 32-bit this tries to flip bit 21 of the flags register before it executes CPUID, and
     // answers 0 where the bit does not change.
-    id.highest_basic = __get_cpuid_max(0, &vendor);
+    id.highest_basic = static_cast<std::uint32_t>(__get_cpuid_max(0, &vendor));
     id.supported = id.highest_basic != 0;
     if (!id.supported) return id;
 

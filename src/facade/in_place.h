@@ -33,7 +33,7 @@ struct Tile {
         using Address = decltype(sizeof(0));
         if (image == nullptr) return nullptr;
         const Address row = static_cast<Address>(static_cast<long long>(step) * y);
-        return reinterpret_cast<T*>(reinterpret_cast<Address>(image) + row) + static_cast<Address>(x) * lanes;
+        return reinterpret_cast<T*>(reinterpret_cast<Address>(image) + row) + static_cast<Address>(x) * static_cast<Address>(lanes);
     }
     int lanes;  // elements of T in a pixel
 };

@@ -1,0 +1,13 @@
+# The target "reference": a site made of the public headers. A public name without documentation is an error.
+find_package(Doxygen REQUIRED)
+set(DOXYGEN_PROJECT_NAME "Orvane primitives")
+set(DOXYGEN_PROJECT_NUMBER ${PROJECT_VERSION})
+set(DOXYGEN_PROJECT_BRIEF ${PROJECT_DESCRIPTION})
+set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/reference)
+set(DOXYGEN_EXTRACT_LOCAL_CLASSES NO)
+set(DOXYGEN_MACRO_EXPANSION YES)
+set(DOXYGEN_PREDEFINED "ORVANE_API=")
+set(DOXYGEN_EXCLUDE_SYMBOLS "*_H")
+set(DOXYGEN_WARN_AS_ERROR YES)
+set(DOXYGEN_QUIET YES)
+doxygen_add_docs(reference include WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})

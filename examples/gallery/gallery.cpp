@@ -1,0 +1,22 @@
+// Usage: gallery PICTURE FOLDER
+// Runs the library's operations on a picture (PNG or JPEG) and writes FOLDER/index.html.
+#include <exception>
+#include <iostream>
+
+#include "strips.h"
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) return std::cerr << "usage: gallery PICTURE FOLDER\n", 2;
+    try {
+        const Picture photo = read_picture(argv[1]);
+        Page page(argv[2]);
+        page.strip("The photograph", std::to_string(photo.width) + " x " + std::to_string(photo.height) + " pixels, three channels.");
+        page.show(photo, argv[1], 0, true);
+        show_data_movement(photo, page);
+        show_integer_arithmetic(photo, page);
+        return 0;
+    } catch (const std::exception& e) {
+        return std::cerr << "gallery: " << e.what() << "\n", 1;
+    }
+}

@@ -1,0 +1,37 @@
+// Set, conversion, channel order, transposition, mirroring.
+#include "strips.h"
+
+using W = ImageProcessingWrapper;
+
+void show_data_movement(const Picture& photo, Page& page)
+{
+    const int width = photo.width, height = photo.height;
+    page.strip("Data movement", "Pixels keep their values and change their places; conversions to float and back are exact.");
+
+    static const int order[3] = {2, 1, 0};
+    SHOW_IN_PLACE(page, photo, image, W::SwapChannels_8u_C3IR(image.data(), image.step, width, height, order));
+    SHOW_IN_PLACE(page, photo, image, W::Mirror_8u_C3I(image.data(), image.step, width, height, 1));
+    SHOW_IN_PLACE(page, photo, image, W::MirrorHorizontal_8u_C3I(image.data(), image.step, width, height));
+
+    // A frame of one colour, set into the picture.
+    static const unsigned char orange[3] = {240, 140, 20};
+    SHOW_IN_PLACE(page, photo, image,
+                  W::Set_8u_C3(orange, image.data() + image.step * (height / 4) + 3 * (width / 4), image.step, width / 2, height / 24));
+
+    // One channel as float, transposed, and back.
+    FloatPicture colour(width, height, 3), transposed(height, width, 1), grey(width, height, 1);
+    W::Convert_8u32f_C3(photo.data(), photo.step, colour.data(), colour.step, width, height);
+    for (int y = 0; y < height; ++y) {
+        const float* const c = colour.data() + y * (colour.step / 4);
+        for (int x = 0; x < width; ++x) grey.data()[y * (grey.step / 4) + x] = 0.299f * c[3 * x] + 0.587f * c[3 * x + 1] + 0.114f * c[3 * x + 2];
+    }
+    Picture turned(height, width, 1);
+    const auto to_bytes = [&] {
+        for (int y = 0; y < width; ++y) {
+            for (int x = 0; x < height; ++x) turned.data()[y * turned.step + x] = static_cast<unsigned char>(transposed.data()[y * (transposed.step / 4) + x]);
+        }
+    };
+    W::Transpose_32f_C1R(grey.data(), grey.step, transposed.data(), transposed.step, width, height);
+    to_bytes();
+    SHOW(page, turned, W::Transpose_32f_C1R(grey.data(), grey.step, transposed.data(), transposed.step, width, height));
+}

@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds every flavour and runs all tests.
+# The last line is "N passed, N failed", with ", N skipped" where something could not be set up.
+set -u
+cd "$(dirname "$0")/.." || exit 1
+
+passed=0 failed=0 skipped=0
+log_folder=build/logs
+mkdir -p "$log_folder"
+
+pass() { passed=$((passed + $1)); echo "ok       $2"; }
+fail() { failed=$((failed + 1)); echo "FAILED   $1"; }
+skip() { skipped=$((skipped + 1)); echo "skipped  $1: $2"; }
+
+# check NAME COMMAND...: one check; its output is shown only when it fails.
+check() {
+    local name=$1 log
+    log=$log_folder/$(echo "$name" | tr -c 'a-zA-Z0-9\n' '_').log
+    shift
+    if "$@" > "$log" 2>&1; then pass 1 "$name"; else tail -n 30 "$log"; fail "$name (log: $log)"; return 1; fi
+}
+
+# tests NAME COMMAND...: a run of the test program; every test of it counts.
+tests() {
+    local name=$1 log count bad
+    log=$log_folder/$(echo "$name" | tr -c 'a-zA-Z0-9\n' '_').log
+    shift
+    "$@" > "$log" 2>&1
+    local status=$?
+    count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\?\.$/\1/p' "$log")
+    bad=$(sed -n 's/^ *\([0-9]*\) FAILED TESTS\?$/\1/p' "$log")
+    if [ $status -ne 0 ] || [ -n "$bad" ] || [ "${count:-0}" -eq 0 ]; then
+        grep -E 'seed|Failure|FAILED' "$log" | head -n 30
+        tail -n 5 "$log"
+        fail "$name (log: $log)"
+    else
+        pass "$count" "$name: $count tests; $(grep '^variants:' "$log")"
+    fi
+}
+
+build() { cmake --preset "$1" && cmake --build --preset "$1"; }
+
+scripts/setup.sh test || { echo "some packages are missing; going on with what there is"; }
+
+if check "build, 64 bit" build release; then
+    tests "tests, 64 bit" build/release/tests/orvane_tests
+    check "exports" tests/check_exports.sh build/release/src/liborvane.so
+    check "kernel symbols, 64 bit" ctest --test-dir build/release -R kernel_symbols
+    check "package" scripts/check_package.sh build/release
+fi
+check "static library" scripts/check_package.sh --static
+
+if ! echo 'int main(){}' | g++ -m32 -x c++ - -o /dev/null 2> /dev/null; then
+    skip "32 bit" "g++-multilib is not there"
+elif check "build, 32 bit" build i386; then
+    tests "tests, 32 bit" build/i386/tests/orvane_tests
+    check "kernel symbols, 32 bit" ctest --test-dir build/i386 -R kernel_symbols
+    if command -v qemu-i386 > /dev/null; then
+        # Each chooses its own level; EPYC is another vendor's.
+        for pair in pentium3:px coreduo:w7 core2duo:v8 n270:s8 Penryn:p8 SandyBridge:g9 Haswell:h9 EPYC:h9; do
+            processor=${pair%:*} level=${pair#*:}
+            tests "tests on an emulated $processor, level $level" \
+                bash -c "qemu-i386 -cpu $processor build/i386/tests/orvane_tests --brief --expect-level=$level 2>&1"
+        done
+    else
+        skip "emulated processors" "qemu-i386 is not there"
+    fi
+fi
+
+if ! echo 'int main(){}' | clang++ -fsanitize=address,undefined -x c++ - -o /dev/null 2> /dev/null; then
+    skip "sanitizers" "clang with its runtime is not there"
+elif check "build, sanitizers" build asan; then
+    tests "tests, sanitizers" env ASAN_OPTIONS=allocator_may_return_null=1 LSAN_OPTIONS=suppressions=tests/leaks.supp:print_suppressions=0 build/asan/tests/orvane_tests
+fi
+
+echo
+if [ $skipped -gt 0 ]; then
+    echo "$passed passed, $failed failed, $skipped skipped"
+else
+    echo "$passed passed, $failed failed"
+fi
+[ $failed -eq 0 ]
