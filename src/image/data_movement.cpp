@@ -191,96 +191,114 @@ Status narrow(const float* src, int srcStep, To* dst, int dstStep, Size roi, int
 // once the three vectors are taken back to front. Two groups at a time where vectors are twice as wide.
 
 #if ORV_HAVE_BYTE_SHUFFLE
+// Three vectors side by side. Members, not an array: an array would be kept in memory.
+template <class V>
+struct Group3 {
+    static constexpr int N = V::N;  // pixels
+    V first, second, third;
+};
+
 template <class R, bool mirrored>
 struct Groups3 {
     using V = simd::vec<uint8_t, R>;
     static constexpr int kPixels = V::N;
 
-    V pick[3][3];  // of result vector i, the bytes that source j has
+    // Which bytes of the source vectors go to each vector of the result.
+    V first_from_first, first_from_second;
+    V second_from_first, second_from_second, second_from_third;
+    V third_from_second, third_from_third;
 
     // from[b]: the byte of the 48-byte group that goes to byte b.
     ORV_INLINE explicit Groups3(const uint8_t* from)
+        : first_from_first(picks(from, 0, 0)),
+          first_from_second(picks(from, 0, 1)),
+          second_from_first(picks(from, 1, 0)),
+          second_from_second(picks(from, 1, 1)),
+          second_from_third(picks(from, 1, 2)),
+          third_from_second(picks(from, 2, 1)),
+          third_from_third(picks(from, 2, 2))
     {
-        for (int i = 0; i < 3; ++i) {
-            for (int j = 0; j < 3; ++j) {
-                uint8_t bytes[V::N];
-                for (int b = 0; b < V::N; ++b) {
-                    const int source = from[16 * i + (b & 15)];
-                    const int vector = mirrored ? 2 - source / 16 : source / 16;
-                    bytes[b] = static_cast<uint8_t>(vector == j ? source & 15 : 0x80);
-                }
-                pick[i][j] = simd::load<V>(bytes);
-            }
-        }
     }
 
-    ORV_INLINE void shuffle(V (&g)[3]) const
+    static V picks(const uint8_t* from, int to, int source)
     {
-        const V r0 = simd::shuffle_bytes(g[0], pick[0][0]) | simd::shuffle_bytes(g[1], pick[0][1]);
-        const V r1 = simd::shuffle_bytes(g[0], pick[1][0]) | simd::shuffle_bytes(g[1], pick[1][1]) |
-                     simd::shuffle_bytes(g[2], pick[1][2]);
-        const V r2 = simd::shuffle_bytes(g[1], pick[2][1]) | simd::shuffle_bytes(g[2], pick[2][2]);
-        g[0] = r0;
-        g[1] = r1;
-        g[2] = r2;
+        uint8_t bytes[V::N];
+        for (int b = 0; b < V::N; ++b) {
+            const int byte = from[16 * to + (b & 15)];
+            const int vector = mirrored ? 2 - byte / 16 : byte / 16;
+            bytes[b] = static_cast<uint8_t>(vector == source ? byte & 15 : 0x80);
+        }
+        return simd::load<V>(bytes);
+    }
+
+    ORV_INLINE Group3<V> shuffled(Group3<V> g) const
+    {
+        using simd::shuffle_bytes;
+        return {shuffle_bytes(g.first, first_from_first) | shuffle_bytes(g.second, first_from_second),
+                shuffle_bytes(g.first, second_from_first) | shuffle_bytes(g.second, second_from_second) |
+                    shuffle_bytes(g.third, second_from_third),
+                shuffle_bytes(g.second, third_from_second) | shuffle_bytes(g.third, third_from_third)};
     }
 };
 
 // The groups of kPixels pixels from p on: one, or two whose vectors lie side by side.
-ORV_INLINE void load_groups(const uint8_t* p, simd::vec<uint8_t, simd::int128> (&g)[3])
+template <class V> ORV_INLINE V load_part(const uint8_t* p);
+template <>
+ORV_INLINE simd::vec<uint8_t, simd::int128> load_part(const uint8_t* p)
 {
-    for (int i = 0; i < 3; ++i) g[i] = simd::load<simd::vec<uint8_t, simd::int128>>(p + 16 * i);
+    return simd::load<simd::vec<uint8_t, simd::int128>>(p);
 }
-ORV_INLINE void store_groups(uint8_t* p, const simd::vec<uint8_t, simd::int128> (&g)[3])
-{
-    for (int i = 0; i < 3; ++i) simd::store(p + 16 * i, g[i]);
-}
+ORV_INLINE void store_part(uint8_t* p, simd::vec<uint8_t, simd::int128> v) { simd::store(p, v); }
+ORV_INLINE simd::vec<uint8_t, simd::int128> swap_halves(simd::vec<uint8_t, simd::int128> a) { return a; }
 #if ORV_HAVE_INT256
-ORV_INLINE void load_groups(const uint8_t* p, simd::vec<uint8_t, simd::int256> (&g)[3])
+template <>
+ORV_INLINE simd::vec<uint8_t, simd::int256> load_part(const uint8_t* p)
 {
-    for (int i = 0; i < 3; ++i) {
-        const __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16 * i));
-        const __m128i second = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 48 + 16 * i));
-        g[i].v = _mm256_inserti128_si256(_mm256_castsi128_si256(first), second, 1);
-    }
+    const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 48));
+    const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+    return {_mm256_inserti128_si256(_mm256_castsi128_si256(lower), upper, 1)};
 }
-ORV_INLINE void store_groups(uint8_t* p, const simd::vec<uint8_t, simd::int256> (&g)[3])
+ORV_INLINE void store_part(uint8_t* p, simd::vec<uint8_t, simd::int256> v)
 {
-    for (int i = 0; i < 3; ++i) {
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 16 * i), _mm256_castsi256_si128(g[i].v));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 48 + 16 * i), _mm256_extracti128_si256(g[i].v, 1));
-    }
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_castsi256_si128(v.v));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 48), _mm256_extracti128_si256(v.v, 1));
 }
 ORV_INLINE simd::vec<uint8_t, simd::int256> swap_halves(simd::vec<uint8_t, simd::int256> a)
 {
     return {_mm256_permute2x128_si256(a.v, a.v, 1)};
 }
 #endif
-ORV_INLINE simd::vec<uint8_t, simd::int128> swap_halves(simd::vec<uint8_t, simd::int128> a) { return a; }
 
-// Rows of n >= kPixels pixels. `source_of(i)`: where the group that goes to pixel i is read.
-template <class R, bool mirrored, class SourceOf>
-ORV_INLINE void groups_row(const Groups3<R, mirrored>& groups, uint8_t* dst, std::ptrdiff_t n, SourceOf source_of)
+template <class V>
+ORV_INLINE Group3<V> load_group(const uint8_t* p)
+{
+    return {load_part<V>(p), load_part<V>(p + 16), load_part<V>(p + 32)};
+}
+template <class V>
+ORV_INLINE void store_group(uint8_t* p, Group3<V> g)
+{
+    store_part(p, g.first);
+    store_part(p + 16, g.second);
+    store_part(p + 32, g.third);
+}
+// With its pixels in the order that `groups` has, which for mirrored ones starts from the other end.
+template <class R, bool mirrored>
+ORV_INLINE auto fetch_group(const Groups3<R, mirrored>& groups, const uint8_t* p)
 {
     using V = typename Groups3<R, mirrored>::V;
-    const auto fetch = [&](std::ptrdiff_t i, V(&g)[3]) {
-        load_groups(source_of(i), g);
-        if (mirrored) {
-            const V first = swap_halves(g[0]);
-            g[0] = swap_halves(g[2]);
-            g[1] = swap_halves(g[1]);
-            g[2] = first;
-        }
-        groups.shuffle(g);
-    };
-    V last[3];
-    fetch(n - V::N, last);
-    for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) {
-        V g[3];
-        fetch(i, g);
-        store_groups(dst + 3 * i, g);
-    }
-    store_groups(dst + 3 * (n - V::N), last);
+    const Group3<V> g = load_group<V>(p);
+    if (!mirrored) return groups.shuffled(g);
+    return groups.shuffled(Group3<V>{swap_halves(g.third), swap_halves(g.second), swap_halves(g.first)});
+}
+
+// Rows of n >= N pixels, reordered within the pixels.
+template <class R>
+ORV_INLINE void reorder_groups(const Groups3<R, false>& groups, const uint8_t* src, uint8_t* dst, std::ptrdiff_t n)
+{
+    constexpr int N = Groups3<R, false>::kPixels;
+    const auto last = fetch_group(groups, src + 3 * (n - N));
+    for (std::ptrdiff_t i = 0; i < n - N; i += N) store_group(dst + 3 * i, fetch_group(groups, src + 3 * i));
+    store_group(dst + 3 * (n - N), last);
 }
 #endif
 
@@ -356,8 +374,7 @@ void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size r
     for (int b = 0; b < 48; ++b) from[b] = static_cast<uint8_t>(b - b % 3 + order[b % 3]);
     const auto run = [&](auto groups) {
         for (int y = 0; y < roi.height; ++y) {
-            const uint8_t* const s = row_at(src, srcStep, y);
-            groups_row(groups, row_at(dst, dstStep, y), roi.width, [s](std::ptrdiff_t i) { return s + 3 * i; });
+            reorder_groups(groups, row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width);
         }
     };
     using Wide = Groups3<simd::int_widest, false>;
@@ -422,67 +439,130 @@ struct AllButAlpha {
 #endif
 };
 
-#if ORV_HAVE_VECTORS
-template <class V, bool mirrored, class Keep, class P>
-ORV_INLINE void move_vectors(const P* src, P* dst, std::ptrdiff_t n)
-{
-    for (std::ptrdiff_t i = 0;; i = i + 2 * V::N <= n ? i + V::N : n - V::N) {
-        if constexpr (mirrored) {
-            const V moved = BackToFront<sizeof(P)>::reverse(simd::load<V>(src + n - V::N - i));
-            simd::store(dst + i, Keep::merge_many(moved, dst + i));
-        } else {
-            simd::store(dst + i, Keep::merge_many(simd::load<V>(src + i), dst + i));
-        }
-        if (i == n - V::N) return;
-    }
-}
-#endif
-
-// One row of a mirrored image: as it is, or back to front.
+// How pixels move: as they are or back to front, a vector or a single one at a time.
 template <bool mirrored, class Keep, int Bytes>
-ORV_INLINE void move_row(const Pixel<Bytes>* src, Pixel<Bytes>* dst, std::ptrdiff_t n)
+struct PixelMoves {
+    using P = Pixel<Bytes>;
+    static constexpr bool kMirrored = mirrored;
+
+    ORV_INLINE void one(const P* from, P* to) const { *to = Keep::merge(*from, to); }
+#if ORV_HAVE_VECTORS
+    using Wide = simd::vec<P, simd::int_widest>;
+    using Half = simd::vec<P, simd::int128>;
+
+    template <class V> ORV_INLINE V fetch(const P* p) const
+    {
+        const V v = simd::load<V>(p);
+        if constexpr (mirrored) return BackToFront<Bytes>::reverse(v);
+        return v;
+    }
+    template <class V> ORV_INLINE void store(P* p, V v) const { simd::store(p, Keep::merge_many(v, p)); }
+#endif
+};
+
+// Three-byte pixels back to front; a "vector" is a group.
+struct MirroredPixels3 {
+    using P = Pixel<3>;
+    static constexpr bool kMirrored = true;
+
+    ORV_INLINE void one(const P* from, P* to) const { *to = *from; }
+#if ORV_HAVE_BYTE_SHUFFLE
+    using Wide = Group3<simd::vec<uint8_t, simd::int_widest>>;
+    using Half = Group3<simd::vec<uint8_t, simd::int128>>;
+
+    Groups3<simd::int_widest, true> wide;
+    Groups3<simd::int128, true> half;
+
+    static const uint8_t* back_to_front()
+    {
+        static constexpr uint8_t from[48] = {45, 46, 47, 42, 43, 44, 39, 40, 41, 36, 37, 38, 33, 34, 35, 30,
+                                             31, 32, 27, 28, 29, 24, 25, 26, 21, 22, 23, 18, 19, 20, 15, 16,
+                                             17, 12, 13, 14, 9,  10, 11, 6,  7,  8,  3,  4,  5,  0,  1,  2};
+        return from;
+    }
+    MirroredPixels3() : wide(back_to_front()), half(back_to_front()) {}
+
+    template <class V> ORV_INLINE V fetch(const P* p) const
+    {
+        if constexpr (V::N == Wide::N) return fetch_group(wide, p->byte);
+        else return fetch_group(half, p->byte);
+    }
+    template <class V> ORV_INLINE void store(P* p, V g) const { store_group(p->byte, g); }
+#elif ORV_HAVE_VECTORS
+    struct Wide { static constexpr int N = 0; };  // no vectors without a byte shuffle
+    using Half = Wide;
+#endif
+};
+
+template <class Moves>
+ORV_INLINE void move_row(const Moves& moves, const typename Moves::P* src, typename Moves::P* dst, std::ptrdiff_t n)
 {
 #if ORV_HAVE_VECTORS
-    if constexpr (Bytes != 3) {
-        using Wide = simd::vec<Pixel<Bytes>, simd::int_widest>;
-        using Half = simd::vec<Pixel<Bytes>, simd::int128>;
-        if (n >= Wide::N) return move_vectors<Wide, mirrored, Keep>(src, dst, n);
-        if (n >= Half::N) return move_vectors<Half, mirrored, Keep>(src, dst, n);
+    if constexpr (Moves::Wide::N > 0) {
+        const auto run = [&](auto sample) {
+            using V = decltype(sample);
+            for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) {
+                moves.store(dst + i, moves.template fetch<V>(src + (Moves::kMirrored ? n - V::N - i : i)));
+            }
+            moves.store(dst + n - V::N, moves.template fetch<V>(src + (Moves::kMirrored ? 0 : n - V::N)));
+        };
+        if (n >= Moves::Wide::N) return run(typename Moves::Wide());
+        if (n >= Moves::Half::N) return run(typename Moves::Half());
     }
 #endif
-    for (std::ptrdiff_t x = 0; x < n; ++x) dst[x] = Keep::merge(src[mirrored ? n - 1 - x : x], dst + x);
+    for (std::ptrdiff_t i = 0; i < n; ++i) moves.one(src + (Moves::kMirrored ? n - 1 - i : i), dst + i);
 }
 
-template <class MoveRow>
-ORV_INLINE void each_row(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, int height, bool upside_down,
-                         MoveRow move)
+// Exchanges two rows, which may be one and the same where they are mirrored.
+template <class Moves>
+ORV_INLINE void exchange_rows(const Moves& moves, typename Moves::P* upper, typename Moves::P* lower, std::ptrdiff_t n)
 {
-    for (int y = 0; y < height; ++y) {
-        move(row_at(src, srcStep, y), row_at(dst, dstStep, upside_down ? height - 1 - y : y));
+    // In one row each exchange serves two places, so half the way is enough.
+    const std::ptrdiff_t end = upper == lower ? (n + 1) / 2 : n;
+    std::ptrdiff_t i = 0;
+#if ORV_HAVE_VECTORS
+    if constexpr (Moves::Wide::N > 0) {
+        const auto run = [&](auto sample) {
+            using V = decltype(sample);
+            for (; i + V::N <= end; i += V::N) {
+                auto* const a = upper + i;
+                auto* const b = lower + (Moves::kMirrored ? n - V::N - i : i);
+                const V from_upper = moves.template fetch<V>(a), from_lower = moves.template fetch<V>(b);
+                moves.store(b, from_upper);
+                moves.store(a, from_lower);
+            }
+        };
+        run(typename Moves::Wide());
+        run(typename Moves::Half());
+    }
+#endif
+    for (; i < end; ++i) {
+        auto* const a = upper + i;
+        auto* const b = lower + (Moves::kMirrored ? n - 1 - i : i);
+        const auto from_upper = *a;
+        moves.one(b, a);
+        moves.one(&from_upper, b);
     }
 }
 
-void mirror3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, bool upside_down)
+// Source and destination are separate images, or one and the same.
+template <class Moves>
+void mirror_rows(const void* src, int srcStep, void* dst, int dstStep, std::ptrdiff_t n, int height, bool upside_down)
 {
-#if ORV_HAVE_BYTE_SHUFFLE
-    const std::ptrdiff_t n = roi.width;
-    uint8_t from[48];
-    for (int b = 0; b < 48; ++b) from[b] = static_cast<uint8_t>(3 * (15 - b / 3) + b % 3);
-    const auto run = [&](auto groups) {
-        constexpr int pixels = decltype(groups)::kPixels;
-        // A vector of the mirrored group takes from the far end of the group it comes from.
-        each_row(src, srcStep, dst, dstStep, roi.height, upside_down, [&](const uint8_t* s, uint8_t* d) {
-            groups_row(groups, d, n, [s, n](std::ptrdiff_t i) { return s + 3 * (n - pixels - i); });
-        });
-    };
-    using Wide = Groups3<simd::int_widest, true>;
-    using Half = Groups3<simd::int128, true>;
-    if (n >= Wide::kPixels) return run(Wide(from));
-    if (n >= Half::kPixels) return run(Half(from));
-#endif
-    each_row(src, srcStep, dst, dstStep, roi.height, upside_down, [&](const uint8_t* s, uint8_t* d) {
-        move_row<true, WholePixel>(reinterpret_cast<const Pixel<3>*>(s), reinterpret_cast<Pixel<3>*>(d), roi.width);
-    });
+    using P = typename Moves::P;
+    const Moves moves;
+    const P* const s = static_cast<const P*>(src);
+    P* const d = static_cast<P*>(dst);
+    if (s == d && srcStep == dstStep) {
+        for (int y = 0; y < (upside_down ? (height + 1) / 2 : height); ++y) {
+            P* const lower = row_at(d, dstStep, upside_down ? height - 1 - y : y);
+            if (row_at(d, dstStep, y) != lower || Moves::kMirrored) exchange_rows(moves, row_at(d, dstStep, y), lower, n);
+        }
+    } else {
+        for (int y = 0; y < height; ++y) {
+            move_row(moves, row_at(s, srcStep, y), row_at(d, dstStep, upside_down ? height - 1 - y : y), n);
+        }
+    }
 }
 
 template <int Bytes, class Keep>
@@ -494,23 +574,13 @@ Status mirror(const void* src, int srcStep, void* dst, int dstStep, Size roi, in
     // A single row has no top and bottom to exchange, a single column no left and right.
     if ((upside_down && roi.height < 2) || (left_right && roi.width < 2)) return StatusBadSize;
 
-    const auto* const s = static_cast<const uint8_t*>(src);
-    auto* const d = static_cast<uint8_t*>(dst);
-    using P = Pixel<Bytes>;
-    if (left_right && Bytes == 3) {
-        mirror3(s, srcStep, d, dstStep, roi, upside_down);
-    } else if (left_right) {
-        each_row(s, srcStep, d, dstStep, roi.height, upside_down, [&](const uint8_t* from, uint8_t* to) {
-            move_row<true, Keep>(reinterpret_cast<const P*>(from), reinterpret_cast<P*>(to), roi.width);
-        });
-    } else if (std::is_same<Keep, WholePixel>::value) {
-        each_row(s, srcStep, d, dstStep, roi.height, true, [&](const uint8_t* from, uint8_t* to) {
-            copy_row(from, to, std::ptrdiff_t{roi.width} * Bytes);
-        });
+    if (left_right) {
+        using Moves = typename std::conditional<Bytes == 3, MirroredPixels3, PixelMoves<true, Keep, Bytes>>::type;
+        mirror_rows<Moves>(src, srcStep, dst, dstStep, roi.width, roi.height, upside_down);
+    } else if constexpr (std::is_same<Keep, WholePixel>::value) {
+        mirror_rows<PixelMoves<false, Keep, 1>>(src, srcStep, dst, dstStep, std::ptrdiff_t{roi.width} * Bytes, roi.height, true);
     } else {
-        each_row(s, srcStep, d, dstStep, roi.height, true, [&](const uint8_t* from, uint8_t* to) {
-            move_row<false, Keep>(reinterpret_cast<const P*>(from), reinterpret_cast<P*>(to), roi.width);
-        });
+        mirror_rows<PixelMoves<false, Keep, 4>>(src, srcStep, dst, dstStep, roi.width, roi.height, true);
     }
     return StatusOk;
 }

@@ -79,69 +79,21 @@ bool ImageProcessingWrapper::SwapChannels_8u_C4IR(unsigned char* srcDst, int src
 
 namespace {
 
-// Mirroring through a temporary of a few rows: rows from the top and the bottom are copied together
-// and written to each other's place. Rows that overlap need a copy of the whole image first.
+// The mirror kernels exchange pixels when source and destination are the same image.
 template <class T>
 bool mirror_in_place(const Operation<SrcDstAxis<T>>& mirror, T* srcDst, int step, int width, int height, int axis,
-                     int pixel_bytes)
+                     int lanes)
 {
-    if (srcDst == nullptr || width < 1 || height < 1) return false;
-    const long long row_bytes = static_cast<long long>(width) * pixel_bytes;
-    if ((row_bytes + 63) / 64 * 64 * height > 0x7FFFFFFF) return false;
-
-    constexpr int kBandBytes = 16384;
-    const bool rows_overlap = (step < 0 ? -static_cast<long long>(step) : step) < row_bytes;
-    int band = kBandBytes / static_cast<int>(row_bytes < kBandBytes ? row_bytes : kBandBytes);
-    if (band < 4) band = 4;  // two rows from either end: one row alone cannot be turned upside down
-    if (rows_overlap || band > height) band = height;
-
-    int copy_step = 0;
-    void* const memory = orv_allocate_image(width, band, pixel_bytes, &copy_step);
-    if (memory == nullptr) return false;
-    unsigned char* const copy = static_cast<unsigned char*>(memory);
-    unsigned char* const image = reinterpret_cast<unsigned char*>(srcDst);
-    const auto fetch = [&](int first, int rows, int at) {
-        orv_Copy_8u_C1(image + static_cast<long long>(step) * first, step,
-                       copy + static_cast<long long>(copy_step) * at, copy_step, {static_cast<int>(row_bytes), rows});
-    };
-    const auto put = [&](int at, int first, int rows, int how) {
-        return mirror(reinterpret_cast<T*>(copy + static_cast<long long>(copy_step) * at), copy_step,
-                      reinterpret_cast<T*>(image + static_cast<long long>(step) * first), step, {width, rows}, how);
-    };
-
-    Status status = StatusOk;
-    int top = 0, bottom = height;
-    while (status == StatusOk && bottom - top > band) {
-        if (axis == 1) {
-            fetch(top, band, 0);
-            status = put(0, top, band, axis);
-            top += band;
-        } else {
-            const int rows = band / 2;
-            fetch(top, rows, 0);
-            fetch(bottom - rows, rows, rows);
-            status = put(0, bottom - rows, rows, axis);
-            if (status == StatusOk) status = put(rows, top, rows, axis);
-            top += rows;
-            bottom -= rows;
-        }
-    }
-    const int rest = bottom - top;
-    if (status == StatusOk && rest > 0) {
-        fetch(top, rest, 0);
-        const bool middle_row = rest == 1 && height > 1;
-        // The middle row stays where it is; axis 2 still exchanges its left and right.
-        if (!middle_row || axis != 0) status = put(0, top, rest, middle_row ? 1 : axis);
-    }
-    orv_release(memory);
-    return status == StatusOk;
+    return in_place(srcDst, step, width, height, lanes, [=, &mirror](const Tile& tile) {
+               return mirror(static_cast<const T*>(tile.copy), tile.copyStep, srcDst, step, tile.size, axis);
+           }) == StatusOk;
 }
 
 }  // namespace
 
 bool ImageProcessingWrapper::Mirror_16u_C1I(unsigned short* srcDst, int srcDstStep, int width, int height, int axis)
 {
-    return mirror_in_place(orv_Mirror_16u_C1, srcDst, srcDstStep, width, height, axis, 2);
+    return mirror_in_place(orv_Mirror_16u_C1, srcDst, srcDstStep, width, height, axis, 1);
 }
 bool ImageProcessingWrapper::Mirror_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis)
 {
