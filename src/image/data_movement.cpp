@@ -599,35 +599,45 @@ ORV_INLINE void transpose_plain(const Word* src, int srcStep, Word* dst, int dst
 
 #if ORV_HAVE_INT256
 constexpr int kBlock = 8;
+// Four source rows and the four below them, side by side: columns come out in memory order, without a
+// crossing of the halves.
+ORV_INLINE __m256 two_rows(const Word* src, int srcStep, int row)
+{
+    const float* const upper = reinterpret_cast<const float*>(row_at(src, srcStep, row));
+    const float* const lower = reinterpret_cast<const float*>(row_at(src, srcStep, row + 4));
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(upper)), _mm_loadu_ps(lower), 1);
+}
+ORV_INLINE void transpose_half_block(const Word* src, int srcStep, Word* dst, int dstStep)
+{
+    const __m256 r0 = two_rows(src, srcStep, 0), r1 = two_rows(src, srcStep, 1);
+    const __m256 r2 = two_rows(src, srcStep, 2), r3 = two_rows(src, srcStep, 3);
+    const __m256 a = _mm256_unpacklo_ps(r0, r1), b = _mm256_unpackhi_ps(r0, r1);
+    const __m256 c = _mm256_unpacklo_ps(r2, r3), d = _mm256_unpackhi_ps(r2, r3);
+    const auto store_column = [=](int column, __m256 v) {
+        _mm256_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, column)), v);
+    };
+    store_column(0, _mm256_shuffle_ps(a, c, 0x44));
+    store_column(1, _mm256_shuffle_ps(a, c, 0xEE));
+    store_column(2, _mm256_shuffle_ps(b, d, 0x44));
+    store_column(3, _mm256_shuffle_ps(b, d, 0xEE));
+}
 ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
 {
-    // Rows y and y + 4 share a register, so that the last step needs no lane crossing.
-    __m256 r[8];
-    for (int i = 0; i < 4; ++i) {
-        for (int h = 0; h < 2; ++h) {
-            const float* const upper = reinterpret_cast<const float*>(row_at(src, srcStep, i) + 4 * h);
-            const float* const lower = reinterpret_cast<const float*>(row_at(src, srcStep, i + 4) + 4 * h);
-            r[i + 4 * h] = _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(upper)), _mm_loadu_ps(lower), 1);
-        }
-    }
-    for (int h = 0; h < 2; ++h) {
-        const __m256 a = _mm256_unpacklo_ps(r[4 * h], r[4 * h + 1]), b = _mm256_unpackhi_ps(r[4 * h], r[4 * h + 1]);
-        const __m256 c = _mm256_unpacklo_ps(r[4 * h + 2], r[4 * h + 3]), d = _mm256_unpackhi_ps(r[4 * h + 2], r[4 * h + 3]);
-        const __m256 columns[4] = {_mm256_shuffle_ps(a, c, 0x44), _mm256_shuffle_ps(a, c, 0xEE),
-                                   _mm256_shuffle_ps(b, d, 0x44), _mm256_shuffle_ps(b, d, 0xEE)};
-        for (int i = 0; i < 4; ++i) {
-            _mm256_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, 4 * h + i)), columns[i]);
-        }
-    }
+    transpose_half_block(src, srcStep, dst, dstStep);
+    transpose_half_block(src + 4, srcStep, row_at(dst, dstStep, 4), dstStep);
 }
 #elif ORV_HAVE_VECTORS
 constexpr int kBlock = 4;
 ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
 {
-    __m128 r[4];
-    for (int i = 0; i < 4; ++i) r[i] = _mm_loadu_ps(reinterpret_cast<const float*>(row_at(src, srcStep, i)));
-    _MM_TRANSPOSE4_PS(r[0], r[1], r[2], r[3]);
-    for (int i = 0; i < 4; ++i) _mm_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, i)), r[i]);
+    const auto row = [=](int i) { return _mm_loadu_ps(reinterpret_cast<const float*>(row_at(src, srcStep, i))); };
+    __m128 r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
+    _MM_TRANSPOSE4_PS(r0, r1, r2, r3);
+    const auto store_column = [=](int i, __m128 v) { _mm_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, i)), v); };
+    store_column(0, r0);
+    store_column(1, r1);
+    store_column(2, r2);
+    store_column(3, r3);
 }
 #endif
 
