@@ -1,8 +1,6 @@
 // The argument lists that many operations share. T is the pixel type of the operands.
 #pragma once
 
-#include <cstdint>
-
 #include "core/operation.h"
 
 namespace orv {
