@@ -51,7 +51,9 @@ endif()
 # Compiles everything that is not a kernel: the lowest level, the code every processor can run.
 function(orvane_common_options target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
-  target_compile_definitions(${target} PRIVATE ORVANE_BUILDING)
+  if(NOT WIN32)
+    target_compile_definitions(${target} PRIVATE ORVANE_BUILDING)
+  endif()
   target_compile_options(${target} PRIVATE ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_px})
 endfunction()
 

@@ -1,0 +1,64 @@
+# orvane.dll: a DLL whose exported classes hosts of both Windows worlds can link.
+#
+# The facade is compiled twice: by clang for the Microsoft ABI, with dllexport, so that decorated names,
+# virtual tables and calling conventions come out right by themselves; and by MinGW, whose names are
+# exported by a definition file. Kernels and common code are MinGW's alone, behind C linkage. lld-link puts
+# them together: GNU ld mangles the decorated names.
+
+find_program(ORVANE_CLANG clang++ REQUIRED)
+find_program(ORVANE_LLD_LINK NAMES lld-link lld-link-14 REQUIRED)
+find_program(ORVANE_NM i686-w64-mingw32-nm REQUIRED)
+find_program(ORVANE_DLLTOOL i686-w64-mingw32-dlltool REQUIRED)
+
+# orvane_windows_dll(OBJECTS <object expressions> FACADE <sources, relative to src>)
+function(orvane_windows_dll)
+  cmake_parse_arguments(PARSE_ARGV 0 dll "" "" "OBJECTS;FACADE")
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/dll)
+  set(sources ${PROJECT_SOURCE_DIR}/src)
+
+  # The Microsoft side.
+  set(microsoft_objects "")
+  foreach(source ${dll_FACADE} facade/windows/runtime.cpp)
+    string(REPLACE "/" "_" name ${source})
+    set(object ${folder}/${name}.obj)
+    add_custom_command(OUTPUT ${object}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+      COMMAND ${ORVANE_CLANG} --target=i686-pc-windows-msvc -ffreestanding -fno-exceptions -fno-rtti -std=c++17
+        -O2 -march=i686 -Wall -Wextra -DORVANE_BUILDING -I${sources} -I${PROJECT_SOURCE_DIR}/include
+        -MD -MF ${object}.d -c ${sources}/${source} -o ${object}
+      DEPENDS ${sources}/${source} DEPFILE ${object}.d VERBATIM)
+    list(APPEND microsoft_objects ${object})
+  endforeach()
+
+  # The MinGW side.
+  list(TRANSFORM dll_FACADE PREPEND ${sources}/ OUTPUT_VARIABLE facade_sources)
+  add_library(orvane_mingw_facade OBJECT ${facade_sources} ${sources}/facade/windows/runtime.cpp)
+  orvane_common_options(orvane_mingw_facade)
+  target_compile_definitions(orvane_mingw_facade PRIVATE ORVANE_STATIC)  # exported by the definition file
+  target_compile_options(orvane_mingw_facade PRIVATE -fno-exceptions -fno-rtti)
+
+  set(definitions ${folder}/orvane.def)
+  add_custom_command(OUTPUT ${definitions}
+    COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_mingw_facade>"
+      -DOUTPUT=${definitions} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
+    DEPENDS orvane_mingw_facade $<TARGET_OBJECTS:orvane_mingw_facade> VERBATIM)
+
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
+    OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  set(libraries /usr/i686-w64-mingw32/lib)
+  # /Brepro: no time stamp, so that a rebuild gives the same bytes.
+  set(response ${folder}/objects.rsp)
+  file(GENERATE OUTPUT ${response} CONTENT
+    "$<JOIN:${dll_OBJECTS},\n>\n$<JOIN:$<TARGET_OBJECTS:orvane_mingw_facade>,\n>\n$<JOIN:${microsoft_objects},\n>\n")
+  add_custom_command(OUTPUT ${folder}/orvane.dll ${folder}/orvane.lib ${folder}/liborvane.dll.a
+    COMMAND ${ORVANE_LLD_LINK} /dll /machine:x86 /safeseh:no /nodefaultlib /Brepro /entry:orv_dll_entry
+      /def:${definitions} /out:${folder}/orvane.dll /implib:${folder}/orvane.lib @${response}
+      ${libgcc} ${libraries}/libmsvcrt.a ${libraries}/libkernel32.a
+    COMMAND ${ORVANE_DLLTOOL} -k -d ${definitions} -D orvane.dll -l ${folder}/liborvane.dll.a
+    DEPENDS ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} VERBATIM)
+  add_custom_target(orvane_dll ALL DEPENDS ${folder}/orvane.dll)
+
+  install(FILES ${folder}/orvane.dll DESTINATION bin)
+  install(FILES ${folder}/orvane.lib ${folder}/liborvane.dll.a DESTINATION lib)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION include/orvane FILES_MATCHING PATTERN "*.h")
+endfunction()
