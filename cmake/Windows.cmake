@@ -30,18 +30,15 @@ function(orvane_windows_dll)
     list(APPEND microsoft_objects ${object})
   endforeach()
 
-  # The MinGW side.
-  list(TRANSFORM dll_FACADE PREPEND ${sources}/ OUTPUT_VARIABLE facade_sources)
-  add_library(orvane_mingw_facade OBJECT ${facade_sources} ${sources}/facade/windows/runtime.cpp)
-  orvane_common_options(orvane_mingw_facade)
-  target_compile_definitions(orvane_mingw_facade PRIVATE ORVANE_STATIC)  # exported by the definition file
-  target_compile_options(orvane_mingw_facade PRIVATE -fno-exceptions -fno-rtti)
+  # The MinGW side: the facade as the tests have it, and a runtime for it.
+  add_library(orvane_windows_runtime OBJECT ${sources}/facade/windows/runtime.cpp)
+  set(mingw_objects "$<TARGET_OBJECTS:orvane_facade>" "$<TARGET_OBJECTS:orvane_windows_runtime>")
 
   set(definitions ${folder}/orvane.def)
   add_custom_command(OUTPUT ${definitions}
-    COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_mingw_facade>"
+    COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_facade>"
       -DOUTPUT=${definitions} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
-    DEPENDS orvane_mingw_facade $<TARGET_OBJECTS:orvane_mingw_facade> VERBATIM)
+    DEPENDS orvane_facade $<TARGET_OBJECTS:orvane_facade> VERBATIM)
 
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
     OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -49,13 +46,13 @@ function(orvane_windows_dll)
   # /Brepro: no time stamp, so that a rebuild gives the same bytes.
   set(response ${folder}/objects.rsp)
   file(GENERATE OUTPUT ${response} CONTENT
-    "$<JOIN:${dll_OBJECTS},\n>\n$<JOIN:$<TARGET_OBJECTS:orvane_mingw_facade>,\n>\n$<JOIN:${microsoft_objects},\n>\n")
+    "$<JOIN:${dll_OBJECTS},\n>\n$<JOIN:${mingw_objects},\n>\n$<JOIN:${microsoft_objects},\n>\n")
   add_custom_command(OUTPUT ${folder}/orvane.dll ${folder}/orvane.lib ${folder}/liborvane.dll.a
     COMMAND ${ORVANE_LLD_LINK} /dll /machine:x86 /safeseh:no /nodefaultlib /Brepro /entry:orv_dll_entry
       /def:${definitions} /out:${folder}/orvane.dll /implib:${folder}/orvane.lib @${response}
       ${libgcc} ${libraries}/libmsvcrt.a ${libraries}/libkernel32.a
     COMMAND ${ORVANE_DLLTOOL} -k -d ${definitions} -D orvane.dll -l ${folder}/liborvane.dll.a
-    DEPENDS ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} VERBATIM)
+    DEPENDS ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} ${mingw_objects} VERBATIM)
   add_custom_target(orvane_dll ALL DEPENDS ${folder}/orvane.dll)
 
   install(FILES ${folder}/orvane.dll DESTINATION bin)

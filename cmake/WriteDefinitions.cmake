@@ -8,9 +8,6 @@ set(text "EXPORTS\n")
 foreach(symbol ${symbols})
   # Without the underscore that every C name has on this platform; the linker puts it back.
   string(REGEX REPLACE "^. _" "" name ${symbol})
-  if(name MATCHES "^_Z(nw|dl)")
-    continue()  # the runtime's operators are the library's own business
-  endif()
   if(symbol MATCHES "^[DBR] " OR name MATCHES "^_ZTV")
     string(APPEND name " DATA")
   endif()

@@ -67,6 +67,19 @@ elif check "build, 32 bit" build i386; then
     fi
 fi
 
+if ! command -v i686-w64-mingw32-g++-posix > /dev/null || ! { command -v lld-link || command -v lld-link-14; } > /dev/null; then
+    skip "Windows" "MinGW or lld is not there"
+elif check "build, Windows" build windows; then
+    check "exports, Windows" tests/check_exports.sh build/windows/src/dll/orvane.dll
+    check "kernel symbols, Windows" bash -c 'NM=i686-w64-mingw32-nm tests/check_kernel_symbols.sh $(find build/windows/src -path "*kernel_*" -name "*.obj")'
+    if scripts/wine.sh --set-up; then
+        tests "tests, Windows under Wine" scripts/wine.sh build/windows/tests/orvane_tests.exe
+        check "hosts of both Windows worlds" scripts/check_windows_hosts.sh build/windows
+    else
+        skip "Wine" "its packages cannot be had"
+    fi
+fi
+
 if ! echo 'int main(){}' | clang++ -fsanitize=address,undefined -x c++ - -o /dev/null 2> /dev/null; then
     skip "sanitizers" "clang with its runtime is not there"
 elif check "build, sanitizers" build asan; then

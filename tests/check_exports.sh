@@ -1,13 +1,21 @@
 #!/bin/sh
 # Compares what the library shows to the outside with the list kept in the tree.
 # Usage: check_exports.sh LIBRARY [--update]
-list=$(dirname "$0")/exports.txt
-shown=$(nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]* [A-Za-z] //' | grep -v '^ORVANE' | sort -u)
+case "$1" in
+*.dll)
+    list=$(dirname "$0")/exports_windows.txt
+    shown=$(i686-w64-mingw32-objdump -p "$1" | sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/s/^\t\[ *[0-9]*\] //p' | sort -u)
+    ;;
+*)
+    list=$(dirname "$0")/exports.txt
+    shown=$(nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]* [A-Za-z] //' | sort -u)
+    ;;
+esac
 if [ "$2" = --update ]; then
     printf '%s\n' "$shown" > "$list"
     exit 0
 fi
 printf '%s\n' "$shown" | diff "$list" - > /dev/null && exit 0
-echo "exports differ from tests/exports.txt (< listed, > in the library):"
+echo "exports differ from $list (< listed, > in the library):"
 printf '%s\n' "$shown" | diff "$list" - | grep '^[<>]' | head -n 40
 exit 1

@@ -1,6 +1,7 @@
 #!/bin/sh
 # Code compiled for a level must define no symbol outside that level's namespace: the linker merges
 # inline functions of equal names, and the copy with the newer instructions may be the one that stays.
+# NM names the tool where the objects are not this machine's own.
 # Usage: check_kernel_symbols.sh OBJECT...   (.../kernel_<family>_<level>.dir/...)
 failed=0
 checked=0
@@ -13,7 +14,7 @@ for object in "$@"; do
     checked=$((checked + 1))
     # External symbols, weak ones included. 32-bit position-independent code shares one tiny helper,
     # whose copies are the same at every level.
-    foreign=$(nm -gC --defined-only "$object" | grep -vE "(^|[^a-z0-9_])$level::|__x86\.get_pc_thunk\.|DW\.ref\.")
+    foreign=$("${NM:-nm}" -gC --defined-only "$object" | grep -vE "(^|[^a-z0-9_])$level::|__x86\.get_pc_thunk\.|DW\.ref\.")
     if [ -n "$foreign" ]; then
         echo "$object defines symbols outside $level:"
         echo "$foreign" | head -n 10

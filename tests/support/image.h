@@ -1,15 +1,13 @@
 // Images for tests: every byte around the region is known, and compared after the call.
 #pragma once
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <vector>
 
+#include "support/pages.h"
 #include "support/random.h"
 
 namespace test {
@@ -20,18 +18,13 @@ public:
     static constexpr int kRows = 4;
     static constexpr int kRowBytes = 8192;
     static constexpr int kStep = 2 * kRowBytes;
+    static constexpr std::size_t kBytes = kStep * kRows + kRowBytes;
 
-    FencedRows()
+    FencedRows() : base_(reserve_pages(kBytes) + kRowBytes)
     {
-        const std::size_t bytes = kStep * kRows + kRowBytes;
-        void* const p = mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        if (p == MAP_FAILED) std::abort();
-        base_ = static_cast<unsigned char*>(p) + kRowBytes;
-        for (int y = 0; y < kRows; ++y) {
-            if (mprotect(base_ + kStep * y, kRowBytes, PROT_READ | PROT_WRITE) != 0) std::abort();
-        }
+        for (int y = 0; y < kRows; ++y) open_pages(row(y), kRowBytes);
     }
-    ~FencedRows() { munmap(base_ - kRowBytes, kStep * kRows + kRowBytes); }
+    ~FencedRows() { release_pages(base_ - kRowBytes, kBytes); }
     FencedRows(const FencedRows&) = delete;
     FencedRows& operator=(const FencedRows&) = delete;
 
