@@ -16,29 +16,36 @@ inline Wide root(std::size_t k, std::size_t n)
     return {std::cos(angle), std::sin(angle)};
 }
 
-// By the definition for short ones, by halves for long ones.
-inline std::vector<Wide> dft(const std::vector<Wide>& x)
+// The transform of the n values that lie `stride` apart: by the definition for short ones, by halves
+// for long ones. `roots` are those of n * stride.
+inline void dft(const Wide* x, std::size_t n, std::size_t stride, const std::vector<Wide>& roots, Wide* result)
 {
-    const std::size_t n = x.size();
-    std::vector<Wide> result(n);
     if (n <= 8) {
         for (std::size_t k = 0; k < n; ++k) {
-            for (std::size_t i = 0; i < n; ++i) result[k] += x[i] * root(k * i, n);
+            result[k] = 0;
+            for (std::size_t i = 0; i < n; ++i) result[k] += x[i * stride] * roots[k * i % n * stride];
         }
-        return result;
+        return;
     }
-    std::vector<Wide> even(n / 2), odd(n / 2);
-    for (std::size_t i = 0; i < n / 2; ++i) {
-        even[i] = x[2 * i];
-        odd[i] = x[2 * i + 1];
-    }
-    even = dft(even);
-    odd = dft(odd);
+    dft(x, n / 2, 2 * stride, roots, result);
+    dft(x + stride, n / 2, 2 * stride, roots, result + n / 2);
     for (std::size_t k = 0; k < n / 2; ++k) {
-        const Wide t = odd[k] * root(k, n);
-        result[k] = even[k] + t;
-        result[k + n / 2] = even[k] - t;
+        const Wide e = result[k], w = roots[k * stride], o = result[k + n / 2];
+        const Wide t(o.real() * w.real() - o.imag() * w.imag(), o.real() * w.imag() + o.imag() * w.real());
+        result[k] = e + t;
+        result[k + n / 2] = e - t;
     }
+}
+
+inline std::vector<Wide> dft(const std::vector<Wide>& x)
+{
+    static std::vector<Wide> roots;
+    if (roots.size() != x.size()) {
+        roots.resize(x.size());
+        for (std::size_t k = 0; k < x.size(); ++k) roots[k] = root(k, x.size());
+    }
+    std::vector<Wide> result(x.size());
+    dft(x.data(), x.size(), 1, roots, result.data());
     return result;
 }
 
