@@ -12,6 +12,13 @@ namespace fft {
 namespace ORV_LEVEL {
 namespace {
 
+void forward_any(const RealPlan& plan, const float* src, float* dst, float* work)
+{
+    if (plan.order <= kSmallOrder) small_forward(plan.order, src, dst);
+    else if (plan.order == 6) forward_64(plan, src, dst);
+    else forward_real(plan, src, dst, work);
+}
+
 double* root_tables(int order, unsigned char* initBuffer)
 {
     return order > kTableFreeOrder ? at_boundary<double>(initBuffer) : nullptr;
@@ -47,7 +54,7 @@ Status Fft2Init(Fft2Spec** spec, int orderX, int orderY, int flag, int hint, uns
     record->tag = kFft2Tag;
     record->hint = hint;
     set_scaling(record, orderX + orderY, flag);
-    record->rows = make_real_plan(orderX, roots, parts);
+    record->rows = make_row_plan(orderX, roots, parts);
     record->columns = make_line_plan(orderY, roots, parts);
     *spec = record;
     return StatusOk;

@@ -17,6 +17,7 @@ constexpr int kLineFloats = 2 * kLanes;
 
 constexpr int kMaxOrder = 28;
 constexpr int kSmallOrder = 5;      // the longest transform that needs no tables
+constexpr int kNarrowOrder = 6;     // of the widest image whose rows are transformed side by side
 constexpr int kTableFreeOrder = 10;  // the longest one that is built without an initialisation buffer
 
 enum Normalisation : int { kScaleForward = 1, kScaleInverse = 2, kScaleBoth = 4, kScaleNone = 8 };
@@ -94,10 +95,13 @@ static inline constexpr long long real_plan_bytes(int order)
     if (order <= kSmallOrder) return 0;
     return line_plan_bytes(line_order(order)) + split_bytes(order) + join_bytes(order);
 }
-static inline constexpr long long real_work_bytes(int order)
+static inline constexpr long long real_work_bytes(int order) { return order <= kSmallOrder ? 0 : 4LL << order; }
+
+// The rows of an image, see narrow_rows.h for the first case.
+static inline constexpr long long row_plan_bytes(int order)
 {
-    if (order <= kSmallOrder) return 0;
-    return order == 6 ? 8 * kLineFloats * 4 : 4LL << order;  // 64 samples have five lines at one point
+    if (order > kNarrowOrder) return real_plan_bytes(order);
+    return line_plan_bytes(order - 1) + padded(8 * ((1LL << order) / 4 + 1));
 }
 
 // Tables of roots for building: see roots.h.
@@ -112,6 +116,7 @@ constexpr int kSlack = 64;
 static inline constexpr long long columns_of_lines(int orderX) { return orderX <= 4 ? 1 : 1LL << (orderX - 4); }
 // One more line than rows: columns would otherwise meet in the same sets of the caches.
 static inline constexpr long long column_lines(int orderY) { return (1LL << orderY) + 1; }
+constexpr int kRows = 8;  // row spectra that are kept before they go into columns
 static inline constexpr long long row_bytes_ccs(int orderX) { return padded(4 * ((1LL << orderX) + 2)) + 64; }
 
 struct FftSizes {
@@ -133,9 +138,9 @@ static inline constexpr FftSizes fft2_sizes(int orderX, int orderY)
 {
     const int longer = orderX > orderY ? orderX : orderY;
     FftSizes s = {};
-    s.spec = padded(sizeof(Fft2Spec)) + real_plan_bytes(orderX) + line_plan_bytes(orderY) + kSlack;
+    s.spec = padded(sizeof(Fft2Spec)) + row_plan_bytes(orderX) + line_plan_bytes(orderY) + kSlack;
     s.init = longer > kTableFreeOrder ? root_table_bytes(longer) + kSlack : 0;
-    s.work = columns_of_lines(orderX) * column_lines(orderY) * kLineFloats * 4 + row_bytes_ccs(orderX) +
+    s.work = columns_of_lines(orderX) * column_lines(orderY) * kLineFloats * 4 + kRows * row_bytes_ccs(orderX) +
              padded(real_work_bytes(orderX)) + kSlack;
     return s;
 }

@@ -52,15 +52,22 @@ inline LinePlan make_line_plan(int order, const Roots& roots, Parts& parts)
     return {twiddles, position, order};
 }
 
+// W^k of a split of 2^order real values, k = 0 to a quarter of them.
+inline float* make_split(int order, long long bytes, const Roots& roots, Parts& parts)
+{
+    float* const split = parts.take<float>(bytes);
+    for (std::uint64_t k = 0; k <= (std::uint64_t{1} << order) / 4; ++k) {
+        roots.get(k, order, 1.0, split + 2 * k, split + 2 * k + 1);
+    }
+    return split;
+}
+
 inline RealPlan make_real_plan(int order, const Roots& roots, Parts& parts)
 {
     if (order <= kSmallOrder) return {{nullptr, nullptr, 0}, nullptr, nullptr, order};
     const int lines = line_order(order);
     const LinePlan plan = make_line_plan(lines, roots, parts);
-    float* const split = parts.take<float>(split_bytes(order));
-    for (std::uint64_t k = 0; k <= (std::uint64_t{1} << lines) / 2; ++k) {
-        roots.get(k, lines + 1, 1.0, split + 2 * k, split + 2 * k + 1);
-    }
+    const float* const split = make_split(lines + 1, split_bytes(order), roots, parts);
     float* const join = parts.take<float>(join_bytes(order));
     float* w = join;
     for (int group = 0; group < join_groups(order); ++group) {
@@ -72,6 +79,13 @@ inline RealPlan make_real_plan(int order, const Roots& roots, Parts& parts)
         }
     }
     return {plan, split, join, order};
+}
+
+inline RealPlan make_row_plan(int order, const Roots& roots, Parts& parts)
+{
+    if (order > kNarrowOrder) return make_real_plan(order, roots, parts);
+    const LinePlan plan = make_line_plan(order - 1, roots, parts);
+    return {plan, make_split(order, row_plan_bytes(order) - line_plan_bytes(order - 1), roots, parts), nullptr, order};
 }
 
 // 1/N or 1/sqrt(N) for N = 2^order, by what the flag asks for.

@@ -1,29 +1,17 @@
 // Transforms of W x H real images, to and from RCPack2D.
 //
-// Rows are real transforms. Their W/2 - 1 complex columns are gathered eight at a time into columns of
+// Rows are real transforms, those of narrow images eight at a time. Their W/2 - 1 complex columns are gathered eight at a time into columns of
 // lines (line_fft.h), so that the column transforms are vertical in every respect. Columns 0 and W/2
 // of the row spectra are real: they travel as real and imaginary part of one complex column, lane 0 of
 // the first column of lines, and are taken apart at the end.
 #pragma once
 
+#include "spectral/narrow_rows.h"
 #include "spectral/real_fft.h"
-#include "spectral/small_fft.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
 namespace {
-
-inline void forward_any(const RealPlan& plan, const float* src, float* dst, float* work)
-{
-    if (plan.order <= kSmallOrder) small_forward(plan.order, src, dst);
-    else if (plan.order == 6) forward_64(plan, src, dst);
-    else forward_real(plan, src, dst, work);
-}
-inline void inverse_any(const RealPlan& plan, const float* src, float* dst, float* work, float factor)
-{
-    if (plan.order <= kSmallOrder) small_inverse(plan.order, src, dst, factor);
-    else inverse_real(plan, src, dst, work, factor);
-}
 
 class Plane {
 public:
@@ -31,19 +19,20 @@ public:
         : rows_(spec.rows), columns_(spec.columns), width_(1 << spec.rows.order), height_(1 << spec.columns.order),
           columns_of_lines_(static_cast<int>(columns_of_lines(spec.rows.order))), lines_(at_boundary<float>(memory)),
           row_(lines_ + columns_of_lines_ * column_floats()),
-          work_(row_ + row_bytes_ccs(spec.rows.order) / static_cast<int>(sizeof(float)))
+          work_(row_ + kRows * row_bytes_ccs(spec.rows.order) / static_cast<int>(sizeof(float)))
     {
     }
 
     void forward(const float* src, int srcStep, float* dst, int dstStep, float factor) const
     {
-        // Narrow images leave lanes unused: those hold zeros.
-        if (width_ < kLineFloats) __builtin_memset(row_, 0, kLineFloats * sizeof(float));
-        for (int y = 0; y < height_; ++y) {
-            forward_any(rows_, row_at(src, srcStep, y), row_, work_);
-            row_[1] = row_[width_];
-            if (width_ < kLineFloats) row_[width_] = 0.0f;
-            for (int c = 0; c < columns_of_lines_; ++c) load_complex(line(c, y), row_ + c * kLineFloats);
+        if (is_narrow()) {
+            NarrowRows rows(rows_);
+            for (int y = 0; y < height_; y += kLanes) {
+                rows.forward(row_at(src, srcStep, y), srcStep, rows_from(y), [=](int c, int r) { return line(c, y + r); });
+            }
+            factor *= 0.5f;
+        } else {
+            forward_rows(src, srcStep);
         }
         for (int first = 0; first < columns_of_lines_; first += kBlock) {
             const int end = first + kBlock < columns_of_lines_ ? first + kBlock : columns_of_lines_;
@@ -69,18 +58,50 @@ public:
             }
             for (int c = first; c < end; ++c) transform_lines<true>(columns_, line(c, 0), line(c, 0));
         }
-        for (int y = 0; y < height_; ++y) {
-            const int at = columns_.position[y];
-            for (int c = 0; c < columns_of_lines_; ++c) store_complex(row_ + c * kLineFloats, line(c, at));
-            row_[width_] = row_[1];
-            row_[1] = row_[width_ + 1] = 0.0f;
-            inverse_any(rows_, row_, row_at(dst, dstStep, y), work_, factor);
+        if (is_narrow()) {
+            NarrowRows rows(rows_);
+            for (int y = 0; y < height_; y += kLanes) {
+                rows.inverse([=](int c, int r) { return line(c, columns_.position[y + r]); }, row_at(dst, dstStep, y), dstStep,
+                             rows_from(y), factor);
+            }
+        } else {
+            inverse_rows(dst, dstStep, factor);
         }
     }
 
 private:
     using V = Widest;
     static constexpr int kBlock = 4;  // columns of lines that are packed together: whole cache lines
+
+    bool is_narrow() const { return rows_.order <= kNarrowOrder; }
+    int rows_from(int y) const { return height_ - y < kLanes ? height_ - y : kLanes; }
+
+    // Wide rows: each by itself, then into the columns several at a time, which stay on a page longer.
+    void forward_rows(const float* src, int srcStep) const
+    {
+        const std::ptrdiff_t row_floats = row_bytes_ccs(rows_.order) / static_cast<int>(sizeof(float));
+        for (int y = 0; y < height_; y += kRows) {
+            const int rows = height_ - y < kRows ? height_ - y : kRows;
+            for (int r = 0; r < rows; ++r) {
+                float* const row = row_ + r * row_floats;
+                forward_real(rows_, row_at(src, srcStep, y + r), row, work_);
+                row[1] = row[width_];
+            }
+            for (int c = 0; c < columns_of_lines_; ++c) {
+                for (int r = 0; r < rows; ++r) load_complex(line(c, y + r), row_ + r * row_floats + c * kLineFloats);
+            }
+        }
+    }
+    void inverse_rows(float* dst, int dstStep, float factor) const
+    {
+        for (int y = 0; y < height_; ++y) {
+            const int at = columns_.position[y];
+            for (int c = 0; c < columns_of_lines_; ++c) store_complex(row_ + c * kLineFloats, line(c, at));
+            row_[width_] = row_[1];
+            row_[1] = row_[width_ + 1] = 0.0f;
+            inverse_real(rows_, row_, row_at(dst, dstStep, y), work_, factor);
+        }
+    }
 
     std::ptrdiff_t column_floats() const { return (std::ptrdiff_t{height_} + 1) * kLineFloats; }
     float* line(int column, int y) const { return lines_ + column * column_floats() + std::ptrdiff_t{y} * kLineFloats; }
@@ -175,7 +196,7 @@ private:
     const LinePlan& columns_;
     int width_, height_, columns_of_lines_;
     float* lines_;  // columns of height + 1 lines
-    float* row_;    // the spectrum of a row
+    float* row_;    // the spectra of kRows rows
     float* work_;   // of the row transforms
 };
 

@@ -336,7 +336,7 @@ ORV_INLINE void store_scaled(float* dst, const float* line, Widest factor)
     for (int i = 0; i < kLineFloats; i += V::N) store_lanes(dst + i, Lanes<V>::load(line + i) * factor);
 }
 
-// `factor` times the sum over all k of X[k] exp(+2 pi i k n / N). Imaginary parts of X[0] and X[N/2]
+// For N >= 128: `factor` times the sum over all k of X[k] exp(+2 pi i k n / N). Imaginary parts of X[0] and X[N/2]
 // count as zero.
 inline void inverse_real(const RealPlan& plan, const float* src, float* dst, float* work, float factor)
 {
@@ -345,13 +345,8 @@ inline void inverse_real(const RealPlan& plan, const float* src, float* dst, flo
     const Widest twice = Lanes<Widest>::splat(2 * factor);  // the lines hold halves
     alignas(64) float last[kLineFloats];
 
-    if (count == 4) {
-        unjoin_group(plan, src, 0, line, count);
-        __builtin_memcpy(last, line(4), sizeof(last));
-    } else {
-        for (std::ptrdiff_t g = 0; g < count / 8; ++g) unjoin_group(plan, src, g, line, count);
-        unjoin_last(src, last, count);
-    }
+    for (std::ptrdiff_t g = 0; g < count / 8; ++g) unjoin_group(plan, src, g, line, count);
+    unjoin_last(src, last, count);
     unsplit_first(work, last);
     for (std::ptrdiff_t k = 1; k <= count / 2; ++k) unsplit_pair(line(k), line(count - k), plan.split + 2 * k);
     transform_lines<true>(plan.lines, work, work);

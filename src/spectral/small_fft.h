@@ -1,4 +1,4 @@
-// Transforms of 1 to 32 real samples, to and from the CCS layout, on single numbers: a complex
+// Transforms of 1 to 32 real samples to the CCS layout, on single numbers: a complex
 // transform of half the length, split as usual. They need no tables but the roots below.
 #pragma once
 
@@ -21,35 +21,34 @@ ORV_INLINE Complex<One> root32(int k)
 }
 
 // n values that lie `stride` apart, n from 1 to 16.
-template <int n, bool inverse>
+template <int n>
 struct SmallTransform {
     static void run(const Complex<One>* src, int stride, Complex<One>* dst)
     {
         constexpr int half = n / 2;
-        SmallTransform<half, inverse>::run(src, 2 * stride, dst);
-        SmallTransform<half, inverse>::run(src + stride, 2 * stride, dst + half);
+        SmallTransform<half>::run(src, 2 * stride, dst);
+        SmallTransform<half>::run(src + stride, 2 * stride, dst + half);
         for (int k = 0; k < half; ++k) {
             const Complex<One> w = root32(k * (32 / n));
-            const Complex<One> e = dst[k], o = inverse ? times_conj(dst[k + half], w) : dst[k + half] * w;
+            const Complex<One> e = dst[k], o = dst[k + half] * w;
             dst[k] = e + o;
             dst[k + half] = e - o;
         }
     }
 };
-template <bool inverse>
-struct SmallTransform<1, inverse> {
+template <>
+struct SmallTransform<1> {
     static void run(const Complex<One>* src, int, Complex<One>* dst) { dst[0] = src[0]; }
 };
 
-template <bool inverse>
 ORV_INLINE void small_transform(int order, const Complex<One>* src, Complex<One>* dst)
 {
     switch (order) {
-        case 0: SmallTransform<1, inverse>::run(src, 1, dst); break;
-        case 1: SmallTransform<2, inverse>::run(src, 1, dst); break;
-        case 2: SmallTransform<4, inverse>::run(src, 1, dst); break;
-        case 3: SmallTransform<8, inverse>::run(src, 1, dst); break;
-        default: SmallTransform<16, inverse>::run(src, 1, dst); break;
+        case 0: SmallTransform<1>::run(src, 1, dst); break;
+        case 1: SmallTransform<2>::run(src, 1, dst); break;
+        case 2: SmallTransform<4>::run(src, 1, dst); break;
+        case 3: SmallTransform<8>::run(src, 1, dst); break;
+        default: SmallTransform<16>::run(src, 1, dst); break;
     }
 }
 
@@ -63,7 +62,7 @@ inline void small_forward(int order, const float* src, float* dst)
     const int half = 1 << (order - 1);
     Complex<One> in[16], z[16];
     for (int i = 0; i < half; ++i) in[i] = Interleaved<One>::load(src + 2 * i);
-    small_transform<false>(order - 1, in, z);
+    small_transform(order - 1, in, z);
     const One zero = {0.0f}, one_half = {0.5f};
     Interleaved<One>::store(dst, {z[0].re + z[0].im, zero});
     Interleaved<One>::store(dst + 2 * half, {z[0].re - z[0].im, zero});
@@ -72,24 +71,6 @@ inline void small_forward(int order, const float* src, float* dst)
         const Complex<One> e = {a.re + b.re, a.im - b.im}, o = {a.im + b.im, b.re - a.re};
         Interleaved<One>::store(dst + 2 * k, scaled_by(e + o * root32(k << (5 - order)), one_half));
     }
-}
-
-// As inverse_real() of real_fft.h.
-inline void small_inverse(int order, const float* src, float* dst, float factor)
-{
-    const One scale = {factor};
-    const int half = 1 << (order - 1);
-    Complex<One> z[16], out[16];
-    const One first = Lanes<One>::load(src), last = Lanes<One>::load(src + 2 * half);
-    z[0] = {first + last, first - last};
-    for (int k = 1; k < half; ++k) {
-        const Complex<One> a = Interleaved<One>::load(src + 2 * k), b = Interleaved<One>::load(src + 2 * (half - k));
-        const Complex<One> e = {a.re + b.re, a.im - b.im};
-        const Complex<One> d = times_conj({a.re - b.re, a.im + b.im}, root32(k << (5 - order)));
-        z[k] = {e.re - d.im, e.im + d.re};
-    }
-    small_transform<true>(order - 1, z, out);
-    for (int i = 0; i < half; ++i) Interleaved<One>::store(dst + 2 * i, scaled_by(out[i], scale));
 }
 
 }  // namespace
