@@ -19,7 +19,7 @@ public:
         : rows_(spec.rows), columns_(spec.columns), width_(1 << spec.rows.order), height_(1 << spec.columns.order),
           columns_of_lines_(static_cast<int>(columns_of_lines(spec.rows.order))), lines_(at_boundary<float>(memory)),
           row_(lines_ + columns_of_lines_ * column_floats()),
-          work_(row_ + kRows * row_bytes_ccs(spec.rows.order) / static_cast<int>(sizeof(float)))
+          work_(row_ + kRows * row_floats())
     {
     }
 
@@ -73,22 +73,25 @@ private:
     using V = Widest;
     static constexpr int kBlock = 4;  // columns of lines that are packed together: whole cache lines
 
+    std::ptrdiff_t row_floats() const
+    {
+        return static_cast<std::ptrdiff_t>(row_bytes_ccs(rows_.order)) / static_cast<int>(sizeof(float));
+    }
     bool is_narrow() const { return rows_.order <= kNarrowOrder; }
     int rows_from(int y) const { return height_ - y < kLanes ? height_ - y : kLanes; }
 
     // Wide rows: each by itself, then into the columns several at a time, which stay on a page longer.
     void forward_rows(const float* src, int srcStep) const
     {
-        const std::ptrdiff_t row_floats = row_bytes_ccs(rows_.order) / static_cast<int>(sizeof(float));
         for (int y = 0; y < height_; y += kRows) {
             const int rows = height_ - y < kRows ? height_ - y : kRows;
             for (int r = 0; r < rows; ++r) {
-                float* const row = row_ + r * row_floats;
+                float* const row = row_ + r * row_floats();
                 forward_real(rows_, row_at(src, srcStep, y + r), row, work_);
                 row[1] = row[width_];
             }
             for (int c = 0; c < columns_of_lines_; ++c) {
-                for (int r = 0; r < rows; ++r) load_complex(line(c, y + r), row_ + r * row_floats + c * kLineFloats);
+                for (int r = 0; r < rows; ++r) load_complex(line(c, y + r), row_ + r * row_floats() + c * kLineFloats);
             }
         }
     }

@@ -27,7 +27,15 @@ ORV_INLINE float mean_of(const float* x, std::ptrdiff_t n)
     for (int j = 0; j < kSums / 4; ++j) _mm256_store_pd(sums + 4 * j, acc[j]);
 #endif
     for (; i < n; ++i) sums[i % kSums] = rounded(sums[i % kSums] + static_cast<double>(get(x + i)));
-    for (int width = kSums / 2; width > 0; width /= 2) {
+    int width = kSums / 2;
+#if ORV_HAVE_FLOAT256
+    for (; width >= 4; width /= 2) {
+        for (int j = 0; j < width; j += 4) {
+            _mm256_store_pd(sums + j, _mm256_add_pd(_mm256_load_pd(sums + j), _mm256_load_pd(sums + j + width)));
+        }
+    }
+#endif
+    for (; width > 0; width /= 2) {
         for (int j = 0; j < width; ++j) sums[j] = rounded(sums[j] + sums[j + width]);
     }
     return rounded(static_cast<float>(rounded(sums[0] / static_cast<double>(n))));

@@ -265,26 +265,29 @@ ORV_INLINE void join_group(const RealPlan& plan, Work lines, std::ptrdiff_t grou
 inline void forward_64(const RealPlan& plan, const float* src, float* dst)
 {
     using V = Widest;
-    alignas(64) float lines[kLanes][kLineFloats] = {};
+    alignas(64) float lines[kLanes][kLineFloats];
+    __builtin_memset(lines[5], 0, 3 * sizeof(lines[5]));
     transform_lines<false>(plan.lines, src, lines[0]);
     split_first(lines[0], lines[4]);
     split_pair(lines[1], lines[3], plan.split + 2);
     split_pair(lines[2], lines[2], plan.split + 4);
 
-    alignas(64) float joined[kLanes][kLineFloats];
+    alignas(64) float conjugates[4][kLineFloats];
     for (int lane = 0; lane < kLanes; lane += V::N) {
         const float* at[V::N];
+        ORV_UNROLL
         for (int i = 0; i < V::N; ++i) at[i] = lines[lane + i];
         Complex<V> x[kLanes];
         join_lines<V>(at, plan.join, lane, x);
-        for (int m = 0; m < kLanes; ++m) store_line(joined[m] + lane, x[m]);
+        ORV_UNROLL
+        for (int m = 0; m < 4; ++m) {
+            Interleaved<V>::store(dst + 2 * (8 * m + lane), x[m]);
+            store_line(conjugates[m] + lane, x[m + 4]);
+        }
     }
     for (int m = 0; m < 4; ++m) {
-        for (int k = 0; k < kLanes; k += V::N) Interleaved<V>::store(dst + 2 * (8 * m + k), load_line<V>(joined[m] + k));
-    }
-    for (int m = 4; m < kLanes; ++m) {
         for (int k = 0; k < 4; k += Narrow::N) {
-            Interleaved<Narrow>::store_mirrored(dst + 2 * (8 * (8 - m) - k), load_line<Narrow>(joined[m] + k));
+            Interleaved<Narrow>::store_mirrored(dst + 2 * (8 * (4 - m) - k), load_line<Narrow>(conjugates[m] + k));
         }
     }
     put(dst + 1, 0.0f);
