@@ -37,9 +37,10 @@ public:
         for (int first = 0; first < columns_of_lines_; first += kBlock) {
             const int end = first + kBlock < columns_of_lines_ ? first + kBlock : columns_of_lines_;
             for (int c = first; c < end; ++c) transform_lines<false>(columns_, line(c, 0), line(c, 0));
+            const V factors = Lanes<V>::splat(factor);
             for (int v = 0; v < height_; ++v) {
                 float* const row = row_at(dst, dstStep, v);
-                for (int c = first; c < end; ++c) store_packed(row, c, line(c, columns_.position[v]), factor);
+                for (int c = first; c < end; ++c) store_packed(row, c, line(c, columns_.position[v]), factors);
             }
         }
         for (int v = 0; v <= height_ / 2; ++v) store_real_columns(dst, dstStep, v, factor);
@@ -126,23 +127,41 @@ private:
     }
 
     // Between a line and its place in a row of RCPack2D, one float further left than in CCS. Lane 0 of
-    // the first line is not there.
-    std::size_t first_bytes() const
+    // the first line is not there: its neighbours in memory come or go in its place, until the real
+    // columns do.
+    ORV_INLINE void store_packed(float* row, int c, const float* from, V factor) const
     {
-        return (static_cast<std::size_t>(width_ < kLineFloats ? width_ : kLineFloats) - 2) * sizeof(float);
-    }
-    ORV_INLINE void store_packed(float* row, int c, const float* from, float factor) const
-    {
-        if (c > 0) return store_complex(row + c * kLineFloats - 1, from, Lanes<V>::splat(factor));
-        float values[kLineFloats];
-        store_complex(values, from, Lanes<V>::splat(factor));
-        __builtin_memcpy(row + 1, values + 2, first_bytes());
+        if (c > 0) return store_complex(row + c * kLineFloats - 1, from, factor);
+        if (width_ < kLineFloats) return store_narrow(row, from, factor);
+        for (int i = 0; i < kLanes; i += V::N) {
+            const Complex<V> shifted = {Lanes<V>::load(from + kLanes + i), Lanes<V>::load(from + 1 + i)};
+            Interleaved<V>::store(row + 2 * i, scaled_by(shifted, factor));
+        }
     }
     ORV_INLINE void load_packed(const float* row, int c, float* to) const
     {
         if (c > 0) return load_complex(to, row + c * kLineFloats - 1);
+        if (width_ < kLineFloats) return load_narrow(row, to);
+        Complex<V> shifted[kLanes / V::N];
+        for (int i = 0; i < kLanes; i += V::N) {
+            shifted[i / V::N] = Interleaved<V>::load(row + 2 * i);
+            store_lanes(to + 1 + i, shifted[i / V::N].im);
+        }
+        for (int i = 0; i < kLanes; i += V::N) store_lanes(to + kLanes + i, shifted[i / V::N].re);
+    }
+
+    // Images of width 2, 4 and 8.
+    std::size_t narrow_bytes() const { return (static_cast<std::size_t>(width_) - 2) * sizeof(float); }
+    void store_narrow(float* row, const float* from, V factor) const
+    {
+        float values[kLineFloats];
+        store_complex(values, from, factor);
+        __builtin_memcpy(row + 1, values + 2, narrow_bytes());
+    }
+    void load_narrow(const float* row, float* to) const
+    {
         float values[kLineFloats] = {};
-        __builtin_memcpy(values + 2, row + 1, first_bytes());
+        __builtin_memcpy(values + 2, row + 1, narrow_bytes());
         load_complex(to, values);
     }
 
