@@ -1,5 +1,7 @@
 // The number types that the transforms are written over: one float, or a vector of them. Every
 // arithmetic step is rounded to float, so the lanes of a vector have the bits of the single number.
+// Without fused multiply-adds, that is, which would save 3 to 5 % of the transforms (measured from 2^10
+// to 2^16).
 #pragma once
 
 #include "core/checks.h"

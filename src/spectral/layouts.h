@@ -29,10 +29,4 @@ namespace orv {
 // Where Pack has the real part of X[k]; the imaginary part of a pair follows it.
 constexpr int pack_position(int k) { return k == 0 ? 0 : 2 * k - 1; }
 
-// How many values of a spectrum of `length` samples are complex pairs in Pack: k = 1 to this.
-constexpr int pack_pairs(int length) { return (length - 1) / 2; }
-
-// Does the spectrum of `length` samples end with a real value, X[length / 2]?
-constexpr bool has_nyquist(int length) { return length % 2 == 0; }
-
 }  // namespace orv

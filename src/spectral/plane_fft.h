@@ -6,6 +6,7 @@
 // the first column of lines, and are taken apart at the end.
 #pragma once
 
+#include "spectral/layouts.h"
 #include "spectral/narrow_rows.h"
 #include "spectral/real_fft.h"
 
@@ -177,7 +178,7 @@ private:
         const One scale = {factor};
         const int last = width_ - 1;
         if (v == 0 || v == height_ / 2) {
-            float* const row = row_at(dst, dstStep, v == 0 ? 0 : height_ - 1);
+            float* const row = row_at(dst, dstStep, pack_position(v));
             const Complex<One> z = scaled_by(lane0(v), scale);
             put(row, z.re.v);
             put(row + last, z.im.v);
@@ -187,8 +188,8 @@ private:
         const Complex<One> a = lane0(v), b = lane0(height_ - v);
         const Complex<One> first = {a.re + b.re, a.im - b.im}, second = {a.im + b.im, b.re - a.re};
         const Complex<One> f = scaled_by(scaled_by(first, half), scale), s = scaled_by(scaled_by(second, half), scale);
-        float* const re = row_at(dst, dstStep, 2 * v - 1);
-        float* const im = row_at(dst, dstStep, 2 * v);
+        float* const re = row_at(dst, dstStep, pack_position(v));
+        float* const im = row_at(dst, dstStep, pack_position(v) + 1);
         put(re, f.re.v);
         put(im, f.im.v);
         put(re + last, s.re.v);
@@ -199,13 +200,13 @@ private:
         const int last = width_ - 1;
         float* const to = line(0, v);
         if (v == 0 || v == height_ / 2) {
-            const float* const row = row_at(src, srcStep, v == 0 ? 0 : height_ - 1);
+            const float* const row = row_at(src, srcStep, pack_position(v));
             to[0] = get(row);
             to[kLanes] = get(row + last);
             return;
         }
-        const float* const re = row_at(src, srcStep, 2 * v - 1);
-        const float* const im = row_at(src, srcStep, 2 * v);
+        const float* const re = row_at(src, srcStep, pack_position(v));
+        const float* const im = row_at(src, srcStep, pack_position(v) + 1);
         const Complex<One> f = {{get(re)}, {get(im)}}, s = {{get(re + last)}, {get(im + last)}};
         float* const mirrored = line(0, height_ - v);
         to[0] = (f.re - s.im).v;

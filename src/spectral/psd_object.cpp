@@ -68,6 +68,8 @@ void orv_psd_init(PsdRecord* record, int n)
     record->n = n;
     const int order = orv_fft_order(n);
     const long long whole_spectrum = static_cast<long long>(n) * static_cast<long long>(sizeof(Complex32f));
+    // Before the tables are made: those of the longest blocks take seconds.
+    if (whole_spectrum > 0x7FFFFFFF) return;
     if (!build(record, order)) return orv_psd_cleanup(record);
     record->spectrum = static_cast<Complex32f*>(allocate_zeros(whole_spectrum));
     record->windowed = static_cast<float*>(allocate_zeros(whole_spectrum / 2));
