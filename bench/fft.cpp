@@ -114,8 +114,9 @@ void power_spectrum(int n)
         fftwf_execute(peer);
         for (int k = 0; k <= n / 2; ++k) {
             const float re = spectrum.get()[2 * k], im = spectrum.get()[2 * k + 1];
-            out.get()[k] = out.get()[(n - k) % n] = re * re + im * im;
+            out.get()[k] = re * re + im * im;
         }
+        for (int k = 1; k < n / 2; ++k) out.get()[n - k] = out.get()[k];
     });
 }
 
