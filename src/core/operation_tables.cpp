@@ -1,6 +1,7 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
 #include "image/integer_arithmetic.h"
+#include "spectral/fft.h"
 
 namespace orv {
 
@@ -15,6 +16,10 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(fft, name, __VA_ARGS__)
+#include "spectral/fft.inc"
 #undef KERNEL
 
 }  // namespace orv

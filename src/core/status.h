@@ -17,6 +17,9 @@ enum Status : int {
     StatusNoMemory = -9,            // a working buffer could not be allocated
     StatusDivideByZeroError = -10,  // division by a constant zero
     StatusBadStep = -14,            // a row step is below 1
+    StatusBadFftOrder = -15,        // an order of a transform outside its range
+    StatusBadFftFlag = -16,         // a normalisation flag other than 1, 2, 4 and 8
+    StatusBadFftRecord = -17,       // memory that holds no specification record of this kind
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
 };
