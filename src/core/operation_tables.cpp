@@ -1,6 +1,8 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
+#include "image/float_elementary.h"
 #include "image/integer_arithmetic.h"
+#include "signal/elementary.h"
 
 namespace orv {
 
@@ -15,6 +17,14 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(float_elementary, name, __VA_ARGS__)
+#include "image/float_elementary.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(elementary, name, __VA_ARGS__)
+#include "signal/elementary.inc"
 #undef KERNEL
 
 }  // namespace orv

@@ -7,6 +7,9 @@ enum Status : int {
     StatusOk = 0,
 
     // Warnings: the output has been written.
+    StatusSqrtOfNegative = 3,           // a square root of a negative number or a NaN
+    StatusLogarithmOfZero = 7,
+    StatusLogarithmOfNegative = 8,      // anything with its sign bit set
     StatusDivideByZero = 6,             // a division met one or more zero divisors
     StatusNotIntelProcessor = 20,       // start-up only: the processor is of another vendor
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features
