@@ -3,6 +3,7 @@
 #include "image/float_elementary.h"
 #include "image/integer_arithmetic.h"
 #include "signal/elementary.h"
+#include "spectral/random_numbers.h"
 
 namespace orv {
 
@@ -25,6 +26,10 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(elementary, name, __VA_ARGS__)
 #include "signal/elementary.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(random_numbers, name, __VA_ARGS__)
+#include "spectral/random_numbers.inc"
 #undef KERNEL
 
 }  // namespace orv

@@ -106,31 +106,51 @@ ORV_INLINE Angle reduce_anywhere(doubles x)
     return {load_words(quadrant), load_doubles(r), load_doubles(low)};
 }
 
-// sin(r + low) and cos(r + low) for |r| <= pi/4.
-ORV_INLINE doubles sine_polynomial(doubles r, doubles z, doubles low)
+// sin(r) - r, and sin(r), for |r| <= pi/4 and z = r^2.
+ORV_INLINE doubles sine_tail(doubles r, doubles z)
 {
     const doubles w = z * z;
     const doubles odd = (w * 0x1.5e1033fed3b73p-33 + 0x1.71de37ae58898p-19) * w + 0x1.1111111110c7ap-7;
     const doubles even = (w * -0x1.ae601d5079abfp-26 + -0x1.a01a019e9eaf2p-13) * w + -0x1.5555555555555p-3;
-    return r + (r * z * (odd * z + even) + low);
+    return r * z * (odd * z + even);
+}
+ORV_INLINE doubles sine_polynomial(doubles r, doubles z) { return r + sine_tail(r, z); }
+// (cos(r) - 1 + z/2) / w, with z = r^2 and w = z^2.
+ORV_INLINE doubles cosine_tail(doubles z, doubles w)
+{
+    const doubles odd = (w * -0x1.90729f53673fdp-37 + -0x1.27e4fa01e48dfp-22) * w + -0x1.6c16c16c168c8p-10;
+    const doubles even = (w * 0x1.1eeb56ab2f1a1p-29 + 0x1.a01a019f37922p-16) * w + 0x1.5555555555555p-5;
+    return odd * z + even;
 }
 ORV_INLINE doubles cosine_polynomial(doubles z)
 {
     const doubles w = z * z;
-    const doubles odd = (w * -0x1.90729f53673fdp-37 + -0x1.27e4fa01e48dfp-22) * w + -0x1.6c16c16c168c8p-10;
-    const doubles even = (w * 0x1.1eeb56ab2f1a1p-29 + 0x1.a01a019f37922p-16) * w + 0x1.5555555555555p-5;
-    return (doubles(1.0) - z * 0.5) + w * (odd * z + even);
+    return (doubles(1.0) - z * 0.5) + w * cosine_tail(z, w);
+}
+
+// sin(x) within an ulp, for 0 <= x <= kOrdinaryAngle.
+ORV_INLINE doubles accurate_sine(doubles x)
+{
+    const Angle angle = reduce<true>(x);
+    const doubles z = angle.r * angle.r;
+    const doubles s = angle.r + (sine_tail(angle.r, z) + angle.low);
+    // The cosine with what the rounding of 1 - z/2 left off.
+    const doubles w = z * z;
+    const doubles half = z * 0.5, whole = doubles(1.0) - half;
+    const doubles c = whole + (((doubles(1.0) - whole) - half) + (w * cosine_tail(z, w) - angle.r * angle.low));
+    const doubles exchange = has_sign(from_bits(shift_left<63>(angle.quadrant))) & (s ^ c);
+    return (s ^ exchange) ^ from_bits(shift_left<62>(angle.quadrant) & words(0x8000000000000000));
 }
 
 struct SineCosine {
     doubles sine, cosine;
 };
 
-// Of sign times the angle, where the sign is the sign bit of x.
+// Without the low part of the angle. Of sign times the angle, where the sign is the sign bit of x.
 ORV_INLINE SineCosine sine_and_cosine(Angle angle, doubles x)
 {
     const doubles z = angle.r * angle.r;
-    const doubles s = sine_polynomial(angle.r, z, angle.low), c = cosine_polynomial(z) - angle.r * angle.low;
+    const doubles s = sine_polynomial(angle.r, z), c = cosine_polynomial(z);
     // Odd quadrants exchange the two; the second bit of the quadrant is the sign of the sine, that of the
     // next quadrant the sign of the cosine.
     const doubles exchange = has_sign(from_bits(shift_left<63>(angle.quadrant))) & (s ^ c);

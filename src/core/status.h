@@ -15,6 +15,8 @@ enum Status : int {
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features
 
     // Errors: nothing has been written.
+    StatusBadArguments = -3,        // of the random numbers: a count, an address or a deviation
+    StatusNoStream = -5,            // random numbers without a stream
     StatusBadSize = -6,             // a width, height or length is below 1
     StatusNullPointer = -8,         // a required pointer is null
     StatusNoMemory = -9,            // a working buffer could not be allocated
