@@ -41,7 +41,7 @@ __attribute__((noinline)) void replace_far(const float* src, FarAngles* angles)
                 n += up ? 1u : ~0u;
                 rest = rounded(up ? rest - 0x1.921fb54442d18p+0 : rest + 0x1.921fb54442d18p+0);
             }
-            const bool negative = b >> 31 != 0;
+            const bool negative = b > 0x80000000 && b < 0xFF800000;  // NaNs have no sign
             angles->r[i + lane] = rounded(static_cast<float>(negative ? -rest : rest));
             angles->quadrant[i + lane] = negative ? 0 - n : n;
         }

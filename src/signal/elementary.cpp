@@ -78,8 +78,15 @@ struct SineCosineOfDoubles {
         const doubles x = load_doubles(src[0]);
         const doubles size = magnitude(x);
         const bool ordinary = all_of(less_equal(size, kOrdinaryAngle));
-        const Angle angle = __builtin_expect(ordinary, 1) ? reduce<false>(size) : reduce_anywhere<false>(size);
-        const SineCosine both = sine_and_cosine(angle, x);
+        if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce<false>(size), x), dst);
+        // NaNs have no sign.
+        const doubles sign = select(less(size, __builtin_inf()), x, size);
+        put(sine_and_cosine(reduce_anywhere<false>(size), sign), dst);
+    }
+
+private:
+    static ORV_INLINE void put(SineCosine both, double* const* dst)
+    {
         store(dst[0], both.sine);
         store(dst[1], both.cosine);
     }
