@@ -517,7 +517,7 @@ TEST(Elementary, ImageLogarithmAndExponential)
         {0.0f, 1, -kInf, false},     {-0.0f, 1, other_nan, false}, {1, 2.71828174591064453f, 0.0f, true},
         {1e-39f, 1, -89.80081939697266f, true}, {-1e-39f, 1, other_nan, false}, {88.72283172607421875f, 3.40279851902147610656e38f, 4.4855170249938965f, true},
         {88.72283935546875f, kInf, 4.48551750f, true}, {100, kInf, 4.60517025f, true}, {-100, 0, other_nan, false},
-        {-87.3365478515625f, 0, other_nan, false}, {-87.33654022216796875f, 1.17549983e-38f, other_nan, false},
+        {-87.3365478515625f, 0, other_nan, false}, {-87.33654022216796875f, 1.1754996757564519e-38f, other_nan, false},
         {kInf, kInf, kInf, true},    {-kInf, 0, other_nan, false}, {nan, nan, nan, true}, {float_of(0xFFFFFFFF), nan, other_nan, false},
         {float_of(0x7F800001), nan, nan, true},
     };
