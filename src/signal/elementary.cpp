@@ -19,7 +19,8 @@ struct AbsOfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
-        store(dst[0], magnitude(load_floats(src[0])));
+        const ints x = load_ints(reinterpret_cast<const std::uint32_t*>(src[0]));
+        store(reinterpret_cast<std::uint32_t*>(dst[0]), x & ints(0x7FFFFFFF));
     }
 };
 
