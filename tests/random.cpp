@@ -16,9 +16,6 @@ namespace test {
 namespace {
 
 using Exact = long double;
-// Sums and products of two doubles fit, so that their conversion to double is the only rounding, also
-// where the compiler computes doubles with 64 bits.
-__extension__ typedef __float128 Quad;
 
 // x[n] = x[n-250] xor x[n-147], as an endless row of words.
 class Words {
@@ -52,12 +49,18 @@ struct Want {
 Want gaussian(std::uint32_t w1, std::uint32_t w2, double mean, double sigma)
 {
     const double u1 = std::ldexp(double(w1), -32), u2 = std::ldexp(double(w2), -32);
-    const double logarithm = w1 == 0 ? -744.4400719213812 : static_cast<double>(std::log(Exact{u1}));
-    const double radius = static_cast<double>(std::sqrt(Exact{-2 * logarithm}));
-    const double angle = static_cast<double>(Quad{u2} * 6.283185307179586);
-    const double sine = static_cast<double>(std::sin(Exact{angle}));
-    const double scaled = static_cast<double>(Quad{radius} * sigma), product = static_cast<double>(Quad{scaled} * sine);
-    const double sum = static_cast<double>(Quad{product} + mean);
+    volatile double angle, scaled, product, sum;
+    {
+        const DoublePrecision precision;
+        angle = u2 * 6.283185307179586;
+    }
+    const volatile double logarithm = w1 == 0 ? -744.4400719213812 : static_cast<double>(std::log(Exact{u1}));
+    const volatile double radius = static_cast<double>(std::sqrt(Exact{-2 * logarithm}));
+    const volatile double sine = static_cast<double>(std::sin(Exact{angle}));
+    const DoublePrecision precision;
+    scaled = radius * sigma;
+    product = scaled * sine;
+    sum = product + mean;
     return {sum, (std::fabs(product) * 3.5 + std::fabs(sum)) * std::numeric_limits<double>::epsilon()};
 }
 

@@ -94,7 +94,7 @@ private:
 };
 
 // atan2(y, x) in double. The octant's middle is taken off first: with t = (y - x) / (y + x), or y / x, or
-// -x / y, only |t| <= tan(pi/8) is left to the polynomial.
+// -x / y, only |t| <= tan(pi/8) is left to the polynomial, which is off by 2^-35.
 ORV_INLINE doubles arctangent(doubles y, doubles x)
 {
     const doubles size_y = magnitude(y), size_x = magnitude(x);
@@ -102,9 +102,8 @@ ORV_INLINE doubles arctangent(doubles y, doubles x)
     const mask64 steep = less(size_x * 0x1.3504f333f9de6p+1, size_y);   // tan(3 pi/8)
     const doubles t = (and_not(steep, size_y) - (middle & size_x)) / (and_not(steep, size_x) + (middle & size_y));
     const doubles z = t * t, w = z * z;
-    const doubles odd = ((w * -0x1.365d03488ccfap-5 + -0x1.707cc0b6c9462p-4) * w + -0x1.2490bd3c5c55ep-3) * w +
-                        -0x1.5555554ea2a6dp-2;
-    const doubles even = ((w * 0x1.1e43ac9839e56p-4 + 0x1.c6d132d4732a6p-4) * w + 0x1.999991cfd037ep-3) * w;
+    const doubles odd = (w * -0x1.5b1439a926e9p-4 + -0x1.247e9937b1665p-3) * w + -0x1.555554c102b22p-2;
+    const doubles even = ((w * 0x1.8437ba9d75736p-5 + 0x1.c45e744371cebp-4) * w + 0x1.999915eb610b5p-3) * w;
     const doubles taken = (middle & doubles(0x1.921fb54442d18p-1)) + (steep & doubles(0x1.921fb54442d18p-1));
     const doubles angle = taken + (t + t * (odd * z + even));
     // The left half plane, and the sign of y.
