@@ -17,6 +17,23 @@ namespace {
 
 using Exact = long double;
 
+// Doubles are computed with 53 bits while this lives, also on the x87.
+class DoublePrecision {
+public:
+    DoublePrecision()
+    {
+        const unsigned short wanted = 0x027F;
+        __asm__ volatile("fnstcw %0" : "=m"(saved_));
+        __asm__ volatile("fldcw %0" : : "m"(wanted));
+    }
+    ~DoublePrecision() { __asm__ volatile("fldcw %0" : : "m"(saved_)); }
+    DoublePrecision(const DoublePrecision&) = delete;
+    DoublePrecision& operator=(const DoublePrecision&) = delete;
+
+private:
+    unsigned short saved_;
+};
+
 // x[n] = x[n-250] xor x[n-147], as an endless row of words.
 class Words {
 public:
