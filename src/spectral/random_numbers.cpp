@@ -47,12 +47,7 @@ ORV_INLINE doubles to_uniform(words w)
 // kDoubles values from twice as many words.
 ORV_INLINE doubles gaussians(const std::uint32_t* pairs, doubles mean, doubles sigma)
 {
-    words both;
-    {
-        std::uint64_t copy[kDoubles];
-        __builtin_memcpy(copy, pairs, sizeof(copy));
-        both = load_words(copy);
-    }
+    const words both = load_words(reinterpret_cast<const std::uint64_t*>(pairs));
     const doubles u1 = to_uniform(both & words(0xFFFFFFFF)), u2 = to_uniform(shift_right<32>(both));
     doubles logarithm = ln(split(u1));
     const mask64 zero = equal(u1, 0.0);
