@@ -474,6 +474,20 @@ public:
     // Float and complex arithmetic
     //
 
+    // Logarithm and exponential: computed in double and rounded once, at most 0.5001 units in the last
+    // place (largest errors over all floats: docs/accuracy.md). Checks: null pointer, width or height below
+    // 1, a step below 1.
+    //
+    // Logarithm: +0 gives -infinity and false; anything with its sign bit set (-0 and NaNs, too) gives the
+    // NaN 0xFFC00000 and false; everything is written. Other NaNs give 0x7FC00000, infinity gives infinity.
+    // Exponential: infinity from 88.72283935546875 on, 0 from -87.3365478515625 down, 1 for magnitudes below
+    // 2^-126, the quiet NaN for NaNs; none of that is a warning.
+
+    /// srcDst = ln(srcDst)
+    static bool Ln_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    /// dst = e^src
+    static bool Exp_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+
     // --------------------------------------------------------------------------------------------
     // Bitwise operations and shifts
     //

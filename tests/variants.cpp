@@ -16,6 +16,7 @@
 #include "core/start_up.h"
 #include "gmock/gmock.h"
 #include "image/data_movement.h"
+#include "image/float_elementary.h"
 #include "image/integer_arithmetic.h"
 #include "support/image.h"
 
@@ -265,6 +266,13 @@ TEST(Variants, DataMovement)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::not_promised);
 #include "image/data_movement.inc"
+#undef KERNEL
+}
+
+TEST(Variants, FloatElementary)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "image/float_elementary.inc"
 #undef KERNEL
 }
 

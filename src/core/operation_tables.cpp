@@ -1,7 +1,10 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
+#include "image/float_elementary.h"
 #include "image/integer_arithmetic.h"
 #include "spectral/fft.h"
+#include "signal/elementary.h"
+#include "spectral/random_numbers.h"
 
 namespace orv {
 
@@ -20,6 +23,16 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(fft, name, __VA_ARGS__)
 #include "spectral/fft.inc"
+#define KERNEL(name, ...) TABLE(float_elementary, name, __VA_ARGS__)
+#include "image/float_elementary.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(elementary, name, __VA_ARGS__)
+#include "signal/elementary.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(random_numbers, name, __VA_ARGS__)
+#include "spectral/random_numbers.inc"
 #undef KERNEL
 
 }  // namespace orv

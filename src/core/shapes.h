@@ -35,4 +35,14 @@ template <class T>
 using SrcValuesDstScaled = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep,
                                   Size roi, int scaleFactor);
 
+// Functions of vectors of len elements.
+template <class T>
+using VectorSrcDst = Status(const T* src, T* dst, int len);
+
+template <class T>
+using VectorSrcDstDst = Status(const T* src, T* dst1, T* dst2, int len);
+
+template <class T>
+using VectorSrcSrcDst = Status(const T* src1, const T* src2, T* dst, int len);
+
 }  // namespace orv

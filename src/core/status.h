@@ -7,11 +7,16 @@ enum Status : int {
     StatusOk = 0,
 
     // Warnings: the output has been written.
+    StatusSqrtOfNegative = 3,           // a square root of a negative number or a NaN
+    StatusLogarithmOfZero = 7,
+    StatusLogarithmOfNegative = 8,      // anything with its sign bit set
     StatusDivideByZero = 6,             // a division met one or more zero divisors
     StatusNotIntelProcessor = 20,       // start-up only: the processor is of another vendor
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features
 
     // Errors: nothing has been written.
+    StatusBadArguments = -3,        // of the random numbers: a count, an address or a deviation
+    StatusNoStream = -5,            // random numbers without a stream
     StatusBadSize = -6,             // a width, height or length is below 1
     StatusNullPointer = -8,         // a required pointer is null
     StatusNoMemory = -9,            // a working buffer could not be allocated

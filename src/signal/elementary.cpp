@@ -1,0 +1,247 @@
+#include "signal/elementary.h"
+
+#include "core/checks.h"
+#include "core/float_log_exp.h"
+#include "core/maps.h"
+#include "core/sine.h"
+#include "signal/angles_11_bits.h"
+#include "signal/log_exp_21_bits.h"
+
+namespace orv {
+namespace elementary {
+namespace ORV_LEVEL {
+namespace {
+
+// --- Meaning --------------------------------------------------------------------------------------
+
+// Bits only, so that NaNs lose their sign and nothing else.
+struct AbsOfFloats {
+    static constexpr int N = kFloats;
+    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    {
+        const ints x = load_ints(reinterpret_cast<const std::uint32_t*>(src[0]));
+        store(reinterpret_cast<std::uint32_t*>(dst[0]), x & ints(0x7FFFFFFF));
+    }
+};
+
+struct FloorOfFloats {
+    static constexpr int N = kFloats;
+    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    {
+        store(dst[0], floor(load_floats(src[0])));
+    }
+};
+
+struct SqrtOfDoubles {
+    static constexpr int N = kDoubles;
+    Status status = StatusOk;
+    ORV_INLINE void step(const double* const* src, double* const* dst)
+    {
+        const doubles x = load_doubles(src[0]);
+        const mask64 valid = less_equal(0.0, x);
+        doubles y = sqrt(x);
+        if (__builtin_expect(!all_of(valid), 0)) {
+            y = select(valid, y, from_bits(words(0xFFF8000000000000)));
+            status = StatusSqrtOfNegative;
+        }
+        store(dst[0], y);
+    }
+};
+
+struct ExpOfDoubles {
+    static constexpr int N = kDoubles;
+    ORV_INLINE void step(const double* const* src, double* const* dst) const
+    {
+        const doubles x = load_doubles(src[0]);
+        if (__builtin_expect(all_of(less(magnitude(x), kExpOrdinary)), 1)) return store(dst[0], exp(x));
+        store(dst[0], exp_anywhere(x));
+    }
+};
+
+struct LnOfDoubles {
+    static constexpr int N = kDoubles;
+    FirstLogWarning warning;
+    ORV_INLINE void step(const double* const* src, double* const* dst)
+    {
+        const doubles x = load_doubles(src[0]);
+        const mask64 ordinary = less_equal(0x1p-1022, x) & less(x, __builtin_inf());
+        if (__builtin_expect(all_of(ordinary), 1)) return store(dst[0], ln(split(x)));
+        LogEvents events;
+        store(dst[0], ln_anywhere(x, &events));
+        warning.note(events);
+    }
+};
+
+struct SineCosineOfDoubles {
+    static constexpr int N = kDoubles;
+    ORV_INLINE void step(const double* const* src, double* const* dst) const
+    {
+        const doubles x = load_doubles(src[0]);
+        const doubles size = magnitude(x);
+        const bool ordinary = all_of(less_equal(size, kOrdinaryAngle));
+        if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce<false>(size), x), dst);
+        // NaNs have no sign.
+        const doubles sign = select(less(size, __builtin_inf()), x, size);
+        put(sine_and_cosine(reduce_anywhere<false>(size), sign), dst);
+    }
+
+private:
+    static ORV_INLINE void put(SineCosine both, double* const* dst)
+    {
+        store(dst[0], both.sine);
+        store(dst[1], both.cosine);
+    }
+};
+
+// atan2(y, x) in double. The octant's middle is taken off first: with t = (y - x) / (y + x), or y / x, or
+// -x / y, only |t| <= tan(pi/8) is left to the polynomial, which is off by 2^-35.
+ORV_INLINE doubles arctangent(doubles y, doubles x)
+{
+    const doubles size_y = magnitude(y), size_x = magnitude(x);
+    const mask64 middle = less(size_x * 0x1.a827999fcef32p-2, size_y);  // tan(pi/8)
+    const mask64 steep = less(size_x * 0x1.3504f333f9de6p+1, size_y);   // tan(3 pi/8)
+    const doubles t = (and_not(steep, size_y) - (middle & size_x)) / (and_not(steep, size_x) + (middle & size_y));
+    const doubles z = t * t, w = z * z;
+    const doubles odd = (w * -0x1.5b1439a926e9p-4 + -0x1.247e9937b1665p-3) * w + -0x1.555554c102b22p-2;
+    const doubles even = ((w * 0x1.8437ba9d75736p-5 + 0x1.c45e744371cebp-4) * w + 0x1.999915eb610b5p-3) * w;
+    const doubles taken = (middle & doubles(0x1.921fb54442d18p-1)) + (steep & doubles(0x1.921fb54442d18p-1));
+    const doubles angle = taken + (t + t * (odd * z + even));
+    // The left half plane, and the sign of y.
+    const doubles left = has_sign(x) & doubles(0x1.921fb54442d18p+1);
+    const doubles flip = from_bits(bits(x) & words(0x8000000000000000));
+    return from_bits(bits(left + (angle ^ flip)) | (bits(y) & words(0x8000000000000000)));
+}
+
+struct Atan2OfFloats {
+    static constexpr int N = kFloats;
+    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    {
+        for (int i = 0; i < N; i += kDoubles) {
+            const doubles y = load_doubles(src[0] + i), x = load_doubles(src[1] + i);
+            // Infinities and two zeros would divide into NaNs.
+            const doubles larger = magnitude(y) + magnitude(x);
+            const mask64 ordinary = less(0.0, larger) & less(larger, __builtin_inf());
+            if (__builtin_expect(all_of(ordinary), 1)) store(dst[0] + i, arctangent(y, x));
+            else store(dst[0] + i, anywhere(y, x));
+        }
+    }
+
+private:
+    // As C has it: zeros and infinities stand for their limits, a NaN gives the quiet NaN.
+    static doubles anywhere(doubles y, doubles x)
+    {
+        const mask64 nan = unordered(y) | unordered(x);
+        const doubles infinity = __builtin_inf();
+        const words sign(0x8000000000000000);
+        const mask64 infinite_y = equal(magnitude(y), infinity), infinite_x = equal(magnitude(x), infinity);
+        const mask64 infinite = infinite_y | infinite_x;
+        // Beside an infinity everything finite is zero, and all infinities are equal.
+        doubles size_y = select(infinite, infinite_y & doubles(1.0), magnitude(y));
+        doubles size_x = select(infinite, infinite_x & doubles(1.0), magnitude(x));
+        // Two zeros: as if x were any other number of its sign.
+        const mask64 zeros = equal(size_y, 0.0) & equal(size_x, 0.0);
+        size_x = select(zeros | nan, 1.0, size_x);
+        size_y = and_not(nan, size_y);
+        const doubles result = arctangent(from_bits(bits(size_y) | (bits(y) & sign)), from_bits(bits(size_x) | (bits(x) & sign)));
+        return select(nan, from_bits(words(0x7FF8000000000000)), result);
+    }
+};
+
+struct HypotOfFloats {
+    static constexpr int N = kFloats;
+    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    {
+        for (int i = 0; i < N; i += kDoubles) {
+            const doubles a = load_doubles(src[0] + i), b = load_doubles(src[1] + i);
+            const doubles sum = a * a + b * b;  // the squares are exact and far from overflow
+            doubles y = sqrt(sum);
+            if (__builtin_expect(!all_of(less(sum, __builtin_inf())), 0)) {
+                // As C has it: infinity even beside a NaN.
+                const doubles infinity = __builtin_inf();
+                y = select(unordered(sum), from_bits(words(0x7FF8000000000000)), y);
+                y = select(equal(magnitude(a), infinity) | equal(magnitude(b), infinity), infinity, y);
+            }
+            store(dst[0] + i, y);
+        }
+    }
+};
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+template <int In, int Out, class T, class Op>
+ORV_INLINE Status check_and_map(int len, const T* const (&src)[In], T* const (&dst)[Out], Op& op)
+{
+    for (int k = 0; k < In; ++k) {
+        if (src[k] == nullptr) return StatusNullPointer;
+    }
+    for (int k = 0; k < Out; ++k) {
+        if (dst[k] == nullptr) return StatusNullPointer;
+    }
+    if (len < 1) return StatusBadSize;
+    const FloatControl control;
+    Op local = op;
+    map_vectors(len, src, dst, local);
+    op = local;
+    return StatusOk;
+}
+
+template <class Op, class T>
+ORV_INLINE Status map_one(const T* src, T* dst, int len, Op op = Op())
+{
+    return check_and_map<1, 1, T>(len, {src}, {dst}, op);
+}
+
+template <class Op, class T>
+ORV_INLINE Status map_logarithm(const T* src, T* dst, int len)
+{
+    Op op;
+    const Status bad = check_and_map<1, 1, T>(len, {src}, {dst}, op);
+    return bad != StatusOk ? bad : op.warning.status();
+}
+
+}  // namespace
+
+Status Abs_32f(const float* src, float* dst, int len) { return map_one<AbsOfFloats>(src, dst, len); }
+Status Floor_32f(const float* src, float* dst, int len) { return map_one<FloorOfFloats>(src, dst, len); }
+Status Exp_32f(const float* src, float* dst, int len) { return map_one<ExpOfFloats<false>>(src, dst, len); }
+Status Exp_32f_A21(const float* src, float* dst, int len) { return map_one<ShortExpOfFloats>(src, dst, len); }
+Status Exp_64f(const double* src, double* dst, int len) { return map_one<ExpOfDoubles>(src, dst, len); }
+Status Ln_32f_A21(const float* src, float* dst, int len) { return map_logarithm<ShortLnOfFloats>(src, dst, len); }
+Status Ln_64f(const double* src, double* dst, int len) { return map_logarithm<LnOfDoubles>(src, dst, len); }
+Status Sin_32f_A11(const float* src, float* dst, int len) { return map_one<SineOfFloats>(src, dst, len); }
+Status Cos_32f_A11(const float* src, float* dst, int len) { return map_one<CosineOfFloats>(src, dst, len); }
+
+Status Sqrt_64f(const double* src, double* dst, int len)
+{
+    SqrtOfDoubles op;
+    const Status bad = check_and_map<1, 1, double>(len, {src}, {dst}, op);
+    return bad != StatusOk ? bad : op.status;
+}
+
+Status SinCos_32f_A11(const float* src, float* dstSin, float* dstCos, int len)
+{
+    SineCosineOfFloats op;
+    return check_and_map<1, 2, float>(len, {src}, {dstSin, dstCos}, op);
+}
+
+Status SinCos_64f_A50(const double* src, double* dstSin, double* dstCos, int len)
+{
+    SineCosineOfDoubles op;
+    return check_and_map<1, 2, double>(len, {src}, {dstSin, dstCos}, op);
+}
+
+Status Atan2_32f_A24(const float* src1, const float* src2, float* dst, int len)
+{
+    Atan2OfFloats op;
+    return check_and_map<2, 1, float>(len, {src1, src2}, {dst}, op);
+}
+
+Status Hypot_32f_A24(const float* src1, const float* src2, float* dst, int len)
+{
+    HypotOfFloats op;
+    return check_and_map<2, 1, float>(len, {src1, src2}, {dst}, op);
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace elementary
+}  // namespace orv
