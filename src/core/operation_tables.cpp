@@ -1,6 +1,8 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
 #include "image/integer_arithmetic.h"
+#include "linalg/elimination.h"
+#include "linalg/matrices.h"
 
 namespace orv {
 
@@ -15,6 +17,14 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(matrices, name, __VA_ARGS__)
+#include "linalg/matrices.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(elimination, name, __VA_ARGS__)
+#include "linalg/elimination.inc"
 #undef KERNEL
 
 }  // namespace orv
