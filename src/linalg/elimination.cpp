@@ -249,7 +249,7 @@ Status invert_by_elimination(View<const T> src, T* buffer, View<T> dst, ptrdiff_
 {
     if (n <= kBuffered) {
         Buffer<T> factors, result;
-        int index[kBuffered];
+        int index[kBuffered] = {};
         const View<T> lu = factors.view(n), x = result.view(n);
         copy_square(src, lu, n);
         if (!decompose(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
