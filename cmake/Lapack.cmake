@@ -6,7 +6,8 @@
 #
 # Either way the routines are linked among themselves and to our own error handler first; then every
 # name but the four entries becomes local. So nothing leaks out of the library, shared or static, and a
-# host with a BLAS of its own keeps it to itself.
+# host with a BLAS of its own keeps it to itself. (Section groups are dissolved: the final link would
+# discard their local copies.)
 
 if(NOT ORVANE_32BIT AND NOT WIN32 AND EXISTS /usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/lapack/liblapack.a
    AND EXISTS /usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/blas/libblas.a)
@@ -116,7 +117,7 @@ foreach(entry ${lapack_entries})
   list(APPEND keeps --keep-global-symbol=${prefix}orv_lapack_${entry})
 endforeach()
 add_custom_command(OUTPUT ${ORVANE_LAPACK_OBJECT}
-  COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
+  COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -Wl,--force-group-allocation ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
           $<TARGET_OBJECTS:orvane_lapack_support> ${lapack_inputs}
   COMMAND ${CMAKE_OBJCOPY} ${renames} ${ORVANE_LAPACK_OBJECT}.all
   COMMAND ${CMAKE_OBJCOPY} ${keeps} --strip-debug ${ORVANE_LAPACK_OBJECT}.all ${ORVANE_LAPACK_OBJECT}
