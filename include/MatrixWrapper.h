@@ -90,9 +90,11 @@ public:
     // gives the inverse of the given floats almost to the last bit; a matrix is singular there when its
     // determinant is no more than its own rounding error (16 * 2^-53 of the sum of its absolute
     // products). Larger ones, and doubles, are decomposed as above, and solved for the identity; a
-    // matrix is singular there when a pivot u(k,k) is at most n * epsilon * (|u(k,k)| + sum over j of
-    // |l(k,j) u(j,k)|), that is, when nothing but rounding errors are left of it, however rows or columns
-    // are scaled; epsilon is 2^-23 for floats, 2^-52 for doubles. The residual |A X - 1| is within
+    // matrix is singular there when rounding errors alone may have left a pivot u(k,k), that is, when it
+    // is at most epsilon * |y| |L| |U| |x| with y L = e(k) and U x = u(k,k) e(k) (the first-order change of
+    // the pivot when every element of A changes by epsilon * |L| |U|; beyond the 512th step, n * epsilon *
+    // (|L| |U|)(k,k)); the measure does not depend on how rows or columns are scaled. Epsilon is 2^-23 for
+    // floats, 2^-52 for doubles. The residual |A X - 1| is within
     // 10 * n * epsilon * cond(A). A 1 x 1 matrix is singular unless |a| > 2 * 1.1754944e-38.
     // Singular matrices, and those whose pivots or determinant are not finite, give false and write nothing.
 

@@ -173,10 +173,41 @@ ORV_INLINE T absolute(T x)
     return x < 0 ? -x : x;
 }
 
-// A pivot is what is left of an element after subtracting products; when nothing but their rounding
-// errors can be left, the matrix is singular as far as this arithmetic can tell. The bound,
-// n * epsilon * (sum of the absolute products and the pivot), does not depend on how rows or columns
-// are scaled. NaNs and infinities are not significant.
+// A pivot is what is left of an element after subtracting products. A matrix is singular, as far as its
+// arithmetic can tell, when rounding errors alone may have left it.
+//
+// The factors of the leading k+1 rows and columns are those of a matrix that is off by no more than about
+// epsilon * |L| |U|, element by element. To first order that changes the pivot by epsilon * |y| |L| |U| |x|
+// at most, where y solves y L = e (the last unit row) and x solves U x = e * u(k,k): how the row and the
+// column of the pivot depend on those before them. The measure does not change when rows or columns
+// are scaled by powers of two.
+constexpr ptrdiff_t kMeasured = 512;
+
+template <class T>
+__attribute__((noinline)) double pivot_error(View<T> lu, ptrdiff_t k)
+{
+    double x[kMeasured], y[kMeasured];
+    x[k] = y[k] = 1;
+    for (ptrdiff_t j = k - 1; j >= 0; --j) {
+        double sum_x = 0, sum_y = 0;
+        for (ptrdiff_t i = j + 1; i <= k; ++i) {
+            sum_x += get(lu.at(j, i)) * x[i];
+            sum_y += y[i] * get(lu.at(i, j));
+        }
+        x[j] = -sum_x / get(lu.at(j, j));
+        y[j] = -sum_y;
+    }
+    double error = 0;
+    for (ptrdiff_t m = 0; m <= k; ++m) {
+        double right = 0, left = absolute(y[m]);
+        for (ptrdiff_t i = m; i <= k; ++i) right += absolute(get(lu.at(m, i)) * x[i]);
+        for (ptrdiff_t i = m + 1; i <= k; ++i) left += absolute(y[i] * get(lu.at(i, m)));
+        error += left * right;
+    }
+    return static_cast<double>(kEpsilon<T>) * error;
+}
+
+// NaNs and infinities are not significant.
 template <class T>
 ORV_INLINE bool is_significant(View<T> m, ptrdiff_t k, ptrdiff_t n)
 {
@@ -185,8 +216,11 @@ ORV_INLINE bool is_significant(View<T> m, ptrdiff_t k, ptrdiff_t n)
     for (ptrdiff_t j = 0; j < k; ++j) {
         sum = rounded(sum + rounded(absolute(get(m.at(k, j))) * absolute(get(m.at(j, k)))));
     }
-    const T bound = rounded(rounded(static_cast<T>(n) * kEpsilon<T>) * sum);
-    return pivot > bound;
+    // What rounding does to the pivot itself; errors of earlier ones are seldom magnified a thousandfold.
+    const T own_error = rounded(rounded(static_cast<T>(n) * kEpsilon<T>) * sum);
+    if (pivot > rounded(own_error * 1024)) return true;
+    if (!(pivot > 0) || !(sum - sum == 0)) return false;
+    return k < kMeasured ? pivot > pivot_error(m, k) : pivot > own_error;
 }
 
 // Rows of x from the factors: row k loses factor(k, j) times row j, for j from `from` on by `step`.

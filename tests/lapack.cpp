@@ -1,0 +1,1 @@
+// The LAPACK entry points.
