@@ -117,7 +117,8 @@ foreach(entry ${lapack_entries})
   list(APPEND keeps --keep-global-symbol=${prefix}orv_lapack_${entry})
 endforeach()
 add_custom_command(OUTPUT ${ORVANE_LAPACK_OBJECT}
-  COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -Wl,--force-group-allocation ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
+  COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -Wl,--force-group-allocation
+          -Wl,--wrap=sbdsqr_ -Wl,--wrap=dbdsqr_ ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
           $<TARGET_OBJECTS:orvane_lapack_support> ${lapack_inputs}
   COMMAND ${CMAKE_OBJCOPY} ${renames} ${ORVANE_LAPACK_OBJECT}.all
   COMMAND ${CMAKE_OBJCOPY} ${keeps} --strip-debug ${ORVANE_LAPACK_OBJECT}.all ${ORVANE_LAPACK_OBJECT}
@@ -126,3 +127,4 @@ add_custom_command(OUTPUT ${ORVANE_LAPACK_OBJECT}
   COMMENT "Linking the closure of the LAPACK routines")
 set_source_files_properties(${ORVANE_LAPACK_OBJECT} PROPERTIES EXTERNAL_OBJECT TRUE GENERATED TRUE)
 add_custom_target(orvane_lapack DEPENDS ${ORVANE_LAPACK_OBJECT})
+set_property(GLOBAL PROPERTY ORVANE_LAPACK_OBJECT ${ORVANE_LAPACK_OBJECT})

@@ -15,9 +15,10 @@
 /// values are told below. Nothing is printed and the process is never ended: the error handler of the
 /// library returns silently.
 ///
-/// **Non-finite input.** Infinities and NaNs spread as the routines' arithmetic has it, and *info need not
-/// tell. The decompositions always end (iterations are counted); singular values of a matrix that holds
-/// an infinity or a NaN mean nothing.
+/// **Non-finite input.** The standard's singular value iteration can run for ever on infinities and NaNs.
+/// Here it is not started then: the singular values become NaNs and *info = min(m, n) - 1, none of the
+/// superdiagonals having converged. (Of a matrix of one row or column, *info may be 0.) The factorisation
+/// and the solution let them spread as the arithmetic has it; *info does not tell.
 ///
 /// **Threads.** The calling thread does all the work, and the routines keep no state: calls on different
 /// arrays may run at the same time. No environment variable is read.
