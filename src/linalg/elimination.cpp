@@ -8,6 +8,7 @@
 #include "linalg/elimination.h"
 
 #include <cstdint>
+#include <type_traits>
 
 #include "core/float_control.h"
 #include "linalg/packs.h"
@@ -47,9 +48,9 @@ struct Buffer {
         return (n + lanes - 1) / lanes * lanes;
     }
     ORV_INLINE View<T> view(ptrdiff_t n) { return {elements, stride(n) * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)}; }
-    ORV_INLINE void clear(ptrdiff_t n)
+    static ORV_INLINE void clear(View<T> view, ptrdiff_t n)
     {
-        for (ptrdiff_t i = 0; i < n * stride(n); ++i) elements[i] = 0;
+        for (ptrdiff_t i = 0; i < n * stride(n); ++i) view.base[i] = 0;
     }
 };
 
@@ -66,6 +67,29 @@ ORV_INLINE void copy_square(View<const T> src, View<T> dst, ptrdiff_t n)
 #endif
         for (ptrdiff_t j = 0; j < n; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
     }
+}
+
+// Into a buffer: whole registers, zeros behind the matrix.
+template <class T>
+ORV_INLINE void fill_buffer(View<const T> src, View<T> buffer, ptrdiff_t n)
+{
+#if ORV_HAVE_VECTORS
+    if (src.has_dense_rows()) {
+        using P = WidePack<T>;
+        const ptrdiff_t stride = Buffer<T>::stride(n);
+        for (ptrdiff_t i = 0; i < n; ++i) {
+            const T* const from = src.at(i, 0);
+            T* const to = buffer.at(i, 0);
+            ptrdiff_t j = 0;
+            for (; j + P::N <= n; j += P::N) P::store(to + j, P::load(from + j));
+            if (j < n) P::store(to + j, load_part(P(), from + j, static_cast<int>(n - j)));
+            for (j += P::N; j < stride; j += P::N) P::store(to + j, typename P::V{});
+        }
+        return;
+    }
+#endif
+    Buffer<T>::clear(buffer, n);
+    copy_square(src, buffer, n);
 }
 
 // --- Rows -------------------------------------------------------------------------------------------
@@ -87,6 +111,39 @@ ORV_INLINE void subtract_row(View<T> m, ptrdiff_t target, T factor, ptrdiff_t so
         put(m.at(target, j), rounded(get(m.at(target, j)) - rounded(factor * get(m.at(source, j)))));
     }
 }
+
+#if ORV_HAVE_VECTORS
+// One step of the decomposition in a buffer: the factors of all later rows, and what those rows lose.
+// Registers are loaded and stored whole; in the one where the remaining columns begin, a mask keeps the
+// lanes before them, and the factor takes its place there without a store of its own.
+template <class T>
+ORV_INLINE void eliminate_in_buffer(View<T> m, ptrdiff_t k, ptrdiff_t n)
+{
+    using P = WidePack<T>;
+    using V = typename P::V;
+    using B = std::conditional_t<sizeof(T) == 4, std::int32_t, std::int64_t>;
+    using Mask = typename Pack<B, sizeof(V)>::V;
+    const ptrdiff_t first = k / P::N * P::N, stride = Buffer<T>::stride(n);
+    Mask lane, is_factor, is_later;
+    for (int i = 0; i < P::N; ++i) lane[i] = i;
+    const Mask at = lane - lane + static_cast<B>(k - first);
+    is_factor = lane == at;
+    is_later = lane > at;
+    const T pivot = get(m.at(k, k));
+    const T* const source = m.at(k, first);
+    const V head = P::load(source);
+    for (ptrdiff_t i = k + 1; i < n; ++i) {
+        T* const target = m.at(i, first);
+        const T factor = get(target + (k - first)) / pivot;
+        const V f = P::splat(factor);
+        const V old = P::load(target);
+        P::store(target, is_later ? old - f * head : (is_factor ? f : old));
+        for (ptrdiff_t j = P::N; j < stride - first; j += P::N) {
+            P::store(target + j, P::load(target + j) - f * P::load(source + j));
+        }
+    }
+}
+#endif
 
 template <class T>
 ORV_INLINE void exchange_rows(View<T> m, ptrdiff_t a, ptrdiff_t b, ptrdiff_t n)
@@ -137,16 +194,23 @@ ORV_INLINE ptrdiff_t pivot_row(View<T> m, ptrdiff_t k, ptrdiff_t n)
     return best_row;
 }
 
-// Decomposes m in place; index(k) = row tells the pivots. accept(k) looks at the pivot in its place and
-// ends the decomposition with false.
-template <class T, class Accept>
+// Decomposes m in place, a Buffer's matrix or any; index(k) = row tells the pivots. accept(k) looks at the
+// pivot in its place and ends the decomposition with false.
+template <bool in_buffer, class T, class Accept>
 ORV_INLINE bool decompose(View<T> m, ptrdiff_t n, int* index, Accept accept)
 {
+    const ptrdiff_t width = in_buffer ? Buffer<T>::stride(n) : n;
     for (ptrdiff_t k = 0; k < n; ++k) {
         const ptrdiff_t row = pivot_row(m, k, n);
         put(index + k, static_cast<int>(row));
-        if (row != k) exchange_rows(m, row, k, n);
+        if (row != k) exchange_rows(m, row, k, width);
         if (!accept(k)) return false;
+#if ORV_HAVE_VECTORS
+        if (in_buffer) {
+            eliminate_in_buffer(m, k, n);
+            continue;
+        }
+#endif
         const T pivot = get(m.at(k, k));
         for (ptrdiff_t i = k + 1; i < n; ++i) {
             const T factor = rounded(get(m.at(i, k)) / pivot);
@@ -157,9 +221,10 @@ ORV_INLINE bool decompose(View<T> m, ptrdiff_t n, int* index, Accept accept)
     return true;
 }
 
+template <bool in_buffer>
 ORV_INLINE bool decompose_for_substitution(View<float> m, ptrdiff_t n, int* index)
 {
-    return decompose(m, n, index, [m](ptrdiff_t k) { return magnitude(m.at(k, k)) >= kLeastPivot; });
+    return decompose<in_buffer>(m, n, index, [m](ptrdiff_t k) { return magnitude(m.at(k, k)) >= kLeastPivot; });
 }
 
 // --- Inversion --------------------------------------------------------------------------------------
@@ -212,10 +277,11 @@ template <class T>
 ORV_INLINE bool is_significant(View<T> m, ptrdiff_t k, ptrdiff_t n)
 {
     const T pivot = absolute(get(m.at(k, k)));
-    T sum = pivot;
+    T sums[4] = {pivot, 0, 0, 0};
     for (ptrdiff_t j = 0; j < k; ++j) {
-        sum = rounded(sum + rounded(absolute(get(m.at(k, j))) * absolute(get(m.at(j, k)))));
+        sums[j % 4] = rounded(sums[j % 4] + rounded(absolute(get(m.at(k, j))) * absolute(get(m.at(j, k)))));
     }
+    const T sum = rounded(rounded(sums[0] + sums[1]) + rounded(sums[2] + sums[3]));
     // What rounding does to the pivot itself; errors of earlier ones are seldom magnified a thousandfold.
     const T own_error = rounded(rounded(static_cast<T>(n) * kEpsilon<T>) * sum);
     if (pivot > rounded(own_error * 1024)) return true;
@@ -264,38 +330,51 @@ ORV_INLINE void eliminate_row(View<T> lu, View<T> x, ptrdiff_t k, ptrdiff_t from
     }
 }
 
-// x = inverse from the factors: L Y = P by rows downward, U X = Y by rows upward.
+// x = inverse from the factors and x = P: L Y = P by rows downward, U X = Y by rows upward.
 template <class T>
-void solve_identity(View<T> lu, const int* index, View<T> x, ptrdiff_t n)
+ORV_INLINE void solve(View<T> lu, View<T> x, ptrdiff_t n, ptrdiff_t width)
 {
-    for (ptrdiff_t i = 0; i < n; ++i) {
-        for (ptrdiff_t j = 0; j < n; ++j) put(x.at(i, j), static_cast<T>(i == j));
-    }
+    for (ptrdiff_t k = 1; k < n; ++k) eliminate_row(lu, x, k, 0, k, 1, width, false);
+    for (ptrdiff_t k = n - 1; k >= 0; --k) eliminate_row(lu, x, k, n - 1, n - 1 - k, -1, width, true);
+}
+
+template <class T>
+Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
+{
+    Buffer<T> factors, result;
+    int index[kBuffered] = {};
+    const View<T> lu = factors.view(n), x = result.view(n);
+    fill_buffer(src, lu, n);
+    if (!decompose<true>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
+    Buffer<T>::clear(x, n);
+    int row[kBuffered];
+    for (int i = 0; i < n; ++i) row[i] = i;
     for (ptrdiff_t k = 0; k < n; ++k) {
-        if (get(index + k) != k) exchange_rows(x, get(index + k), k, n);
+        const int other = row[index[k]];
+        row[index[k]] = row[k];
+        row[k] = other;
+        put(x.at(k, other), T{1});
     }
-    for (ptrdiff_t k = 1; k < n; ++k) eliminate_row(lu, x, k, 0, k, 1, n, false);
-    for (ptrdiff_t k = n - 1; k >= 0; --k) eliminate_row(lu, x, k, n - 1, n - 1 - k, -1, n, true);
+    solve(lu, x, n, Buffer<T>::stride(n));
+    copy_square<T>({x.base, x.row, x.column}, dst, n);
+    return StatusOk;
 }
 
 template <class T>
 Status invert_by_elimination(View<const T> src, T* buffer, View<T> dst, ptrdiff_t n)
 {
-    if (n <= kBuffered) {
-        Buffer<T> factors, result;
-        int index[kBuffered] = {};
-        const View<T> lu = factors.view(n), x = result.view(n);
-        copy_square(src, lu, n);
-        if (!decompose(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
-        solve_identity(lu, index, x, n);
-        copy_square<T>({x.base, x.row, x.column}, dst, n);
-        return StatusOk;
-    }
+    if (n <= kBuffered) return invert_in_buffers(src, dst, n);
     const View<T> lu = {buffer, n * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)};
     int* const index = reinterpret_cast<int*>(buffer + n * n);
     copy_square(src, lu, n);
-    if (!decompose(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
-    solve_identity(lu, index, dst, n);
+    if (!decompose<false>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
+    for (ptrdiff_t i = 0; i < n; ++i) {
+        for (ptrdiff_t j = 0; j < n; ++j) put(dst.at(i, j), static_cast<T>(i == j));
+    }
+    for (ptrdiff_t k = 0; k < n; ++k) {
+        if (get(index + k) != k) exchange_rows(dst, get(index + k), k, n);
+    }
+    solve(lu, dst, n, n);
     return StatusOk;
 }
 
@@ -479,13 +558,13 @@ Status LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dst
     if (n <= kBuffered) {
         Buffer<float> buffer;
         const View<float> lu = buffer.view(n);
-        copy_square(from, lu, n);
-        const bool complete = decompose_for_substitution(lu, n, dstIndex);
+        fill_buffer(from, lu, n);
+        const bool complete = decompose_for_substitution<true>(lu, n, dstIndex);
         copy_square<float>({lu.base, lu.row, lu.column}, to, n);
         return complete ? StatusOk : StatusSingularMatrix;
     }
     copy_square(from, to, n);
-    return decompose_for_substitution(to, n, dstIndex) ? StatusOk : StatusSingularMatrix;
+    return decompose_for_substitution<false>(to, n, dstIndex) ? StatusOk : StatusSingularMatrix;
 }
 
 Status LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, const int* srcIndex,
