@@ -1,6 +1,7 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
 #include "image/integer_arithmetic.h"
+#include "linalg/blocked_products.h"
 #include "linalg/elimination.h"
 #include "linalg/matrices.h"
 
@@ -21,6 +22,10 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(matrices, name, __VA_ARGS__)
 #include "linalg/matrices.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(blocked_products, name, __VA_ARGS__)
+#include "linalg/blocked_products.inc"
 #undef KERNEL
 
 #define KERNEL(name, ...) TABLE(elimination, name, __VA_ARGS__)
