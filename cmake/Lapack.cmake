@@ -118,7 +118,7 @@ foreach(entry ${lapack_entries})
 endforeach()
 add_custom_command(OUTPUT ${ORVANE_LAPACK_OBJECT}
   COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -Wl,--force-group-allocation
-          -Wl,--wrap=sbdsqr_ -Wl,--wrap=dbdsqr_ -Wl,--wrap=sgemm_ -Wl,--wrap=strsm_ ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
+          -Wl,--wrap=sbdsqr_ -Wl,--wrap=dbdsqr_ -Wl,--wrap=sgemm_ -Wl,--wrap=strsm_ -Wl,--wrap=slaswp_ ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
           $<TARGET_OBJECTS:orvane_lapack_support> ${lapack_inputs}
   COMMAND ${CMAKE_OBJCOPY} ${renames} ${ORVANE_LAPACK_OBJECT}.all
   COMMAND ${CMAKE_OBJCOPY} ${keeps} --strip-debug ${ORVANE_LAPACK_OBJECT}.all ${ORVANE_LAPACK_OBJECT}

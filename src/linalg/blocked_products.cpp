@@ -1,7 +1,5 @@
 #include "linalg/blocked_products.h"
 
-#include <cstdint>
-
 #include "core/memory.h"
 #include "linalg/packs.h"
 
@@ -14,7 +12,10 @@ using std::ptrdiff_t;
 
 // A tile of c is kRows x kColumns: its sums, a column of a and an element of b fill the registers.
 constexpr int kColumns = 6;
-constexpr int kInner = 256;  // of a, packed at a time: a strip of it stays in the nearest cache
+// Of a, packed at a time: a strip stays in the nearest cache, and all of it is below the size that heaps
+// give back to the system at once.
+constexpr int kInner = 128;
+constexpr int kBlockRows = 192;
 #if ORV_HAVE_VECTORS
 using P = WidePack<float>;
 using V = P::V;
@@ -93,18 +94,21 @@ void add_tile(int rows, int columns, int inner, float alpha, const float* strip,
 Status add_product_32f(int rows, int columns, int inner, float alpha, const float* a, int lda, const float* b, int ldb,
                        float* c, int ldc)
 {
-    const int strips = (rows + kRows - 1) / kRows;
+    const int height = rows < kBlockRows ? (rows + kRows - 1) / kRows * kRows : kBlockRows;
     const int most = inner < kInner ? inner : kInner;
-    float* const packed = static_cast<float*>(orv_allocate_checked(std::int64_t{strips} * kRows * most * 4));
+    float* const packed = static_cast<float*>(orv_allocate(height * most * 4));
     if (packed == nullptr) return StatusNoMemory;
     for (int k = 0; k < inner; k += kInner) {
         const int depth = inner - k < kInner ? inner - k : kInner;
-        pack(rows, depth, a + ptrdiff_t{k} * lda, lda, packed);
-        for (int j = 0; j < columns; j += kColumns) {
-            for (int i = 0; i < rows; i += kRows) {
-                add_tile(rows - i < kRows ? rows - i : kRows, columns - j < kColumns ? columns - j : kColumns, depth,
-                         alpha, packed + ptrdiff_t{i} * depth, b + k + ptrdiff_t{j} * ldb, ldb,
-                         c + i + ptrdiff_t{j} * ldc, ldc);
+        for (int top = 0; top < rows; top += kBlockRows) {
+            const int block = rows - top < kBlockRows ? rows - top : kBlockRows;
+            pack(block, depth, a + top + ptrdiff_t{k} * lda, lda, packed);
+            for (int j = 0; j < columns; j += kColumns) {
+                for (int i = 0; i < block; i += kRows) {
+                    add_tile(block - i < kRows ? block - i : kRows, columns - j < kColumns ? columns - j : kColumns,
+                             depth, alpha, packed + ptrdiff_t{i} * depth, b + k + ptrdiff_t{j} * ldb, ldb,
+                             c + top + i + ptrdiff_t{j} * ldc, ldc);
+                }
             }
         }
     }

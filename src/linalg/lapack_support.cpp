@@ -91,6 +91,26 @@ void __wrap_sgemm_(const char* transa, const char* transb, const int* m, const i
     __real_sgemm_(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, transa_length, transb_length);
 }
 
+// Row exchanges, column by column: the routine's own order, row by row over 32 columns, meets the same
+// few cache sets again and again when the leading dimension is a power of two.
+void __real_slaswp_(const int* n, float* a, const int* lda, const int* k1, const int* k2, const int* ipiv, const int* incx);
+void __wrap_slaswp_(const int* n, float* a, const int* lda, const int* k1, const int* k2, const int* ipiv, const int* incx);
+void __wrap_slaswp_(const int* n, float* a, const int* lda, const int* k1, const int* k2, const int* ipiv, const int* incx)
+{
+    if (*incx != 1) return __real_slaswp_(n, a, lda, k1, k2, ipiv, incx);
+    for (std::ptrdiff_t j = 0; j < *n; ++j) {
+        // Bits, not floats: signalling NaNs pass through as they are.
+        unsigned* const column = reinterpret_cast<unsigned*>(a + j * *lda);
+        for (int k = *k1 - 1; k < *k2; ++k) {
+            unsigned here, there;
+            std::memcpy(&here, column + k, 4);
+            std::memcpy(&there, column + ipiv[k] - 1, 4);
+            std::memcpy(column + k, &there, 4);
+            std::memcpy(column + ipiv[k] - 1, &here, 4);
+        }
+    }
+}
+
 // Triangular systems L X = B with a unit diagonal: halves, of which the second loses its product with the
 // solution of the first, down to the size where the routine itself is as good.
 void __real_strsm_(const char* side, const char* uplo, const char* trans, const char* diag, const int* m, const int* n,
