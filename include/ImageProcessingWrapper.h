@@ -519,6 +519,14 @@ public:
     // --------------------------------------------------------------------------------------------
     // Small matrices
     //
+    // Two operations of the family that MatrixWrapper describes: strides in bytes, at least 1 and a
+    // multiple of 4. Checks: null pointer; a size, then a count, below 1; inner sizes that differ;
+    // strides. Copies move bits as they are, also those of NaNs.
+
+    /// dst = src1 * src2: the same operation as MatrixWrapper::Mul_mm_32f
+    static bool Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const float* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
+    /// dst = src, for each of the `count` matrices, which lie stride0 bytes apart
+    static bool Copy_ma_32f_SS(const float* src, int srcStride0, int srcStride1, int srcStride2, float* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
 
 protected:
     /// Does nothing: the class has no instances.

@@ -5,10 +5,113 @@
 #include "Export.h"
 
 /// Operations on small dense matrices whose elements lie at fixed byte distances.
+///
+/// **Matrices.** A matrix is a pointer to its first element and two strides in bytes: element (row i,
+/// column j) lies at base + i * stride1 + j * stride2. `width` is the number of columns, `height` the
+/// number of rows. Row-major storage has stride2 = element size, column-major storage stride1 = element
+/// size; padded rows and interleaved matrices are equally welcome. A vector has one stride, stride2. An
+/// array of matrices adds stride0, from one matrix to the next. Strides must be at least 1 and a
+/// multiple of the element size (4 for 32f, 8 for 64f). Pointers need no alignment.
+///
+/// **Names.** The suffixes tell the operands: m matrix, v vector, c constant, t transposed matrix, ma
+/// array of matrices. 32f is float, 64f double.
+///
+/// **Results.** A method returns true exactly when the operation completed; see ImageProcessingWrapper.
+/// Checks, in this order: a null pointer; a size below 1 (or, for arrays, a count below 1); inner sizes
+/// that differ; a stride below 1 or not a multiple of the element size; then whatever the family
+/// says. All give false and write nothing; only an LU decomposition that meets a singular matrix has
+/// written the part that it had done.
+///
+/// **Aliasing.** The destination may be a source in every operation: a product, a transposition, a
+/// decomposition, a substitution or an inversion gives the same result then as with separate memory.
+/// Products and transpositions whose destination shares memory with a source work in a temporary matrix
+/// (false if memory runs out, nothing written). In sums, differences, products with a constant and
+/// copies the destination must be exactly a source or lie apart.
+///
+/// **Accuracy.** Sums of products run in the order of the inner index, every step rounded to the element
+/// type (Mul_mv_64f: four interleaved sums, added pairwise). Nothing is fused, so all processors and both
+/// dense and strided operands give the same bits (of a NaN only that it is one).
 class ORVANE_API MatrixWrapper {
 public:
     /// Does nothing: the class has no state.
     MatrixWrapper& operator=(const MatrixWrapper& other);
+
+    // --------------------------------------------------------------------------------------------
+    // Sums and products with a constant
+    //
+    // Both operands and the result are width x height.
+
+    /// dst = src1 + src2
+    static bool Add_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2, int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2, int width, int height);
+    /// dst = src1 - src2: the first operand is the minuend, unlike in the subtractions of images and vectors
+    static bool Sub_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2, int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2, int width, int height);
+    /// dst = value * src
+    static bool Mul_mc_32f(const float* src, int srcStride1, int srcStride2, float value, float* dst, int dstStride1, int dstStride2, int width, int height);
+
+    // --------------------------------------------------------------------------------------------
+    // Products
+    //
+    // Sizes are those of the operands as they lie in memory, before any transposition; vectors are
+    // columns.
+
+    /// dst = src1 * src2, src1Height rows by src2Width columns; src1Width must be src2Height
+    static bool Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const float* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
+    /// dst = transpose(src1) * src2, src1Width rows by src2Width columns; src1Height must be src2Height
+    static bool Mul_tm_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const double* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, double* dst, int dstStride1, int dstStride2);
+    /// dst = src1 * src2, src1Height elements; src1Width must be src2Len
+    static bool Mul_mv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const double* src2, int src2Stride2, int src2Len, double* dst, int dstStride2);
+    /// dst = transpose(src1) * src2, src1Width elements; src1Height must be src2Len
+    static bool Mul_tv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const double* src2, int src2Stride2, int src2Len, double* dst, int dstStride2);
+
+    // --------------------------------------------------------------------------------------------
+    // Transposition
+    //
+    // Bits are moved as they are, also those of NaNs.
+
+    /// dst(j, i) = src(i, j); src has `width` columns and `height` rows, dst the reverse
+    static bool Transpose_m_32f(const float* src, int srcStride1, int srcStride2, int width, int height, float* dst, int dstStride1, int dstStride2);
+
+    // --------------------------------------------------------------------------------------------
+    // Elimination
+    //
+    // Gaussian elimination with partial pivoting, row by row. At step k the remaining element of column
+    // k with the largest absolute value becomes the pivot, the uppermost of equal ones; a NaN counts as
+    // the largest. Square matrices of widthHeight rows.
+    //
+    // The decomposition stops with false at a pivot whose absolute value is below 2^-125; dst and
+    // dstIndex then hold the steps done so far.
+    //
+    // The substitution gives false, and writes nothing, for factors that no decomposition has written: a
+    // pivot below that bound, an index outside the rows that remained at its step. Its error is that of
+    // the factors: |A x - b| is about widthHeight * 2^-24 * |L| * |U| * |x|.
+    //
+    // The inversion allocates widthHeight * (widthHeight + 1) elements, false when memory runs out or when
+    // that is 2^31 bytes or more. Up to 4 x 4 floats it computes cofactors in double precision, which
+    // gives the inverse of the given floats almost to the last bit; a matrix is singular there when its
+    // determinant is no more than its own rounding error (16 * 2^-53 of the sum of its absolute
+    // products). Larger ones, and doubles, are decomposed as above, and solved for the identity; a
+    // matrix is singular there when rounding errors alone may have left a pivot u(k,k), that is, when it
+    // is at most epsilon * |y| |L| |U| |x| with y L = e(k) and U x = u(k,k) e(k) (the first-order change of
+    // the pivot when every element of A changes by epsilon * |L| |U|; beyond the 512th step, n * epsilon *
+    // (|L| |U|)(k,k)); the measure does not depend on how rows or columns are scaled. Epsilon is 2^-23 for
+    // floats, 2^-52 for doubles. The residual |A X - 1| is within
+    // 10 * n * epsilon * cond(A). A 1 x 1 matrix is singular unless |a| > 2 * 1.1754944e-38.
+    // Singular matrices, and those whose pivots or determinant are not finite, give false and write nothing.
+
+    /// dst = L (below the diagonal, which is 1 and not stored) and U of the row-exchanged src; dstIndex[k] = the row, counted from 0, that step k exchanged with row k
+    static bool LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst, int dstStride1, int dstStride2, int widthHeight);
+    /// solves A * dstX = srcB with the factors and the index of A from LUDecomp_m_32f
+    static bool LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, const int* srcIndex, const float* srcB, int srcBStride2, float* dstX, int dstXStride2, int widthHeight);
+    /// dst = inverse(src)
+    static bool Invert_m_32f(const float* src, int srcStride1, int srcStride2, float* dst, int dstStride1, int dstStride2, int widthHeight);
+    /// dst = inverse(src)
+    static bool Invert_m_64f(const double* src, int srcStride1, int srcStride2, double* dst, int dstStride1, int dstStride2, int widthHeight);
+
+    // --------------------------------------------------------------------------------------------
+    // Arrays of matrices
+
+    /// each of the `count` matrices = ones on the diagonal, zeros elsewhere
+    static bool LoadIdentity_ma_32f(float* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
 
 protected:
     /// Does nothing: the class has no instances.

@@ -5,6 +5,9 @@
 #include "spectral/fft.h"
 #include "signal/elementary.h"
 #include "spectral/random_numbers.h"
+#include "linalg/blocked_products.h"
+#include "linalg/elimination.h"
+#include "linalg/matrices.h"
 
 namespace orv {
 
@@ -33,6 +36,16 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(random_numbers, name, __VA_ARGS__)
 #include "spectral/random_numbers.inc"
+#define KERNEL(name, ...) TABLE(matrices, name, __VA_ARGS__)
+#include "linalg/matrices.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(blocked_products, name, __VA_ARGS__)
+#include "linalg/blocked_products.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(elimination, name, __VA_ARGS__)
+#include "linalg/elimination.inc"
 #undef KERNEL
 
 }  // namespace orv

@@ -27,6 +27,10 @@ enum Status : int {
     StatusBadFftRecord = -17,       // memory that holds no specification record of this kind
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
+    StatusBadStride = -182,         // a matrix stride below 1 or not a multiple of the element size
+    StatusSingularMatrix = -195,    // a matrix without an inverse
+    StatusBadCount = -203,          // a number of matrices below 1
+    StatusSizesDiffer = -204,       // inner sizes of a matrix product that differ
 };
 
 }  // namespace orv

@@ -1,0 +1,608 @@
+// Gaussian elimination with partial pivoting, row by row.
+//
+// Decomposition: at step k the remaining element of column k with the largest absolute value becomes
+// the pivot (the first of equal ones; a NaN counts as the largest), its whole row changes places with
+// row k, and every later row loses l = a(i,k) / pivot times row k. Every element thus loses its
+// products one after the other in the order of k, each step rounded, wherever and however wide the
+// rows are worked on: dense, strided, buffered and vectorised forms give the same bits.
+#include "linalg/elimination.h"
+
+#include <cstdint>
+#include <type_traits>
+
+#include "core/float_control.h"
+#include "linalg/packs.h"
+#include "linalg/views.h"
+
+namespace orv {
+namespace elimination {
+namespace ORV_LEVEL {
+namespace {
+
+using std::ptrdiff_t;
+
+template <class T> struct BitsOf { using type = std::uint32_t; };
+template <> struct BitsOf<double> { using type = std::uint64_t; };
+
+// The absolute value as an integer that orders like it, with NaNs above infinity.
+template <class T>
+ORV_INLINE typename BitsOf<T>::type magnitude(const T* p)
+{
+    using B = typename BitsOf<T>::type;
+    return get(reinterpret_cast<const B*>(p)) & (~B{0} >> 1);
+}
+
+// 2^-125: pivots below it end the decomposition and the substitution.
+constexpr std::uint32_t kLeastPivot = 0x01000000;
+
+// Up to this size matrices are worked on in dense buffers on the stack.
+constexpr ptrdiff_t kBuffered = 32;
+
+template <class T>
+struct Buffer {
+    alignas(32) T elements[kBuffered * kBuffered];
+    // Rows are whole registers; what is behind the matrix may be computed with but is never used.
+    static ORV_INLINE ptrdiff_t stride(ptrdiff_t n)
+    {
+        constexpr ptrdiff_t lanes = 32 / static_cast<ptrdiff_t>(sizeof(T));
+        return (n + lanes - 1) / lanes * lanes;
+    }
+    ORV_INLINE View<T> view(ptrdiff_t n) { return {elements, stride(n) * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)}; }
+    static ORV_INLINE void clear(View<T> view, ptrdiff_t n)
+    {
+        for (ptrdiff_t i = 0; i < n * stride(n); ++i) view.base[i] = 0;
+    }
+};
+
+template <class T>
+ORV_INLINE void copy_square(View<const T> src, View<T> dst, ptrdiff_t n)
+{
+    for (ptrdiff_t i = 0; i < n; ++i) {
+#if ORV_HAVE_VECTORS
+        if (src.has_dense_rows() && dst.has_dense_rows()) {
+            const T* const row = src.at(i, 0);
+            for_packs(n, dst.at(i, 0), [row](auto load) { return load(row); });
+            continue;
+        }
+#endif
+        for (ptrdiff_t j = 0; j < n; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
+    }
+}
+
+// Into a buffer: whole registers, zeros behind the matrix.
+template <class T>
+ORV_INLINE void fill_buffer(View<const T> src, View<T> buffer, ptrdiff_t n)
+{
+#if ORV_HAVE_VECTORS
+    if (src.has_dense_rows()) {
+        using P = WidePack<T>;
+        const ptrdiff_t stride = Buffer<T>::stride(n);
+        for (ptrdiff_t i = 0; i < n; ++i) {
+            const T* const from = src.at(i, 0);
+            T* const to = buffer.at(i, 0);
+            ptrdiff_t j = 0;
+            for (; j + P::N <= n; j += P::N) P::store(to + j, P::load(from + j));
+            if (j < n) P::store(to + j, load_part(P(), from + j, static_cast<int>(n - j)));
+            for (j += P::N; j < stride; j += P::N) P::store(to + j, typename P::V{});
+        }
+        return;
+    }
+#endif
+    Buffer<T>::clear(buffer, n);
+    copy_square(src, buffer, n);
+}
+
+// --- Rows -------------------------------------------------------------------------------------------
+
+// target -= factor * source over the columns from `first` up to n.
+template <class T>
+ORV_INLINE void subtract_row(View<T> m, ptrdiff_t target, T factor, ptrdiff_t source, ptrdiff_t first, ptrdiff_t n)
+{
+#if ORV_HAVE_VECTORS
+    if (m.has_dense_rows()) {
+        T* const to = m.at(target, first);
+        const T* const from = m.at(source, first);
+        const auto f = WidePack<T>::splat(factor);
+        for_packs(n - first, to, [=](auto load) { return load(to) - f * load(from); });
+        return;
+    }
+#endif
+    for (ptrdiff_t j = first; j < n; ++j) {
+        put(m.at(target, j), rounded(get(m.at(target, j)) - rounded(factor * get(m.at(source, j)))));
+    }
+}
+
+#if ORV_HAVE_VECTORS
+// One step of the decomposition in a buffer: the factors of all later rows, and what those rows lose.
+// Registers are loaded and stored whole; in the one where the remaining columns begin, a mask keeps the
+// lanes before them, and the factor takes its place there without a store of its own.
+template <class T>
+ORV_INLINE void eliminate_in_buffer(View<T> m, ptrdiff_t k, ptrdiff_t n)
+{
+    using P = WidePack<T>;
+    using V = typename P::V;
+    using B = std::conditional_t<sizeof(T) == 4, std::int32_t, std::int64_t>;
+    using Mask = typename Pack<B, sizeof(V)>::V;
+    const ptrdiff_t first = k / P::N * P::N, stride = Buffer<T>::stride(n);
+    Mask lane, is_factor, is_later;
+    for (int i = 0; i < P::N; ++i) lane[i] = i;
+    const Mask at = lane - lane + static_cast<B>(k - first);
+    is_factor = lane == at;
+    is_later = lane > at;
+    const T pivot = get(m.at(k, k));
+    const T* const source = m.at(k, first);
+    const V head = P::load(source);
+    for (ptrdiff_t i = k + 1; i < n; ++i) {
+        T* const target = m.at(i, first);
+        const T factor = get(target + (k - first)) / pivot;
+        const V f = P::splat(factor);
+        const V old = P::load(target);
+        P::store(target, is_later ? old - f * head : (is_factor ? f : old));
+        for (ptrdiff_t j = P::N; j < stride - first; j += P::N) {
+            P::store(target + j, P::load(target + j) - f * P::load(source + j));
+        }
+    }
+}
+#endif
+
+template <class T>
+ORV_INLINE void exchange_rows(View<T> m, ptrdiff_t a, ptrdiff_t b, ptrdiff_t n)
+{
+    using B = typename BitsOf<T>::type;
+#if ORV_HAVE_VECTORS
+    if (m.has_dense_rows()) {
+        T* const row_a = m.at(a, 0);
+        T* const row_b = m.at(b, 0);
+        using P = WidePack<T>;
+        ptrdiff_t j = 0;
+        for (; j + P::N <= n; j += P::N) {
+            const auto x = P::load(row_a + j), y = P::load(row_b + j);
+            P::store(row_a + j, y);
+            P::store(row_b + j, x);
+        }
+        if (j < n) {
+            const int rest = static_cast<int>(n - j);
+            const auto x = load_part(P(), row_a + j, rest), y = load_part(P(), row_b + j, rest);
+            store_part(P(), row_a + j, y, rest);
+            store_part(P(), row_b + j, x, rest);
+        }
+        return;
+    }
+#endif
+    for (ptrdiff_t j = 0; j < n; ++j) {
+        B* const p = reinterpret_cast<B*>(m.at(a, j));
+        B* const q = reinterpret_cast<B*>(m.at(b, j));
+        const B x = get(p), y = get(q);
+        put(p, y);
+        put(q, x);
+    }
+}
+
+// --- Decomposition ----------------------------------------------------------------------------------
+
+template <class T>
+ORV_INLINE ptrdiff_t pivot_row(View<T> m, ptrdiff_t k, ptrdiff_t n)
+{
+    ptrdiff_t best_row = k;
+    auto best = magnitude(m.at(k, k));
+    for (ptrdiff_t i = k + 1; i < n; ++i) {
+        const auto candidate = magnitude(m.at(i, k));
+        const bool larger = candidate > best;
+        best = larger ? candidate : best;
+        best_row = larger ? i : best_row;
+    }
+    return best_row;
+}
+
+// Decomposes m in place, a Buffer's matrix or any; index(k) = row tells the pivots. accept(k) looks at the
+// pivot in its place and ends the decomposition with false.
+template <bool in_buffer, class T, class Accept>
+ORV_INLINE bool decompose(View<T> m, ptrdiff_t n, int* index, Accept accept)
+{
+    const ptrdiff_t width = in_buffer ? Buffer<T>::stride(n) : n;
+    for (ptrdiff_t k = 0; k < n; ++k) {
+        const ptrdiff_t row = pivot_row(m, k, n);
+        put(index + k, static_cast<int>(row));
+        if (row != k) exchange_rows(m, row, k, width);
+        if (!accept(k)) return false;
+#if ORV_HAVE_VECTORS
+        if (in_buffer) {
+            eliminate_in_buffer(m, k, n);
+            continue;
+        }
+#endif
+        const T pivot = get(m.at(k, k));
+        for (ptrdiff_t i = k + 1; i < n; ++i) {
+            const T factor = rounded(get(m.at(i, k)) / pivot);
+            put(m.at(i, k), factor);
+            subtract_row(m, i, factor, k, k + 1, n);
+        }
+    }
+    return true;
+}
+
+template <bool in_buffer>
+ORV_INLINE bool decompose_for_substitution(View<float> m, ptrdiff_t n, int* index)
+{
+    return decompose<in_buffer>(m, n, index, [m](ptrdiff_t k) { return magnitude(m.at(k, k)) >= kLeastPivot; });
+}
+
+// --- Inversion --------------------------------------------------------------------------------------
+
+template <class T> constexpr T kEpsilon = T(1) / (1 << 23);
+template <> constexpr double kEpsilon<double> = 1.0 / (1LL << 52);
+
+template <class T>
+ORV_INLINE T absolute(T x)
+{
+    return x < 0 ? -x : x;
+}
+
+// A pivot is what is left of an element after subtracting products. A matrix is singular, as far as its
+// arithmetic can tell, when rounding errors alone may have left it.
+//
+// The factors of the leading k+1 rows and columns are those of a matrix that is off by no more than about
+// epsilon * |L| |U|, element by element. To first order that changes the pivot by epsilon * |y| |L| |U| |x|
+// at most, where y solves y L = e (the last unit row) and x solves U x = e * u(k,k): how the row and the
+// column of the pivot depend on those before them. The measure does not change when rows or columns
+// are scaled by powers of two.
+constexpr ptrdiff_t kMeasured = 512;
+
+template <class T>
+__attribute__((noinline)) double pivot_error(View<T> lu, ptrdiff_t k)
+{
+    double x[kMeasured], y[kMeasured];
+    x[k] = y[k] = 1;
+    for (ptrdiff_t j = k - 1; j >= 0; --j) {
+        double sum_x = 0, sum_y = 0;
+        for (ptrdiff_t i = j + 1; i <= k; ++i) {
+            sum_x += get(lu.at(j, i)) * x[i];
+            sum_y += y[i] * get(lu.at(i, j));
+        }
+        x[j] = -sum_x / get(lu.at(j, j));
+        y[j] = -sum_y;
+    }
+    double error = 0;
+    for (ptrdiff_t m = 0; m <= k; ++m) {
+        double right = 0, left = absolute(y[m]);
+        for (ptrdiff_t i = m; i <= k; ++i) right += absolute(get(lu.at(m, i)) * x[i]);
+        for (ptrdiff_t i = m + 1; i <= k; ++i) left += absolute(y[i] * get(lu.at(i, m)));
+        error += left * right;
+    }
+    return static_cast<double>(kEpsilon<T>) * error;
+}
+
+// NaNs and infinities are not significant.
+template <class T>
+ORV_INLINE bool is_significant(View<T> m, ptrdiff_t k, ptrdiff_t n)
+{
+    const T pivot = absolute(get(m.at(k, k)));
+    T sums[4] = {pivot, 0, 0, 0};
+    for (ptrdiff_t j = 0; j < k; ++j) {
+        sums[j % 4] = rounded(sums[j % 4] + rounded(absolute(get(m.at(k, j))) * absolute(get(m.at(j, k)))));
+    }
+    const T sum = rounded(rounded(sums[0] + sums[1]) + rounded(sums[2] + sums[3]));
+    // What rounding does to the pivot itself; errors of earlier ones are seldom magnified a thousandfold.
+    const T own_error = rounded(rounded(static_cast<T>(n) * kEpsilon<T>) * sum);
+    if (pivot > rounded(own_error * 1024)) return true;
+    if (!(pivot > 0) || !(sum - sum == 0)) return false;
+    return k < kMeasured ? pivot > pivot_error(m, k) : pivot > own_error;
+}
+
+// Rows of x from the factors: row k loses factor(k, j) times row j, for j from `from` on by `step`.
+template <class T>
+ORV_INLINE void eliminate_row(View<T> lu, View<T> x, ptrdiff_t k, ptrdiff_t from, ptrdiff_t count, ptrdiff_t step,
+                              ptrdiff_t n, bool divide)
+{
+    const T pivot = get(lu.at(k, k));
+#if ORV_HAVE_VECTORS
+    if (x.has_dense_rows()) {
+        using P = WidePack<T>;
+        const auto p = P::splat(pivot);
+        T* const row = x.at(k, 0);
+        ptrdiff_t c = 0;
+        for (; c + 4 * P::N <= n; c += 4 * P::N) {
+            typename P::V v[4];
+            for (int r = 0; r < 4; ++r) v[r] = P::load(row + c + r * P::N);
+            for (ptrdiff_t t = 0, j = from; t < count; ++t, j += step) {
+                const auto f = P::splat(get(lu.at(k, j)));
+                for (int r = 0; r < 4; ++r) v[r] -= f * P::load(x.at(j, c) + r * P::N);
+            }
+            for (int r = 0; r < 4; ++r) P::store(row + c + r * P::N, divide ? v[r] / p : v[r]);
+        }
+        T* const tail = row + c;
+        for_packs(n - c, tail, [&](auto load) {
+            auto v = load(tail);
+            for (ptrdiff_t t = 0, j = from; t < count; ++t, j += step) {
+                v -= P::splat(get(lu.at(k, j))) * load(x.at(j, c));
+            }
+            return divide ? v / p : v;
+        });
+        return;
+    }
+#endif
+    for (ptrdiff_t c = 0; c < n; ++c) {
+        T v = get(x.at(k, c));
+        for (ptrdiff_t t = 0, j = from; t < count; ++t, j += step) {
+            v = rounded(v - rounded(get(lu.at(k, j)) * get(x.at(j, c))));
+        }
+        put(x.at(k, c), divide ? rounded(v / pivot) : v);
+    }
+}
+
+// x = inverse from the factors and x = P: L Y = P by rows downward, U X = Y by rows upward.
+template <class T>
+ORV_INLINE void solve(View<T> lu, View<T> x, ptrdiff_t n, ptrdiff_t width)
+{
+    for (ptrdiff_t k = 1; k < n; ++k) eliminate_row(lu, x, k, 0, k, 1, width, false);
+    for (ptrdiff_t k = n - 1; k >= 0; --k) eliminate_row(lu, x, k, n - 1, n - 1 - k, -1, width, true);
+}
+
+template <class T>
+Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
+{
+    Buffer<T> factors, result;
+    int index[kBuffered] = {};
+    const View<T> lu = factors.view(n), x = result.view(n);
+    fill_buffer(src, lu, n);
+    if (!decompose<true>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
+    Buffer<T>::clear(x, n);
+    int row[kBuffered];
+    for (int i = 0; i < n; ++i) row[i] = i;
+    for (ptrdiff_t k = 0; k < n; ++k) {
+        const int other = row[index[k]];
+        row[index[k]] = row[k];
+        row[k] = other;
+        put(x.at(k, other), T{1});
+    }
+    solve(lu, x, n, Buffer<T>::stride(n));
+    copy_square<T>({x.base, x.row, x.column}, dst, n);
+    return StatusOk;
+}
+
+template <class T>
+Status invert_by_elimination(View<const T> src, T* buffer, View<T> dst, ptrdiff_t n)
+{
+    if (n <= kBuffered) return invert_in_buffers(src, dst, n);
+    const View<T> lu = {buffer, n * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)};
+    int* const index = reinterpret_cast<int*>(buffer + n * n);
+    copy_square(src, lu, n);
+    if (!decompose<false>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
+    for (ptrdiff_t i = 0; i < n; ++i) {
+        for (ptrdiff_t j = 0; j < n; ++j) put(dst.at(i, j), static_cast<T>(i == j));
+    }
+    for (ptrdiff_t k = 0; k < n; ++k) {
+        if (get(index + k) != k) exchange_rows(dst, get(index + k), k, n);
+    }
+    solve(lu, dst, n, n);
+    return StatusOk;
+}
+
+// Floats up to 4x4 by cofactors in double: products of two floats are exact there, so the determinant
+// and the cofactors are right to a few units of double precision, and nothing overflows. Singular
+// means that the determinant is no more than its rounding error; a singular matrix is always found.
+
+constexpr double kDeterminantError = 16.0 / (1LL << 53);
+
+// True for NaNs as well.
+ORV_INLINE bool is_nothing_but_error(double determinant, double magnitudes)
+{
+    return !(absolute(determinant) > kDeterminantError * magnitudes);
+}
+
+ORV_INLINE Status invert_2x2(const double (&a)[4][4], double (&x)[4][4])
+{
+    const double p = a[0][0] * a[1][1], q = a[0][1] * a[1][0];
+    const double determinant = p - q;
+    // Both products are exact: a sixteenth of the bound is enough, and no difference is lost below it.
+    if (is_nothing_but_error(determinant, (absolute(p) + absolute(q)) / 16)) return StatusSingularMatrix;
+    x[0][0] = a[1][1] / determinant;
+    x[0][1] = -a[0][1] / determinant;
+    x[1][0] = -a[1][0] / determinant;
+    x[1][1] = a[0][0] / determinant;
+    return StatusOk;
+}
+
+ORV_INLINE Status invert_3x3(const double (&a)[4][4], double (&x)[4][4])
+{
+    const double c00 = a[1][1] * a[2][2] - a[1][2] * a[2][1];
+    const double c01 = a[1][2] * a[2][0] - a[1][0] * a[2][2];
+    const double c02 = a[1][0] * a[2][1] - a[1][1] * a[2][0];
+    const double t0 = a[0][0] * c00, t1 = a[0][1] * c01, t2 = a[0][2] * c02;
+    const double determinant = t0 + t1 + t2;
+    if (is_nothing_but_error(determinant, absolute(t0) + absolute(t1) + absolute(t2))) return StatusSingularMatrix;
+    const double r = 1 / determinant;
+    x[0][0] = c00 * r;
+    x[1][0] = c01 * r;
+    x[2][0] = c02 * r;
+    x[0][1] = (a[0][2] * a[2][1] - a[0][1] * a[2][2]) * r;
+    x[1][1] = (a[0][0] * a[2][2] - a[0][2] * a[2][0]) * r;
+    x[2][1] = (a[0][1] * a[2][0] - a[0][0] * a[2][1]) * r;
+    x[0][2] = (a[0][1] * a[1][2] - a[0][2] * a[1][1]) * r;
+    x[1][2] = (a[0][2] * a[1][0] - a[0][0] * a[1][2]) * r;
+    x[2][2] = (a[0][0] * a[1][1] - a[0][1] * a[1][0]) * r;
+    return StatusOk;
+}
+
+// By the 2x2 minors of the upper and of the lower two rows (Laplace expansion).
+ORV_INLINE Status invert_4x4(const double (&a)[4][4], double (&x)[4][4])
+{
+    double s[6], c[6];
+    const auto minors = [](const double* p, const double* q, double* m) __attribute__((always_inline)) {
+        m[0] = p[0] * q[1] - q[0] * p[1];
+        m[1] = p[0] * q[2] - q[0] * p[2];
+        m[2] = p[0] * q[3] - q[0] * p[3];
+        m[3] = p[1] * q[2] - q[1] * p[2];
+        m[4] = p[1] * q[3] - q[1] * p[3];
+        m[5] = p[2] * q[3] - q[2] * p[3];
+    };
+    minors(a[0], a[1], s);
+    minors(a[2], a[3], c);
+    const double t0 = s[0] * c[5], t1 = s[1] * c[4], t2 = s[2] * c[3];
+    const double t3 = s[3] * c[2], t4 = s[4] * c[1], t5 = s[5] * c[0];
+    const double determinant = ((t0 - t1) + (t2 + t3)) + (t5 - t4);
+    const double magnitudes = absolute(t0) + absolute(t1) + absolute(t2) + absolute(t3) + absolute(t4) + absolute(t5);
+    if (is_nothing_but_error(determinant, magnitudes)) return StatusSingularMatrix;
+    const double r = 1 / determinant;
+    // Columns 0, 1 take the lower minors, columns 2, 3 the upper ones; row by row the same pattern.
+    const auto column = [&](int j, const double* row, const double* m, double sign) __attribute__((always_inline)) {
+        x[0][j] = (row[1] * m[5] - row[2] * m[4] + row[3] * m[3]) * sign;
+        x[1][j] = (row[0] * m[5] - row[2] * m[2] + row[3] * m[1]) * -sign;
+        x[2][j] = (row[0] * m[4] - row[1] * m[2] + row[3] * m[0]) * sign;
+        x[3][j] = (row[0] * m[3] - row[1] * m[1] + row[2] * m[0]) * -sign;
+    };
+    column(0, a[1], c, r);
+    column(1, a[0], c, -r);
+    column(2, a[3], s, r);
+    column(3, a[2], s, -r);
+    return StatusOk;
+}
+
+template <int N, class Inverse>
+ORV_INLINE Status invert_by_cofactors(View<const float> src, View<float> dst, Inverse inverse)
+{
+    double a[4][4], x[4][4];
+    for (int i = 0; i < N; ++i) {
+        for (int j = 0; j < N; ++j) a[i][j] = get(src.at(i, j));
+    }
+    if (const Status bad = inverse(a, x)) return bad;
+    for (int i = 0; i < N; ++i) {
+        for (int j = 0; j < N; ++j) put(dst.at(i, j), rounded(static_cast<float>(x[i][j])));
+    }
+    return StatusOk;
+}
+
+// False for anything but floats of sizes 2 to 4.
+ORV_INLINE bool inverted_by_cofactors(View<const float> src, View<float> dst, int n, Status& status)
+{
+    if (n == 3) return status = invert_by_cofactors<3>(src, dst, [](auto& a, auto& x) { return invert_3x3(a, x); }), true;
+    if (n == 4) return status = invert_by_cofactors<4>(src, dst, [](auto& a, auto& x) { return invert_4x4(a, x); }), true;
+    if (n == 2) return status = invert_by_cofactors<2>(src, dst, [](auto& a, auto& x) { return invert_2x2(a, x); }), true;
+    return false;
+}
+ORV_INLINE bool inverted_by_cofactors(View<const double>, View<double>, int, Status&) { return false; }
+
+template <class T>
+ORV_INLINE Status invert_number(const T* src, T* dst)
+{
+    const T a = get(src);
+    if (!(absolute(a) > 2 * static_cast<T>(1.1754944e-38))) return StatusSingularMatrix;
+    put(dst, rounded(1 / a));
+    return StatusOk;
+}
+
+template <class T>
+ORV_INLINE Status invert(const T* src, int srcStride1, int srcStride2, T* buffer, T* dst, int dstStride1,
+                         int dstStride2, int n)
+{
+    if (any_null(src, buffer, dst)) return StatusNullPointer;
+    if (n < 1) return StatusBadSize;
+    if (any_bad_stride(sizeof(T), srcStride1, srcStride2, dstStride1, dstStride2)) return StatusBadStride;
+    const FloatControl control;
+    const View<const T> from = {src, srcStride1, srcStride2};
+    const View<T> to = {dst, dstStride1, dstStride2};
+    if (n == 1) return invert_number(src, dst);
+    Status status = StatusOk;
+    if (inverted_by_cofactors(from, to, n, status)) return status;
+    return invert_by_elimination(from, buffer, to, n);
+}
+
+// --- Substitution -----------------------------------------------------------------------------------
+
+// What the decomposition cannot have written: an index outside the remaining rows, a pivot below its bound.
+ORV_INLINE bool are_factors(View<const float> lu, const int* index, int n)
+{
+    for (int k = 0; k < n; ++k) {
+        const int row = get(index + k);
+        if (row < k || row >= n || magnitude(lu.at(k, k)) < kLeastPivot) return false;
+    }
+    return true;
+}
+
+// Elements of x one by one; those that were found last are subtracted last, so that the next one waits
+// for one product only.
+ORV_INLINE void substitute(View<const float> lu, const int* index, View<float> x, int n)
+{
+    for (int k = 0; k < n; ++k) {
+        const int row = get(index + k);
+        const float value = get(x.at(0, row));
+        put(x.at(0, row), get(x.at(0, k)));
+        put(x.at(0, k), value);
+    }
+    for (int i = 1; i < n; ++i) {
+        float sum = get(x.at(0, i));
+        for (int j = 0; j < i; ++j) sum = rounded(sum - rounded(get(lu.at(i, j)) * get(x.at(0, j))));
+        put(x.at(0, i), sum);
+    }
+    for (int i = n - 1; i >= 0; --i) {
+        float sum = get(x.at(0, i));
+        for (int j = n - 1; j > i; --j) sum = rounded(sum - rounded(get(lu.at(i, j)) * get(x.at(0, j))));
+        put(x.at(0, i), rounded(sum / get(lu.at(i, i))));
+    }
+}
+
+}  // namespace
+
+// --- Kernels ----------------------------------------------------------------------------------------
+
+Status LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst, int dstStride1,
+                      int dstStride2, int widthHeight)
+{
+    if (any_null(src, dstIndex, dst)) return StatusNullPointer;
+    if (widthHeight < 1) return StatusBadSize;
+    if (any_bad_stride(sizeof(float), srcStride1, srcStride2, dstStride1, dstStride2)) return StatusBadStride;
+    const FloatControl control;
+    const ptrdiff_t n = widthHeight;
+    const View<const float> from = {src, srcStride1, srcStride2};
+    const View<float> to = {dst, dstStride1, dstStride2};
+    if (n <= kBuffered) {
+        Buffer<float> buffer;
+        const View<float> lu = buffer.view(n);
+        fill_buffer(from, lu, n);
+        const bool complete = decompose_for_substitution<true>(lu, n, dstIndex);
+        copy_square<float>({lu.base, lu.row, lu.column}, to, n);
+        return complete ? StatusOk : StatusSingularMatrix;
+    }
+    copy_square(from, to, n);
+    return decompose_for_substitution<false>(to, n, dstIndex) ? StatusOk : StatusSingularMatrix;
+}
+
+Status LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, const int* srcIndex,
+                          const float* srcB, int srcBStride2, float* dstX, int dstXStride2, int widthHeight)
+{
+    if (any_null(srcLU, srcIndex, srcB, dstX)) return StatusNullPointer;
+    if (widthHeight < 1) return StatusBadSize;
+    if (any_bad_stride(sizeof(float), srcLUStride1, srcLUStride2, srcBStride2, dstXStride2)) return StatusBadStride;
+    const FloatControl control;
+    const View<const float> lu = {srcLU, srcLUStride1, srcLUStride2};
+    if (!are_factors(lu, srcIndex, widthHeight)) return StatusSingularMatrix;
+    constexpr int kStack = 256;
+    float local[kStack];
+    const bool small = widthHeight <= kStack;
+    const View<float> x = {dstX, 0, dstXStride2};
+    const View<float> work = small ? View<float>{local, 0, sizeof(float)} : x;
+    for (int i = 0; i < widthHeight; ++i) {
+        __builtin_memcpy(work.at(0, i), row_at(srcB, srcBStride2, i), sizeof(float));
+    }
+    substitute(lu, srcIndex, work, widthHeight);
+    if (small) {
+        for (int i = 0; i < widthHeight; ++i) __builtin_memcpy(x.at(0, i), local + i, sizeof(float));
+    }
+    return StatusOk;
+}
+
+Status Invert_m_32f(const float* src, int srcStride1, int srcStride2, float* buffer, float* dst, int dstStride1,
+                    int dstStride2, int widthHeight)
+{
+    return invert(src, srcStride1, srcStride2, buffer, dst, dstStride1, dstStride2, widthHeight);
+}
+
+Status Invert_m_64f(const double* src, int srcStride1, int srcStride2, double* buffer, double* dst, int dstStride1,
+                    int dstStride2, int widthHeight)
+{
+    return invert(src, srcStride1, srcStride2, buffer, dst, dstStride1, dstStride2, widthHeight);
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace elimination
+}  // namespace orv

@@ -1,0 +1,507 @@
+#include "linalg/matrices.h"
+
+#include "core/float_control.h"
+#include "linalg/packs.h"
+#include "linalg/views.h"
+
+namespace orv {
+namespace matrices {
+namespace ORV_LEVEL {
+namespace {
+
+using std::ptrdiff_t;
+
+// --- Element-wise ---------------------------------------------------------------------------------
+
+struct Sum {
+    template <class V> ORV_INLINE V operator()(V a, V b) const { return a + b; }
+};
+struct Difference {
+    template <class V> ORV_INLINE V operator()(V a, V b) const { return a - b; }
+};
+
+// dst = op(a, b), element by element.
+template <class T, class Op>
+ORV_INLINE void elementwise(View<const T> a, View<const T> b, View<T> dst, ptrdiff_t width, ptrdiff_t height, Op op)
+{
+#if ORV_HAVE_VECTORS
+    if (a.has_dense_rows() && b.has_dense_rows() && dst.has_dense_rows()) {
+        const ptrdiff_t row_bytes = width * static_cast<ptrdiff_t>(sizeof(T));
+        if (a.row == row_bytes && b.row == row_bytes && dst.row == row_bytes) {
+            width *= height;
+            height = 1;
+        }
+        for (ptrdiff_t i = 0; i < height; ++i) {
+            const T* const row_a = a.at(i, 0);
+            const T* const row_b = b.at(i, 0);
+            for_packs(width, dst.at(i, 0), [=](auto load) { return op(load(row_a), load(row_b)); });
+        }
+        return;
+    }
+#endif
+    for (ptrdiff_t i = 0; i < height; ++i) {
+        for (ptrdiff_t j = 0; j < width; ++j) put(dst.at(i, j), rounded(op(get(a.at(i, j)), get(b.at(i, j)))));
+    }
+}
+
+template <class Op>
+ORV_INLINE Status matrix_matrix(const float* src1, int src1Stride1, int src1Stride2, const float* src2,
+                                int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2,
+                                int width, int height, Op op)
+{
+    if (const Status bad = check_image({width, height}, src1, src2, dst)) return bad;
+    if (any_bad_stride(sizeof(float), src1Stride1, src1Stride2, src2Stride1, src2Stride2, dstStride1, dstStride2)) {
+        return StatusBadStride;
+    }
+    const FloatControl control;
+    elementwise<float>({src1, src1Stride1, src1Stride2}, {src2, src2Stride1, src2Stride2},
+                       {dst, dstStride1, dstStride2}, width, height, op);
+    return StatusOk;
+}
+
+// --- Products ---------------------------------------------------------------------------------------
+//
+// Every element is the sum of its products in the order of the inner index, each step rounded: rows
+// and columns of the destination may be computed side by side, the inner index may not.
+
+template <class T>
+struct Product {
+    View<const T> a, b;
+    View<T> dst;
+    ptrdiff_t rows, columns, inner;
+
+    ORV_INLINE Product transposed() const
+    {
+        return {b.transposed(), a.transposed(), dst.transposed(), columns, rows, inner};
+    }
+};
+
+template <class T>
+void product_by_elements(const Product<T>& p)
+{
+    for (ptrdiff_t i = 0; i < p.rows; ++i) {
+        for (ptrdiff_t j = 0; j < p.columns; ++j) {
+            T sum = rounded(get(p.a.at(i, 0)) * get(p.b.at(0, j)));
+            for (ptrdiff_t k = 1; k < p.inner; ++k) {
+                sum = rounded(sum + rounded(get(p.a.at(i, k)) * get(p.b.at(k, j))));
+            }
+            put(p.dst.at(i, j), sum);
+        }
+    }
+}
+
+#if ORV_HAVE_VECTORS
+
+// Rows x Columns registers of the destination from (i, j) on. The last register has `part` lanes, or all
+// for 0; Inner is the inner size where it is known beforehand, else 0. Nothing is stored before all is
+// computed.
+template <class P, int Rows, int Columns, int Inner, class T>
+ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
+{
+    using V = typename P::V;
+    V sum[Rows][Columns];
+    const ptrdiff_t inner = Inner != 0 ? Inner : p.inner;
+    const auto step = [&](ptrdiff_t k, bool first) __attribute__((always_inline)) {
+        const T* const b = p.b.at(k, j);
+        V row[Columns];
+        for (int c = 0; c < Columns; ++c) {
+            row[c] = part != 0 && c == Columns - 1 ? load_part(P(), b + c * P::N, part) : P::load(b + c * P::N);
+        }
+        for (int r = 0; r < Rows; ++r) {
+            const V a = P::splat(get(p.a.at(i + r, k)));
+            for (int c = 0; c < Columns; ++c) sum[r][c] = first ? a * row[c] : sum[r][c] + a * row[c];
+        }
+    };
+    step(0, true);
+    for (ptrdiff_t k = 1; k < inner; ++k) step(k, false);
+    for (int r = 0; r < Rows; ++r) {
+        T* const dst = p.dst.at(i + r, j);
+        for (int c = 0; c < Columns; ++c) {
+            if (part != 0 && c == Columns - 1) store_part(P(), dst + c * P::N, sum[r][c], part);
+            else P::store(dst + c * P::N, sum[r][c]);
+        }
+    }
+}
+
+// A strip of the destination, Columns registers wide.
+template <class P, int Columns, class T>
+ORV_INLINE void strip(const Product<T>& p, ptrdiff_t j, int part)
+{
+    ptrdiff_t i = 0;
+    for (; i + 4 <= p.rows; i += 4) tile<P, 4, Columns, 0>(p, i, j, part);
+    for (; i + 2 <= p.rows; i += 2) tile<P, 2, Columns, 0>(p, i, j, part);
+    if (i < p.rows) tile<P, 1, Columns, 0>(p, i, j, part);
+}
+
+template <class P, class T>
+ORV_INLINE void strips(const Product<T>& p)
+{
+    ptrdiff_t j = 0;
+    if (p.rows == 1) {
+        for (; j + 4 * P::N <= p.columns; j += 4 * P::N) tile<P, 1, 4, 0>(p, 0, j, 0);
+    }
+    for (; j + 2 * P::N <= p.columns; j += 2 * P::N) strip<P, 2>(p, j, 0);
+    for (; j + P::N <= p.columns; j += P::N) strip<P, 1>(p, j, 0);
+    if (j < p.columns) strip<P, 1>(p, j, static_cast<int>(p.columns - j));
+}
+
+// The sizes that matter most; unlike the strips these may store over their sources.
+template <class T>
+ORV_INLINE bool product_of_usual_size(const Product<T>& p)
+{
+    if (p.rows != p.columns || p.rows != p.inner) return false;
+    if (p.rows == 4) {
+        if constexpr (sizeof(T) == 4) tile<Pack<T, 16>, 4, 1, 4>(p, 0, 0, 0);
+        else tile<WidePack<T>, 4, 4 / WidePack<T>::N, 4>(p, 0, 0, 0);
+        return true;
+    }
+    if (p.rows == 3) {
+        if constexpr (sizeof(T) == 4) tile<Pack<T, 16>, 3, 1, 3>(p, 0, 0, 3);
+        else tile<WidePack<T>, 3, (3 + WidePack<T>::N - 1) / WidePack<T>::N, 3>(p, 0, 0, 3 % WidePack<T>::N);
+        return true;
+    }
+#if ORV_HAVE_FLOAT256
+    if (sizeof(T) == 4 && p.rows == 8) {
+        tile<WidePack<T>, 8, 1, 8>(p, 0, 0, 0);
+        return true;
+    }
+#endif
+    return false;
+}
+
+template <class T>
+void product_by_packs(const Product<T>& p)
+{
+    if (sizeof(T) == 4 && p.columns <= 4) strips<Pack<T, 16>>(p);
+    else strips<WidePack<T>>(p);
+}
+
+#endif  // ORV_HAVE_VECTORS
+
+template <class T>
+void product_apart(const Product<T>& p)
+{
+#if ORV_HAVE_VECTORS
+    if (p.b.has_dense_rows() && p.dst.has_dense_rows()) return product_by_packs(p);
+    if (p.a.has_dense_columns() && p.dst.has_dense_columns()) return product_by_packs(p.transposed());
+#endif
+    product_by_elements(p);
+}
+
+template <class T>
+void copy_elements(View<const T> src, View<T> dst, ptrdiff_t width, ptrdiff_t height);
+
+template <class T>
+ORV_INLINE bool touches_sources(const Product<T>& p)
+{
+    return overlap(p.dst, p.rows, p.columns, p.a, p.rows, p.inner) ||
+           overlap(p.dst, p.rows, p.columns, p.b, p.inner, p.columns);
+}
+
+// Runs compute(dst) into memory of its own, then moves the result to dst.
+template <class T, class Compute>
+__attribute__((noinline)) Status by_substitute(View<T> dst, ptrdiff_t rows, ptrdiff_t columns, Compute compute)
+{
+    Substitute<T> substitute(rows, columns);
+    const View<T> view = substitute.view();
+    if (view.base == nullptr) return StatusNoMemory;
+    compute(view);
+    copy_elements<T>({view.base, view.row, view.column}, dst, columns, rows);
+    return StatusOk;
+}
+
+template <class T>
+ORV_INLINE Status product(const Product<T>& p)
+{
+    const FloatControl control;
+#if ORV_HAVE_VECTORS
+    if (p.b.has_dense_rows() && p.dst.has_dense_rows() && product_of_usual_size(p)) return StatusOk;
+#endif
+    if (touches_sources(p)) {
+        return by_substitute(p.dst, p.rows, p.columns, [&p](View<T> dst) {
+            Product<T> elsewhere = p;
+            elsewhere.dst = dst;
+            product_apart(elsewhere);
+        });
+    }
+    product_apart(p);
+    return StatusOk;
+}
+
+// --- Matrix times vector ----------------------------------------------------------------------------
+//
+// A row of the matrix lies along the sum, so four sums run side by side: the products of the columns
+// 0, 4, 8... go to the first, 1, 5, 9... to the second; the total is (first + second) + (third +
+// fourth). Sums start at +0.
+
+template <class T>
+ORV_INLINE T row_by_elements(View<const T> a, View<const T> v, ptrdiff_t i, ptrdiff_t n)
+{
+    T sum[4] = {0, 0, 0, 0};
+    for (ptrdiff_t k = 0; k < n; ++k) {
+        sum[k % 4] = rounded(sum[k % 4] + rounded(get(a.at(i, k)) * get(v.at(0, k))));
+    }
+    return rounded(rounded(sum[0] + sum[1]) + rounded(sum[2] + sum[3]));
+}
+
+#if ORV_HAVE_VECTORS
+
+// Four sums of a row, in the registers of the level.
+template <int Rows>
+struct FourSums {
+    using P = WidePack<double>;
+    static constexpr int kRegisters = 4 / P::N;
+    P::V sum[Rows][kRegisters] = {};
+
+    ORV_INLINE void add(View<const double> a, const double* v, ptrdiff_t i, ptrdiff_t k)
+    {
+        for (int c = 0; c < kRegisters; ++c) {
+            const P::V x = P::load(v + k + c * P::N);
+            for (int r = 0; r < Rows; ++r) sum[r][c] += P::load(a.at(i + r, 0) + k + c * P::N) * x;
+        }
+    }
+    ORV_INLINE void add_rest(View<const double> a, const double* v, ptrdiff_t i, ptrdiff_t k, int rest)
+    {
+        for (int c = 0; c < kRegisters && rest > 0; ++c, rest -= P::N, k += P::N) {
+            const bool whole = rest >= P::N;
+            const P::V x = whole ? P::load(v + k) : load_part(P(), v + k, rest);
+            for (int r = 0; r < Rows; ++r) {
+                const double* const row = a.at(i + r, 0) + k;
+                sum[r][c] += (whole ? P::load(row) : load_part(P(), row, rest)) * x;
+            }
+        }
+    }
+    ORV_INLINE double total(int r) const
+    {
+        double s[4];
+        __builtin_memcpy(s, sum[r], sizeof(s));
+        return (s[0] + s[1]) + (s[2] + s[3]);
+    }
+};
+
+template <int Rows>
+ORV_INLINE void rows_times_vector(View<const double> a, const double* v, View<double> dst, ptrdiff_t i, ptrdiff_t n)
+{
+    FourSums<Rows> sums;
+    ptrdiff_t k = 0;
+    for (; k + 4 <= n; k += 4) sums.add(a, v, i, k);
+    if (k < n) sums.add_rest(a, v, i, k, static_cast<int>(n - k));
+    for (int r = 0; r < Rows; ++r) put(dst.at(0, i + r), sums.total(r));
+}
+
+#endif
+
+// dst = a * v, where a has `rows` rows of n elements; v and dst are rows.
+void matrix_times_vector(View<const double> a, View<const double> v, View<double> dst, ptrdiff_t rows, ptrdiff_t n)
+{
+#if ORV_HAVE_VECTORS
+    if (a.has_dense_rows() && v.has_dense_rows()) {
+        ptrdiff_t i = 0;
+        for (; i + 4 <= rows; i += 4) rows_times_vector<4>(a, v.base, dst, i, n);
+        for (; i < rows; ++i) rows_times_vector<1>(a, v.base, dst, i, n);
+        return;
+    }
+#endif
+    for (ptrdiff_t i = 0; i < rows; ++i) put(dst.at(0, i), row_by_elements(a, v, i, n));
+}
+
+// --- Moving and filling: floats as integers, so that every bit arrives ------------------------------
+
+using Bits = std::uint32_t;
+
+#if ORV_HAVE_VECTORS
+ORV_INLINE void transpose_4x4(View<const float> src, View<float> dst)
+{
+    using P = Pack<float, 16>;
+    __m128 r0 = P::load(src.at(0, 0)), r1 = P::load(src.at(1, 0)), r2 = P::load(src.at(2, 0)), r3 = P::load(src.at(3, 0));
+    _MM_TRANSPOSE4_PS(r0, r1, r2, r3);
+    P::store(dst.at(0, 0), r0);
+    P::store(dst.at(1, 0), r1);
+    P::store(dst.at(2, 0), r2);
+    P::store(dst.at(3, 0), r3);
+}
+#endif
+
+ORV_INLINE void transpose_by_elements(View<const Bits> src, View<Bits> dst, ptrdiff_t width, ptrdiff_t height)
+{
+    for (ptrdiff_t j = 0; j < width; ++j) {
+        for (ptrdiff_t i = 0; i < height; ++i) put(dst.at(j, i), get(src.at(i, j)));
+    }
+}
+
+void transpose_apart(View<const float> src, View<float> dst, ptrdiff_t width, ptrdiff_t height)
+{
+    const auto elements = [&](ptrdiff_t i, ptrdiff_t j, ptrdiff_t columns, ptrdiff_t rows) {
+        transpose_by_elements({reinterpret_cast<const Bits*>(src.at(i, j)), src.row, src.column},
+                              {reinterpret_cast<Bits*>(dst.at(j, i)), dst.row, dst.column}, columns, rows);
+    };
+#if ORV_HAVE_VECTORS
+    if (src.has_dense_rows() && dst.has_dense_rows()) {
+        const ptrdiff_t whole_rows = height & ~ptrdiff_t{3}, whole_columns = width & ~ptrdiff_t{3};
+        for (ptrdiff_t i = 0; i < whole_rows; i += 4) {
+            for (ptrdiff_t j = 0; j < whole_columns; j += 4) {
+                transpose_4x4({src.at(i, j), src.row, src.column}, {dst.at(j, i), dst.row, dst.column});
+            }
+        }
+        if (whole_columns < width) elements(0, whole_columns, width - whole_columns, whole_rows);
+        if (whole_rows < height) elements(whole_rows, 0, width, height - whole_rows);
+        return;
+    }
+#endif
+    elements(0, 0, width, height);
+}
+
+template <class T>
+void copy_elements(View<const T> src, View<T> dst, ptrdiff_t width, ptrdiff_t height)
+{
+    for (ptrdiff_t i = 0; i < height; ++i) {
+#if ORV_HAVE_VECTORS
+        if (src.has_dense_rows() && dst.has_dense_rows()) {
+            const T* const row = src.at(i, 0);
+            for_packs(width, dst.at(i, 0), [row](auto load) { return load(row); });
+            continue;
+        }
+#endif
+        for (ptrdiff_t j = 0; j < width; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
+    }
+}
+
+void identity(View<float> dst, ptrdiff_t width, ptrdiff_t height)
+{
+    constexpr Bits one = 0x3F800000;
+    for (ptrdiff_t i = 0; i < height; ++i) {
+        for (ptrdiff_t j = 0; j < width; ++j) put(reinterpret_cast<Bits*>(dst.at(i, j)), i == j ? one : Bits{0});
+    }
+}
+
+}  // namespace
+
+// --- Kernels ----------------------------------------------------------------------------------------
+
+Status Add_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2, int src2Stride1,
+                  int src2Stride2, float* dst, int dstStride1, int dstStride2, int width, int height)
+{
+    return matrix_matrix(src1, src1Stride1, src1Stride2, src2, src2Stride1, src2Stride2, dst, dstStride1, dstStride2,
+                         width, height, Sum());
+}
+
+// src1 - src2: the first operand is the minuend here, unlike in the subtractions of images and vectors.
+Status Sub_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2, int src2Stride1,
+                  int src2Stride2, float* dst, int dstStride1, int dstStride2, int width, int height)
+{
+    return matrix_matrix(src1, src1Stride1, src1Stride2, src2, src2Stride1, src2Stride2, dst, dstStride1, dstStride2,
+                         width, height, Difference());
+}
+
+Status Mul_mc_32f(const float* src, int srcStride1, int srcStride2, float value, float* dst, int dstStride1,
+                  int dstStride2, int width, int height)
+{
+    if (const Status bad = check_image({width, height}, src, dst)) return bad;
+    if (any_bad_stride(sizeof(float), srcStride1, srcStride2, dstStride1, dstStride2)) return StatusBadStride;
+    const FloatControl control;
+    const View<const float> a = {src, srcStride1, srcStride2};
+    elementwise<float>(a, a, {dst, dstStride1, dstStride2}, width, height,
+                       [value](auto element, auto) { return value * element; });
+    return StatusOk;
+}
+
+Status Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height,
+                  const float* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, float* dst,
+                  int dstStride1, int dstStride2)
+{
+    if (any_null(src1, src2, dst)) return StatusNullPointer;
+    if (any_below_one(src1Width, src1Height, src2Width, src2Height)) return StatusBadSize;
+    if (src1Width != src2Height) return StatusSizesDiffer;
+    if (any_bad_stride(sizeof(float), src1Stride1, src1Stride2, src2Stride1, src2Stride2, dstStride1, dstStride2)) {
+        return StatusBadStride;
+    }
+    return product<float>({{src1, src1Stride1, src1Stride2}, {src2, src2Stride1, src2Stride2},
+                           {dst, dstStride1, dstStride2}, src1Height, src2Width, src1Width});
+}
+
+Status Mul_tm_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height,
+                  const double* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, double* dst,
+                  int dstStride1, int dstStride2)
+{
+    if (any_null(src1, src2, dst)) return StatusNullPointer;
+    if (any_below_one(src1Width, src1Height, src2Width, src2Height)) return StatusBadSize;
+    if (src1Height != src2Height) return StatusSizesDiffer;
+    if (any_bad_stride(sizeof(double), src1Stride1, src1Stride2, src2Stride1, src2Stride2, dstStride1, dstStride2)) {
+        return StatusBadStride;
+    }
+    return product<double>({{src1, src1Stride2, src1Stride1}, {src2, src2Stride1, src2Stride2},
+                            {dst, dstStride1, dstStride2}, src1Width, src2Width, src1Height});
+}
+
+Status Mul_mv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height,
+                  const double* src2, int src2Stride2, int src2Len, double* dst, int dstStride2)
+{
+    if (any_null(src1, src2, dst)) return StatusNullPointer;
+    if (any_below_one(src1Width, src1Height, src2Len)) return StatusBadSize;
+    if (src1Width != src2Len) return StatusSizesDiffer;
+    if (any_bad_stride(sizeof(double), src1Stride1, src1Stride2, src2Stride2, dstStride2)) return StatusBadStride;
+
+    const FloatControl control;
+    const View<const double> a = {src1, src1Stride1, src1Stride2}, v = {src2, 0, src2Stride2};
+    const View<double> x = {dst, 0, dstStride2};
+    if (overlap(x, 1, src1Height, a, src1Height, src1Width) || overlap(x, 1, src1Height, v, 1, src2Len)) {
+        return by_substitute(x, 1, src1Height,
+                             [=](View<double> apart) { matrix_times_vector(a, v, apart, src1Height, src1Width); });
+    }
+    matrix_times_vector(a, v, x, src1Height, src1Width);
+    return StatusOk;
+}
+
+// The vector as a matrix of one row: its product with the matrix runs along the rows.
+Status Mul_tv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height,
+                  const double* src2, int src2Stride2, int src2Len, double* dst, int dstStride2)
+{
+    if (any_null(src1, src2, dst)) return StatusNullPointer;
+    if (any_below_one(src1Width, src1Height, src2Len)) return StatusBadSize;
+    if (src1Height != src2Len) return StatusSizesDiffer;
+    if (any_bad_stride(sizeof(double), src1Stride1, src1Stride2, src2Stride2, dstStride2)) return StatusBadStride;
+    return product<double>({{src2, 0, src2Stride2}, {src1, src1Stride1, src1Stride2}, {dst, 0, dstStride2}, 1,
+                            src1Width, src1Height});
+}
+
+Status Transpose_m_32f(const float* src, int srcStride1, int srcStride2, int width, int height, float* dst,
+                       int dstStride1, int dstStride2)
+{
+    if (const Status bad = check_image({width, height}, src, dst)) return bad;
+    if (any_bad_stride(sizeof(float), srcStride1, srcStride2, dstStride1, dstStride2)) return StatusBadStride;
+    const View<const float> from = {src, srcStride1, srcStride2};
+    const View<float> to = {dst, dstStride1, dstStride2};
+    if (overlap(from, height, width, to, width, height)) {
+        return by_substitute(to, width, height, [=](View<float> apart) { transpose_apart(from, apart, width, height); });
+    }
+    transpose_apart(from, to, width, height);
+    return StatusOk;
+}
+
+Status LoadIdentity_ma_32f(float* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count)
+{
+    if (const Status bad = check_image({width, height}, dst)) return bad;
+    if (count < 1) return StatusBadCount;
+    if (any_bad_stride(sizeof(float), dstStride0, dstStride1, dstStride2)) return StatusBadStride;
+    for (int m = 0; m < count; ++m) identity({row_at(dst, dstStride0, m), dstStride1, dstStride2}, width, height);
+    return StatusOk;
+}
+
+Status Copy_ma_32f_SS(const float* src, int srcStride0, int srcStride1, int srcStride2, float* dst, int dstStride0,
+                      int dstStride1, int dstStride2, int width, int height, int count)
+{
+    if (const Status bad = check_image({width, height}, src, dst)) return bad;
+    if (count < 1) return StatusBadCount;
+    if (any_bad_stride(sizeof(float), srcStride0, srcStride1, srcStride2, dstStride0, dstStride1, dstStride2)) {
+        return StatusBadStride;
+    }
+    for (int m = 0; m < count; ++m) {
+        copy_elements<float>({row_at(src, srcStride0, m), srcStride1, srcStride2},
+                             {row_at(dst, dstStride0, m), dstStride1, dstStride2}, width, height);
+    }
+    return StatusOk;
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace matrices
+}  // namespace orv
