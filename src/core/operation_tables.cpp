@@ -1,6 +1,11 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
 #include "image/integer_arithmetic.h"
+#include "image/resample.h"
+#include "image/resize_cubic.h"
+#include "image/resize_linear.h"
+#include "image/resize_nearest.h"
+#include "image/resize_plan.h"
 
 namespace orv {
 
@@ -15,6 +20,26 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resample, name, __VA_ARGS__)
+#include "image/resample.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_cubic, name, __VA_ARGS__)
+#include "image/resize_cubic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_linear, name, __VA_ARGS__)
+#include "image/resize_linear.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_nearest, name, __VA_ARGS__)
+#include "image/resize_nearest.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_plan, name, __VA_ARGS__)
+#include "image/resize_plan.inc"
 #undef KERNEL
 
 }  // namespace orv

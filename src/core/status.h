@@ -7,6 +7,7 @@ enum Status : int {
     StatusOk = 0,
 
     // Warnings: the output has been written.
+    StatusNoOperation = 1,              // a size of 0: there is nothing to prepare
     StatusDivideByZero = 6,             // a division met one or more zero divisors
     StatusNotIntelProcessor = 20,       // start-up only: the processor is of another vendor
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features
@@ -17,8 +18,15 @@ enum Status : int {
     StatusNoMemory = -9,            // a working buffer could not be allocated
     StatusDivideByZeroError = -10,  // division by a constant zero
     StatusBadStep = -14,            // a row step is below 1
+    StatusBadOffset = -11,          // a destination offset outside the destination
+    StatusBadPlan = -17,            // a block that holds no initialised plan
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
+    StatusBadInterpolation = -22,   // an unknown interpolation, or flags that exclude each other
+    StatusBadFactor = -23,          // a resize factor that is not above 0
+    StatusBadChannels = -53,        // a number of channels other than 1, 3 and 4
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
+    StatusBadBorder = -225,         // a border argument with unknown bits
+    StatusUnsupportedBorder = -9999,  // a border (or anti-aliasing) that the resizer does not have
 };
 
 }  // namespace orv

@@ -1,0 +1,113 @@
+// Resampling with any number of taps per axis, in double: for each destination row first the weighted sum of
+// source rows, then that of its columns, each from the first tap to the last.
+#pragma once
+
+#include "core/checks.h"
+#include "core/simd/vec.h"
+#include "image/pixel_rounding.h"
+#include "image/square_axis.h"
+
+namespace orv {
+inline namespace ORV_LEVEL {
+
+template <class T, int Channels>
+class ManyTaps {
+public:
+    const T* src;
+    int srcStep;
+    const Taps& columns;
+    const Taps& rows;
+    double* sums;  // of the columns from the first tap to the last
+    int width;
+
+    ORV_INLINE int first_column() const { return columns.first[0]; }
+
+    ORV_INLINE void sum_rows(int y)
+    {
+        const int last = width - 1;
+        const int end = columns.first[last] + columns.start[last + 1] - columns.start[last];
+        const std::ptrdiff_t samples = (std::ptrdiff_t{end} - first_column()) * Channels;
+        const T* const top = row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column()} * Channels;
+        const double* const w = rows.weights + rows.start[y];
+        const int taps = rows.start[y + 1] - rows.start[y];
+        std::ptrdiff_t i = 0;
+#if ORV_HAVE_INT256
+        for (; i + 8 <= samples; i += 8) {
+            __m256d low, high;
+            load(top + i, low, high);
+            __m256d factor = _mm256_broadcast_sd(w);
+            __m256d a = _mm256_mul_pd(low, factor), b = _mm256_mul_pd(high, factor);
+            for (int k = 1; k < taps; ++k) {
+                load(row_at(top, srcStep, k) + i, low, high);
+                factor = _mm256_broadcast_sd(w + k);
+                a = _mm256_add_pd(a, _mm256_mul_pd(low, factor));
+                b = _mm256_add_pd(b, _mm256_mul_pd(high, factor));
+            }
+            _mm256_storeu_pd(sums + i, a);
+            _mm256_storeu_pd(sums + i + 4, b);
+        }
+#endif
+        for (; i < samples; ++i) {
+            double sum = static_cast<double>(get(top + i)) * w[0];
+            for (int k = 1; k < taps; ++k) sum += static_cast<double>(get(row_at(top, srcStep, k) + i)) * w[k];
+            sums[i] = sum;
+        }
+    }
+
+    ORV_INLINE void sum_columns(T* dst) const
+    {
+        for (std::ptrdiff_t x = 0; x < width; ++x) {
+            const double* const w = columns.weights + columns.start[x];
+            const int taps = columns.start[x + 1] - columns.start[x];
+            const double* const t = sums + std::ptrdiff_t{columns.first[x] - first_column()} * Channels;
+            pixel(t, w, taps, dst + x * Channels);
+        }
+    }
+
+private:
+    static ORV_INLINE void pixel(const double* t, const double* w, int taps, T* dst)
+    {
+#if ORV_HAVE_INT256
+        if constexpr (Channels > 1) {
+            // Three channels read one more; there is room behind the sums.
+            __m256d sum = _mm256_mul_pd(_mm256_loadu_pd(t), _mm256_broadcast_sd(w));
+            for (int k = 1; k < taps; ++k) {
+                sum = _mm256_add_pd(sum, _mm256_mul_pd(_mm256_loadu_pd(t + std::ptrdiff_t{k} * Channels), _mm256_broadcast_sd(w + k)));
+            }
+            const __m128i integers = _mm256_cvtpd_epi32(sum);
+            const __m128i bytes = _mm_packus_epi16(_mm_packs_epi32(integers, integers), integers);
+            const int four = _mm_cvtsi128_si32(bytes);
+            __builtin_memcpy(dst, &four, Channels);
+            return;
+        }
+#endif
+        for (int c = 0; c < Channels; ++c) {
+            double sum = t[c] * w[0];
+            for (int k = 1; k < taps; ++k) sum += t[k * Channels + c] * w[k];
+            put(dst + c, to_pixel<T>(sum));
+        }
+    }
+
+#if ORV_HAVE_INT256
+    static ORV_INLINE void load(const std::uint8_t* p, __m256d& low, __m256d& high)
+    {
+        const __m256i words = _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));
+        low = _mm256_cvtepi32_pd(_mm256_castsi256_si128(words));
+        high = _mm256_cvtepi32_pd(_mm256_extracti128_si256(words, 1));
+    }
+    static ORV_INLINE void load(const std::uint16_t* p, __m256d& low, __m256d& high)
+    {
+        const __m256i words = _mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
+        low = _mm256_cvtepi32_pd(_mm256_castsi256_si128(words));
+        high = _mm256_cvtepi32_pd(_mm256_extracti128_si256(words, 1));
+    }
+    static ORV_INLINE void load(const float* p, __m256d& low, __m256d& high)
+    {
+        low = _mm256_cvtps_pd(_mm_loadu_ps(p));
+        high = _mm256_cvtps_pd(_mm_loadu_ps(p + 4));
+    }
+#endif
+};
+
+}  // namespace ORV_LEVEL
+}  // namespace orv
