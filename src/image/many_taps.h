@@ -19,15 +19,23 @@ public:
     const Taps& rows;
     double* sums;  // of the columns from the first tap to the last
     int width;
+    int first_column = 0, end_column = 0;
 
-    ORV_INLINE int first_column() const { return columns.first[0]; }
+    // A position on a pixel has one tap, its neighbours more: neither first taps nor last ones ascend.
+    ORV_INLINE void find_columns()
+    {
+        first_column = columns.first[0];
+        for (int x = 0; x < width; ++x) {
+            const int end = columns.first[x] + columns.start[x + 1] - columns.start[x];
+            if (columns.first[x] < first_column) first_column = columns.first[x];
+            if (end > end_column) end_column = end;
+        }
+    }
 
     ORV_INLINE void sum_rows(int y)
     {
-        const int last = width - 1;
-        const int end = columns.first[last] + columns.start[last + 1] - columns.start[last];
-        const std::ptrdiff_t samples = (std::ptrdiff_t{end} - first_column()) * Channels;
-        const T* const top = row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column()} * Channels;
+        const std::ptrdiff_t samples = (std::ptrdiff_t{end_column} - first_column) * Channels;
+        const T* const top = row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column} * Channels;
         const double* const w = rows.weights + rows.start[y];
         const int taps = rows.start[y + 1] - rows.start[y];
         std::ptrdiff_t i = 0;
@@ -59,7 +67,7 @@ public:
         for (std::ptrdiff_t x = 0; x < width; ++x) {
             const double* const w = columns.weights + columns.start[x];
             const int taps = columns.start[x + 1] - columns.start[x];
-            const double* const t = sums + std::ptrdiff_t{columns.first[x] - first_column()} * Channels;
+            const double* const t = sums + std::ptrdiff_t{columns.first[x] - first_column} * Channels;
             pixel(t, w, taps, dst + x * Channels);
         }
     }

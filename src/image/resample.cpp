@@ -142,6 +142,7 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
     // Sums that are read but not used must not be anything that is slow to add.
     for (std::int64_t i = 0; i < kSpareSums; ++i) sums[std::int64_t{source_width} * Channels + i] = 0;
     ManyTaps<T, Channels> taps = {call.src, call.srcStep, x, y, sums, call.x.count()};
+    taps.find_columns();
     for (int row = 0; row < call.y.count(); ++row) {
         taps.sum_rows(row);
         taps.sum_columns(row_at(call.dst, call.dstStep, row));
