@@ -72,8 +72,22 @@ T nearest_even(long double v)
     return static_cast<T>(r < 0 ? 0 : r > most ? most : r);
 }
 
+// A scale such as 11/9 puts positions that ought to lie on a pixel a few units of the last place beside it, with
+// weights of 1e-15: ties that are none, which the order of a sum in double decides.
+bool is_almost_a_tie(long double v)
+{
+    const long double distance = std::fabs(v - std::floor(v) - 0.5L);
+    return distance > 0 && distance < 1e-10L;
+}
+
 template <class T>
-T expected_pixel(Method method, Image& src, int srcWidth, int srcHeight, Size destination, int x, int y, int channels, int c)
+struct Expected {
+    T pixel;
+    bool or_its_neighbour;
+};
+
+template <class T>
+Expected<T> expected_pixel(Method method, Image& src, int srcWidth, int srcHeight, Size destination, int x, int y, int channels, int c)
 {
     const auto at = [&](int column, int row) {
         T value;
@@ -83,14 +97,15 @@ T expected_pixel(Method method, Image& src, int srcWidth, int srcHeight, Size de
         return static_cast<long double>(value);
     };
     const Position px = position_of(method, x, srcWidth, destination.width), py = position_of(method, y, srcHeight, destination.height);
-    if (method == nearest) return static_cast<T>(at(px.index, py.index));
+    if (method == nearest) return {static_cast<T>(at(px.index, py.index)), false};
     if (method == linear) {
         long double row[2];
         for (int k = 0; k < 2; ++k) {
             const long double a = at(px.index, py.index + k), b = at(px.index + 1, py.index + k);
             row[k] = a + (b - a) * px.fraction;
         }
-        return nearest_even<T>(row[0] + (row[1] - row[0]) * py.fraction);
+        const long double v = row[0] + (row[1] - row[0]) * py.fraction;
+        return {nearest_even<T>(v), is_almost_a_tie(v)};
     }
     long double sum = 0;
     for (int j = -1; j <= 2; ++j) {
@@ -98,7 +113,7 @@ T expected_pixel(Method method, Image& src, int srcWidth, int srcHeight, Size de
         for (int i = -1; i <= 2; ++i) row += at(px.index + i, py.index + j) * cubic_weight(static_cast<double>(px.fraction) - i);
         sum += row * cubic_weight(static_cast<double>(py.fraction) - j);
     }
-    return nearest_even<T>(sum);
+    return {nearest_even<T>(sum), is_almost_a_tie(sum)};
 }
 
 template <class T>
@@ -108,8 +123,9 @@ void expect_pixels(Method method, Image& src, int srcWidth, int srcHeight, Image
         for (int i = 0; i < written.width * channels; ++i) {
             T actual;
             std::memcpy(&actual, dst.row(y) + i * static_cast<int>(sizeof(T)), sizeof(T));
-            const T expected = expected_pixel<T>(method, src, srcWidth, srcHeight, destination, i / channels + x0, y + y0, channels, i % channels);
-            ASSERT_EQ(actual, expected) << srcWidth << "x" << srcHeight << " to " << destination.width << "x" << destination.height
+            const auto expected = expected_pixel<T>(method, src, srcWidth, srcHeight, destination, i / channels + x0, y + y0, channels, i % channels);
+            if (expected.or_its_neighbour && std::abs(int{actual} - int{expected.pixel}) == 1) continue;
+            ASSERT_EQ(actual, expected.pixel) << srcWidth << "x" << srcHeight << " to " << destination.width << "x" << destination.height
                                         << ", column " << i / channels << ", row " << y << ", channel " << i % channels;
         }
     }

@@ -33,8 +33,9 @@ public:
     }
 
 private:
-    ORV_INLINE double near(double d) const { return (near3_ * d + near2_) * d * d + near0_; }
-    ORV_INLINE double far(double d) const { return ((far3_ * d + far2_) * d + far1_) * d + far0_; }
+    // Term by term, as the formula is written: sums that ought to meet a tie hang on the last bit.
+    ORV_INLINE double near(double d) const { return near3_ * d * d * d + near2_ * d * d + near0_; }
+    ORV_INLINE double far(double d) const { return far3_ * d * d * d + far2_ * d * d + far1_ * d + far0_; }
     double near3_, near2_, near0_, far3_, far2_, far1_, far0_;
 };
 
