@@ -15,13 +15,16 @@ template <class T, int Channels>
 class PixelPicker {
 public:
     static constexpr int kPixelBytes = Channels * static_cast<int>(sizeof(T));
-    static constexpr int kBlock = 16 / kPixelBytes;  // pixels
+    // Pixels of 32 bits come from windows of 256 bits where there are such.
+    static constexpr bool kWords = ORV_HAVE_INT256 && kPixelBytes == 4;
+    static constexpr int kWindow = kWords ? 32 : 16;       // bytes
+    static constexpr int kBlock = kWindow / kPixelBytes;  // pixels
     static constexpr int kBlockBytes = kBlock * kPixelBytes;
 
     static constexpr std::int64_t block_count(std::int64_t width) { return (width + kBlock - 1) / kBlock; }
 
     struct Block {
-        std::uint8_t from[2][16];  // per destination byte; 0x80 for none
+        std::uint8_t from[2][16];  // per destination byte; 0x80 for none. Words: one index of 32 bits per pixel
         int start[2];
         int padding[2];
     };
@@ -36,9 +39,17 @@ public:
     {
         const char* const from = reinterpret_cast<const char*>(src);
         char* const to = reinterpret_cast<char*>(dst);
+#if ORV_HAVE_INT256
+        if constexpr (kWords) {
+            if (windows_ == 1) return pick_words<1>(from, to);
+            if (windows_ == 2) return pick_words<2>(from, to);
+        }
+#endif
 #if ORV_HAVE_BYTE_SHUFFLE
-        if (windows_ == 1) return pick_blocks<1>(from, to);
-        if (windows_ == 2) return pick_blocks<2>(from, to);
+        if constexpr (!kWords) {
+            if (windows_ == 1) return pick_blocks<1>(from, to);
+            if (windows_ == 2) return pick_blocks<2>(from, to);
+        }
 #endif
         for (std::ptrdiff_t x = 0; x < width_; ++x) {
             __builtin_memcpy(to + x * kPixelBytes, from + std::ptrdiff_t{index_[x]} * kPixelBytes, kPixelBytes);
@@ -56,22 +67,30 @@ private:
     // How many windows the blocks need; 0 if two are not enough or a row has less than one.
     ORV_INLINE int make_blocks(std::int64_t row_bytes)
     {
-        if (width_ < kBlock || row_bytes < 16) return 0;
+        if (width_ < kBlock || row_bytes < kWindow) return 0;
         int windows = 1;
         for (std::int64_t b = 0; b < block_count(width_); ++b) {
             Block& block = blocks_[b];
             const int x = first_of(b);
-            const std::int64_t last_start = row_bytes - 16;
+            const std::int64_t last_start = row_bytes - kWindow;
             std::int64_t start = std::int64_t{index_[x]} * kPixelBytes;
             if (start > last_start) start = last_start;
-            const std::int64_t next = start + 16 > last_start ? last_start : start + 16;
+            const std::int64_t next = start + kWindow > last_start ? last_start : start + kWindow;
             block.start[0] = static_cast<int>(start);
             block.start[1] = static_cast<int>(next);
             __builtin_memset(block.from, 0x80, sizeof(block.from));
             for (int i = 0; i < kBlock; ++i) {
                 const std::int64_t at = std::int64_t{index_[x + i]} * kPixelBytes - start;
-                if (at > 32 - kPixelBytes) return 0;
-                if (at > 16 - kPixelBytes) windows = 2;
+                if (at > 2 * kWindow - kPixelBytes) return 0;
+                if (at > kWindow - kPixelBytes) windows = 2;
+                if constexpr (kWords) {
+                    // The words of the second window count from 8: a permutation sees the low three bits only,
+                    // and the fourth, moved to the top, says which window it is.
+                    const int word = static_cast<int>(at < kWindow ? at : start + at - next) / 4;
+                    const unsigned entry = static_cast<unsigned>(word) | (at < kWindow ? 0 : 0x80000000u);
+                    __builtin_memcpy(&block.from[0][0] + 4 * i, &entry, 4);
+                    continue;
+                }
                 for (int k = 0; k < kPixelBytes; ++k) {
                     const int byte = static_cast<int>(at) + k;
                     if (byte < 16) block.from[0][i * kPixelBytes + k] = static_cast<std::uint8_t>(byte);
@@ -81,6 +100,26 @@ private:
         }
         return windows;
     }
+
+#if ORV_HAVE_INT256
+    template <int Windows>
+    ORV_INLINE void pick_words(const char* from, char* to) const
+    {
+        const auto picked_words = [&](const Block& block) {
+            const __m256i index = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(block.from));
+            const __m256i first = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + block.start[0])), index);
+            if constexpr (Windows == 1) return first;
+            const __m256i second = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + block.start[1])), index);
+            return _mm256_castps_si256(_mm256_blendv_ps(_mm256_castsi256_ps(first), _mm256_castsi256_ps(second), _mm256_castsi256_ps(index)));
+        };
+        const std::int64_t last = block_count(width_) - 1;
+        const Block* const blocks = blocks_;
+        for (std::int64_t b = 0; b < last; ++b) {
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + static_cast<std::ptrdiff_t>(b) * kBlockBytes), picked_words(blocks[b]));
+        }
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + std::ptrdiff_t{first_of(last)} * kPixelBytes), picked_words(blocks[last]));
+    }
+#endif
 
 #if ORV_HAVE_BYTE_SHUFFLE
     template <int Windows>
@@ -116,7 +155,7 @@ private:
 };
 
 // The work buffer for rows of `width` pixels of any supported type. Of those with one channel, the widest
-// need the most blocks.
+// need the most blocks. Wider windows, where there are any, need fewer.
 inline std::int64_t picker_bytes(std::int64_t width, int channels)
 {
     using Single = PixelPicker<std::uint32_t, 1>;

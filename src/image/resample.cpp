@@ -2,6 +2,7 @@
 
 #include "core/float_control.h"
 #include "image/four_taps.h"
+#include "image/halving.h"
 #include "image/many_taps.h"
 #include "image/pixel_moves.h"
 #include "image/smooth_edges.h"
@@ -138,6 +139,15 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
     Taps y(*call.parts, call.code, source_height, rows);
     x.fill(call.x, call.code);
     y.fill(call.y, call.code);
+    if constexpr (sizeof(T) < 4) {
+        if (x.halves(call.x.count()) && y.halves(call.y.count())) {
+            for (int row = 0; row < call.y.count(); ++row) {
+                const T* const from = row_at(call.src, call.srcStep, y.first[row]) + std::ptrdiff_t{x.first[0]} * Channels;
+                halve_row<Channels>(from, row_at(from, call.srcStep, 1), row_at(call.dst, call.dstStep, row), call.x.count());
+            }
+            return;
+        }
+    }
     double* const sums = call.parts->template take<double>(std::int64_t{source_width} * Channels + kSpareSums);
     // Sums that are read but not used must not be anything that is slow to add.
     for (std::int64_t i = 0; i < kSpareSums; ++i) sums[std::int64_t{source_width} * Channels + i] = 0;

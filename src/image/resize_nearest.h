@@ -17,12 +17,14 @@ namespace px {
 namespace v8 {
 #include "image/resize_nearest.inc"
 }
+namespace h9 {
+#include "image/resize_nearest.inc"
+}
 #undef KERNEL
 namespace w7 = px;
 namespace s8 = v8;
 namespace p8 = v8;
 namespace g9 = v8;
-namespace h9 = v8;
 }  // namespace resize_nearest
 
 }  // namespace orv

@@ -210,7 +210,7 @@ Status ResizeCenterOffset(Size destination, double centerX, double centerY, int*
     const FloatControl control;
     const auto offset = [](int length, double center) {
         if (!(center > -2147483648.0 && center < 2147483648.0)) return -1;
-        const std::int64_t distance = std::int64_t{length / 2} - static_cast<std::int64_t>(center);
+        const std::int64_t distance = std::int64_t{length / 2} - static_cast<int>(center);
         return distance < 0 || distance > INT32_MAX ? -1 : static_cast<int>(distance);
     };
     *offsetX = offset(destination.width, centerX);

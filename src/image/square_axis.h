@@ -182,6 +182,15 @@ struct Taps {
         start[axis.count()] = at;
     }
 
+    // Whether each of the positions is the mean of two pixels of its own.
+    ORV_INLINE bool halves(int positions) const
+    {
+        for (int x = 0; x < positions; ++x) {
+            if (start[x] != 2 * x || first[x] != first[0] + 2 * x || weights[2 * x] != 0.5 || weights[2 * x + 1] != 0.5) return false;
+        }
+        return start[positions] == 2 * positions;
+    }
+
     ORV_INLINE void fill(const SquareAxis& axis, int interpolation)
     {
         if (interpolation == kSupersampling) area(axis);
