@@ -62,6 +62,40 @@ public:
         }
     }
 
+#if ORV_HAVE_INT256
+    // One channel: four rows of sums side by side, so that four rows of the destination come from each tap.
+    // `rows_of_sums` are `stride` apart; `quads` has room for four times as many.
+    ORV_INLINE void interleave(const double* rows_of_sums, std::ptrdiff_t stride, double* quads) const
+    {
+        const std::ptrdiff_t samples = end_column - first_column;
+        for (std::ptrdiff_t i = 0; i < samples; i += 4) {
+            const __m256d r0 = _mm256_loadu_pd(rows_of_sums + i), r1 = _mm256_loadu_pd(rows_of_sums + stride + i);
+            const __m256d r2 = _mm256_loadu_pd(rows_of_sums + 2 * stride + i), r3 = _mm256_loadu_pd(rows_of_sums + 3 * stride + i);
+            const __m256d a = _mm256_unpacklo_pd(r0, r1), b = _mm256_unpackhi_pd(r0, r1), c = _mm256_unpacklo_pd(r2, r3), d = _mm256_unpackhi_pd(r2, r3);
+            _mm256_storeu_pd(quads + 4 * i, _mm256_permute2f128_pd(a, c, 0x20));
+            _mm256_storeu_pd(quads + 4 * i + 4, _mm256_permute2f128_pd(b, d, 0x20));
+            _mm256_storeu_pd(quads + 4 * i + 8, _mm256_permute2f128_pd(a, c, 0x31));
+            _mm256_storeu_pd(quads + 4 * i + 12, _mm256_permute2f128_pd(b, d, 0x31));
+        }
+    }
+
+    ORV_INLINE void sum_columns_of_four(const double* quads, T* const dst[4]) const
+    {
+        for (std::ptrdiff_t x = 0; x < width; ++x) {
+            const double* const w = columns.weights + columns.start[x];
+            const int taps = columns.start[x + 1] - columns.start[x];
+            const double* const t = quads + 4 * (std::ptrdiff_t{columns.first[x]} - first_column);
+            __m256d sum = _mm256_mul_pd(_mm256_loadu_pd(t), _mm256_broadcast_sd(w));
+            for (int k = 1; k < taps; ++k) {
+                sum = _mm256_add_pd(sum, _mm256_mul_pd(_mm256_loadu_pd(t + 4 * std::ptrdiff_t{k}), _mm256_broadcast_sd(w + k)));
+            }
+            T pixels[4];
+            to_pixels(sum, pixels);
+            for (int r = 0; r < 4; ++r) put(dst[r] + x, pixels[r]);
+        }
+    }
+#endif
+
     ORV_INLINE void sum_columns(T* dst) const
     {
         for (std::ptrdiff_t x = 0; x < width; ++x) {
@@ -82,10 +116,9 @@ private:
             for (int k = 1; k < taps; ++k) {
                 sum = _mm256_add_pd(sum, _mm256_mul_pd(_mm256_loadu_pd(t + std::ptrdiff_t{k} * Channels), _mm256_broadcast_sd(w + k)));
             }
-            const __m128i integers = _mm256_cvtpd_epi32(sum);
-            const __m128i bytes = _mm_packus_epi16(_mm_packs_epi32(integers, integers), integers);
-            const int four = _mm_cvtsi128_si32(bytes);
-            __builtin_memcpy(dst, &four, Channels);
+            T pixels[4];
+            to_pixels(sum, pixels);
+            __builtin_memcpy(dst, pixels, Channels);
             return;
         }
 #endif
@@ -97,6 +130,24 @@ private:
     }
 
 #if ORV_HAVE_INT256
+    static ORV_INLINE void to_pixels(__m256d sum, std::uint8_t* pixels)
+    {
+        const __m128i integers = _mm256_cvtpd_epi32(sum);
+        const int four = _mm_cvtsi128_si32(_mm_packus_epi16(_mm_packs_epi32(integers, integers), integers));
+        __builtin_memcpy(pixels, &four, 4);
+    }
+    static ORV_INLINE void to_pixels(__m256d sum, std::uint16_t* pixels)
+    {
+        const __m128i integers = _mm256_cvtpd_epi32(sum);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels), _mm_packus_epi32(integers, integers));
+    }
+    static ORV_INLINE void to_pixels(__m256d sum, float* pixels)
+    {
+        const __m128 floats = _mm256_cvtpd_ps(sum);
+        const __m128 nan = _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000));
+        _mm_storeu_ps(pixels, _mm_blendv_ps(floats, nan, _mm_cmpunord_ps(floats, floats)));
+    }
+
     static ORV_INLINE void load(const std::uint8_t* p, __m256d& low, __m256d& high)
     {
         const __m256i words = _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));

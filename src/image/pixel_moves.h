@@ -84,8 +84,7 @@ private:
                 if (at > 2 * kWindow - kPixelBytes) return 0;
                 if (at > kWindow - kPixelBytes) windows = 2;
                 if constexpr (kWords) {
-                    // The words of the second window count from 8: a permutation sees the low three bits only,
-                    // and the fourth, moved to the top, says which window it is.
+                    // A permutation sees the low three bits; the top bit says which window it is.
                     const int word = static_cast<int>(at < kWindow ? at : start + at - next) / 4;
                     const unsigned entry = static_cast<unsigned>(word) | (at < kWindow ? 0 : 0x80000000u);
                     __builtin_memcpy(&block.from[0][0] + 4 * i, &entry, 4);

@@ -67,8 +67,10 @@ struct CubicTables {
     }
 };
 
-// Behind the sums there is room to read whole vectors.
+// Behind the sums there is room to read whole vectors. One channel has four rows of them, and once more the
+// same side by side.
 constexpr int kSpareSums = 8;
+std::int64_t room_for_sums(std::int64_t width, int channels) { return (width + kSpareSums) * (channels == 1 ? 8 : channels); }
 
 std::int64_t engine_bytes(Size source, Size destination, int channels, int code)
 {
@@ -83,7 +85,7 @@ std::int64_t engine_bytes(Size source, Size destination, int channels, int code)
     } else {
         Taps(parts, code, source.width, destination.width);
         Taps(parts, code, source.height, destination.height);
-        parts.take<double>(std::int64_t{source.width} * channels + kSpareSums);
+        parts.take<double>(room_for_sums(source.width, channels));
     }
     return parts.bytes();
 }
@@ -148,12 +150,29 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
             return;
         }
     }
-    double* const sums = call.parts->template take<double>(std::int64_t{source_width} * Channels + kSpareSums);
-    // Sums that are read but not used must not be anything that is slow to add.
-    for (std::int64_t i = 0; i < kSpareSums; ++i) sums[std::int64_t{source_width} * Channels + i] = 0;
+    double* const sums = call.parts->template take<double>(room_for_sums(source_width, Channels));
+    // What is read of them but not used must not be anything that is slow to compute with.
+    __builtin_memset(sums, 0, static_cast<std::size_t>(room_for_sums(source_width, Channels)) * sizeof(double));
     ManyTaps<T, Channels> taps = {call.src, call.srcStep, x, y, sums, call.x.count()};
     taps.find_columns();
-    for (int row = 0; row < call.y.count(); ++row) {
+    int row = 0;
+#if ORV_HAVE_INT256
+    if constexpr (Channels == 1) {
+        const std::ptrdiff_t stride = std::ptrdiff_t{source_width} + kSpareSums;
+        for (; row + 4 <= call.y.count(); row += 4) {
+            T* dst[4];
+            for (int r = 0; r < 4; ++r) {
+                taps.sums = sums + r * stride;
+                taps.sum_rows(row + r);
+                dst[r] = row_at(call.dst, call.dstStep, row + r);
+            }
+            taps.interleave(sums, stride, sums + 4 * stride);
+            taps.sum_columns_of_four(sums + 4 * stride, dst);
+        }
+        taps.sums = sums;
+    }
+#endif
+    for (; row < call.y.count(); ++row) {
         taps.sum_rows(row);
         taps.sum_columns(row_at(call.dst, call.dstStep, row));
     }
