@@ -1,14 +1,20 @@
-// Area averages at exactly one half: the sum of 2 x 2 pixels, divided by four, ties to even, in integers.
-// The same numbers as in double, where every step of this is exact.
+// Area averages at exactly one half: the sum of 2 x 2 pixels, divided by four. Integers in integers, ties to even:
+// in double every step of it is exact. Floats in double, rows first; that the halves are taken at the end
+// changes no bit, as a factor of two never does in double on floats.
 #pragma once
+
+#include <type_traits>
 
 #include "core/checks.h"
 #include "core/simd/vec.h"
+#include "image/pixel_rounding.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
 
 ORV_INLINE int quarter(int sum) { return (sum + 1 + ((sum >> 2) & 1)) >> 2; }
+
+ORV_INLINE float quarter(double sum) { return to_pixel<float>(sum * 0.25); }
 
 #if ORV_HAVE_INT256
 // Sums of a pixel and its right neighbour in one row, then of both rows; 16 bytes of the source make a block.
@@ -51,6 +57,18 @@ private:
                                : _mm256_setr_epi8(0, 3, 1, 4, 2, 5, 6, 9, 7, 10, 8, 11, -1, -1, -1, -1, 0, 3, 1, 4, 2, 5, 6, 9, 7, 10, 8, 11, -1, -1, -1, -1);
 };
 
+struct HalveFloats {
+    static constexpr int kPixels = 4;
+    ORV_INLINE void step(const float* a, const float* b, float* dst) const
+    {
+        const auto column_sums = [&](int i) { return _mm256_add_pd(_mm256_cvtps_pd(_mm_loadu_ps(a + i)), _mm256_cvtps_pd(_mm_loadu_ps(b + i))); };
+        const __m256d mixed = _mm256_hadd_pd(column_sums(0), column_sums(4));  // pixels 0, 2, 1, 3
+        const __m128 mean = _mm256_cvtpd_ps(_mm256_mul_pd(_mm256_permute4x64_pd(mixed, 0xD8), _mm256_set1_pd(0.25)));
+        const __m128 nan = _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000));
+        _mm_storeu_ps(dst, _mm_blendv_ps(mean, nan, _mm_cmpunord_ps(mean, mean)));
+    }
+};
+
 struct HalveWords {
     static constexpr int kPixels = 8;
     ORV_INLINE void step(const std::uint16_t* a, const std::uint16_t* b, std::uint16_t* dst) const
@@ -79,14 +97,15 @@ ORV_INLINE void halve_row(const T* a, const T* b, T* dst, std::ptrdiff_t width)
         const std::ptrdiff_t bytes = 2 * width * Channels;
         for (; 2 * x * Channels + halve.kReads <= bytes; x += halve.kPixels) halve.step(a + 2 * x * Channels, b + 2 * x * Channels, dst + x * Channels);
     } else {
-        const HalveWords halve;
+        const std::conditional_t<sizeof(T) == 2, HalveWords, HalveFloats> halve;
         for (; x + halve.kPixels <= width; x += halve.kPixels) halve.step(a + 2 * x, b + 2 * x, dst + x);
     }
 #endif
     for (; x < width; ++x) {
         for (int c = 0; c < Channels; ++c) {
             const std::ptrdiff_t left = 2 * x * Channels + c, right = left + Channels;
-            const int sum = int{get(a + left)} + int{get(a + right)} + int{get(b + left)} + int{get(b + right)};
+            using Sum = std::conditional_t<std::is_floating_point<T>::value, double, int>;
+            const Sum sum = (Sum{get(a + left)} + Sum{get(b + left)}) + (Sum{get(a + right)} + Sum{get(b + right)});
             put(dst + x * Channels + c, static_cast<T>(quarter(sum)));
         }
     }

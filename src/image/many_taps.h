@@ -20,22 +20,49 @@ public:
     double* sums;  // of the columns from the first tap to the last
     int width;
     int first_column = 0, end_column = 0;
+    int most_columns = 0, most_rows = 0;  // taps
 
     // A position on a pixel has one tap, its neighbours more: neither first taps nor last ones ascend.
-    ORV_INLINE void find_columns()
+    ORV_INLINE void find_extent(int height)
     {
+        for (int y = 0; y < height; ++y) {
+            const int taps = rows.start[y + 1] - rows.start[y];
+            if (taps > most_rows) most_rows = taps;
+        }
         first_column = columns.first[0];
         for (int x = 0; x < width; ++x) {
-            const int end = columns.first[x] + columns.start[x + 1] - columns.start[x];
+            const int taps = columns.start[x + 1] - columns.start[x];
+            const int end = columns.first[x] + taps;
+            if (taps > most_columns) most_columns = taps;
             if (columns.first[x] < first_column) first_column = columns.first[x];
             if (end > end_column) end_column = end;
         }
     }
 
+    ORV_INLINE std::ptrdiff_t samples() const { return (std::ptrdiff_t{end_column} - first_column) * Channels; }
+    ORV_INLINE const T* top_of(int y) const { return row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column} * Channels; }
+
+    // One sample of the destination, by the same sums.
+    __attribute__((noinline)) T sample(int y, std::ptrdiff_t at) const
+    {
+        const std::ptrdiff_t x = at / Channels, c = at % Channels;
+        const double* const wx = columns.weights + columns.start[x];
+        const double* const wy = rows.weights + rows.start[y];
+        const int across = columns.start[x + 1] - columns.start[x], down = rows.start[y + 1] - rows.start[y];
+        const T* const top = top_of(y) + std::ptrdiff_t{columns.first[x] - first_column} * Channels + c;
+        double sum = 0;
+        for (int i = 0; i < across; ++i) {
+            double column = static_cast<double>(get(top + std::ptrdiff_t{i} * Channels)) * wy[0];
+            for (int k = 1; k < down; ++k) column += static_cast<double>(get(row_at(top, srcStep, k) + std::ptrdiff_t{i} * Channels)) * wy[k];
+            sum = i == 0 ? column * wx[0] : sum + column * wx[i];
+        }
+        return to_pixel<T>(sum);
+    }
+
     ORV_INLINE void sum_rows(int y)
     {
-        const std::ptrdiff_t samples = (std::ptrdiff_t{end_column} - first_column) * Channels;
-        const T* const top = row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column} * Channels;
+        const std::ptrdiff_t samples = this->samples();
+        const T* const top = top_of(y);
         const double* const w = rows.weights + rows.start[y];
         const int taps = rows.start[y + 1] - rows.start[y];
         std::ptrdiff_t i = 0;
@@ -170,3 +197,7 @@ private:
 
 }  // namespace ORV_LEVEL
 }  // namespace orv
+
+#if ORV_HAVE_INT256
+#include "image/many_taps_wide.h"
+#endif

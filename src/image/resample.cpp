@@ -86,6 +86,7 @@ std::int64_t engine_bytes(Size source, Size destination, int channels, int code)
         Taps(parts, code, source.width, destination.width);
         Taps(parts, code, source.height, destination.height);
         parts.take<double>(room_for_sums(source.width, channels));
+        parts.take<float>(std::int64_t{destination.width} * channels + kSpareSums);
     }
     return parts.bytes();
 }
@@ -141,20 +142,20 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
     Taps y(*call.parts, call.code, source_height, rows);
     x.fill(call.x, call.code);
     y.fill(call.y, call.code);
-    if constexpr (sizeof(T) < 4) {
-        if (x.halves(call.x.count()) && y.halves(call.y.count())) {
-            for (int row = 0; row < call.y.count(); ++row) {
-                const T* const from = row_at(call.src, call.srcStep, y.first[row]) + std::ptrdiff_t{x.first[0]} * Channels;
-                halve_row<Channels>(from, row_at(from, call.srcStep, 1), row_at(call.dst, call.dstStep, row), call.x.count());
-            }
-            return;
+    if (x.halves(call.x.count()) && y.halves(call.y.count())) {
+        for (int row = 0; row < call.y.count(); ++row) {
+            const T* const from = row_at(call.src, call.srcStep, y.first[row]) + std::ptrdiff_t{x.first[0]} * Channels;
+            halve_row<Channels>(from, row_at(from, call.srcStep, 1), row_at(call.dst, call.dstStep, row), call.x.count());
         }
+        return;
     }
     double* const sums = call.parts->template take<double>(room_for_sums(source_width, Channels));
-    // What is read of them but not used must not be anything that is slow to compute with.
+    // Rows of bytes before they are rounded.
+    [[maybe_unused]] float* const pixels = call.parts->template take<float>(std::int64_t{columns} * Channels + kSpareSums);
+    // What is read of sums but not used must not be anything that is slow to compute with.
     __builtin_memset(sums, 0, static_cast<std::size_t>(room_for_sums(source_width, Channels)) * sizeof(double));
     ManyTaps<T, Channels> taps = {call.src, call.srcStep, x, y, sums, call.x.count()};
-    taps.find_columns();
+    taps.find_extent(call.y.count());
     int row = 0;
 #if ORV_HAVE_INT256
     if constexpr (Channels == 1) {
@@ -170,6 +171,11 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
             taps.sum_columns_of_four(sums + 4 * stride, dst);
         }
         taps.sums = sums;
+    } else {
+        const ManyTapsOfBytes<Channels> fast = {taps, reinterpret_cast<float*>(sums), pixels};
+        if (taps.most_columns + taps.most_rows <= fast.kMostTaps) {
+            for (; row < call.y.count(); ++row) fast.row(row, row_at(call.dst, call.dstStep, row));
+        }
     }
 #endif
     for (; row < call.y.count(); ++row) {

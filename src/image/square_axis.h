@@ -161,8 +161,10 @@ struct Taps {
     ORV_INLINE void area(const SquareAxis& axis)
     {
         int at = 0;
+        double to = axis.source_of(axis.begin);
         for (int x = axis.begin; x < axis.end; ++x) {
-            const double from = axis.source_of(x), to = axis.source_of(x + 1.0);
+            const double from = to;
+            to = axis.source_of(x + 1.0);
             const double left = from > axis.low ? from : axis.low, right = to < axis.high + 1.0 ? to : axis.high + 1.0;
             const double length = rounded(right - left);
             const int position = x - axis.begin;
@@ -174,9 +176,11 @@ struct Taps {
             }
             int k = static_cast<int>(left);
             first[position] = k;
+            const double whole = rounded(1 / length);
             for (; k < right; ++k) {
                 const double begin = k > left ? k : left, end = k + 1.0 < right ? k + 1.0 : right;
-                weights[at++] = rounded(rounded(end - begin) / length);
+                const double part = rounded(end - begin);
+                weights[at++] = part == 1 ? whole : rounded(part / length);
             }
         }
         start[axis.count()] = at;
