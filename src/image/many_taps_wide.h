@@ -22,6 +22,18 @@ public:
     const ManyTaps<T, Channels>& exact;
     float* sums;    // of columns, with room for eight more
     float* pixels;  // a row of the destination before it is rounded, likewise
+    // The weights as floats.
+    float* column_weights;
+    float* row_weights;
+
+    ORV_INLINE void prepare(int height) const
+    {
+        const auto copy = [](const double* from, float* to, int count) {
+            for (int i = 0; i < count; ++i) to[i] = static_cast<float>(from[i]);
+        };
+        copy(exact.columns.weights, column_weights, exact.columns.start[exact.width]);
+        copy(exact.rows.weights, row_weights, exact.rows.start[height]);
+    }
 
     ORV_INLINE void row(int y, T* dst) const
     {
@@ -35,18 +47,18 @@ private:
     {
         const std::ptrdiff_t samples = exact.samples();
         const T* const top = exact.top_of(y);
-        const double* const w = exact.rows.weights + exact.rows.start[y];
+        const float* const w = row_weights + exact.rows.start[y];
         const int taps = exact.rows.start[y + 1] - exact.rows.start[y];
         const auto values = [](const T* p) {
             return _mm256_cvtepi32_ps(_mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
         };
         std::ptrdiff_t i = 0;
         for (; i + 16 <= samples; i += 16) {
-            __m256 factor = _mm256_set1_ps(static_cast<float>(w[0]));
+            __m256 factor = _mm256_set1_ps(w[0]);
             __m256 a = _mm256_mul_ps(values(top + i), factor), b = _mm256_mul_ps(values(top + i + 8), factor);
             for (int k = 1; k < taps; ++k) {
                 const T* const line = row_at(top, exact.srcStep, k) + i;
-                factor = _mm256_set1_ps(static_cast<float>(w[k]));
+                factor = _mm256_set1_ps(w[k]);
                 a = _mm256_fmadd_ps(values(line), factor, a);
                 b = _mm256_fmadd_ps(values(line + 8), factor, b);
             }
@@ -55,7 +67,7 @@ private:
         }
         for (; i < samples; ++i) {
             float sum = 0;
-            for (int k = 0; k < taps; ++k) sum += static_cast<float>(row_at(top, exact.srcStep, k)[i]) * static_cast<float>(w[k]);
+            for (int k = 0; k < taps; ++k) sum += static_cast<float>(row_at(top, exact.srcStep, k)[i]) * w[k];
             sums[i] = sum;
         }
     }
@@ -65,12 +77,12 @@ private:
     {
         const Taps& columns = exact.columns;
         for (std::ptrdiff_t x = 0; x < exact.width; ++x) {
-            const double* const w = columns.weights + columns.start[x];
+            const float* const w = column_weights + columns.start[x];
             const int taps = columns.start[x + 1] - columns.start[x];
             const float* const t = sums + std::ptrdiff_t{columns.first[x] - exact.first_column} * Channels;
-            __m128 sum = _mm_mul_ps(_mm_loadu_ps(t), _mm_set1_ps(static_cast<float>(w[0])));
+            __m128 sum = _mm_mul_ps(_mm_loadu_ps(t), _mm_set1_ps(w[0]));
             for (int k = 1; k < taps; ++k) {
-                sum = _mm_fmadd_ps(_mm_loadu_ps(t + std::ptrdiff_t{k} * Channels), _mm_set1_ps(static_cast<float>(w[k])), sum);
+                sum = _mm_fmadd_ps(_mm_loadu_ps(t + std::ptrdiff_t{k} * Channels), _mm_set1_ps(w[k]), sum);
             }
             _mm_storeu_ps(pixels + x * Channels, sum);
         }

@@ -87,6 +87,8 @@ std::int64_t engine_bytes(Size source, Size destination, int channels, int code)
         Taps(parts, code, source.height, destination.height);
         parts.take<double>(room_for_sums(source.width, channels));
         parts.take<float>(std::int64_t{destination.width} * channels + kSpareSums);
+        parts.take<float>(Taps::room(code, source.width, destination.width));
+        parts.take<float>(Taps::room(code, source.height, destination.height));
     }
     return parts.bytes();
 }
@@ -150,8 +152,10 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
         return;
     }
     double* const sums = call.parts->template take<double>(room_for_sums(source_width, Channels));
-    // Rows of bytes before they are rounded.
+    // For bytes in float: a row before it is rounded, and the weights.
     [[maybe_unused]] float* const pixels = call.parts->template take<float>(std::int64_t{columns} * Channels + kSpareSums);
+    [[maybe_unused]] float* const column_weights = call.parts->template take<float>(Taps::room(call.code, source_width, columns));
+    [[maybe_unused]] float* const row_weights = call.parts->template take<float>(Taps::room(call.code, source_height, rows));
     // What is read of sums but not used must not be anything that is slow to compute with.
     __builtin_memset(sums, 0, static_cast<std::size_t>(room_for_sums(source_width, Channels)) * sizeof(double));
     ManyTaps<T, Channels> taps = {call.src, call.srcStep, x, y, sums, call.x.count()};
@@ -172,8 +176,9 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
         }
         taps.sums = sums;
     } else {
-        const ManyTapsOfBytes<Channels> fast = {taps, reinterpret_cast<float*>(sums), pixels};
+        const ManyTapsOfBytes<Channels> fast = {taps, reinterpret_cast<float*>(sums), pixels, column_weights, row_weights};
         if (taps.most_columns + taps.most_rows <= fast.kMostTaps) {
+            fast.prepare(call.y.count());
             for (; row < call.y.count(); ++row) fast.row(row, row_at(call.dst, call.dstStep, row));
         }
     }
