@@ -507,6 +507,153 @@ public:
     // --------------------------------------------------------------------------------------------
     // Resize
     //
+    // A plan resizes the whole source to the whole destination: the scale is srcWidth / dstWidth and
+    // srcHeight / dstHeight, evaluated in double. xFactor and yFactor are accepted and never read. Mind the
+    // order of the arguments: the step of a source comes behind its size, that of a destination before it.
+    //
+    // Nearest: column i comes from source column floor((i + 0.5) scale - 1e-10), rows likewise. The bias
+    // makes a reduction by two take the left (upper) pixel of each pair.
+    // Linear and cubic: pixel centres are aligned; column i lies at u = (i + 0.5) scale - 0.5 with the fraction
+    // f = u - floor(u), a float. Pixels outside the source take the value of the nearest edge pixel.
+    // Linear: a + (b - a) f between neighbours in a row, then the same between the two rows, in double.
+    // Cubic: taps at the distances d = 1 + f, f, 1 - f, 2 - f with the weights 1.5 d^3 - 2.5 d^2 + 1 (d < 1)
+    // and -0.5 d^3 + 2.5 d^2 - 4 d + 2 (d < 2), computed in double and kept as floats (R. G. Keys, "Cubic
+    // convolution interpolation for digital image processing", 1981); sums of four columns, then of four
+    // rows, in double. Results are rounded to the nearest integer, ties to even, and clamped.
+    //
+    // Center forms: the destination's first pixel receives the pixel (x0, y0) of the resized image, where
+    // x0 = dstWidth / 2 - trunc(centerX) and y0 = dstHeight / 2 - trunc(centerY) (integer halves); the last x0
+    // columns and y0 rows of the destination keep their pixels. An offset that is negative, or not below the
+    // destination's size, is an error. ResizeCenterNN_16u_C1R interpolates linearly in spite of its name:
+    // hosts depend on it.
+    //
+    // False, with nothing written: a size that is 0 or negative, a cubic source below 4 x 4, a null pointer, an
+    // odd step of 16-bit pixels, an offset outside, no memory. Steps may be negative.
+    // Source and destination must not overlap.
+
+    /// dst = the nearest pixel of src
+    static bool ResizeNN_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                 unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                 double xFactor, double yFactor);
+    /// dst = the nearest pixel of src
+    static bool ResizeNN_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                double xFactor, double yFactor);
+    /// dst = the nearest pixel of src
+    static bool ResizeNN_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                double xFactor, double yFactor);
+    /// dst = src by cubic interpolation
+    static bool ResizeCubic_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                    unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                    double xFactor, double yFactor);
+    /// dst = src by cubic interpolation
+    static bool ResizeCubic_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                   unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                   double xFactor, double yFactor);
+    /// dst = src by cubic interpolation
+    static bool ResizeCubic_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                   unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                   double xFactor, double yFactor);
+    /// dst = src by linear interpolation (not the nearest pixel), from the offset on
+    static bool ResizeCenterNN_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
+                                       int srcStep, unsigned short* dst, int dstStep, int dstWidth,
+                                       int dstHeight, double xFactor, double yFactor, double centerX,
+                                       double centerY);
+    /// dst = the nearest pixel of src, from the offset on
+    static bool ResizeCenterNN_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight,
+                                      int srcStep, unsigned char* dst, int dstStep, int dstWidth,
+                                      int dstHeight, double xFactor, double yFactor, double centerX,
+                                      double centerY);
+    /// dst = the nearest pixel of src, from the offset on
+    static bool ResizeCenterNN_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight,
+                                      int srcStep, unsigned char* dst, int dstStep, int dstWidth,
+                                      int dstHeight, double xFactor, double yFactor, double centerX,
+                                      double centerY);
+    /// dst = src by cubic interpolation, from the offset on
+    static bool ResizeCenterCubic_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
+                                          int srcStep, unsigned short* dst, int dstStep, int dstWidth,
+                                          int dstHeight, double xFactor, double yFactor, double centerX,
+                                          double centerY);
+    /// dst = src by cubic interpolation, from the offset on
+    static bool ResizeCenterCubic_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight,
+                                         int srcStep, unsigned char* dst, int dstStep, int dstWidth,
+                                         int dstHeight, double xFactor, double yFactor, double centerX,
+                                         double centerY);
+    /// dst = src by cubic interpolation, from the offset on
+    static bool ResizeCenterCubic_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight,
+                                         int srcStep, unsigned char* dst, int dstStep, int dstWidth,
+                                         int dstHeight, double xFactor, double yFactor, double centerX,
+                                         double centerY);
+
+    // --------------------------------------------------------------------------------------------
+    // Resize by factor and shift
+    //
+    // The source point (x, y) lands on (xFactor x + xShift, yFactor y + yShift). Points and rectangles are
+    // relative to the first pixels of the images, to which src and dst point; pixel k covers [k, k + 1). The
+    // pixel X of dstRoi comes from s = (X + 1/2 - shift) / factor; where s lies outside srcRoi, the pixel is
+    // left as it was. Nothing outside srcRoi is read: taps beyond it take its edge pixels. Of srcRoi, the part in
+    // the source counts, of dstRoi the part without negative coordinates.
+    //
+    // Interpolation, with t = s - 1/2, the position among pixel centres:
+    //     1   nearest neighbour: pixel floor(s)
+    //     2   linear
+    //     4   cubic convolution with a = -1/2 (Keys, 1981)
+    //     5   cubic B-spline, no prefilter: B = 1, C = 0
+    //     6   Catmull-Rom: B = 0, C = 1/2, the same weights as 4
+    //     7   cubic with B = 1/2, C = 3/10
+    //     8   supersampling: the average over the area that the pixel covers in srcRoi, partial pixels counting
+    //         for their part; for reduction
+    //     16  Lanczos, three lobes: sinc(d) sinc(d / 3) for |d| < 3, the six weights divided by their sum
+    // 5 to 7 have the weights of D. P. Mitchell and A. N. Netravali, "Reconstruction filters in computer
+    // graphics", 1988; those of all cubics are kept as floats. But for 8, no code filters before a reduction.
+    // Sums are in double; integers are rounded to the nearest, ties to even, and clamped; a float NaN is stored as
+    // 0x7FC00000 (nearest: moved as it is).
+    //
+    // One of three flags may be added: 0x80000000 smooths the edges, 0x40000000 and 0x20000000 have no effect.
+    // Smooth edges: a pixel that the image of srcRoi covers only in part (less than 1023/1024 per axis) becomes
+    // old + (new - old) part.
+    //
+    // ResizeGetBufSize checks: null pointer, a width or height below 1, channels other than 1, 3 and 4, an
+    // unknown interpolation or two flags at once, 2^31 bytes or more. The size does for every factor and shift.
+    // ResizeSqrPixel checks: null pointer, a width or height below 1 (also of what counts of a rectangle), a
+    // factor that is not above 0, the interpolation. A call whose image lies outside dstRoi is true and
+    // writes nothing. Source and destination must not overlap.
+    //
+    // Zoom and pan: factor = (dstWidth / srcWidth) zoom in float, for both axes: the heights do not enter. The
+    // window of srcWidth / zoom source pixels is centred on the source's centre moved by (panX, panY):
+    // shift = -((srcLength 0.5 - (srcLength / zoom) 0.5) + pan) factor per axis, in double. A factor below 1 is
+    // supersampled with smooth edges; otherwise `smooth` chooses the B-spline with smooth edges over the
+    // nearest neighbour. The four methods are true whatever happens; what they cannot do (a null pointer, a
+    // size below 1, a zoom that is not above 0, no memory) leaves the destination as it was.
+
+    /// Receives the size in bytes of the work buffer for resampling srcRoi into dstRoi
+    static bool ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
+                                 int dstRoiX, int dstRoiY, int dstRoiWidth, int dstRoiHeight,
+                                 int channels, int interpolation, int* size);
+    /// dst(X, Y) = src((X + 1/2 - xShift) / xFactor, (Y + 1/2 - yShift) / yFactor), interpolated
+    static bool ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
+                                       int srcStep, int srcRoiX, int srcRoiY, int srcRoiWidth,
+                                       int srcRoiHeight, unsigned short* dst, int dstStep, int dstRoiX,
+                                       int dstRoiY, int dstRoiWidth, int dstRoiHeight, double xFactor,
+                                       double yFactor, double xShift, double yShift, int interpolation,
+                                       unsigned char* buffer);
+    /// dst = src zoomed around its centre and panned; always true
+    static bool Resize_8u_C3(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                             unsigned char* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
+                             int panX, int panY, bool smooth);
+    /// dst = src zoomed around its centre and panned; always true
+    static bool Resize_8u_C4(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                             unsigned char* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
+                             int panX, int panY, bool smooth);
+    /// dst = src zoomed around its centre and panned; always true
+    static bool Resize_16u_C1(const unsigned short* src, int srcStep, int srcWidth, int srcHeight,
+                              unsigned short* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
+                              int panX, int panY, bool smooth);
+    /// dst = src zoomed around its centre and panned; always true
+    static bool Resize_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight, float* dst,
+                              int dstStep, int dstWidth, int dstHeight, float zoom, int panX, int panY,
+                              bool smooth);
 
     // --------------------------------------------------------------------------------------------
     // Fixed-kernel filters
@@ -527,6 +674,11 @@ public:
     static bool Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const float* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
     /// dst = src, for each of the `count` matrices, which lie stride0 bytes apart
     static bool Copy_ma_32f_SS(const float* src, int srcStride0, int srcStride1, int srcStride2, float* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+
+private:
+    /// The shifts of a zoom, as the methods of zoom and pan compute them
+    static void CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
+                               double& xShift, double& yShift);
 
 protected:
     /// Does nothing: the class has no instances.

@@ -8,6 +8,11 @@
 #include "linalg/blocked_products.h"
 #include "linalg/elimination.h"
 #include "linalg/matrices.h"
+#include "image/resample.h"
+#include "image/resize_cubic.h"
+#include "image/resize_linear.h"
+#include "image/resize_nearest.h"
+#include "image/resize_plan.h"
 
 namespace orv {
 
@@ -46,6 +51,24 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(elimination, name, __VA_ARGS__)
 #include "linalg/elimination.inc"
+#define KERNEL(name, ...) TABLE(resample, name, __VA_ARGS__)
+#include "image/resample.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_cubic, name, __VA_ARGS__)
+#include "image/resize_cubic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_linear, name, __VA_ARGS__)
+#include "image/resize_linear.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_nearest, name, __VA_ARGS__)
+#include "image/resize_nearest.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(resize_plan, name, __VA_ARGS__)
+#include "image/resize_plan.inc"
 #undef KERNEL
 
 }  // namespace orv

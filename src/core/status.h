@@ -10,6 +10,7 @@ enum Status : int {
     StatusSqrtOfNegative = 3,           // a square root of a negative number or a NaN
     StatusLogarithmOfZero = 7,
     StatusLogarithmOfNegative = 8,      // anything with its sign bit set
+    StatusNoOperation = 1,              // a size of 0: there is nothing to prepare
     StatusDivideByZero = 6,             // a division met one or more zero divisors
     StatusNotIntelProcessor = 20,       // start-up only: the processor is of another vendor
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features
@@ -25,12 +26,19 @@ enum Status : int {
     StatusBadFftOrder = -15,        // an order of a transform outside its range
     StatusBadFftFlag = -16,         // a normalisation flag other than 1, 2, 4 and 8
     StatusBadFftRecord = -17,       // memory that holds no specification record of this kind
+    StatusBadOffset = -11,          // a destination offset outside the destination
+    StatusBadPlan = -17,            // a block that holds no initialised plan
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
+    StatusBadInterpolation = -22,   // an unknown interpolation, or flags that exclude each other
+    StatusBadFactor = -23,          // a resize factor that is not above 0
+    StatusBadChannels = -53,        // a number of channels other than 1, 3 and 4
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
     StatusBadStride = -182,         // a matrix stride below 1 or not a multiple of the element size
     StatusSingularMatrix = -195,    // a matrix without an inverse
     StatusBadCount = -203,          // a number of matrices below 1
     StatusSizesDiffer = -204,       // inner sizes of a matrix product that differ
+    StatusBadBorder = -225,         // a border argument with unknown bits
+    StatusUnsupportedBorder = -9999,  // a border (or anti-aliasing) that the resizer does not have
 };
 
 }  // namespace orv

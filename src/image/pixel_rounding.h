@@ -1,0 +1,50 @@
+// Computed pixels become stored ones: integers to the nearest, ties to even, clamped; floats as they are.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+#include "core/checks.h"
+#include "core/float_control.h"
+
+namespace orv {
+inline namespace ORV_LEVEL {
+
+// The sum with 1.5 * 2^52 has no fraction bits left: the addition itself rounds, and the integer stands in
+// the low word. For |value| below 2^31, under FloatControl.
+ORV_INLINE std::int32_t nearest_integer(double value)
+{
+    const double shifted = rounded(value + 6755399441055744.0);
+    std::int64_t bits;
+    __builtin_memcpy(&bits, &shifted, sizeof(bits));
+    return static_cast<std::int32_t>(bits);
+}
+
+template <class T>
+ORV_INLINE T to_pixel(double value)
+{
+    constexpr double most = std::numeric_limits<T>::max();
+    // Clamped first: no integer is passed on the way.
+    const double clamped = value < 0 ? 0 : value > most ? most : value;
+    return static_cast<T>(nearest_integer(clamped));
+}
+
+// One NaN for all: which of two NaNs an addition keeps depends on the instruction set.
+template <>
+ORV_INLINE float to_pixel<float>(double value)
+{
+    float pixel = rounded(static_cast<float>(value));
+    const std::uint32_t quiet = 0x7FC00000;
+    if (value != value) __builtin_memcpy(&pixel, &quiet, sizeof(pixel));
+    return pixel;
+}
+
+// The whole part, rounded down, for |value| below 2^31.
+ORV_INLINE int floor_of(double value)
+{
+    const int truncated = static_cast<int>(value);
+    return truncated - (static_cast<double>(truncated) > value ? 1 : 0);
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace orv
