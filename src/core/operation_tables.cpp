@@ -1,5 +1,6 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
+#include "image/filters.h"
 #include "image/integer_arithmetic.h"
 
 namespace orv {
@@ -15,6 +16,14 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(filters_float, name, __VA_ARGS__)
+#include "image/filters_float.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(filters_integer, name, __VA_ARGS__)
+#include "image/filters_integer.inc"
 #undef KERNEL
 
 }  // namespace orv

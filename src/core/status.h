@@ -18,6 +18,7 @@ enum Status : int {
     StatusDivideByZeroError = -10,  // division by a constant zero
     StatusBadStep = -14,            // a row step is below 1
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
+    StatusBadMaskSize = -33,        // a filter mask other than 3x3 and 5x5
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
 };
 
