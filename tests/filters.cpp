@@ -30,9 +30,18 @@ using Source = std::function<T(int x, int y)>;  // one channel
 
 // One rounding to double, and one to float, whatever the registers hold: a quadruple has more than
 // twice the digits, so rounding to it first changes nothing.
+// (Volatile, because compilers know that, too, and would take the shorter way through the registers.)
 using Quad = __float128;
-double plus(double a, double b) { return static_cast<double>(static_cast<Quad>(a) + static_cast<Quad>(b)); }
-double times(double a, double b) { return static_cast<double>(static_cast<Quad>(a) * static_cast<Quad>(b)); }
+double plus(double a, double b)
+{
+    volatile Quad exact = static_cast<Quad>(a) + static_cast<Quad>(b);
+    return static_cast<double>(exact);
+}
+double times(double a, double b)
+{
+    volatile Quad exact = static_cast<Quad>(a) * static_cast<Quad>(b);
+    return static_cast<double>(exact);
+}
 float single(double a)
 {
     volatile float f = static_cast<float>(a);

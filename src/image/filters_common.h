@@ -17,6 +17,14 @@ ORV_INLINE Status check_filter(const T* src, int srcStep, const T* dst, int dstS
     return StatusOk;
 }
 
+// body(0) to body(n - 1), each a copy of its own: what is indexed by the argument stays in registers.
+template <int n, class Body>
+ORV_INLINE void unrolled(Body body)
+{
+    if constexpr (n > 1) unrolled<n - 1>(body);
+    body(n - 1);
+}
+
 // Rows of many elements are done in strips of about equal width, so that what is kept of the rows above
 // stays in the nearest cache.
 template <int Most>

@@ -202,19 +202,19 @@ struct SplitRow {
     ORV_INLINE Split<T> load(std::ptrdiff_t j) const
     {
         using V = typename Split<T>::V;
-        return {simd::load<V>(even + j / 2), simd::load<V>(odd + j / 2)};
+        return {simd::load<V>(even + (j >> 1)), simd::load<V>(odd + (j >> 1))};
     }
     ORV_INLINE void store(std::ptrdiff_t j, const Split<T>& s) const
     {
-        simd::store(even + j / 2, s.even);
-        simd::store(odd + j / 2, s.odd);
+        simd::store(even + (j >> 1), s.even);
+        simd::store(odd + (j >> 1), s.odd);
     }
-    ORV_INLINE W& at(std::ptrdiff_t j) const { return ((j & 1) != 0 ? odd : even)[j / 2]; }
+    ORV_INLINE W& at(std::ptrdiff_t j) const { return ((j & 1) != 0 ? odd : even)[j >> 1]; }
     // The vector that has elements j, j + 2, ...; `offset` of j is known to the compiler.
     template <int offset> ORV_INLINE auto every_second(std::ptrdiff_t j) const
     {
         using V = typename Split<T>::V;
-        return simd::load<V>((offset % 2 != 0 ? odd : even) + j / 2 + offset / 2);
+        return simd::load<V>((offset % 2 != 0 ? odd : even) + (j >> 1) + offset / 2);
     }
 };
 
@@ -341,14 +341,14 @@ public:
     {
         constexpr uint32_t offset = 571u * 32768u;
         S sum = {simd::splat<S::V>(offset), simd::splat<S::V>(offset)};
-        for (int y = -2; y <= 2; ++y) {
-            const uint16_t* const row = row_at(s, srcStep, y) - 2;
-            for (int k = 0; k < 3; ++k) {
+        unrolled<5>([&](int j) {
+            const uint16_t* const row = row_at(s, srcStep, j - 2) - 2;
+            unrolled<3>([&](int k) {
                 const Pixels pixels = simd::load<Pixels>(row + 2 * k) ^ simd::splat<Pixels>(32768);
-                sum.even = sum.even + multiply_pairs(pixels, even_[distance(y)][k]);
-                sum.odd = sum.odd + multiply_pairs(pixels, odd_[distance(y)][k]);
-            }
-        }
+                sum.even = sum.even + multiply_pairs(pixels, even_[distance(j - 2)][k]);
+                sum.odd = sum.odd + multiply_pairs(pixels, odd_[distance(j - 2)][k]);
+            });
+        });
         return S{Part571::many(sum.even), Part571::many(sum.odd)}.merged();
     }
 

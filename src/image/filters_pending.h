@@ -54,9 +54,9 @@ ORV_INLINE void filter_at(Filter filter, const float* s, const float* centre, st
 {
     constexpr int n = 2 * Filter::kRadius;
     D pending[n];
-    for (int j = 0; j < n; ++j) pending[j] = doubles<D>::load(sums.before + sums.stride * j + i);
+    unrolled<n>([&](int j) { pending[j] = doubles<D>::load(sums.before + sums.stride * j + i); });
     const D sum = filter.add_row(s + i, c, pending);
-    for (int j = 0; j < n; ++j) store(sums.after + sums.stride * j + i, pending[j]);
+    unrolled<n>([&](int j) { store(sums.after + sums.stride * j + i, pending[j]); });
     if (writes) store_result(dst + i, filter.result(sum, centre + i));
 }
 
@@ -106,7 +106,7 @@ template <class D, int Radius>
 ORV_INLINE D box_row(const float* s, std::ptrdiff_t c)
 {
     D sum = doubles<D>::widen(s - c * Radius);
-    for (int k = 1 - Radius; k <= Radius; ++k) sum = sum + doubles<D>::widen(s + c * k);
+    unrolled<2 * Radius>([&](int k) { sum = sum + doubles<D>::widen(s + c * (k + 1 - Radius)); });
     return to_single(sum);
 }
 
@@ -115,7 +115,10 @@ ORV_INLINE D add_box_row(const float* s, std::ptrdiff_t c, D (&pending)[2 * Radi
 {
     const D row = box_row<D, Radius>(s, c);
     const D complete = pending[2 * Radius - 1] + row;
-    for (int j = 2 * Radius - 1; j > 0; --j) pending[j] = pending[j - 1] + row;
+    unrolled<2 * Radius - 1>([&](int j) {
+        const int later = 2 * Radius - 1 - j;
+        pending[later] = pending[later - 1] + row;
+    });
     pending[0] = row;
     return complete;
 }
