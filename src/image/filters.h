@@ -36,10 +36,12 @@ namespace w7 {
 namespace g9 {
 #include "image/filters_float.inc"
 }
+namespace h9 {
+#include "image/filters_float.inc"
+}
 namespace v8 = w7;
 namespace s8 = w7;
 namespace p8 = w7;
-namespace h9 = g9;
 }  // namespace filters_float
 
 namespace filters_integer {

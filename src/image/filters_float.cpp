@@ -11,16 +11,10 @@ namespace {
 
 // The centre as many times as the kernel has elements, minus the sum of all.
 template <int Radius>
-struct Hipass {
-    static constexpr int kRadius = Radius;
-    static constexpr bool kNeedsCentre = true;
-    template <class D> ORV_INLINE D add_row(const float* s, std::ptrdiff_t c, D (&pending)[2 * Radius]) const
+struct Hipass : Box<Radius, Radius + 1> {
+    template <class D> ORV_INLINE D result(D sum, const double* centre) const
     {
-        return add_box_row<D, Radius>(s, c, pending);
-    }
-    template <class D> ORV_INLINE D result(D sum, const float* centre) const
-    {
-        return doubles<D>::widen(centre) * (Radius == 1 ? 9.0 : 25.0) - sum;
+        return exact_product_minus(doubles<D>::load(centre), Radius == 1 ? 9.0 : 25.0, sum);
     }
 };
 
@@ -29,22 +23,33 @@ struct Hipass {
 // the centre; everything else is in double.
 struct Laplace5x5 {
     static constexpr int kRadius = 2;
-    static constexpr bool kNeedsCentre = false;
-    template <class D> ORV_INLINE D add_row(const float* s, std::ptrdiff_t c, D (&pending)[4]) const
+    static constexpr int kWideRows = 0;
+
+    ORV_INLINE void sum_row(const FilterRow& given) const
     {
-        const D outer = doubles<D>::float_sum(s - 2 * c, s + 2 * c);
-        const D inner = doubles<D>::float_sum(s - c, s + c);
-        const D centre = doubles<D>::widen(s);
-        const D p = outer + inner * 3.0 + centre * 4.0;
-        const D q3 = centre * 6.0 - outer * 3.0;
+        const FilterRow row = given;
+        along_row_of_floats(row.columns, [=](std::ptrdiff_t i, auto lanes) {
+            using F = decltype(lanes);
+            const float* const s = row.source + i;
+            store_floats(row.sums[0] + i, floats<F>::load(s - 2 * row.apart) + floats<F>::load(s + 2 * row.apart));
+            store_floats(row.sums[1] + i, floats<F>::load(s - row.apart) + floats<F>::load(s + row.apart));
+        });
+    }
+    template <class D> ORV_INLINE D add_row(const FilterRow& row, std::ptrdiff_t i, D (&pending)[4]) const
+    {
+        const D outer = doubles<D>::widen(row.sums[0] + i);
+        const D inner = doubles<D>::widen(row.sums[1] + i);
+        const D centre = doubles<D>::widen(row.source + i);
+        const D p = exact_product_plus(centre, 4.0, exact_product_plus(inner, 3.0, outer));
+        const D q3 = exact_product_plus(centre, 6.0, outer * -3.0);
         const D complete = pending[3] - p;
         pending[3] = pending[2] + q3;
-        pending[2] = pending[1] + (p + q3) * 2.0;
+        pending[2] = exact_product_plus(p + q3, 2.0, pending[1]);
         pending[1] = q3 - pending[0];
         pending[0] = p;
         return complete;
     }
-    template <class D> ORV_INLINE D result(D sum, const float*) const { return sum; }
+    template <class D> ORV_INLINE D result(D sum, const double*) const { return sum; }
 };
 
 // --- Cross derivatives ----------------------------------------------------------------------------
@@ -52,28 +57,13 @@ struct Laplace5x5 {
 // Differences of floats, so single precision throughout: where only two numbers meet, a double in
 // between would not change the result.
 
-// compute(i, F) for i from 0 to n - 1, as many at a time as there are lanes; some perhaps twice.
-template <class Compute>
-ORV_INLINE void along_row(std::ptrdiff_t n, Compute compute)
-{
-    std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    if (n >= Floats::N) {
-        for (; i < n - Floats::N; i += Floats::N) compute(i, Floats());
-        compute(n - Floats::N, Floats());
-        return;
-    }
-#endif
-    for (; i < n; ++i) compute(i, Single());
-}
-
 void sobel_cross_3x3(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
     for (int y = 0; y < roi.height; ++y) {
         const float* const above = row_at(src, srcStep, y - 1);
         const float* const below = row_at(src, srcStep, y + 1);
         float* const d = row_at(dst, dstStep, y);
-        along_row(roi.width, [=](std::ptrdiff_t i, auto lanes) {
+        along_row_of_floats(roi.width, [=](std::ptrdiff_t i, auto lanes) {
             using F = decltype(lanes);
             const auto difference = [i](const float* row) {
                 return floats<F>::load(row + i - 1) - floats<F>::load(row + i + 1);
@@ -105,10 +95,10 @@ void sobel_cross_5x5(const float* src, int srcStep, float* dst, int dstStep, Siz
             const float* const p2 = row_at(src, srcStep, y + 2) + x - 2;
             float* const d = row_at(dst, dstStep, y) + x;
             // Downwards the other way round: that gives the sign of the 3x3 kernel.
-            along_row(n + 4, [=](std::ptrdiff_t i, auto lanes) {
+            along_row_of_floats(n + 4, [=](std::ptrdiff_t i, auto lanes) {
                 store_floats(columns + i, derivative<decltype(lanes)>(p2 + i, p1 + i, m1 + i, m2 + i));
             });
-            along_row(n, [=](std::ptrdiff_t i, auto lanes) {
+            along_row_of_floats(n, [=](std::ptrdiff_t i, auto lanes) {
                 const float* const c = columns + i;
                 store_result(d + i, derivative<decltype(lanes)>(c, c + 1, c + 3, c + 4));
             });
@@ -122,7 +112,7 @@ template <class Filter>
 Status filter(Filter f, const float* src, int srcStep, float* dst, int dstStep, Size roi, int channels)
 {
     const FloatStrips strips(std::ptrdiff_t{roi.width} * channels);
-    void* const memory = orv_allocate(static_cast<int>(strips.width) * PendingSums<Filter::kRadius>::kBytes);
+    void* const memory = orv_allocate(FilterMemory<Filter>::bytes(strips.width));
     if (memory == nullptr) return StatusNoMemory;
     const FloatControl control;
     const auto rows = [=](std::ptrdiff_t y, std::ptrdiff_t x, std::ptrdiff_t) { return row_at(src, srcStep, y) + x; };
@@ -141,18 +131,16 @@ Status filter_of_mask(const float* src, int srcStep, float* dst, int dstStep, Si
 
 // --- Border forms ---------------------------------------------------------------------------------
 //
-// All memory is the caller's buffer: the sums, and a source row with what lies left and right of it.
+// All memory is the caller's buffer: that of a strip, and a source row with what lies left and right of it.
 
 constexpr int kAlignment = 64;
 
 template <int Radius>
-struct BorderBuffer {
-    static constexpr int bytes(std::ptrdiff_t strip)
-    {
-        return kAlignment + static_cast<int>(strip) * PendingSums<Radius>::kBytes +
-               (static_cast<int>(strip) + 2 * Radius) * static_cast<int>(sizeof(float));
-    }
-};
+constexpr int border_buffer_bytes(std::ptrdiff_t strip)
+{
+    return kAlignment + FilterMemory<Lowpass<Radius>>::bytes(strip) +
+           (static_cast<int>(strip) + 2 * Radius) * static_cast<int>(sizeof(float));
+}
 
 // Element x of a row of `width` that goes on at both sides. Moved as bits.
 class ExtendedRows {
@@ -204,10 +192,10 @@ void lowpass_border(const float* src, int srcStep, float* dst, int dstStep, Size
     const FloatControl control;
     const FloatStrips strips(roi.width);
     const std::size_t misalignment = reinterpret_cast<std::size_t>(buffer) % kAlignment;
-    auto* const sums = static_cast<unsigned char*>(buffer) + (kAlignment - misalignment) % kAlignment;
-    void* const row = sums + strips.width * PendingSums<Radius>::kBytes;
+    auto* const memory = static_cast<unsigned char*>(buffer) + (kAlignment - misalignment) % kAlignment;
+    void* const row = memory + FilterMemory<Lowpass<Radius>>::bytes(strips.width);
     filter_strips(Lowpass<Radius>(), ExtendedRows(src, srcStep, roi, border, value, Radius, row), dst, dstStep,
-                  roi, 1, sums);
+                  roi, 1, memory);
 }
 
 }  // namespace
@@ -256,7 +244,7 @@ Status FilterLowpassGetBufferSize_32f_C1(Size roi, int mask, int* bytes)
     if (is_empty(roi)) return StatusBadSize;
     if (mask != mask_3x3 && mask != mask_5x5) return StatusBadMaskSize;
     const std::ptrdiff_t strip = FloatStrips(roi.width).width;
-    const int size = mask == mask_3x3 ? BorderBuffer<1>::bytes(strip) : BorderBuffer<2>::bytes(strip);
+    const int size = mask == mask_3x3 ? border_buffer_bytes<1>(strip) : border_buffer_bytes<2>(strip);
     put(bytes, size);
     return StatusOk;
 }

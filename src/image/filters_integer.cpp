@@ -341,9 +341,9 @@ public:
     {
         constexpr uint32_t offset = 571u * 32768u;
         S sum = {simd::splat<S::V>(offset), simd::splat<S::V>(offset)};
-        unrolled<5>([&](int j) {
+        unrolled<5>([&](int j) __attribute__((always_inline)) {
             const uint16_t* const row = row_at(s, srcStep, j - 2) - 2;
-            unrolled<3>([&](int k) {
+            unrolled<3>([&](int k) __attribute__((always_inline)) {
                 const Pixels pixels = simd::load<Pixels>(row + 2 * k) ^ simd::splat<Pixels>(32768);
                 sum.even = sum.even + multiply_pairs(pixels, even_[distance(j - 2)][k]);
                 sum.odd = sum.odd + multiply_pairs(pixels, odd_[distance(j - 2)][k]);

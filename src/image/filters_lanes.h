@@ -20,15 +20,14 @@ struct doubles<double> {
     static constexpr int N = 1;
     static ORV_INLINE double widen(const float* p) { return static_cast<double>(get(p)); }
     static ORV_INLINE double load(const double* p) { return *p; }
-    // The sum and the difference of two floats as a float. Rounding them to double first would not change
-    // it: a double has more than twice the bits and two more.
-    static ORV_INLINE double float_sum(const float* a, const float* b)
-    {
-        return static_cast<double>(rounded(get(a) + get(b)));
-    }
 };
 ORV_INLINE void store(double* p, double a) { *p = a; }
-ORV_INLINE double to_single(double a) { return static_cast<double>(rounded(static_cast<float>(a))); }
+ORV_INLINE void store_single(float* p, double a) { *p = rounded(static_cast<float>(a)); }
+
+// a * k + b and a * k - b where the product has no rounding to lose: k is a small integer and a was
+// a float, or a few of them. A fused operation gives the same.
+ORV_INLINE double exact_product_plus(double a, double k, double b) { return a * k + b; }
+ORV_INLINE double exact_product_minus(double a, double k, double b) { return a * k - b; }
 
 // Which of several NaNs survives an addition is a matter of the operands' order, which compilers choose
 // freely. A result that is a NaN is therefore the one with all bits set.
@@ -41,7 +40,8 @@ ORV_INLINE void store_result(float* p, float value)
 }
 ORV_INLINE void store_result(float* p, double value) { store_result(p, rounded(static_cast<float>(value))); }
 
-// One float, with the operators of a vector; on the x87 they round.
+// One float, with the operators of a vector; on the x87 they round. (That a double may come between
+// the operation and the rounding does not matter: it has more than twice the digits.)
 struct Single {
     float v;
 };
@@ -95,27 +95,20 @@ ORV_INLINE Doubles operator*(Doubles a, double b)
     return {ORV_PD(mul_pd)(a.lo, factor), ORV_PD(mul_pd)(a.hi, factor)};
 }
 
-#if ORV_HAVE_FLOAT256
-ORV_INLINE Doubles widen(Floats a)
+#if defined(__FMA__)
+ORV_INLINE Doubles exact_product_plus(Doubles a, double k, Doubles b)
 {
-    return {_mm256_cvtps_pd(_mm256_castps256_ps128(a.v)), _mm256_cvtps_pd(_mm256_extractf128_ps(a.v, 1))};
+    const DoubleRegister::type factor = ORV_PD(set1_pd)(k);
+    return {ORV_PD(fmadd_pd)(a.lo, factor, b.lo), ORV_PD(fmadd_pd)(a.hi, factor, b.hi)};
 }
-ORV_INLINE Floats narrow(Doubles a)
+ORV_INLINE Doubles exact_product_minus(Doubles a, double k, Doubles b)
 {
-    return {_mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(a.lo)), _mm256_cvtpd_ps(a.hi), 1)};
-}
-// Narrowing and widening again keeps each half where it is.
-ORV_INLINE Doubles to_single(Doubles a)
-{
-    return {_mm256_cvtps_pd(_mm256_cvtpd_ps(a.lo)), _mm256_cvtps_pd(_mm256_cvtpd_ps(a.hi))};
+    const DoubleRegister::type factor = ORV_PD(set1_pd)(k);
+    return {ORV_PD(fmsub_pd)(a.lo, factor, b.lo), ORV_PD(fmsub_pd)(a.hi, factor, b.hi)};
 }
 #else
-ORV_INLINE Doubles widen(Floats a) { return {_mm_cvtps_pd(a.v), _mm_cvtps_pd(_mm_movehl_ps(a.v, a.v))}; }
-ORV_INLINE Floats narrow(Doubles a) { return {_mm_movelh_ps(_mm_cvtpd_ps(a.lo), _mm_cvtpd_ps(a.hi))}; }
-ORV_INLINE Doubles to_single(Doubles a)
-{
-    return {_mm_cvtps_pd(_mm_cvtpd_ps(a.lo)), _mm_cvtps_pd(_mm_cvtpd_ps(a.hi))};
-}
+ORV_INLINE Doubles exact_product_plus(Doubles a, double k, Doubles b) { return a * k + b; }
+ORV_INLINE Doubles exact_product_minus(Doubles a, double k, Doubles b) { return a * k - b; }
 #endif
 
 template <>
@@ -126,16 +119,13 @@ struct doubles<Doubles> {
 #if ORV_HAVE_FLOAT256
         return {_mm256_cvtps_pd(_mm_loadu_ps(p)), _mm256_cvtps_pd(_mm_loadu_ps(p + 4))};
 #else
-        return ORV_LEVEL::widen(simd::load<Floats>(p));
+        const __m128 four = _mm_loadu_ps(p);
+        return {_mm_cvtps_pd(four), _mm_cvtps_pd(_mm_movehl_ps(four, four))};
 #endif
     }
     static ORV_INLINE Doubles load(const double* p)
     {
         return {ORV_PD(loadu_pd)(p), ORV_PD(loadu_pd)(p + N / 2)};
-    }
-    static ORV_INLINE Doubles float_sum(const float* a, const float* b)
-    {
-        return ORV_LEVEL::widen(simd::load<Floats>(a) + simd::load<Floats>(b));
     }
 };
 ORV_INLINE void store(double* p, Doubles a)
@@ -143,8 +133,36 @@ ORV_INLINE void store(double* p, Doubles a)
     ORV_PD(storeu_pd)(p, a.lo);
     ORV_PD(storeu_pd)(p + doubles<Doubles>::N / 2, a.hi);
 }
-ORV_INLINE void store_result(float* p, Doubles a) { store_result(p, narrow(a)); }
+#if ORV_HAVE_FLOAT256
+ORV_INLINE void store_single(float* p, Doubles a)
+{
+    _mm_storeu_ps(p, _mm256_cvtpd_ps(a.lo));
+    _mm_storeu_ps(p + 4, _mm256_cvtpd_ps(a.hi));
+}
+ORV_INLINE void store_result(float* p, Doubles a)
+{
+    const __m128 lo = _mm256_cvtpd_ps(a.lo), hi = _mm256_cvtpd_ps(a.hi);
+    store_result(p, Floats{_mm256_insertf128_ps(_mm256_castps128_ps256(lo), hi, 1)});
+}
+#else
+ORV_INLINE void store_single(float* p, Doubles a)
+{
+    simd::store(p, Floats{_mm_movelh_ps(_mm_cvtpd_ps(a.lo), _mm_cvtpd_ps(a.hi))});
+}
+ORV_INLINE void store_result(float* p, Doubles a)
+{
+    store_result(p, Floats{_mm_movelh_ps(_mm_cvtpd_ps(a.lo), _mm_cvtpd_ps(a.hi))});
+}
+#endif
 #undef ORV_PD
+
+using ManyFloats = Floats;
+using ManyDoubles = Doubles;
+constexpr int kFloatLanes = Floats::N;
+#else
+using ManyFloats = Single;
+using ManyDoubles = double;
+constexpr int kFloatLanes = 1;
 #endif
 
 }  // namespace ORV_LEVEL
