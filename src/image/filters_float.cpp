@@ -12,7 +12,7 @@ namespace {
 // The centre as many times as the kernel has elements, minus the sum of all.
 template <int Radius>
 struct Hipass : Box<Radius, Radius + 1> {
-    template <class D> ORV_INLINE D result(D sum, const double* centre) const
+    template <class D, class Element> ORV_INLINE D result(D sum, const Element* centre) const
     {
         return exact_product_minus(doubles<D>::load(centre), Radius == 1 ? 9.0 : 25.0, sum);
     }
@@ -25,7 +25,7 @@ struct Laplace5x5 {
     static constexpr int kRadius = 2;
     static constexpr int kWideRows = 0;
 
-    ORV_INLINE void sum_row(const FilterRow& given) const
+    template <class Numbers> ORV_INLINE void sum_row(const FilterRow& given) const
     {
         const FilterRow row = given;
         along_row_of_floats(row.columns, [=](std::ptrdiff_t i, auto lanes) {
@@ -49,7 +49,7 @@ struct Laplace5x5 {
         pending[0] = p;
         return complete;
     }
-    template <class D> ORV_INLINE D result(D sum, const double*) const { return sum; }
+    template <class D, class Element> ORV_INLINE D result(D sum, const Element*) const { return sum; }
 };
 
 // --- Cross derivatives ----------------------------------------------------------------------------

@@ -17,7 +17,6 @@ template <class D> struct doubles;  // how a D is loaded
 
 template <>
 struct doubles<double> {
-    static constexpr int N = 1;
     static ORV_INLINE double widen(const float* p) { return static_cast<double>(get(p)); }
     static ORV_INLINE double load(const double* p) { return *p; }
 };
@@ -113,7 +112,6 @@ ORV_INLINE Doubles exact_product_minus(Doubles a, double k, Doubles b) { return 
 
 template <>
 struct doubles<Doubles> {
-    static constexpr int N = Floats::N;
     static ORV_INLINE Doubles widen(const float* p)
     {
 #if ORV_HAVE_FLOAT256
@@ -125,13 +123,13 @@ struct doubles<Doubles> {
     }
     static ORV_INLINE Doubles load(const double* p)
     {
-        return {ORV_PD(loadu_pd)(p), ORV_PD(loadu_pd)(p + N / 2)};
+        return {ORV_PD(loadu_pd)(p), ORV_PD(loadu_pd)(p + Floats::N / 2)};
     }
 };
 ORV_INLINE void store(double* p, Doubles a)
 {
     ORV_PD(storeu_pd)(p, a.lo);
-    ORV_PD(storeu_pd)(p + doubles<Doubles>::N / 2, a.hi);
+    ORV_PD(storeu_pd)(p + Floats::N / 2, a.hi);
 }
 #if ORV_HAVE_FLOAT256
 ORV_INLINE void store_single(float* p, Doubles a)
@@ -155,6 +153,43 @@ ORV_INLINE void store_result(float* p, Doubles a)
 }
 #endif
 #undef ORV_PD
+
+// In the place of doubles where every step is exact in single precision: floats that are whole numbers
+// and small. The one rounding that is left, of the product with a single-precision factor, is the same.
+struct WholeFloats {
+    Floats v;
+};
+ORV_INLINE WholeFloats operator+(WholeFloats a, WholeFloats b) { return {a.v + b.v}; }
+ORV_INLINE WholeFloats operator-(WholeFloats a, WholeFloats b) { return {a.v - b.v}; }
+ORV_INLINE WholeFloats operator*(WholeFloats a, double b) { return {a.v * simd::splat<Floats>(static_cast<float>(b))}; }
+ORV_INLINE WholeFloats exact_product_plus(WholeFloats a, double k, WholeFloats b) { return a * k + b; }
+ORV_INLINE WholeFloats exact_product_minus(WholeFloats a, double k, WholeFloats b) { return a * k - b; }
+template <>
+struct doubles<WholeFloats> {
+    static ORV_INLINE WholeFloats widen(const float* p) { return {simd::load<Floats>(p)}; }
+    static ORV_INLINE WholeFloats load(const float* p) { return {simd::load<Floats>(p)}; }
+};
+ORV_INLINE void store(float* p, WholeFloats a) { simd::store(p, a.v); }
+ORV_INLINE void store_single(float* p, WholeFloats a) { simd::store(p, a.v); }
+ORV_INLINE void store_result(float* p, WholeFloats a) { simd::store(p, a.v); }
+
+// Are n >= Floats::N floats whole numbers from -2^17 to 2^17? That is what 16-bit images are, and 88 of
+// them still have a sum below 2^24.
+ORV_INLINE bool all_whole(const float* p, std::ptrdiff_t n)
+{
+    const Floats unit = simd::splat<Floats>(12582912.0f);  // 1.5 * 2^23: sums with it have no fraction
+    const Floats zero = simd::zero<Floats>(), all = simd::equal(zero, zero);
+    Floats most = zero, least = zero, whole = all;
+    for (std::ptrdiff_t i = 0;; i = i + 2 * Floats::N <= n ? i + Floats::N : n - Floats::N) {
+        const Floats x = simd::load<Floats>(p + i);
+        most = simd::max(x, most);
+        least = simd::min(x, least);
+        whole = whole & simd::equal((x + unit) - unit, x);  // false for a NaN
+        if (i == n - Floats::N) break;
+    }
+    const Floats bound = simd::splat<Floats>(131072.0f);
+    return !simd::any(simd::greater(most, bound) | simd::greater(zero - bound, least) | (whole ^ all));
+}
 
 using ManyFloats = Floats;
 using ManyDoubles = Doubles;

@@ -8,6 +8,9 @@
 // Source rows are widened to double once, in memory, where sums of neighbours are then loads that need
 // no conversion. Pending sums are kept twice, before and after a row: that lets the last vector of a
 // row overlap its neighbour.
+//
+// Many float images hold whole numbers. As long as a strip does, its sums are exact in single precision,
+// which is less than half the work; from the first row that has anything else it goes on in double.
 #pragma once
 
 #include "image/filters_common.h"
@@ -19,10 +22,11 @@ inline namespace ORV_LEVEL {
 // A filter is an object with
 //     static constexpr int kRadius
 //     static constexpr int kWideRows        how many source rows, the last ones, it wants as doubles
-//     void sum_row(const FilterRow& row)    forms the row sums of a source row
+//     template <class Numbers> void sum_row(const FilterRow& row)
+//         forms the row sums of a source row
 //     template <class D> D add_row(const FilterRow& row, std::ptrdiff_t i, D (&pending)[2 * kRadius])
 //         adds those of columns from i on, and returns the completed results
-//     template <class D> D result(D sum, const double* centre)
+//     template <class D, class Element> D result(D sum, const Element* centre)
 
 using FloatStrips = Strips<256>;
 
@@ -47,19 +51,36 @@ ORV_INLINE void along_row(std::ptrdiff_t n, Compute compute)
     for (; i < n; ++i) compute(i, One());
 }
 template <class Compute>
-ORV_INLINE void along_row_of_doubles(std::ptrdiff_t n, Compute compute)
-{
-    along_row<double, ManyDoubles, kFloatLanes>(n, compute);
-}
-template <class Compute>
 ORV_INLINE void along_row_of_floats(std::ptrdiff_t n, Compute compute)
 {
     along_row<Single, ManyFloats, kFloatLanes>(n, compute);
 }
 
+// What a strip is computed in: doubles, or floats as long as these lose nothing.
+struct InDouble {
+    using Element = double;
+    static ORV_INLINE const double* centre(const FilterRow& row) { return row.wide; }
+    template <class Compute>
+    static ORV_INLINE void along(std::ptrdiff_t n, Compute compute)
+    {
+        along_row<double, ManyDoubles, kFloatLanes>(n, compute);
+    }
+};
+#if ORV_HAVE_VECTORS
+struct InSingle {
+    using Element = float;
+    static ORV_INLINE const float* centre(const FilterRow& row) { return row.source; }
+    template <class Compute>
+    static ORV_INLINE void along(std::ptrdiff_t n, Compute compute)
+    {
+        along_row<WholeFloats, WholeFloats, kFloatLanes>(n, compute);
+    }
+};
+#endif
+
 ORV_INLINE void widen_row(const float* source, double* wide, std::ptrdiff_t n)
 {
-    along_row_of_doubles(n, [=](std::ptrdiff_t i, auto lanes) {
+    InDouble::along(n, [=](std::ptrdiff_t i, auto lanes) {
         store(wide + i, doubles<decltype(lanes)>::widen(source + i));
     });
 }
@@ -103,49 +124,117 @@ private:
     float* sums_;
 };
 
-template <bool writes, class Filter>
-void add_row(Filter filter, const FilterRow& given, const FilterMemory<Filter>& given_memory, const double* centre, float* dst)
+template <class Numbers, bool writes, class Filter>
+void add_row(Filter filter, const FilterRow& given, const FilterMemory<Filter>& memory,
+             const typename Numbers::Element* centre, float* dst)
 {
+    using Element = typename Numbers::Element;
     const FilterRow row = given;
-    const FilterMemory<Filter> memory = given_memory;
-    along_row_of_doubles(row.columns, [=](std::ptrdiff_t i, auto lanes) {
+    const Element* const before = reinterpret_cast<const Element*>(memory.before);
+    Element* const after = reinterpret_cast<Element*>(memory.after);
+    const std::ptrdiff_t stride = memory.stride;
+    Numbers::along(row.columns, [=](std::ptrdiff_t i, auto lanes) {
         using D = decltype(lanes);
         constexpr int n = 2 * Filter::kRadius;
         D pending[n];
-        unrolled<n>([&](int j) __attribute__((always_inline)) { pending[j] = doubles<D>::load(memory.before + memory.stride * j + i); });
+        unrolled<n>([&](int j) __attribute__((always_inline)) { pending[j] = doubles<D>::load(before + stride * j + i); });
         const D sum = filter.add_row(row, i, pending);
-        unrolled<n>([&](int j) __attribute__((always_inline)) { store(memory.after + memory.stride * j + i, pending[j]); });
-        if (writes) store_result(dst + i, filter.result(sum, centre + i));
+        unrolled<n>([&](int j) __attribute__((always_inline)) { store(after + stride * j + i, pending[j]); });
+        if (writes) store_result(dst + i, filter.template result<D>(sum, centre + i));
     });
 }
 
-// `rows(y, x, n)` gives the address of element x of source row y, from -kRadius to height + kRadius - 1;
-// n elements from there on and c * kRadius on both sides can be read. `memory` has room for a strip.
+// A strip from row to row. `rows(y, x, n)` gives the address of element x of source row y, from -kRadius
+// to height + kRadius - 1; n elements from there on and c * kRadius on both sides can be read.
 template <class Filter, class Rows>
-ORV_INLINE void filter_strips(Filter filter, Rows rows, float* dst, int dstStep, Size roi, int channels, void* memory)
+class FilterStrip {
+public:
+    ORV_INLINE FilterStrip(Filter filter, const Rows& rows, int channels, std::ptrdiff_t x, std::ptrdiff_t n,
+                           FilterMemory<Filter> memory)
+        : filter_(filter), rows_(rows), memory_(memory), x_(x), frame_(std::ptrdiff_t{radius} * channels),
+          whole_(kFloatLanes > 1 && n >= kFloatLanes)
+    {
+        row_.wide = nullptr;
+        row_.apart = channels;
+        row_.columns = n;
+        row_.sums[0] = memory.sums(0);
+        row_.sums[1] = memory.sums(1);
+    }
+
+    // Takes source row y, which completes row y - kRadius of the result; writes that unless dst is null.
+    ORV_INLINE void add(int y, float* dst)
+    {
+        row_.source = rows_(y, x_, row_.columns);
+#if ORV_HAVE_VECTORS
+        if (whole_ && !all_whole(row_.source - frame_, row_.columns + 2 * frame_)) continue_in_double(y);
+        if (whole_) {
+            const float* const centre = dst != nullptr && kNeedsCentre ? rows_(y - radius, x_, row_.columns) : nullptr;
+            add_as<InSingle>(centre, dst);
+            return;
+        }
+#endif
+        if (Filter::kWideRows > 0) widen(y);
+        add_as<InDouble>(memory_.wide(y - radius) + frame_, dst);
+    }
+
+private:
+    static constexpr int radius = Filter::kRadius;
+    static constexpr bool kNeedsCentre = Filter::kWideRows > 1;
+
+    ORV_INLINE void widen(int y)
+    {
+        double* const wide = memory_.wide(y);
+        widen_row(row_.source - frame_, wide, row_.columns + 2 * frame_);
+        row_.wide = wide + frame_;
+    }
+
+    template <class Numbers>
+    ORV_INLINE void add_as(const typename Numbers::Element* centre, float* dst)
+    {
+        filter_.template sum_row<Numbers>(row_);
+        if (dst != nullptr) add_row<Numbers, true>(filter_, row_, memory_, centre, dst);
+        else add_row<Numbers, false>(filter_, row_, memory_, centre, dst);
+        memory_.next_row();
+    }
+
+#if ORV_HAVE_VECTORS
+    // Everything so far was exact, so it is the same in double.
+    void continue_in_double(int y)
+    {
+        whole_ = false;
+        const float* const before = reinterpret_cast<const float*>(memory_.before);
+        for (int j = 0; j < 2 * radius; ++j) {
+            const std::ptrdiff_t at = memory_.stride * j;
+            for (std::ptrdiff_t i = 0; i < row_.columns; ++i) memory_.after[at + i] = static_cast<double>(before[at + i]);
+        }
+        memory_.next_row();
+        if (!kNeedsCentre) return;
+        for (int above = y > 0 ? y - radius : -radius; above < y; ++above) {
+            row_.source = rows_(above, x_, row_.columns);
+            widen(above);
+        }
+        row_.source = rows_(y, x_, row_.columns);
+    }
+#endif
+
+    Filter filter_;
+    const Rows& rows_;
+    FilterMemory<Filter> memory_;
+    FilterRow row_;
+    std::ptrdiff_t x_, frame_;
+    bool whole_;
+};
+
+// `memory` has room for a strip.
+template <class Filter, class Rows>
+ORV_INLINE void filter_strips(Filter filter, const Rows& rows, float* dst, int dstStep, Size roi, int channels, void* memory)
 {
     constexpr int radius = Filter::kRadius;
-    const std::ptrdiff_t frame = std::ptrdiff_t{radius} * channels;
     const FloatStrips strips(std::ptrdiff_t{roi.width} * channels);
     for (std::ptrdiff_t x = 0; x < strips.total; x += strips.width) {
-        FilterMemory<Filter> strip(memory, strips.width);
-        FilterRow row;
-        row.apart = channels;
-        row.columns = strips.columns_at(x);
-        row.sums[0] = strip.sums(0);
-        row.sums[1] = strip.sums(1);
-        for (int y = -radius; y < roi.height + radius; ++y, strip.next_row()) {
-            row.source = rows(y, x, row.columns);
-            double* const wide = strip.wide(y);
-            if (Filter::kWideRows > 0) widen_row(row.source - frame, wide, row.columns + 2 * frame);
-            row.wide = wide + frame;
-            filter.sum_row(row);
-            if (y < radius) {
-                add_row<false>(filter, row, strip, nullptr, nullptr);
-            } else {
-                add_row<true>(filter, row, strip, strip.wide(y - radius) + frame, row_at(dst, dstStep, y - radius) + x);
-            }
-        }
+        FilterStrip<Filter, Rows> strip(filter, rows, channels, x, strips.columns_at(x), FilterMemory<Filter>(memory, strips.width));
+        for (int y = -radius; y < radius; ++y) strip.add(y, nullptr);
+        for (int y = radius; y < roi.height + radius; ++y) strip.add(y, row_at(dst, dstStep, y - radius) + x);
     }
 }
 
@@ -157,12 +246,13 @@ struct Box {
     static constexpr int kRadius = Radius;
     static constexpr int kWideRows = WideRows;
 
-    ORV_INLINE void sum_row(const FilterRow& given) const
+    template <class Numbers> ORV_INLINE void sum_row(const FilterRow& given) const
     {
         const FilterRow row = given;
-        along_row_of_doubles(row.columns, [=](std::ptrdiff_t i, auto lanes) {
+        const auto* const centre = Numbers::centre(row);
+        Numbers::along(row.columns, [=](std::ptrdiff_t i, auto lanes) {
             using D = decltype(lanes);
-            const double* const p = row.wide + i;
+            const auto* const p = centre + i;
             D sum = doubles<D>::load(p - Radius * row.apart);
             unrolled<2 * Radius>([&](int k) __attribute__((always_inline)) {
                 sum = sum + doubles<D>::load(p + (k + 1 - Radius) * row.apart);
@@ -186,7 +276,7 @@ struct Box {
 template <int Radius>
 struct Lowpass : Box<Radius, 1> {
     // Not a division by 9 or 25: hosts compare results with those of this factor.
-    template <class D> ORV_INLINE D result(D sum, const double*) const
+    template <class D, class Element> ORV_INLINE D result(D sum, const Element*) const
     {
         return sum * static_cast<double>(Radius == 1 ? 0.1111111f : 0.04f);
     }
