@@ -14,9 +14,10 @@ using u16 = unsigned short;
 
 template <class T> constexpr int depth = sizeof(T) == 1 ? CV_8U : sizeof(T) == 2 ? CV_16U : CV_32F;
 
-// Noise as it comes for integers; floats from 0 to 256 with all their digits.
+// Noise as it comes for integers; floats from 0 to 256 with all their digits, or without a fraction.
+enum class Floats { any, whole };
 template <class T>
-void fill(Image& image)
+void fill(Image& image, Floats kind)
 {
     if (depth<T> != CV_32F) return;
     unsigned state = 1;
@@ -24,20 +25,20 @@ void fill(Image& image)
         float* const row = reinterpret_cast<float*>(image.as<u8>() + static_cast<std::ptrdiff_t>(image.step()) * y);
         for (int i = 0; i < image.row_bytes() / 4; ++i) {
             state = state * 1664525u + 1013904223u;
-            row[i] = static_cast<float>(state) * 0x1p-24f;
+            row[i] = kind == Floats::whole ? static_cast<float>(state >> 24) : static_cast<float>(state) * 0x1p-24f;
         }
     }
 }
 
 // The region of our filters lies inside a larger image, OpenCV's is a view of the same.
 template <class T, class Ours, class Peer>
-void filter(const char* name, int channels, int radius, Ours ours, Peer peer)
+void filter(const char* name, int channels, int radius, Ours ours, Peer peer, Floats kind = Floats::any)
 {
     for (int side : bench::kSides) {
         const int pixel = channels * static_cast<int>(sizeof(T)), extent = side + 2 * radius;
         auto a = std::make_shared<Image>(extent, pixel);
         auto d = std::make_shared<Image>(side, pixel);
-        fill<T>(*a);
+        fill<T>(*a, kind);
         T* const region = reinterpret_cast<T*>(a->as<u8>() + static_cast<std::ptrdiff_t>(a->step()) * radius) + radius * channels;
         bench::add(name, bench::square(side), "orvane", [=] { ours(region, a->step(), d->as<T>(), d->step(), side, side); });
         const int type = CV_MAKETYPE(depth<T>, channels);
@@ -96,6 +97,13 @@ const bool registered = [] {
     FILTER(Laplace5x5_32f_C1R, float, 1, 2, laplace5);
     FILTER(SobelCross3x3_32f_C1R, float, 1, 1, cross3);
     FILTER(SobelCross5x5_32f_C1R, float, 1, 2, cross5);
+#undef FILTER
+#define FILTER(name, channels, radius, peer) filter<float>(#name " whole", channels, radius, W::Filter##name, peer, Floats::whole)
+    FILTER(Lowpass3x3_32f_C1R, 1, 1, box3);
+    FILTER(Lowpass5x5_32f_C3R, 3, 2, box5);
+    FILTER(Hipass3x3_32f_C1R, 1, 1, hipass3);
+    FILTER(Hipass5x5_32f_C1R, 1, 2, hipass5);
+    FILTER(Laplace5x5_32f_C1R, 1, 2, laplace5);
 #undef FILTER
     // The border forms beside blur with a replicated border of its own.
     static std::vector<u8> work(1 << 20);

@@ -11,7 +11,7 @@ namespace {
 
 // The centre as many times as the kernel has elements, minus the sum of all.
 template <int Radius>
-struct Hipass : Box<Radius, Radius + 1> {
+struct Hipass : Box<Radius, 1, Radius + 1> {
     template <class D, class Element> ORV_INLINE D result(D sum, const Element* centre) const
     {
         return exact_product_minus(doubles<D>::load(centre), Radius == 1 ? 9.0 : 25.0, sum);
@@ -23,22 +23,37 @@ struct Hipass : Box<Radius, Radius + 1> {
 // the centre; everything else is in double.
 struct Laplace5x5 {
     static constexpr int kRadius = 2;
+    static constexpr int kApart = 1;
     static constexpr int kWideRows = 0;
 
-    template <class Numbers> ORV_INLINE void sum_row(const FilterRow& given) const
+    template <class F> static ORV_INLINE F outer_sum(const FilterRow& row, std::ptrdiff_t i)
+    {
+        const float* const s = row.source + i;
+        return floats<F>::load(s - 2) + floats<F>::load(s + 2);
+    }
+    template <class F> static ORV_INLINE F inner_sum(const FilterRow& row, std::ptrdiff_t i)
+    {
+        const float* const s = row.source + i;
+        return floats<F>::load(s - 1) + floats<F>::load(s + 1);
+    }
+    ORV_INLINE void sum_row(const FilterRow& given) const
     {
         const FilterRow row = given;
         along_row_of_floats(row.columns, [=](std::ptrdiff_t i, auto lanes) {
-            using F = decltype(lanes);
-            const float* const s = row.source + i;
-            store_floats(row.sums[0] + i, floats<F>::load(s - 2 * row.apart) + floats<F>::load(s + 2 * row.apart));
-            store_floats(row.sums[1] + i, floats<F>::load(s - row.apart) + floats<F>::load(s + row.apart));
+            store_floats(row.sums[0] + i, outer_sum<decltype(lanes)>(row, i));
+            store_floats(row.sums[1] + i, inner_sum<decltype(lanes)>(row, i));
         });
     }
+    template <class D> static ORV_INLINE D outer_of(const FilterRow& row, std::ptrdiff_t i, D) { return doubles<D>::widen(row.sums[0] + i); }
+    template <class D> static ORV_INLINE D inner_of(const FilterRow& row, std::ptrdiff_t i, D) { return doubles<D>::widen(row.sums[1] + i); }
+#if ORV_HAVE_VECTORS
+    static ORV_INLINE WholeFloats outer_of(const FilterRow& row, std::ptrdiff_t i, WholeFloats) { return {outer_sum<Floats>(row, i)}; }
+    static ORV_INLINE WholeFloats inner_of(const FilterRow& row, std::ptrdiff_t i, WholeFloats) { return {inner_sum<Floats>(row, i)}; }
+#endif
     template <class D> ORV_INLINE D add_row(const FilterRow& row, std::ptrdiff_t i, D (&pending)[4]) const
     {
-        const D outer = doubles<D>::widen(row.sums[0] + i);
-        const D inner = doubles<D>::widen(row.sums[1] + i);
+        const D outer = outer_of(row, i, D());
+        const D inner = inner_of(row, i, D());
         const D centre = doubles<D>::widen(row.source + i);
         const D p = exact_product_plus(centre, 4.0, exact_product_plus(inner, 3.0, outer));
         const D q3 = exact_product_plus(centre, 6.0, outer * -3.0);
@@ -73,8 +88,8 @@ void sobel_cross_3x3(const float* src, int srcStep, float* dst, int dstStep, Siz
     }
 }
 
-// The derivative 1 2 0 -2 -1 of samples that are `apart` elements from each other: of columns and of
-// rows alike.
+// The derivative 1 2 0 -2 -1 of four samples around a fifth, from left to right or from top to
+// bottom.
 template <class F>
 ORV_INLINE F derivative(const float* m2, const float* m1, const float* p1, const float* p2)
 {
@@ -109,24 +124,23 @@ void sobel_cross_5x5(const float* src, int srcStep, float* dst, int dstStep, Siz
 // --- Plain forms ----------------------------------------------------------------------------------
 
 template <class Filter>
-Status filter(Filter f, const float* src, int srcStep, float* dst, int dstStep, Size roi, int channels)
+Status filter(Filter f, const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    const FloatStrips strips(std::ptrdiff_t{roi.width} * channels);
-    void* const memory = orv_allocate(FilterMemory<Filter>::bytes(strips.width));
+    void* const memory = orv_allocate(FilterMemory<Filter>::kBytes);
     if (memory == nullptr) return StatusNoMemory;
     const FloatControl control;
     const auto rows = [=](std::ptrdiff_t y, std::ptrdiff_t x, std::ptrdiff_t) { return row_at(src, srcStep, y) + x; };
-    filter_strips(f, rows, dst, dstStep, roi, channels, memory);
+    filter_strips(f, rows, dst, dstStep, roi, memory);
     orv_release(memory);
     return StatusOk;
 }
 
 template <class Filter3x3, class Filter5x5>
-Status filter_of_mask(const float* src, int srcStep, float* dst, int dstStep, Size roi, int mask, int channels)
+Status filter_of_mask(const float* src, int srcStep, float* dst, int dstStep, Size roi, int mask)
 {
     if (const Status bad = check_filter(src, srcStep, dst, dstStep, roi, mask)) return bad;
-    if (mask == mask_3x3) return filter(Filter3x3(), src, srcStep, dst, dstStep, roi, channels);
-    return filter(Filter5x5(), src, srcStep, dst, dstStep, roi, channels);
+    if (mask == mask_3x3) return filter(Filter3x3(), src, srcStep, dst, dstStep, roi);
+    return filter(Filter5x5(), src, srcStep, dst, dstStep, roi);
 }
 
 // --- Border forms ---------------------------------------------------------------------------------
@@ -136,11 +150,8 @@ Status filter_of_mask(const float* src, int srcStep, float* dst, int dstStep, Si
 constexpr int kAlignment = 64;
 
 template <int Radius>
-constexpr int border_buffer_bytes(std::ptrdiff_t strip)
-{
-    return kAlignment + FilterMemory<Lowpass<Radius>>::bytes(strip) +
-           (static_cast<int>(strip) + 2 * Radius) * static_cast<int>(sizeof(float));
-}
+constexpr int kBorderBufferBytes = kAlignment + FilterMemory<Lowpass<Radius, 1>>::kBytes +
+                                   (kFloatStrip + 2 * Radius) * static_cast<int>(sizeof(float));
 
 // Element x of a row of `width` that goes on at both sides. Moved as bits.
 class ExtendedRows {
@@ -190,28 +201,27 @@ void lowpass_border(const float* src, int srcStep, float* dst, int dstStep, Size
                     float value, void* buffer)
 {
     const FloatControl control;
-    const FloatStrips strips(roi.width);
     const std::size_t misalignment = reinterpret_cast<std::size_t>(buffer) % kAlignment;
     auto* const memory = static_cast<unsigned char*>(buffer) + (kAlignment - misalignment) % kAlignment;
-    void* const row = memory + FilterMemory<Lowpass<Radius>>::bytes(strips.width);
-    filter_strips(Lowpass<Radius>(), ExtendedRows(src, srcStep, roi, border, value, Radius, row), dst, dstStep,
-                  roi, 1, memory);
+    void* const row = memory + FilterMemory<Lowpass<Radius, 1>>::kBytes;
+    filter_strips(Lowpass<Radius, 1>(), ExtendedRows(src, srcStep, roi, border, value, Radius, row), dst, dstStep,
+                  roi, memory);
 }
 
 }  // namespace
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define FILTER(name, channels, ...)                                                                  \
+#define FILTER(name, ...)                                                                            \
     Status name(const float* src, int srcStep, float* dst, int dstStep, Size roi, int mask)          \
     {                                                                                                \
-        return filter_of_mask<__VA_ARGS__>(src, srcStep, dst, dstStep, roi, mask, channels);         \
+        return filter_of_mask<__VA_ARGS__>(src, srcStep, dst, dstStep, roi, mask);                   \
     }
-FILTER(FilterLowpass_32f_C1, 1, Lowpass<1>, Lowpass<2>)
-FILTER(FilterLowpass_32f_C3, 3, Lowpass<1>, Lowpass<2>)
-FILTER(FilterHipass_32f_C1, 1, Hipass<1>, Hipass<2>)
+FILTER(FilterLowpass_32f_C1, Lowpass<1, 1>, Lowpass<2, 1>)
+FILTER(FilterLowpass_32f_C3, Lowpass<1, 3>, Lowpass<2, 3>)
+FILTER(FilterHipass_32f_C1, Hipass<1>, Hipass<2>)
 // Intended: the 3x3 Laplacian is the 3x3 high-pass filter.
-FILTER(FilterLaplace_32f_C1, 1, Hipass<1>, Laplace5x5)
+FILTER(FilterLaplace_32f_C1, Hipass<1>, Laplace5x5)
 
 Status FilterSobelCross_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi, int mask)
 {
@@ -243,9 +253,7 @@ Status FilterLowpassGetBufferSize_32f_C1(Size roi, int mask, int* bytes)
     if (bytes == nullptr) return StatusNullPointer;
     if (is_empty(roi)) return StatusBadSize;
     if (mask != mask_3x3 && mask != mask_5x5) return StatusBadMaskSize;
-    const std::ptrdiff_t strip = FloatStrips(roi.width).width;
-    const int size = mask == mask_3x3 ? border_buffer_bytes<1>(strip) : border_buffer_bytes<2>(strip);
-    put(bytes, size);
+    put(bytes, mask == mask_3x3 ? kBorderBufferBytes<1> : kBorderBufferBytes<2>);
     return StatusOk;
 }
 

@@ -73,14 +73,8 @@ struct Sixteenth {
 };
 
 #if ORV_HAVE_VECTORS
-// The upper halves of the 64-bit products of 32-bit lanes with a factor.
-ORV_INLINE simd::vec<uint32_t, simd::int128> product_high(simd::vec<uint32_t, simd::int128> a, uint32_t factor)
-{
-    const __m128i f = _mm_set1_epi32(static_cast<int>(factor));
-    const __m128i even = _mm_srli_epi64(_mm_mul_epu32(a.v, f), 32);
-    const __m128i odd = _mm_mul_epu32(_mm_srli_epi64(a.v, 32), f);
-    return {_mm_or_si128(even, _mm_and_si128(odd, _mm_set_epi32(-1, 0, -1, 0)))};
-}
+// The upper halves of the 64-bit products of 32-bit lanes with a factor; and the sums of neighbouring
+// products of signed 16-bit lanes.
 #if ORV_HAVE_INT256
 ORV_INLINE simd::vec<uint32_t, simd::int256> product_high(simd::vec<uint32_t, simd::int256> a, uint32_t factor)
 {
@@ -89,17 +83,21 @@ ORV_INLINE simd::vec<uint32_t, simd::int256> product_high(simd::vec<uint32_t, si
     const __m256i odd = _mm256_mul_epu32(_mm256_srli_epi64(a.v, 32), f);
     return {_mm256_blend_epi32(even, odd, 0xAA)};
 }
-#endif
-
-// Sums of neighbouring products of signed 16-bit lanes.
-ORV_INLINE simd::vec<uint32_t, simd::int128> multiply_pairs(simd::vec<uint16_t, simd::int128> a, simd::vec<uint16_t, simd::int128> b)
-{
-    return {_mm_madd_epi16(a.v, b.v)};
-}
-#if ORV_HAVE_INT256
 ORV_INLINE simd::vec<uint32_t, simd::int256> multiply_pairs(simd::vec<uint16_t, simd::int256> a, simd::vec<uint16_t, simd::int256> b)
 {
     return {_mm256_madd_epi16(a.v, b.v)};
+}
+#else
+ORV_INLINE simd::vec<uint32_t, simd::int128> product_high(simd::vec<uint32_t, simd::int128> a, uint32_t factor)
+{
+    const __m128i f = _mm_set1_epi32(static_cast<int>(factor));
+    const __m128i even = _mm_srli_epi64(_mm_mul_epu32(a.v, f), 32);
+    const __m128i odd = _mm_mul_epu32(_mm_srli_epi64(a.v, 32), f);
+    return {_mm_or_si128(even, _mm_and_si128(odd, _mm_set_epi32(-1, 0, -1, 0)))};
+}
+ORV_INLINE simd::vec<uint32_t, simd::int128> multiply_pairs(simd::vec<uint16_t, simd::int128> a, simd::vec<uint16_t, simd::int128> b)
+{
+    return {_mm_madd_epi16(a.v, b.v)};
 }
 #endif
 #endif

@@ -21,20 +21,22 @@ inline namespace ORV_LEVEL {
 
 // A filter is an object with
 //     static constexpr int kRadius
+//     static constexpr int kApart           how many elements neighbours are from each other: the channels
 //     static constexpr int kWideRows        how many source rows, the last ones, it wants as doubles
-//     template <class Numbers> void sum_row(const FilterRow& row)
-//         forms the row sums of a source row
+//     void sum_row(const FilterRow& row)    forms the row sums of a source row; not called in single precision,
+//                                           where sums of loaded floats are as good as sums in memory
 //     template <class D> D add_row(const FilterRow& row, std::ptrdiff_t i, D (&pending)[2 * kRadius])
 //         adds those of columns from i on, and returns the completed results
 //     template <class D, class Element> D result(D sum, const Element* centre)
 
-using FloatStrips = Strips<256>;
+constexpr int kFloatStrip = 256;
+using FloatStrips = Strips<kFloatStrip>;
 
 struct FilterRow {
-    const float* source;  // of the first column; neighbours are `apart` elements from each other
+    const float* source;  // of the first column
     const double* wide;   // the same
     float* sums[2];
-    std::ptrdiff_t apart, columns;
+    std::ptrdiff_t columns;
 };
 
 // compute(i, lanes) for i from 0 to n - 1, with a value of type Many for as many columns as that has
@@ -59,7 +61,6 @@ ORV_INLINE void along_row_of_floats(std::ptrdiff_t n, Compute compute)
 // What a strip is computed in: doubles, or floats as long as these lose nothing.
 struct InDouble {
     using Element = double;
-    static ORV_INLINE const double* centre(const FilterRow& row) { return row.wide; }
     template <class Compute>
     static ORV_INLINE void along(std::ptrdiff_t n, Compute compute)
     {
@@ -69,7 +70,6 @@ struct InDouble {
 #if ORV_HAVE_VECTORS
 struct InSingle {
     using Element = float;
-    static ORV_INLINE const float* centre(const FilterRow& row) { return row.source; }
     template <class Compute>
     static ORV_INLINE void along(std::ptrdiff_t n, Compute compute)
     {
@@ -85,27 +85,30 @@ ORV_INLINE void widen_row(const float* source, double* wide, std::ptrdiff_t n)
     });
 }
 
-// The working memory of a strip.
+// The working memory of a strip. Every row in it is equally long, so that one address leads to all of them.
 template <class Filter>
 class FilterMemory {
 public:
     static constexpr int kSums = 2 * Filter::kRadius;
-    static constexpr int kFrame = 16;  // at least the neighbours on both sides
-    static constexpr int bytes(std::ptrdiff_t columns)
-    {
-        constexpr int doubles_each = 2 * kSums + Filter::kWideRows;
-        return static_cast<int>(columns + kFrame) * (doubles_each * static_cast<int>(sizeof(double)) + 2 * static_cast<int>(sizeof(float)));
-    }
+    static constexpr int kStride = kFloatStrip + 16;  // a strip and the neighbours on both sides
+    static constexpr int kBytes = kStride * ((2 * kSums + Filter::kWideRows) * static_cast<int>(sizeof(double)) +
+                                             2 * static_cast<int>(sizeof(float)));
 
     double* before;
     double* after;
-    std::ptrdiff_t stride;  // from one pending sum of a column to the next
 
-    ORV_INLINE FilterMemory(void* memory, std::ptrdiff_t columns)
-        : before(static_cast<double*>(memory)), after(before + kSums * (columns + kFrame)), stride(columns + kFrame),
-          wide_(after + kSums * stride), sums_(reinterpret_cast<float*>(wide_ + Filter::kWideRows * stride))
+    ORV_INLINE explicit FilterMemory(void* memory)
+        : before(static_cast<double*>(memory)), after(before + kSums * kStride), wide_(after + kSums * kStride),
+          sums_(reinterpret_cast<float*>(wide_ + Filter::kWideRows * kStride))
     {
-        for (std::ptrdiff_t i = 0; i < kSums * stride; ++i) before[i] = 0;
+    }
+    template <class Element>
+    ORV_INLINE void clear(std::ptrdiff_t columns) const
+    {
+        Element* const sums = reinterpret_cast<Element*>(before);
+        for (int j = 0; j < kSums; ++j) {
+            for (std::ptrdiff_t i = 0; i < columns; ++i) sums[j * kStride + i] = 0;
+        }
     }
     ORV_INLINE void next_row()
     {
@@ -115,9 +118,9 @@ public:
     }
     ORV_INLINE double* wide(std::ptrdiff_t y) const
     {
-        return wide_ + stride * static_cast<int>((y + Filter::kRadius) % (Filter::kWideRows < 1 ? 1 : Filter::kWideRows));
+        return wide_ + kStride * static_cast<int>((y + Filter::kRadius) % (Filter::kWideRows < 1 ? 1 : Filter::kWideRows));
     }
-    ORV_INLINE float* sums(int which) const { return sums_ + stride * which; }
+    ORV_INLINE float* sums(int which) const { return sums_ + kStride * which; }
 
 private:
     double* wide_;
@@ -132,7 +135,7 @@ void add_row(Filter filter, const FilterRow& given, const FilterMemory<Filter>& 
     const FilterRow row = given;
     const Element* const before = reinterpret_cast<const Element*>(memory.before);
     Element* const after = reinterpret_cast<Element*>(memory.after);
-    const std::ptrdiff_t stride = memory.stride;
+    constexpr int stride = FilterMemory<Filter>::kStride;
     Numbers::along(row.columns, [=](std::ptrdiff_t i, auto lanes) {
         using D = decltype(lanes);
         constexpr int n = 2 * Filter::kRadius;
@@ -149,13 +152,10 @@ void add_row(Filter filter, const FilterRow& given, const FilterMemory<Filter>& 
 template <class Filter, class Rows>
 class FilterStrip {
 public:
-    ORV_INLINE FilterStrip(Filter filter, const Rows& rows, int channels, std::ptrdiff_t x, std::ptrdiff_t n,
-                           FilterMemory<Filter> memory)
-        : filter_(filter), rows_(rows), memory_(memory), x_(x), frame_(std::ptrdiff_t{radius} * channels),
-          whole_(kFloatLanes > 1 && n >= kFloatLanes)
+    ORV_INLINE FilterStrip(Filter filter, const Rows& rows, std::ptrdiff_t x, std::ptrdiff_t n, FilterMemory<Filter> memory)
+        : filter_(filter), rows_(rows), memory_(memory), x_(x), whole_(kFloatLanes > 1 && n >= kFloatLanes)
     {
         row_.wide = nullptr;
-        row_.apart = channels;
         row_.columns = n;
         row_.sums[0] = memory.sums(0);
         row_.sums[1] = memory.sums(1);
@@ -166,32 +166,34 @@ public:
     {
         row_.source = rows_(y, x_, row_.columns);
 #if ORV_HAVE_VECTORS
-        if (whole_ && !all_whole(row_.source - frame_, row_.columns + 2 * frame_)) continue_in_double(y);
+        if (whole_ && !all_whole(row_.source - kFrame, row_.columns + 2 * kFrame)) continue_in_double(y);
         if (whole_) {
             const float* const centre = dst != nullptr && kNeedsCentre ? rows_(y - radius, x_, row_.columns) : nullptr;
-            add_as<InSingle>(centre, dst);
+            add_as<InSingle>(y, centre, dst);
             return;
         }
 #endif
         if (Filter::kWideRows > 0) widen(y);
-        add_as<InDouble>(memory_.wide(y - radius) + frame_, dst);
+        filter_.sum_row(row_);
+        add_as<InDouble>(y, memory_.wide(y - radius) + kFrame, dst);
     }
 
 private:
     static constexpr int radius = Filter::kRadius;
+    static constexpr int kFrame = radius * Filter::kApart;
     static constexpr bool kNeedsCentre = Filter::kWideRows > 1;
 
     ORV_INLINE void widen(int y)
     {
         double* const wide = memory_.wide(y);
-        widen_row(row_.source - frame_, wide, row_.columns + 2 * frame_);
-        row_.wide = wide + frame_;
+        widen_row(row_.source - kFrame, wide, row_.columns + 2 * kFrame);
+        row_.wide = wide + kFrame;
     }
 
     template <class Numbers>
-    ORV_INLINE void add_as(const typename Numbers::Element* centre, float* dst)
+    ORV_INLINE void add_as(int y, const typename Numbers::Element* centre, float* dst)
     {
-        filter_.template sum_row<Numbers>(row_);
+        if (y == -radius) memory_.template clear<typename Numbers::Element>(row_.columns);
         if (dst != nullptr) add_row<Numbers, true>(filter_, row_, memory_, centre, dst);
         else add_row<Numbers, false>(filter_, row_, memory_, centre, dst);
         memory_.next_row();
@@ -204,7 +206,7 @@ private:
         whole_ = false;
         const float* const before = reinterpret_cast<const float*>(memory_.before);
         for (int j = 0; j < 2 * radius; ++j) {
-            const std::ptrdiff_t at = memory_.stride * j;
+            const int at = FilterMemory<Filter>::kStride * j;
             for (std::ptrdiff_t i = 0; i < row_.columns; ++i) memory_.after[at + i] = static_cast<double>(before[at + i]);
         }
         memory_.next_row();
@@ -221,18 +223,18 @@ private:
     const Rows& rows_;
     FilterMemory<Filter> memory_;
     FilterRow row_;
-    std::ptrdiff_t x_, frame_;
+    std::ptrdiff_t x_;
     bool whole_;
 };
 
 // `memory` has room for a strip.
 template <class Filter, class Rows>
-ORV_INLINE void filter_strips(Filter filter, const Rows& rows, float* dst, int dstStep, Size roi, int channels, void* memory)
+ORV_INLINE void filter_strips(Filter filter, const Rows& rows, float* dst, int dstStep, Size roi, void* memory)
 {
     constexpr int radius = Filter::kRadius;
-    const FloatStrips strips(std::ptrdiff_t{roi.width} * channels);
+    const FloatStrips strips(std::ptrdiff_t{roi.width} * Filter::kApart);
     for (std::ptrdiff_t x = 0; x < strips.total; x += strips.width) {
-        FilterStrip<Filter, Rows> strip(filter, rows, channels, x, strips.columns_at(x), FilterMemory<Filter>(memory, strips.width));
+        FilterStrip<Filter, Rows> strip(filter, rows, x, strips.columns_at(x), FilterMemory<Filter>(memory));
         for (int y = -radius; y < radius; ++y) strip.add(y, nullptr);
         for (int y = radius; y < roi.height + radius; ++y) strip.add(y, row_at(dst, dstStep, y - radius) + x);
     }
@@ -241,28 +243,41 @@ ORV_INLINE void filter_strips(Filter filter, const Rows& rows, float* dst, int d
 // --- The box filter -------------------------------------------------------------------------------
 
 // The row sum, from left to right, and the sum of these.
-template <int Radius, int WideRows>
+template <int Radius, int Channels, int WideRows>
 struct Box {
     static constexpr int kRadius = Radius;
+    static constexpr int kApart = Channels;
     static constexpr int kWideRows = WideRows;
 
-    template <class Numbers> ORV_INLINE void sum_row(const FilterRow& given) const
+    template <class D, class Element>
+    static ORV_INLINE D sum_around(const Element* p)
+    {
+        D sum = doubles<D>::load(p - Radius * Channels);
+        unrolled<2 * Radius>([&](int k) __attribute__((always_inline)) {
+            sum = sum + doubles<D>::load(p + (k + 1 - Radius) * Channels);
+        });
+        return sum;
+    }
+    ORV_INLINE void sum_row(const FilterRow& given) const
     {
         const FilterRow row = given;
-        const auto* const centre = Numbers::centre(row);
-        Numbers::along(row.columns, [=](std::ptrdiff_t i, auto lanes) {
-            using D = decltype(lanes);
-            const auto* const p = centre + i;
-            D sum = doubles<D>::load(p - Radius * row.apart);
-            unrolled<2 * Radius>([&](int k) __attribute__((always_inline)) {
-                sum = sum + doubles<D>::load(p + (k + 1 - Radius) * row.apart);
-            });
-            store_single(row.sums[0] + i, sum);
+        InDouble::along(row.columns, [=](std::ptrdiff_t i, auto lanes) {
+            store_single(row.sums[0] + i, sum_around<decltype(lanes)>(row.wide + i));
         });
     }
+    template <class D> static ORV_INLINE D row_sum(const FilterRow& row, std::ptrdiff_t i, D)
+    {
+        return doubles<D>::widen(row.sums[0] + i);
+    }
+#if ORV_HAVE_VECTORS
+    static ORV_INLINE WholeFloats row_sum(const FilterRow& row, std::ptrdiff_t i, WholeFloats)
+    {
+        return sum_around<WholeFloats>(row.source + i);
+    }
+#endif
     template <class D> ORV_INLINE D add_row(const FilterRow& row, std::ptrdiff_t i, D (&pending)[2 * Radius]) const
     {
-        const D sum = doubles<D>::widen(row.sums[0] + i);
+        const D sum = row_sum(row, i, D());
         const D complete = pending[2 * Radius - 1] + sum;
         unrolled<2 * Radius - 1>([&](int j) __attribute__((always_inline)) {
             const int later = 2 * Radius - 1 - j;
@@ -273,8 +288,8 @@ struct Box {
     }
 };
 
-template <int Radius>
-struct Lowpass : Box<Radius, 1> {
+template <int Radius, int Channels>
+struct Lowpass : Box<Radius, Channels, 1> {
     // Not a division by 9 or 25: hosts compare results with those of this factor.
     template <class D, class Element> ORV_INLINE D result(D sum, const Element*) const
     {
