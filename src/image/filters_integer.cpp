@@ -40,10 +40,23 @@ struct Mean {
         }
         return true;
     }
+    static constexpr int16_t kRoundingFactor = 32768 / kCount + 1;
+    static constexpr bool rounding_multiplication_divides()
+    {
+        for (uint32_t sum = 0; sum <= 255 * kCount; ++sum) {
+            if ((sum * kRoundingFactor + 16384) >> 15 != one(sum)) return false;
+        }
+        return true;
+    }
     template <class R> static ORV_INLINE simd::vec<uint16_t, R> many(simd::vec<uint16_t, R> sum)
     {
+        static_assert(Radius != 1 || rounding_multiplication_divides(), "the factor is too short");
         static_assert(multiplication_divides(), "the factor is too short");
         using V = simd::vec<uint16_t, R>;
+#if ORV_HAVE_INT256
+        // One instruction that rounds, where its 15 bits are enough.
+        if constexpr (Radius == 1) return {_mm256_mulhrs_epi16(sum.v, _mm256_set1_epi16(kRoundingFactor))};
+#endif
         const V q = simd::mul_high(sum + simd::splat<V>(kCount / 2), simd::splat<V>(static_cast<uint16_t>(kFactor)));
         if constexpr (kShift == 0) return q;
         return q >> simd::count(kShift);
@@ -268,14 +281,39 @@ void box_row(const SplitRow<T>& columns, T* dst, std::ptrdiff_t n)
     });
 }
 
+// Of three rows it is quicker to add them anew. All bits are added first: what the odd elements gave to
+// that comes off again.
+template <class T>
+void add_three_rows(const SplitRow<T>& columns, const T* above, const T* centre, const T* below, std::ptrdiff_t n)
+{
+    using W = typename wider<T>::type;
+    using V = typename Split<T>::V;
+    cover<T>(n, [=](std::ptrdiff_t j) {
+        const auto words = [j](const T* row) { return simd::as<W>(simd::load<typename Split<T>::Pixels>(row + j)); };
+        const simd::count bits(Split<T>::kBits);
+        const V a = words(above), b = words(centre), c = words(below);
+        const V odd = (a >> bits) + (b >> bits) + (c >> bits);
+        columns.store(j, {a + b + c - (odd << bits), odd});
+    }, [=](std::ptrdiff_t j) {
+        columns.at(j) = static_cast<W>(get(above + j) + get(centre + j) + get(below + j));
+    });
+}
+
 template <int Radius, int Channels, class T>
 void box_strip(const T* src, int srcStep, T* dst, int dstStep, int height, std::ptrdiff_t n, void* memory)
 {
     constexpr std::ptrdiff_t frame = Radius * Channels;
     const std::ptrdiff_t columns = n + 2 * frame;
     SplitRow<T> before = split_row<T>(memory, 0), after = split_row<T>(memory, 1);
-    for (std::ptrdiff_t j = 0; j < columns; ++j) before.at(j) = 0;
     const T* const first = src - frame;
+    if constexpr (Radius == 1) {
+        for (int y = 0; y < height; ++y) {
+            add_three_rows(after, row_at(first, srcStep, y - 1), row_at(first, srcStep, y), row_at(first, srcStep, y + 1), columns);
+            box_row<Radius, Channels>(after, row_at(dst, dstStep, y), n);
+        }
+        return;
+    }
+    for (std::ptrdiff_t j = 0; j < columns; ++j) before.at(j) = 0;
     for (int y = -Radius; y < height + Radius; ++y) {
         const T* const added = row_at(first, srcStep, y);
         if (y <= Radius) run_columns<false>(before, after, added, added, columns);
