@@ -168,7 +168,7 @@ public:
 #if ORV_HAVE_VECTORS
         if (whole_ && !all_whole(row_.source - kFrame, row_.columns + 2 * kFrame)) continue_in_double(y);
         if (whole_) {
-            const float* const centre = dst != nullptr && kNeedsCentre ? rows_(y - radius, x_, row_.columns) : nullptr;
+            const float* const centre = dst != nullptr && kNeedsCentre ? rows_(y - radius, x_, row_.columns) : row_.source;
             add_as<InSingle>(y, centre, dst);
             return;
         }
