@@ -658,6 +658,103 @@ public:
     // --------------------------------------------------------------------------------------------
     // Fixed-kernel filters
     //
+    // Every pixel becomes a weighted sum of its 3x3 or 5x5 neighbourhood, each channel for itself. The
+    // plain forms read one (3x3) or two (5x5) pixels beyond the region on all four sides: those must be
+    // readable memory, reached with the same step. The border forms read the region only and make up what
+    // lies outside. The destination must not overlap the source or its frame.
+    //
+    // Kernels, from the top row down (all are the same turned by a half, so correlation and convolution agree):
+    //   Lowpass      weights 1. Integers: the mean, rounded to nearest (there are no ties). Floats: the sum
+    //                times the single-precision constant 0.1111111 or 0.04, which is not quite 1/9 or 1/25.
+    //   Hipass       -1 everywhere, centre 8 (3x3) or 24 (5x5)
+    //   Laplace      3x3 as Hipass; 5x5
+    //                -1 -3 -4 -3 -1 / -3 0 6 0 -3 / -4 6 20 6 -4 / -3 0 6 0 -3 / -1 -3 -4 -3 -1
+    //   SobelCross   3x3  -1 0 1 / 0 0 0 / 1 0 -1, the outer product of the central difference with itself;
+    //                5x5  that of the smoothed difference -1 -2 0 2 1, with the same sign:
+    //                -1 -2 0 2 1 / -2 -4 0 4 2 / 0 0 0 0 0 / 2 4 0 -4 -2 / 1 2 0 -2 -1
+    //   Gauss        3x3  1 2 1 / 2 4 2 / 1 2 1, by 16, ties to even;
+    //                5x5  2 7 12 7 2 / 7 31 52 31 7 / 12 52 127 52 12 / 7 31 52 31 7 / 2 7 12 7 2, by 571
+    //
+    // Rounding of floats. Lowpass and Hipass: the sum of each row, from left to right, is formed in double
+    // and rounded to single; these are added from top to bottom in double, and the result is rounded
+    // once. Laplace 5x5: of each row the sums src(x-2) + src(x+2) and src(x-1) + src(x+1) are rounded to
+    // single; everything else is in double, rounded once. SobelCross: every difference and sum is
+    // rounded to single; 3x3 takes d(r, x) = src(x-1, r) - src(x+1, r) of the rows, then d(y+1) - d(y-1); 5x5
+    // takes (src(y+2) - src(y-2)) + 2 * (src(y+1) - src(y-1)) of the columns, then the same of these from
+    // x-2, x-1, x+1, x+2 with the sign turned. A result that is not a number has all bits set.
+    //
+    // `buffer` of the border forms has the size that FilterLowpassGetBufferSize reports for the region
+    // and mask, any alignment, and no meaning between calls. The other forms take working memory from
+    // the heap; when it runs out they return false and write nothing.
+    //
+    // Checks: null pointer, width or height below 1, a step below 1.
+
+    /// dst = mean of 3x3 pixels, rounded to nearest
+    static bool FilterLowpass3x3_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                        int dstStep, int width, int height);
+    /// dst = mean of 5x5 pixels, rounded to nearest
+    static bool FilterLowpass5x5_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                        int dstStep, int width, int height);
+    /// dst = mean of 3x3 pixels, rounded to nearest
+    static bool FilterLowpass3x3_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                         int dstStep, int width, int height);
+    /// dst = mean of 5x5 pixels, rounded to nearest
+    static bool FilterLowpass5x5_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                         int dstStep, int width, int height);
+    /// dst = 0.1111111f * sum of 3x3 pixels
+    static bool FilterLowpass3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height);
+    /// dst = 0.04f * sum of 5x5 pixels
+    static bool FilterLowpass5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height);
+    /// dst = 0.1111111f * sum of 3x3 pixels
+    static bool FilterLowpass3x3_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height);
+    /// dst = 0.04f * sum of 5x5 pixels
+    static bool FilterLowpass5x5_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height);
+    /// dst = 9 * src - sum of 3x3 pixels
+    static bool FilterHipass3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                        int height);
+    /// dst = 25 * src - sum of 5x5 pixels
+    static bool FilterHipass5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                        int height);
+    /// dst = 9 * src - sum of 3x3 pixels: the same as FilterHipass3x3_32f_C1R
+    static bool FilterLaplace3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height);
+    /// dst = 5x5 Laplacian, kernel above
+    static bool FilterLaplace5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height);
+    /// dst = second cross derivative, 3x3 kernel above
+    static bool FilterSobelCross3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                            int height);
+    /// dst = second cross derivative, 5x5 kernel above
+    static bool FilterSobelCross5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                            int height);
+    /// dst = weighted sum of 3x3 pixels / 16, rounded to nearest, ties to even
+    static bool FilterGauss3x3_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                       int dstStep, int width, int height);
+    /// dst = weighted sum of 5x5 pixels / 571, rounded to nearest
+    static bool FilterGauss5x5_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                       int dstStep, int width, int height);
+    /// dst = 0.1111111f * sum of 3x3 pixels; pixels outside the image are the nearest ones of its edge
+    static bool FilterLowpassBorder3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                               int width, int height, unsigned char* buffer);
+    /// dst = 0.04f * sum of 5x5 pixels; pixels outside the image are the nearest ones of its edge
+    static bool FilterLowpassBorder5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                               int width, int height, unsigned char* buffer);
+    /// dst = 0.1111111f * sum of 3x3 pixels; pixels outside the image are `value`
+    static bool FilterLowpassBorderConst3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                    int width, int height, float value,
+                                                    unsigned char* buffer);
+    /// dst = 0.04f * sum of 5x5 pixels; pixels outside the image are `value`
+    static bool FilterLowpassBorderConst5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                    int width, int height, float value,
+                                                    unsigned char* buffer);
+    /// *size = bytes that `buffer` of the 3x3 border forms needs for a region of this size
+    static bool FilterLowpassGetBufferSize3x3_32f_C1R(int width, int height, int* size);
+    /// *size = bytes that `buffer` of the 5x5 border forms needs for a region of this size
+    static bool FilterLowpassGetBufferSize5x5_32f_C1R(int width, int height, int* size);
 
     // --------------------------------------------------------------------------------------------
     // Statistics

@@ -1,6 +1,7 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
 #include "image/float_elementary.h"
+#include "image/filters.h"
 #include "image/integer_arithmetic.h"
 #include "spectral/fft.h"
 #include "signal/elementary.h"
@@ -69,6 +70,12 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(resize_plan, name, __VA_ARGS__)
 #include "image/resize_plan.inc"
+#define KERNEL(name, ...) TABLE(filters_float, name, __VA_ARGS__)
+#include "image/filters_float.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(filters_integer, name, __VA_ARGS__)
+#include "image/filters_integer.inc"
 #undef KERNEL
 
 }  // namespace orv

@@ -32,6 +32,7 @@ enum Status : int {
     StatusBadInterpolation = -22,   // an unknown interpolation, or flags that exclude each other
     StatusBadFactor = -23,          // a resize factor that is not above 0
     StatusBadChannels = -53,        // a number of channels other than 1, 3 and 4
+    StatusBadMaskSize = -33,        // a filter mask other than 3x3 and 5x5
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
     StatusBadStride = -182,         // a matrix stride below 1 or not a multiple of the element size
     StatusSingularMatrix = -195,    // a matrix without an inverse

@@ -15,7 +15,7 @@ namespace test {
 // Rows that each end, or start, at a page that cannot be touched. Rows are up to two pages long.
 class FencedRows {
 public:
-    static constexpr int kRows = 4;
+    static constexpr int kRows = 8;
     static constexpr int kRowBytes = 8192;
     static constexpr int kStep = 2 * kRowBytes;
     static constexpr std::size_t kBytes = kStep * kRows + kRowBytes;
