@@ -1,6 +1,10 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
+#include "image/extremes.h"
+#include "image/float_sums.h"
+#include "image/histogram.h"
 #include "image/integer_arithmetic.h"
+#include "image/sums.h"
 
 namespace orv {
 
@@ -15,6 +19,22 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(sums, name, __VA_ARGS__)
+#include "image/sums.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(float_sums, name, __VA_ARGS__)
+#include "image/float_sums.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(extremes, name, __VA_ARGS__)
+#include "image/extremes.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(histogram, name, __VA_ARGS__)
+#include "image/histogram.inc"
 #undef KERNEL
 
 }  // namespace orv

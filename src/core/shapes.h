@@ -37,4 +37,21 @@ template <class T>
 using SrcValuesDstScaled = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep,
                                   Size roi, int scaleFactor);
 
+// What a region comes down to: results per channel, or one value with its position.
+template <class T, class R>
+using SrcResults = Status(const T* src, int srcStep, Size roi, R* results);
+
+template <class T, class R>
+using SrcResultsHint = Status(const T* src, int srcStep, Size roi, R* results, int hint);
+
+template <class T, class R>
+using SrcTwoResults = Status(const T* src, int srcStep, Size roi, R* first, R* second);
+
+template <class T>
+using SrcPosition = Status(const T* src, int srcStep, Size roi, T* value, int* column, int* row);
+
+template <class T>
+using SrcHistogram = Status(const T* src, int srcStep, Size roi, int* histogram, int* levels, int levelCount,
+                            int lower, int upper);
+
 }  // namespace orv

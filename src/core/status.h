@@ -19,6 +19,7 @@ enum Status : int {
     StatusBadStep = -14,            // a row step is below 1
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
+    StatusBadLevelCount = -107,     // a histogram of fewer than two levels
 };
 
 }  // namespace orv

@@ -1,0 +1,375 @@
+#include "image/sums.h"
+
+#include <cstring>
+#include <limits>
+#include <type_traits>
+
+#include "core/checks.h"
+#include "core/float_control.h"
+#include "core/rows.h"
+#include "core/simd/reductions.h"
+
+namespace orv {
+namespace sums {
+namespace ORV_LEVEL {
+namespace {
+
+using std::int16_t;
+using std::int32_t;
+using std::int64_t;
+using std::ptrdiff_t;
+using std::uint16_t;
+using std::uint32_t;
+using std::uint64_t;
+using std::uint8_t;
+
+// Sums wrap in 64 bits, whatever the sign: an image would need 2^47 pixels to notice.
+struct Totals {
+    uint64_t sum[4];
+    uint64_t squares;
+};
+
+#if ORV_HAVE_VECTORS
+// --- Adding up vectors ----------------------------------------------------------------------------
+//
+// A way of adding up has
+//     V                  the vector that it reads
+//     kPeriod            how many of them make a step: 3 where channels come round after three
+//     kRoom              how many steps its lanes hold; take() then moves them to the totals
+//     step(p), take(totals, channels)
+// Zeros behind the end of a row change nothing, so a rest is added as a step of its own.
+
+template <class V>
+ORV_INLINE uint64_t sum_of_lanes(V v)
+{
+    typename V::lane lane[V::N];
+    simd::store(lane, v);
+    int64_t sum = 0;
+    for (int i = 0; i < V::N; ++i) sum += static_cast<int64_t>(lane[i]);
+    return static_cast<uint64_t>(sum);
+}
+
+template <class V>
+ORV_INLINE V nothing()
+{
+    return simd::as<typename V::lane>(simd::zero<simd::vec<uint32_t, typename V::reg>>());
+}
+
+struct Bytes {
+    using V = simd::widest<uint8_t>;
+    using Wide = simd::vec<uint64_t, V::reg>;
+    static constexpr int kPeriod = 2;
+    static constexpr int kRoom = 1 << 30;
+    Wide sum[2] = {nothing<Wide>(), nothing<Wide>()};
+
+    ORV_INLINE void step(const uint8_t* p)
+    {
+        sum[0] = simd::add_wide(sum[0], simd::sum_of_bytes(simd::load<V>(p)));
+        sum[1] = simd::add_wide(sum[1], simd::sum_of_bytes(simd::load<V>(p + V::N)));
+    }
+    ORV_INLINE void take(Totals& totals, int)
+    {
+        totals.sum[0] += sum_of_lanes(simd::add_wide(sum[0], sum[1]));
+        sum[0] = sum[1] = nothing<Wide>();
+    }
+};
+
+// Bytes of three or four channels. As 16-bit lanes a vector holds low + 256 high; adding up the lanes as
+// they are and the high bytes alone leaves the low bytes as the difference, without masking them.
+template <int Period>
+struct ChannelBytes {
+    using V = simd::widest<uint16_t>;
+    static constexpr int kPeriod = Period;
+    static constexpr int kRoom = 257;  // 257 * 255 fits 16 bits
+    V both[Period], high[Period];
+
+    ORV_INLINE ChannelBytes() { clear(); }
+    ORV_INLINE void clear()
+    {
+        for (int k = 0; k < Period; ++k) both[k] = high[k] = nothing<V>();
+    }
+    ORV_INLINE void step(const uint8_t* p)
+    {
+        for (int k = 0; k < Period; ++k) {
+            const V v = simd::as<uint16_t>(simd::load<simd::widest<uint8_t>>(p + k * 2 * V::N));
+            both[k] = both[k] + v;
+            high[k] = high[k] + simd::upper(v);
+        }
+    }
+    void take(Totals& totals, int channels)
+    {
+        // Positions that are a multiple of 12 bytes apart hold the same channel, be they three or four.
+        uint32_t at[12] = {};
+        for (int k = 0; k < Period; ++k) {
+            uint16_t low_lane[V::N], high_lane[V::N];
+            simd::store(low_lane, both[k] - (high[k] << simd::count(8)));
+            simd::store(high_lane, high[k]);
+            for (int i = 0; i < V::N; ++i) {
+                const int byte = (2 * V::N * k + 2 * i) % 12;
+                at[byte] += low_lane[i];
+                at[byte + 1] += high_lane[i];
+            }
+        }
+        for (int i = 0; i < 12; ++i) totals.sum[i % channels] += at[i];
+        clear();
+    }
+};
+
+// As above, with 16-bit pixels in 32-bit lanes.
+struct Words {
+    using V = simd::widest<uint32_t>;
+    static constexpr int kPeriod = 1;
+    static constexpr int kRoom = 65536;
+    V both = nothing<V>(), high = nothing<V>();
+
+    ORV_INLINE void step(const uint8_t* p)
+    {
+        const V v = simd::as<uint32_t>(simd::load<simd::widest<uint8_t>>(p));
+        both = both + v;
+        high = high + simd::upper(v);
+    }
+    ORV_INLINE void take(Totals& totals, int)
+    {
+        totals.sum[0] += sum_of_lanes(both - (high << simd::count(16))) + sum_of_lanes(high);
+        both = high = nothing<V>();
+    }
+};
+
+struct SignedWords {
+    using V = simd::widest<int16_t>;
+    using Wide = simd::vec<int32_t, V::reg>;
+    static constexpr int kPeriod = 1;
+    static constexpr int kRoom = 32767;  // 32767 * 65536 fits 31 bits
+    Wide sum = nothing<Wide>();
+
+    ORV_INLINE void step(const uint8_t* p)
+    {
+        const V v = simd::as<int16_t>(simd::load<simd::widest<uint8_t>>(p));
+        sum = sum + simd::sum_of_products(v, simd::splat<V>(1));
+    }
+    ORV_INLINE void take(Totals& totals, int)
+    {
+        totals.sum[0] += sum_of_lanes(sum);
+        sum = nothing<Wide>();
+    }
+};
+
+struct ByteSquares {
+    using V = simd::widest<uint8_t>;
+    using Word = simd::widest<int16_t>;
+    using Wide = simd::vec<uint32_t, V::reg>;
+    static constexpr int kPeriod = 1;
+    static constexpr int kRoom = 16384;  // 16384 * 4 * 255^2 fits 32 bits
+    simd::vec<uint64_t, V::reg> sum = nothing<simd::vec<uint64_t, V::reg>>();
+    Wide squares = nothing<Wide>();
+
+    ORV_INLINE void step(const uint8_t* p)
+    {
+        const V v = simd::load<V>(p);
+        sum = simd::add_wide(sum, simd::sum_of_bytes(v));
+        const Word low = simd::as<int16_t>(simd::as<uint16_t>(v) & simd::splat<simd::widest<uint16_t>>(255));
+        const Word high = simd::as<int16_t>(simd::upper(simd::as<uint16_t>(v)));
+        squares = squares + simd::as<uint32_t>(simd::sum_of_products(low, low) + simd::sum_of_products(high, high));
+    }
+    ORV_INLINE void take(Totals& totals, int)
+    {
+        totals.sum[0] += sum_of_lanes(sum);
+        totals.squares += sum_of_lanes(squares);
+        sum = nothing<decltype(sum)>();
+        squares = nothing<Wide>();
+    }
+};
+
+// With y = x - 32768: the products of signed words are at hand, and
+// sum of x^2 = sum of y^2 + 65536 sum of y + 2^30 n, where n counts the zeros behind the rows as well.
+struct WordSquares {
+    using V = simd::widest<int16_t>;
+    using Wide = simd::vec<int32_t, V::reg>;
+    using Widest = simd::vec<uint64_t, V::reg>;
+    static constexpr int kPeriod = 1;
+    static constexpr int kRoom = 32767;
+    Wide sum = nothing<Wide>();
+    Widest both = nothing<Widest>(), high = nothing<Widest>();  // as 32-bit numbers in 64-bit lanes
+    uint64_t steps = 0;
+
+    ORV_INLINE void step(const uint8_t* p)
+    {
+        const V x = simd::as<int16_t>(simd::load<simd::widest<uint8_t>>(p));
+        const V y = x ^ simd::splat<V>(std::numeric_limits<int16_t>::min());
+        sum = sum + simd::sum_of_products(y, simd::splat<V>(1));
+        // Two products add up to at most 2^31: the lanes are unsigned.
+        const Widest squares = simd::as<uint64_t>(simd::sum_of_products(y, y));
+        both = simd::add_wide(both, squares);
+        high = simd::add_wide(high, simd::upper(squares));
+        ++steps;
+    }
+    ORV_INLINE void take(Totals& totals, int)
+    {
+        const uint64_t n = steps * V::N;
+        const uint64_t sum_y = sum_of_lanes(sum), highs = sum_of_lanes(high);
+        totals.sum[0] += sum_y + (n << 15);
+        totals.squares += sum_of_lanes(both) - (highs << 32) + highs + (sum_y << 16) + (n << 30);
+        sum = nothing<Wide>();
+        both = high = nothing<Widest>();
+        steps = 0;
+    }
+};
+
+template <class Way, class T>
+Totals add_up(const T* src, int srcStep, Size roi, int channels)
+{
+    constexpr int step_bytes = Way::kPeriod * static_cast<int>(sizeof(typename Way::V));
+    const Rows rows(roi, channels, sizeof(T), srcStep);
+    const ptrdiff_t n = rows.n * static_cast<ptrdiff_t>(sizeof(T));
+    const int rest = static_cast<int>(n % step_bytes);
+    Totals totals = {};
+    Way way;
+    ptrdiff_t room = Way::kRoom;
+    const auto take = [&] {
+        way.take(totals, channels);
+        room = Way::kRoom;
+    };
+    for (int y = 0; y < rows.count; ++y) {
+        const uint8_t* p = reinterpret_cast<const uint8_t*>(row_at(src, srcStep, y));
+        for (ptrdiff_t steps = n / step_bytes; steps > 0;) {
+            const ptrdiff_t now = steps < room ? steps : room;
+            Way local = way;
+            for (const uint8_t* const end = p + now * step_bytes; p != end; p += step_bytes) local.step(p);
+            way = local;
+            steps -= now;
+            room -= now;
+            if (room == 0) take();
+        }
+        if (rest != 0) {
+            alignas(32) uint8_t padded[step_bytes] = {};
+            std::memcpy(padded, p, static_cast<std::size_t>(rest));
+            way.step(padded);
+            if (--room == 0) take();
+        }
+    }
+    way.take(totals, channels);
+    return totals;
+}
+
+template <class T>
+Totals sums_of(const T* src, int srcStep, Size roi, int channels)
+{
+    if constexpr (sizeof(T) == 1) {
+        if (channels == 3) return add_up<ChannelBytes<3>>(src, srcStep, roi, channels);
+        if (channels == 4) return add_up<ChannelBytes<1>>(src, srcStep, roi, channels);
+        return add_up<Bytes>(src, srcStep, roi, channels);
+    } else if constexpr (std::is_signed<T>::value) {
+        return add_up<SignedWords>(src, srcStep, roi, channels);
+    } else {
+        return add_up<Words>(src, srcStep, roi, channels);
+    }
+}
+
+template <class T>
+Totals squares_of(const T* src, int srcStep, Size roi)
+{
+    if constexpr (sizeof(T) == 1) return add_up<ByteSquares>(src, srcStep, roi, 1);
+    else return add_up<WordSquares>(src, srcStep, roi, 1);
+}
+#else
+template <class T>
+Totals squares_of(const T* src, int srcStep, Size roi, int channels = 1)
+{
+    Totals totals = {};
+    const ptrdiff_t n = static_cast<ptrdiff_t>(roi.width) * channels;
+    for (int y = 0; y < roi.height; ++y) {
+        const T* const row = row_at(src, srcStep, y);
+        int channel = 0;
+        for (ptrdiff_t i = 0; i < n; ++i) {
+            const int64_t x = get(row + i);
+            totals.sum[channel] += static_cast<uint64_t>(x);
+            totals.squares += static_cast<uint64_t>(x * x);
+            if (++channel == channels) channel = 0;
+        }
+    }
+    return totals;
+}
+
+template <class T>
+Totals sums_of(const T* src, int srcStep, Size roi, int channels)
+{
+    return squares_of(src, srcStep, roi, channels);
+}
+#endif
+
+// --- Results --------------------------------------------------------------------------------------
+
+// Rounded once, to the nearest.
+double from_unsigned(uint64_t x)
+{
+    const double high = static_cast<double>(static_cast<uint32_t>(x >> 32)) * 4294967296.0;
+    return rounded(high + static_cast<double>(static_cast<uint32_t>(x)));
+}
+
+double from_signed(uint64_t x) { return x >> 63 != 0 ? -from_unsigned(0 - x) : from_unsigned(x); }
+
+double pixels_of(Size roi) { return rounded(static_cast<double>(roi.width) * static_cast<double>(roi.height)); }
+
+template <class T>
+Status sum(const T* src, int srcStep, Size roi, double* result, int channels)
+{
+    if (const Status bad = check_image(roi, src, result)) return bad;
+    const FloatControl control;
+    const Totals totals = sums_of(src, srcStep, roi, channels);
+    for (int c = 0; c < channels; ++c) put(result + c, from_signed(totals.sum[c]));
+    return StatusOk;
+}
+
+template <class T>
+Status mean(const T* src, int srcStep, Size roi, double* result, int channels)
+{
+    if (const Status bad = check_image(roi, src, result)) return bad;
+    const FloatControl control;
+    const Totals totals = sums_of(src, srcStep, roi, channels);
+    for (int c = 0; c < channels; ++c) put(result + c, rounded(from_signed(totals.sum[c]) / pixels_of(roi)));
+    return StatusOk;
+}
+
+template <class T>
+Status mean_deviation(const T* src, int srcStep, Size roi, double* mean, double* deviation)
+{
+    if (const Status bad = check_image(roi, src)) return bad;
+    if (srcStep < 1 || srcStep < static_cast<int64_t>(roi.width) * static_cast<int64_t>(sizeof(T))) return StatusBadStep;
+    const FloatControl control;
+    const Totals totals = squares_of(src, srcStep, roi);
+    const double n = pixels_of(roi);
+    const double m = rounded(from_unsigned(totals.sum[0]) / n);
+    const double mean_of_squares = rounded(from_unsigned(totals.squares) / n);
+    const double variance = rounded(mean_of_squares - rounded(m * m));
+    if (mean != nullptr) put(mean, m);
+    if (deviation != nullptr) put(deviation, rounded(__builtin_sqrt(variance < 0 ? -variance : variance)));
+    return StatusOk;
+}
+
+}  // namespace
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+#define RESULTS(name, T, channels, ...) \
+    Status name(const T* src, int srcStep, Size roi, double* results) { return __VA_ARGS__(src, srcStep, roi, results, channels); }
+#define MEAN_AND_DEVIATION(name, T) \
+    Status name(const T* src, int srcStep, Size roi, double* first, double* second) { return mean_deviation(src, srcStep, roi, first, second); }
+
+RESULTS(Sum_8u_C1R, uint8_t, 1, sum)
+RESULTS(Sum_8u_C3R, uint8_t, 3, sum)
+RESULTS(Sum_8u_C4R, uint8_t, 4, sum)
+RESULTS(Sum_16u_C1R, uint16_t, 1, sum)
+RESULTS(Sum_16s_C1R, int16_t, 1, sum)
+
+RESULTS(Mean_8u_C1R, uint8_t, 1, mean)
+RESULTS(Mean_8u_C3R, uint8_t, 3, mean)
+RESULTS(Mean_8u_C4R, uint8_t, 4, mean)
+RESULTS(Mean_16u_C1R, uint16_t, 1, mean)
+RESULTS(Mean_16s_C1R, int16_t, 1, mean)
+
+MEAN_AND_DEVIATION(Mean_StdDev_8u_C1R, uint8_t)
+MEAN_AND_DEVIATION(Mean_StdDev_16u_C1R, uint16_t)
+
+}  // namespace ORV_LEVEL
+}  // namespace sums
+}  // namespace orv
