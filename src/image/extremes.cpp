@@ -1,5 +1,6 @@
 #include "image/extremes.h"
 
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -108,12 +109,42 @@ struct Lanes {
         if (i < n) local.step(row + n - kStep);
         *this = local;
     }
-    // One channel, or four: lanes that the last vector of a row shares with the one before hold the same
-    // channel. n from V::N up.
+    // A row of n < kStep elements. With one channel, or four, lanes that the last vector shares with the one
+    // before hold the same channel.
     ORV_INLINE void include_short_row(const T* row, ptrdiff_t n)
     {
-        for (ptrdiff_t i = 0; i <= n - V::N; i += V::N) include(0, simd::load<V>(row + i));
-        include(0, simd::load<V>(row + n - V::N));
+        if (channels != 3 && n >= V::N) {
+            for (ptrdiff_t i = 0; i <= n - V::N; i += V::N) include(0, simd::load<V>(row + i));
+            include(0, simd::load<V>(row + n - V::N));
+            return;
+        }
+        if constexpr (channels != 3 && !std::is_same<T, float>::value) {
+            constexpr int kSixteen = 16 / static_cast<int>(sizeof(T));
+            if (n >= kSixteen) {
+                include(0, simd::load_repeated<V>(row));
+                include(0, simd::load_repeated<V>(row + n - kSixteen));
+                return;
+            }
+        }
+        // The row, repeated until it fills a step. Floats are copied as bytes.
+        constexpr int kFull = channels == 3 ? kStep : V::N;
+        T repeated[kFull];
+        copy(repeated, row, n);
+        for (ptrdiff_t filled = n; filled < kFull; filled *= 2) {
+            copy(repeated + filled, repeated, filled < kFull - filled ? filled : kFull - filled);
+        }
+        for (int k = 0; k < kFull / V::N; ++k) include(k, simd::load<V>(repeated + k * V::N));
+    }
+    static ORV_INLINE void copy(T* to, const T* from, ptrdiff_t n)
+    {
+        ptrdiff_t bytes = n * static_cast<ptrdiff_t>(sizeof(T));
+        uint8_t* d = reinterpret_cast<uint8_t*>(to);
+        const uint8_t* s = reinterpret_cast<const uint8_t*>(from);
+        for (; bytes >= 16; bytes -= 16, d += 16, s += 16) std::memcpy(d, s, 16);
+        if ((bytes & 8) != 0) std::memcpy(d, s, 8), d += 8, s += 8;
+        if ((bytes & 4) != 0) std::memcpy(d, s, 4), d += 4, s += 4;
+        if ((bytes & 2) != 0) std::memcpy(d, s, 2), d += 2, s += 2;
+        if ((bytes & 1) != 0) *d = *s;
     }
     // May be false where it could be true: only time is lost.
     ORV_INLINE bool is_final() const
@@ -185,8 +216,7 @@ Extremes<T> find(const T* src, int srcStep, Size roi)
             if (lanes.is_final()) break;
         }
         if (n >= L::kStep) lanes.include_row(row, n < 2 * kChunk ? n : kChunk);
-        else if (channels != 3 && n >= L::V::N) lanes.include_short_row(row, n);
-        else found.template include_row<wanted>(row, n, channels);
+        else lanes.include_short_row(row, n);
         if (lanes.is_final()) break;
     }
     lanes.take(found);

@@ -104,6 +104,7 @@ struct Floats {
         const __m256 magnitude = _mm256_castsi256_ps(_mm256_set1_epi32(0x7FFFFFFF));
         v = _mm256_max_ps(v, _mm256_and_ps(_mm256_loadu_ps(p), magnitude));
     }
+    ORV_INLINE void keep_larger(Floats other) { v = _mm256_max_ps(v, other.v); }
 };
 struct Doubles {
     static constexpr int N = 4;
@@ -111,6 +112,7 @@ struct Doubles {
     static ORV_INLINE Doubles splat(double x) { return {_mm256_set1_pd(x)}; }
     ORV_INLINE void store(double* p) const { _mm256_storeu_pd(p, v); }
     ORV_INLINE void add(const float* p) { v = _mm256_add_pd(v, _mm256_cvtps_pd(_mm_loadu_ps(p))); }
+    ORV_INLINE void add(Doubles other) { v = _mm256_add_pd(v, other.v); }
 };
 #else
 struct Floats {
@@ -124,6 +126,7 @@ struct Floats {
     {
         v = _mm_max_ps(v, _mm_and_ps(_mm_loadu_ps(p), _mm_castsi128_ps(_mm_set1_epi32(0x7FFFFFFF))));
     }
+    ORV_INLINE void keep_larger(Floats other) { v = _mm_max_ps(v, other.v); }
 };
 struct Doubles {
     static constexpr int N = 2;
@@ -134,6 +137,7 @@ struct Doubles {
     {
         v = _mm_add_pd(v, _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)))));
     }
+    ORV_INLINE void add(Doubles other) { v = _mm_add_pd(v, other.v); }
 };
 #endif
 
@@ -179,12 +183,18 @@ class AnyOrder {
 public:
     static constexpr int kSums = 2 * channels;
     // Accumulators hide the latency of the addition; with three channels they come round after three.
+    static constexpr int kPeriod = channels == 3 ? 3 : 1;
     static constexpr int kVectors = (channels == 3 ? 3 : 4) * (sizeof(void*) == 8 ? 2 : 1);
+    static constexpr int kShortStep = kPeriod * Floats::N;
+    static constexpr int kHalves = Floats::N / Doubles::N;
     static constexpr int kStep = kVectors * Floats::N;
     static constexpr int kMostSteps = 64;  // of a band: 64 times 16 bits still fit the float's 22
 
-    // Steps that a row of n elements takes, its rest included.
-    static constexpr ptrdiff_t steps_of(ptrdiff_t n) { return (n + kStep - 1) / kStep; }
+    // A row that is no longer than this stays within them.
+    static constexpr ptrdiff_t kMostElements = ptrdiff_t{kMostSteps - kVectors / kPeriod} * kStep;
+
+    // How often a row of n elements adds to one accumulator.
+    static constexpr ptrdiff_t steps_of(ptrdiff_t n) { return n / kStep + (n % kStep + kShortStep - 1) / kShortStep; }
 
     void add(const Band& band, RunningSums<channels>& sums)
     {
@@ -220,16 +230,20 @@ private:
     template <class Use>
     static ORV_INLINE void for_each(const Band& band, Use use)
     {
-        const int rest = static_cast<int>(band.n % kStep);
+        const ptrdiff_t main = band.n - band.n % kStep;
         for (int y = 0; y < band.rows; ++y) {
             const float* p = row_at(band.first, band.step, y);
-            for (const float* const end = p + (band.n - rest); p != end; p += kStep) {
+            const float* const end = p + band.n;
+            for (const float* const main_end = p + main; p != main_end; p += kStep) {
                 for (int k = 0; k < kVectors; ++k) use(p + k * Floats::N, k);
             }
-            if (rest == 0) continue;
-            float padded[kStep] = {};
-            std::memcpy(padded, p, static_cast<std::size_t>(rest) * sizeof(float));
-            for (int k = 0; k < kVectors; ++k) use(padded + k * Floats::N, k);
+            for (; end - p >= kShortStep; p += kShortStep) {
+                for (int k = 0; k < kPeriod; ++k) use(p + k * Floats::N, k);
+            }
+            if (p == end) continue;
+            float padded[kShortStep] = {};
+            for (int i = 0; p + i != end; ++i) std::memcpy(padded + i, p + i, sizeof(float));
+            for (int k = 0; k < kPeriod; ++k) use(padded + k * Floats::N, k);
         }
     }
 
@@ -239,12 +253,11 @@ private:
         Floats largest[kVectors];
         for (int k = 0; k < kVectors; ++k) largest[k] = Floats::splat(0);
         for_each(band, [&](const float* p, int k) { largest[k].keep_largest(p); });
+        float lane[Floats::N];
+        for (int k = 1; k < kVectors; ++k) largest[0].keep_larger(largest[k]);
+        largest[0].store(lane);
         float most = 0;
-        for (int k = 0; k < kVectors; ++k) {
-            float lane[Floats::N];
-            largest[k].store(lane);
-            for (int i = 0; i < Floats::N; ++i) most = lane[i] > most ? lane[i] : most;
-        }
+        for (int i = 0; i < Floats::N; ++i) most = lane[i] > most ? lane[i] : most;
         return most;
     }
 
@@ -268,17 +281,19 @@ private:
             exact = !watch.seen();
         }
         if (!exact) return false;
-        float lane[kStep];
-        for (int k = 0; k < kVectors; ++k) lanes[k].store(lane + k * Floats::N);
-        double sum[kSums] = {};
-        for (int i = 0; i < kStep; ++i) sum[i % kSums] += static_cast<double>(lane[i]) - static_cast<double>(start);
-        return add_exactly(sum, total, sums);
+        Doubles joined[kPeriod * kHalves];
+        for (Doubles& j : joined) j = Doubles::splat(-static_cast<double>(start) * (kVectors / kPeriod));
+        for (int k = 0; k < kVectors; ++k) {
+            float lane[Floats::N];
+            lanes[k].store(lane);
+            for (int h = 0; h < kHalves; ++h) joined[k % kPeriod * kHalves + h].add(lane + h * Doubles::N);
+        }
+        return add_exactly(joined, total, sums);
     }
 
     // The same in double: multiples of 2^(total - 51).
     static bool add_doubles(const Band& band, int total, RunningSums<channels>& sums)
     {
-        constexpr int kHalves = Floats::N / Doubles::N;
         const double start = power(total) * 3;
         Doubles lanes[kVectors * kHalves];
         bool exact = true;
@@ -295,16 +310,23 @@ private:
             exact = !watch.seen();
         }
         if (!exact) return false;
-        double lane[kStep];
-        for (int k = 0; k < kVectors * kHalves; ++k) lanes[k].store(lane + k * Doubles::N);
-        double sum[kSums] = {};
-        for (int i = 0; i < kStep; ++i) sum[i % kSums] += lane[i] - start;
-        return add_exactly(sum, total, sums);
+        Doubles joined[kPeriod * kHalves];
+        for (Doubles& j : joined) j = Doubles::splat(0);
+        for (int k = 0; k < kVectors * kHalves; ++k) {
+            lanes[k].add(Doubles::splat(-start));
+            joined[k % (kPeriod * kHalves)].add(lanes[k]);
+        }
+        return add_exactly(joined, total, sums);
     }
 
-    // Adds to the running sums if they, too, are multiples of 2^(total - 51). Not if there was a NaN.
-    static bool add_exactly(const double (&sum)[kSums], int total, RunningSums<channels>& sums)
+    // What the lanes hold goes to the running sums if those, too, are multiples of 2^(total - 51). Not if
+    // there was a NaN.
+    static bool add_exactly(const Doubles (&lanes)[kPeriod * kHalves], int total, RunningSums<channels>& sums)
     {
+        double lane[kShortStep];
+        for (int k = 0; k < kPeriod * kHalves; ++k) lanes[k].store(lane + k * Doubles::N);
+        double sum[kSums] = {};
+        for (int i = 0; i < kShortStep; ++i) sum[i % kSums] += lane[i];
         const double grid = power(total) * 3;
         for (int s = 0; s < kSums; ++s) {
             if (sum[s] != sum[s] || rounded(grid + sums.sum[s]) - grid != sums.sum[s]) return false;
@@ -328,9 +350,9 @@ RunningSums<channels> sums_of(const float* src, int srcStep, Size roi)
     if (roi.width % 2 == 0) rows = Rows(roi, channels, sizeof(float), srcStep);
 #if ORV_HAVE_VECTORS
     using Way = AnyOrder<channels>;
-    constexpr ptrdiff_t kMost = ptrdiff_t{Way::kMostSteps} * Way::kStep;
+    constexpr ptrdiff_t kMost = Way::kMostElements;
     Way way;
-    if (rows.n >= kMost) {
+    if (rows.n > kMost) {
         for (int y = 0; y < rows.count; ++y) {
             const float* const row = row_at(src, srcStep, y);
             for (ptrdiff_t i = 0; i < rows.n; i += kMost) {

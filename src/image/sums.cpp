@@ -35,8 +35,9 @@ struct Totals {
 // A way of adding up has
 //     V                  the vector that it reads
 //     kPeriod            how many of them make a step: 3 where channels come round after three
-//     kRoom              how many steps its lanes hold; take() then moves them to the totals
-//     step(p), take(totals, channels)
+//     kRoom              how many steps its lanes hold
+//     step(p)            adds a step
+//     make_room(totals, channels), take(totals, channels)   move the lanes to wider ones, and to the totals
 // Zeros behind the end of a row change nothing, so a rest is added as a step of its own.
 
 template <class V>
@@ -58,19 +59,19 @@ ORV_INLINE V nothing()
 struct Bytes {
     using V = simd::widest<uint8_t>;
     using Wide = simd::vec<uint64_t, V::reg>;
-    static constexpr int kPeriod = 2;
+    static constexpr int kPeriod = 1;
     static constexpr int kRoom = 1 << 30;
-    Wide sum[2] = {nothing<Wide>(), nothing<Wide>()};
+    Wide sum = nothing<Wide>();
 
     ORV_INLINE void step(const uint8_t* p)
     {
-        sum[0] = simd::add_wide(sum[0], simd::sum_of_bytes(simd::load<V>(p)));
-        sum[1] = simd::add_wide(sum[1], simd::sum_of_bytes(simd::load<V>(p + V::N)));
+        sum = simd::add_wide(sum, simd::sum_of_bytes(simd::load<V>(p)));
     }
+    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
     ORV_INLINE void take(Totals& totals, int)
     {
-        totals.sum[0] += sum_of_lanes(simd::add_wide(sum[0], sum[1]));
-        sum[0] = sum[1] = nothing<Wide>();
+        totals.sum[0] += sum_of_lanes(sum);
+        sum = nothing<Wide>();
     }
 };
 
@@ -81,12 +82,13 @@ struct ChannelBytes {
     using V = simd::widest<uint16_t>;
     static constexpr int kPeriod = Period;
     static constexpr int kRoom = 257;  // 257 * 255 fits 16 bits
-    V both[Period], high[Period];
 
-    ORV_INLINE ChannelBytes() { clear(); }
-    ORV_INLINE void clear()
+    ORV_INLINE ChannelBytes()
     {
-        for (int k = 0; k < Period; ++k) both[k] = high[k] = nothing<V>();
+        for (int k = 0; k < Period; ++k) {
+            both[k] = high[k] = nothing<V>();
+            for (int b = 0; b < 4; ++b) byte[k][b] = nothing<Wide>();
+        }
     }
     ORV_INLINE void step(const uint8_t* p)
     {
@@ -96,23 +98,49 @@ struct ChannelBytes {
             high[k] = high[k] + simd::upper(v);
         }
     }
+    ORV_INLINE void make_room(Totals& totals, int channels)
+    {
+        widen();
+        if (--room == 0) drain(totals, channels);
+    }
     void take(Totals& totals, int channels)
     {
-        // Positions that are a multiple of 12 bytes apart hold the same channel, be they three or four.
-        uint32_t at[12] = {};
+        widen();
+        drain(totals, channels);
+    }
+
+private:
+    ORV_INLINE void widen()
+    {
+        const Wide low_half = simd::splat<Wide>(65535);
         for (int k = 0; k < Period; ++k) {
-            uint16_t low_lane[V::N], high_lane[V::N];
-            simd::store(low_lane, both[k] - (high[k] << simd::count(8)));
-            simd::store(high_lane, high[k]);
-            for (int i = 0; i < V::N; ++i) {
-                const int byte = (2 * V::N * k + 2 * i) % 12;
-                at[byte] += low_lane[i];
-                at[byte + 1] += high_lane[i];
+            const Wide even = simd::as<uint32_t>(both[k] - (high[k] << simd::count(8)));
+            const Wide odd = simd::as<uint32_t>(high[k]);
+            byte[k][0] = byte[k][0] + (even & low_half);
+            byte[k][1] = byte[k][1] + (odd & low_half);
+            byte[k][2] = byte[k][2] + simd::upper(even);
+            byte[k][3] = byte[k][3] + simd::upper(odd);
+            both[k] = high[k] = nothing<V>();
+        }
+    }
+    void drain(Totals& totals, int channels)
+    {
+        for (int k = 0; k < Period; ++k) {
+            for (int b = 0; b < 4; ++b) {
+                uint32_t lane[Wide::N];
+                simd::store(lane, byte[k][b]);
+                for (int i = 0; i < Wide::N; ++i) totals.sum[(2 * V::N * k + 4 * i + b) % channels] += lane[i];
+                byte[k][b] = nothing<Wide>();
             }
         }
-        for (int i = 0; i < 12; ++i) totals.sum[i % channels] += at[i];
-        clear();
+        room = kWideRoom;
     }
+
+    using Wide = simd::widest<uint32_t>;
+    static constexpr int kWideRoom = 65536;
+    V both[Period], high[Period];
+    Wide byte[Period][4];  // the sums of every fourth byte
+    int room = kWideRoom;
 };
 
 // As above, with 16-bit pixels in 32-bit lanes.
@@ -128,6 +156,7 @@ struct Words {
         both = both + v;
         high = high + simd::upper(v);
     }
+    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
     ORV_INLINE void take(Totals& totals, int)
     {
         totals.sum[0] += sum_of_lanes(both - (high << simd::count(16))) + sum_of_lanes(high);
@@ -147,6 +176,7 @@ struct SignedWords {
         const V v = simd::as<int16_t>(simd::load<simd::widest<uint8_t>>(p));
         sum = sum + simd::sum_of_products(v, simd::splat<V>(1));
     }
+    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
     ORV_INLINE void take(Totals& totals, int)
     {
         totals.sum[0] += sum_of_lanes(sum);
@@ -171,6 +201,7 @@ struct ByteSquares {
         const Word high = simd::as<int16_t>(simd::upper(simd::as<uint16_t>(v)));
         squares = squares + simd::as<uint32_t>(simd::sum_of_products(low, low) + simd::sum_of_products(high, high));
     }
+    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
     ORV_INLINE void take(Totals& totals, int)
     {
         totals.sum[0] += sum_of_lanes(sum);
@@ -203,6 +234,7 @@ struct WordSquares {
         high = simd::add_wide(high, simd::upper(squares));
         ++steps;
     }
+    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
     ORV_INLINE void take(Totals& totals, int)
     {
         const uint64_t n = steps * V::N;
@@ -215,6 +247,16 @@ struct WordSquares {
     }
 };
 
+// n bytes, fewer than a vector or three: quicker than a call.
+ORV_INLINE void copy_rest(uint8_t* to, const uint8_t* from, int n)
+{
+    for (; n >= 16; n -= 16, to += 16, from += 16) std::memcpy(to, from, 16);
+    if ((n & 8) != 0) std::memcpy(to, from, 8), to += 8, from += 8;
+    if ((n & 4) != 0) std::memcpy(to, from, 4), to += 4, from += 4;
+    if ((n & 2) != 0) std::memcpy(to, from, 2), to += 2, from += 2;
+    if ((n & 1) != 0) *to = *from;
+}
+
 template <class Way, class T>
 Totals add_up(const T* src, int srcStep, Size roi, int channels)
 {
@@ -225,8 +267,10 @@ Totals add_up(const T* src, int srcStep, Size roi, int channels)
     Totals totals = {};
     Way way;
     ptrdiff_t room = Way::kRoom;
-    const auto take = [&] {
-        way.take(totals, channels);
+    const auto use_room = [&](ptrdiff_t steps) {
+        room -= steps;
+        if (room != 0) return;
+        way.make_room(totals, channels);
         room = Way::kRoom;
     };
     for (int y = 0; y < rows.count; ++y) {
@@ -237,14 +281,13 @@ Totals add_up(const T* src, int srcStep, Size roi, int channels)
             for (const uint8_t* const end = p + now * step_bytes; p != end; p += step_bytes) local.step(p);
             way = local;
             steps -= now;
-            room -= now;
-            if (room == 0) take();
+            use_room(now);
         }
         if (rest != 0) {
             alignas(32) uint8_t padded[step_bytes] = {};
-            std::memcpy(padded, p, static_cast<std::size_t>(rest));
+            copy_rest(padded, p, rest);
             way.step(padded);
-            if (--room == 0) take();
+            use_room(1);
         }
     }
     way.take(totals, channels);

@@ -30,6 +30,18 @@ ORV_INLINE vec<u64, int256> upper(vec<u64, int256> a) { return {_mm256_srli_epi6
 ORV_INLINE unsigned mask_of_bytes(vec<u8, int256> a) { return static_cast<unsigned>(_mm256_movemask_epi8(a.v)); }
 #endif
 
+// Sixteen bytes, as often as they fit.
+template <class V>
+ORV_INLINE V load_repeated(const typename V::lane* p)
+{
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+#if ORV_HAVE_INT256
+    return {_mm256_broadcastsi128_si256(v)};
+#else
+    return {v};
+#endif
+}
+
 // Bytes of all lanes equal to those of b, one bit each.
 template <class T, class R>
 ORV_INLINE unsigned equal_bytes(vec<T, R> a, vec<T, R> b)
