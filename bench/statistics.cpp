@@ -26,23 +26,33 @@ template <class T> constexpr int depth = std::is_floating_point<T>::value ? CV_3
 enum class Content { noise, constant, bytes, words, unit, wild };
 
 template <class T>
+T value_of(Content content, std::mt19937& g)
+{
+    std::normal_distribution<double> normal;
+    const unsigned word = g();
+    switch (content) {
+        case Content::constant: return static_cast<T>(100);
+        case Content::bytes: return static_cast<T>(word % 256);
+        case Content::words: return static_cast<T>(word % 65536);
+        case Content::unit: return static_cast<T>(static_cast<float>(word % 256) / 255.f);
+        case Content::wild: return static_cast<T>(std::exp(10 * normal(g)));
+        default: return static_cast<T>(sizeof(T) == 1 ? 1 + word % 254 : static_cast<int>(1 + word % 65534) - (std::is_signed<T>::value ? 32768 : 0));
+    }
+}
+
+template <class T>
 std::shared_ptr<Image> make_image(int side, int channels, Content content)
 {
     auto image = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)));
     std::mt19937 g(2);
-    std::normal_distribution<double> normal;
+    std::vector<T> values(50021);
+    for (T& value : values) value = value_of<T>(content, g);
+    std::size_t i = 0;
     for (int y = 0; y < side; ++y) {
         T* const row = reinterpret_cast<T*>(image->as<u8>() + static_cast<std::ptrdiff_t>(image->step()) * y);
-        for (int i = 0; i < side * channels; ++i) {
-            const unsigned word = g();
-            switch (content) {
-                case Content::noise: row[i] = static_cast<T>(sizeof(T) == 1 ? 1 + word % 254 : static_cast<int>(1 + word % 65534) - (std::is_signed<T>::value ? 32768 : 0)); break;
-                case Content::constant: row[i] = static_cast<T>(100); break;
-                case Content::bytes: row[i] = static_cast<T>(word % 256); break;
-                case Content::words: row[i] = static_cast<T>(word % 65536); break;
-                case Content::unit: row[i] = static_cast<T>(static_cast<float>(word % 256) / 255.f); break;
-                case Content::wild: row[i] = static_cast<T>(std::exp(10 * normal(g))); break;
-            }
+        for (int x = 0; x < side * channels; ++x) {
+            row[x] = values[i];
+            if (++i == values.size()) i = 0;
         }
     }
     return image;

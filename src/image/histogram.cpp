@@ -57,8 +57,7 @@ void write_levels(const Levels& l, int* levels)
 
 constexpr int kTables = 4;
 
-template <class Index>
-ORV_INLINE void count_four(uint32_t* tables, ptrdiff_t size, Index a, Index b, Index c, Index d)
+ORV_INLINE void count_four(uint32_t* tables, ptrdiff_t size, uint32_t a, uint32_t b, uint32_t c, uint32_t d)
 {
     ++tables[a];
     ++tables[size + b];
@@ -70,11 +69,11 @@ void count_row(const uint8_t* p, ptrdiff_t n, uint32_t (&tables)[kTables * 256])
 {
     ptrdiff_t i = 0;
     for (; i + 8 <= n; i += 8) {
-        // Two words, also where registers have 64 bits: shifting one word twice as long takes longer.
-        const uint32_t first = get(reinterpret_cast<const uint32_t*>(p + i));
-        const uint32_t second = get(reinterpret_cast<const uint32_t*>(p + i + 4));
-        count_four<uint32_t>(tables, 256, first & 255, first >> 8 & 255, first >> 16 & 255, first >> 24);
-        count_four<uint32_t>(tables, 256, second & 255, second >> 8 & 255, second >> 16 & 255, second >> 24);
+        // Two pixels at a time: a table access for each keeps the load ports busy enough.
+        const uint16_t* const pairs = reinterpret_cast<const uint16_t*>(p + i);
+        const uint32_t a = get(pairs), b = get(pairs + 1), c = get(pairs + 2), d = get(pairs + 3);
+        count_four(tables, 256, a & 255, a >> 8, b & 255, b >> 8);
+        count_four(tables, 256, c & 255, c >> 8, d & 255, d >> 8);
     }
     for (; i < n; ++i) ++tables[p[i]];
 }
@@ -155,6 +154,32 @@ void count_row(const uint16_t* p, ptrdiff_t n, const uint16_t* place, uint32_t* 
     for (; i < n; ++i) ++tables[place[get(p + i)]];
 }
 
+// With many bins the table of places would only add to what the cache must hold: values are counted, and
+// their counts added up.
+void count_values(const uint16_t* src, int srcStep, Size roi, const Levels& l, const Places& places, uint32_t* table, int* histogram)
+{
+    std::memset(table, 0, 65536 * sizeof(uint32_t));
+    for (int y = 0; y < roi.height; ++y) {
+        const uint16_t* const row = row_at(src, srcStep, y);
+        int x = 0;
+        for (; x + 4 <= roi.width; x += 4) {
+            const uint32_t a = get(row + x), b = get(row + x + 1), c = get(row + x + 2), d = get(row + x + 3);
+            // Among so many values neighbours are all alike, or hardly ever.
+            if (((a ^ b) | (a ^ c) | (a ^ d)) == 0) table[a] += 4;
+            else count_four(table, 0, a, b, c, d);
+        }
+        for (; x < roi.width; ++x) ++table[get(row + x)];
+    }
+    int value = places.first;
+    int64_t next = l.level(places.first_bin + 1);
+    for (int64_t k = places.first_bin; value < places.last; ++k) {
+        uint32_t pixels = 0;
+        for (; value < next && value < places.last; ++value) pixels += table[value];
+        put(histogram + k, static_cast<int>(pixels));
+        next += l.step + (k + 1 < l.longer ? 1 : 0);
+    }
+}
+
 void count_directly(const uint16_t* src, int srcStep, Size roi, const Levels& l, int* histogram)
 {
     for (int y = 0; y < roi.height; ++y) {
@@ -172,24 +197,26 @@ void count(const uint16_t* src, int srcStep, Size roi, const Levels& l, int* his
 {
     if (l.lower >= 65536 || l.upper <= 0) return;
     const Places places(l);
-    // Many bins fill the cache with one table; and tables longer than the image cost more than they save.
     const int64_t pixels = int64_t{roi.width} * roi.height;
-    const int tables_used = places.bins <= 4096 && pixels >= 4 * places.bins ? kTables : 1;
     const ptrdiff_t size = static_cast<ptrdiff_t>(places.bins) + 1;
-    const int64_t table_bytes = int64_t{size} * tables_used * 4;
-    void* const memory = pixels < 2048 ? nullptr : orv_allocate_checked(65536 * 2 + table_bytes);
+    const bool many_bins = places.bins > 4096;
+    const int64_t table_bytes = many_bins ? 65536 * 4 : int64_t{size} * kTables * 4;
+    // Tables longer than the image cost more than they save.
+    void* const memory = pixels < 2048 || pixels < places.bins / 4 ? nullptr : orv_allocate_checked(65536 * 2 + table_bytes);
     if (memory == nullptr) return count_directly(src, srcStep, roi, l, histogram);
 
     uint32_t* const tables = static_cast<uint32_t*>(memory);
-    uint16_t* const place = reinterpret_cast<uint16_t*>(tables + size * tables_used);
-    std::memset(tables, 0, static_cast<std::size_t>(table_bytes));
-    fill_places(l, places, place);
-    const ptrdiff_t apart = tables_used == 1 ? 0 : size;
-    for (int y = 0; y < roi.height; ++y) count_row(row_at(src, srcStep, y), roi.width, place, tables, apart);
-    for (ptrdiff_t k = 0; k < static_cast<ptrdiff_t>(places.bins); ++k) {
-        uint32_t sum = 0;
-        for (int t = 0; t < tables_used; ++t) sum += tables[t * size + k];
-        put(histogram + places.first_bin + k, static_cast<int>(sum));
+    if (many_bins) {
+        count_values(src, srcStep, roi, l, places, tables, histogram);
+    } else {
+        uint16_t* const place = reinterpret_cast<uint16_t*>(tables + size * kTables);
+        std::memset(tables, 0, static_cast<std::size_t>(table_bytes));
+        fill_places(l, places, place);
+        for (int y = 0; y < roi.height; ++y) count_row(row_at(src, srcStep, y), roi.width, place, tables, size);
+        for (ptrdiff_t k = 0; k < size - 1; ++k) {
+            const uint32_t sum = tables[k] + tables[size + k] + tables[2 * size + k] + tables[3 * size + k];
+            put(histogram + places.first_bin + k, static_cast<int>(sum));
+        }
     }
     orv_release(memory);
 }
