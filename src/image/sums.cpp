@@ -45,9 +45,9 @@ ORV_INLINE uint64_t sum_of_lanes(V v)
 {
     typename V::lane lane[V::N];
     simd::store(lane, v);
-    int64_t sum = 0;
-    for (int i = 0; i < V::N; ++i) sum += static_cast<int64_t>(lane[i]);
-    return static_cast<uint64_t>(sum);
+    uint64_t sum = 0;  // of signed lanes in two's complement
+    for (int i = 0; i < V::N; ++i) sum += static_cast<uint64_t>(static_cast<int64_t>(lane[i]));
+    return sum;
 }
 
 template <class V>
