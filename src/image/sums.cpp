@@ -278,7 +278,14 @@ Totals add_up(const T* src, int srcStep, Size roi, int channels)
         for (ptrdiff_t steps = n / step_bytes; steps > 0;) {
             const ptrdiff_t now = steps < room ? steps : room;
             Way local = way;
-            for (const uint8_t* const end = p + now * step_bytes; p != end; p += step_bytes) local.step(p);
+            const uint8_t* const end = p + now * step_bytes;
+            for (; end - p >= 4 * step_bytes; p += 4 * step_bytes) {
+                local.step(p);
+                local.step(p + step_bytes);
+                local.step(p + 2 * step_bytes);
+                local.step(p + 3 * step_bytes);
+            }
+            for (; p != end; p += step_bytes) local.step(p);
             way = local;
             steps -= now;
             use_room(now);
