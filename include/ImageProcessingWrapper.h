@@ -759,6 +759,145 @@ public:
     // --------------------------------------------------------------------------------------------
     // Statistics
     //
+    // Values of a whole region. Three- and four-channel forms write one result for each channel, in order, to
+    // an array of 3 or 4 elements. Results are written only when the method succeeds.
+    //
+    // Sums and means of integer images are the exact sum, rounded once to double (exact below 2^53), and that
+    // sum divided by width * height. A standard deviation is that of the population (divisor n = width *
+    // height): sqrt(|sum of squares / n - mean^2|), in double; either of the two results may be null and is then
+    // left out.
+    //
+    // Sums of float images are added up in double in one fixed order, for each channel: pixels of even
+    // columns to one running sum, those of odd columns to a second, row by row from the top, and in the end
+    // both together. `fast` asks for speed (true) or accuracy (false); both give the same bits. A sum that
+    // is not a number is the quiet NaN 0x7FF8000000000000. Images whose values come from 8- or 16-bit data,
+    // also scaled by a constant, are summed two to five times as fast as others.
+    //
+    // Extremes. Searches stop early at the end of the type's range, which shows only in time. Positions are
+    // those of the first such pixel row by row, left to right, counted from 0. Float extremes leave out NaNs; a
+    // channel of nothing but NaNs gives the quiet NaN 0x7FC00000. Of -0 and +0, which compare equal, the first
+    // one met counts.
+    //
+    // Histograms. levels[0] = lowerLevel; with d = upperLevel - lowerLevel, m = levelCount - 1 and division
+    // toward zero, each next level lies d / m above the one before and the first |d % m| steps are one longer
+    // (away from 0), so that levels[m] = upperLevel. Any two levels are legal. histogram[k], k = 0 ... m - 1,
+    // counts the pixels with levels[k] <= pixel < levels[k + 1]: all 0 where the levels fall. `levels`
+    // receives levelCount elements, `histogram` one less.
+    //
+    // Checks: null pointer, width or height below 1. Steps are not checked but by Mean_StdDev and
+    // HistogramEven, which refuse a step below 1 or shorter than a row, in bytes; HistogramEven then refuses
+    // fewer than 2 levels.
+
+    /// sum = sum of src
+    static bool Sum_8u_C1R(const unsigned char* src, int srcStep, int width, int height, double* sum);
+    /// sum[c] = sum of src[c]
+    static bool Sum_8u_C3R(const unsigned char* src, int srcStep, int width, int height, double* sum);
+    /// sum[c] = sum of src[c]
+    static bool Sum_8u_C4R(const unsigned char* src, int srcStep, int width, int height, double* sum);
+    /// sum = sum of src
+    static bool Sum_16u_C1R(const unsigned short* src, int srcStep, int width, int height, double* sum);
+    /// sum = sum of src
+    static bool Sum_16s_C1R(const short* src, int srcStep, int width, int height, double* sum);
+    /// sum = sum of src
+    static bool Sum_32f_C1R(const float* src, int srcStep, int width, int height, double* sum, bool fast);
+    /// sum[c] = sum of src[c]
+    static bool Sum_32f_C3R(const float* src, int srcStep, int width, int height, double* sum, bool fast);
+    /// mean = sum of src / (width * height)
+    static bool Mean_8u_C1R(const unsigned char* src, int srcStep, int width, int height, double* mean);
+    /// mean[c] = sum of src[c] / (width * height)
+    static bool Mean_8u_C3R(const unsigned char* src, int srcStep, int width, int height, double* mean);
+    /// mean[c] = sum of src[c] / (width * height)
+    static bool Mean_8u_C4R(const unsigned char* src, int srcStep, int width, int height, double* mean);
+    /// mean = sum of src / (width * height)
+    static bool Mean_16u_C1R(const unsigned short* src, int srcStep, int width, int height, double* mean);
+    /// mean = sum of src / (width * height)
+    static bool Mean_16s_C1R(const short* src, int srcStep, int width, int height, double* mean);
+    /// mean = sum of src / (width * height)
+    static bool Mean_32f_C1R(const float* src, int srcStep, int width, int height,
+                             double* mean, bool fast);
+    /// mean[c] = sum of src[c] / (width * height)
+    static bool Mean_32f_C3R(const float* src, int srcStep, int width, int height,
+                             double* mean, bool fast);
+
+    /// mean = sum of src / n, stdDev = sqrt(|sum of src^2 / n - mean^2|), n = width * height
+    static bool Mean_StdDev_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
+                                   double* mean, double* stdDev);
+    /// mean = sum of src / n, stdDev = sqrt(|sum of src^2 / n - mean^2|), n = width * height
+    static bool Mean_StdDev_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
+                                    double* mean, double* stdDev);
+
+    /// minimum = least of src
+    static bool Min_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                          unsigned char* minimum);
+    /// minimum[c] = least of src[c]
+    static bool Min_8u_C3(const unsigned char* src, int srcStep, int width, int height,
+                          unsigned char* minimum);
+    /// minimum = least of src
+    static bool Min_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                           unsigned short* minimum);
+    /// minimum = least of src
+    static bool Min_16s_C1(const short* src, int srcStep, int width, int height, short* minimum);
+    /// minimum = least of src
+    static bool Min_32f_C1(const float* src, int srcStep, int width, int height, float* minimum);
+    /// minimum[c] = least of src[c]
+    static bool Min_32f_C3(const float* src, int srcStep, int width, int height, float* minimum);
+    /// maximum = greatest of src
+    static bool Max_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                          unsigned char* maximum);
+    /// maximum[c] = greatest of src[c]
+    static bool Max_8u_C4(const unsigned char* src, int srcStep, int width, int height,
+                          unsigned char* maximum);
+    /// maximum = greatest of src
+    static bool Max_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                           unsigned short* maximum);
+    /// maximum = greatest of src
+    static bool Max_16s_C1(const short* src, int srcStep, int width, int height, short* maximum);
+    /// maximum = greatest of src
+    static bool Max_32f_C1(const float* src, int srcStep, int width, int height, float* maximum);
+    /// maximum[c] = greatest of src[c]
+    static bool Max_32f_C3(const float* src, int srcStep, int width, int height, float* maximum);
+    /// minimum = least, maximum = greatest of src
+    static bool MinMax_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                             unsigned char* minimum, unsigned char* maximum);
+    /// minimum[c] = least, maximum[c] = greatest of src[c]
+    static bool MinMax_8u_C3(const unsigned char* src, int srcStep, int width, int height,
+                             unsigned char* minimum, unsigned char* maximum);
+    /// minimum[c] = least, maximum[c] = greatest of src[c]
+    static bool MinMax_8u_C4(const unsigned char* src, int srcStep, int width, int height,
+                             unsigned char* minimum, unsigned char* maximum);
+    /// minimum = least, maximum = greatest of src
+    static bool MinMax_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                              unsigned short* minimum, unsigned short* maximum);
+    /// minimum = least, maximum = greatest of src
+    static bool MinMax_16s_C1(const short* src, int srcStep, int width, int height,
+                              short* minimum, short* maximum);
+    /// minimum = least, maximum = greatest of src
+    static bool MinMax_32f_C1(const float* src, int srcStep, int width, int height,
+                              float* minimum, float* maximum);
+    /// minimum[c] = least, maximum[c] = greatest of src[c]
+    static bool MinMax_32f_C3(const float* src, int srcStep, int width, int height,
+                              float* minimum, float* maximum);
+    /// minimum = src(column, row), the first of the least pixels
+    static bool MinIndx_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
+                               unsigned char* minimum, int* column, int* row);
+    /// minimum = src(column, row), the first of the least pixels
+    static bool MinIndx_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
+                                unsigned short* minimum, int* column, int* row);
+    /// maximum = src(column, row), the first of the greatest pixels
+    static bool MaxIndx_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
+                               unsigned char* maximum, int* column, int* row);
+    /// maximum = src(column, row), the first of the greatest pixels
+    static bool MaxIndx_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
+                                unsigned short* maximum, int* column, int* row);
+
+    /// histogram[k] = number of pixels with levels[k] <= src < levels[k + 1]
+    static bool HistogramEven_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                                    int* histogram, int* levels, int levelCount, int lowerLevel,
+                                    int upperLevel);
+    /// histogram[k] = number of pixels with levels[k] <= src < levels[k + 1]
+    static bool HistogramEven_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                                     int* histogram, int* levels, int levelCount, int lowerLevel,
+                                     int upperLevel);
 
     // --------------------------------------------------------------------------------------------
     // Small matrices

@@ -6,6 +6,7 @@
 //     const T*, int     a source image with its step        T*, int     a destination
 //     const T*          one value per channel               T           a value
 //     Size              the region                          int         a parameter, by its domain
+//     T* after Size     results, compared like images
 #include <algorithm>
 #include <climits>
 #include <iostream>
@@ -17,7 +18,11 @@
 #include "gmock/gmock.h"
 #include "image/data_movement.h"
 #include "image/float_elementary.h"
+#include "image/extremes.h"
+#include "image/float_sums.h"
+#include "image/histogram.h"
 #include "image/integer_arithmetic.h"
+#include "image/sums.h"
 #include "support/image.h"
 
 namespace test {
@@ -54,10 +59,15 @@ int channels_of(const std::string& name)
     return contains(name, "_C3") ? 3 : contains(name, "C4") ? 4 : 1;
 }
 
+// The elements of a result array.
+constexpr int kMostResults = 300;
+
 // Trailing integer parameters, by what the operation makes of them.
 int random_parameter(const std::string& name, std::mt19937& g)
 {
     if (begins_with(name, "Mirror")) return uniform(g, -1, 3);
+    // The level count and either level: results hold that many.
+    if (begins_with(name, "Histogram")) return uniform(g, 0, 9) == 0 ? -1 : uniform(g, 0, kMostResults);
     // Scale factors: mostly those that matter, now and then anything.
     static const int far[] = {INT_MIN, INT_MIN + 1, -100, -64, -33, 33, 63, 64, 100, INT_MAX};
     if (uniform(g, 0, 9) == 0) return far[uniform(g, 0, 9)];
@@ -102,6 +112,7 @@ public:
     void reset()
     {
         for (Operand& o : operands_) o.image->restore(o.before);
+        for (auto& result : results_) result.assign(result.size(), 0xA5);
     }
     // Every byte of every image: destinations with their surroundings, and the sources, too.
     std::vector<unsigned char> outcome()
@@ -111,6 +122,7 @@ public:
             const auto bytes = o.image->bytes();
             all.insert(all.end(), bytes.begin(), bytes.end());
         }
+        for (const auto& result : results_) all.insert(all.end(), result.begin(), result.end());
         return all;
     }
     // With the destination in the place of a source: false where their types or shapes differ.
@@ -145,11 +157,22 @@ private:
     }
 
     template <std::size_t I>
+    static constexpr bool follows_size()
+    {
+        if constexpr (I > 0) return std::is_same<Arg<I - 1>, Size>::value || follows_size<I - 1>();
+        return false;
+    }
+
+    template <std::size_t I>
     void build_one()
     {
         using A = Arg<I>;
         auto& argument = std::get<I>(arguments_);
-        if constexpr (pointee<A>::is_pointer && followed_by_int<I>()) {
+        if constexpr (pointee<A>::is_pointer && follows_size<I>() && !std::is_const<typename std::remove_pointer<A>::type>::value) {
+            using T = typename pointee<A>::type;
+            results_.emplace_back((kMostResults + 1) * sizeof(T), static_cast<unsigned char>(0xA5));
+            argument = reinterpret_cast<T*>(results_.back().data());
+        } else if constexpr (pointee<A>::is_pointer && followed_by_int<I>()) {
             argument = make_image<typename pointee<A>::type>(pointee<A>::is_source)->template pixels<typename pointee<A>::type>();
         } else if constexpr (pointee<A>::is_pointer) {
             using T = typename pointee<A>::type;
@@ -162,7 +185,7 @@ private:
             argument = roi_;
         } else if constexpr (std::is_same<A, int>::value) {
             if constexpr (I > 0) {
-                if constexpr (pointee<Arg<I - 1>>::is_pointer) {
+                if constexpr (pointee<Arg<I - 1>>::is_pointer && !follows_size<I>()) {
                     argument = operands_.back().image->step();
                     return;
                 }
@@ -208,7 +231,7 @@ private:
     Size roi_;
     Tuple arguments_;
     std::vector<Operand> operands_;
-    std::vector<std::vector<unsigned char>> constants_;
+    std::vector<std::vector<unsigned char>> constants_, results_;
 };
 
 template <class... Args>
@@ -280,6 +303,16 @@ TEST(Variants, IntegerArithmetic)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+}
+
+TEST(Variants, Statistics)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::not_promised);
+#include "image/extremes.inc"
+#include "image/float_sums.inc"
+#include "image/histogram.inc"
+#include "image/sums.inc"
 #undef KERNEL
 }
 

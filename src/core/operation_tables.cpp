@@ -14,6 +14,11 @@
 #include "image/resize_linear.h"
 #include "image/resize_nearest.h"
 #include "image/resize_plan.h"
+#include "image/extremes.h"
+#include "image/float_sums.h"
+#include "image/histogram.h"
+#include "image/integer_arithmetic.h"
+#include "image/sums.h"
 
 namespace orv {
 
@@ -76,6 +81,20 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(filters_integer, name, __VA_ARGS__)
 #include "image/filters_integer.inc"
+#define KERNEL(name, ...) TABLE(sums, name, __VA_ARGS__)
+#include "image/sums.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(float_sums, name, __VA_ARGS__)
+#include "image/float_sums.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(extremes, name, __VA_ARGS__)
+#include "image/extremes.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(histogram, name, __VA_ARGS__)
+#include "image/histogram.inc"
 #undef KERNEL
 
 }  // namespace orv

@@ -4,6 +4,7 @@
 
 #include <type_traits>
 
+#include "core/float_control.h"
 #include "core/scaled_arithmetic.h"
 
 namespace orv {
@@ -104,6 +105,55 @@ struct Division {
         whole = simd::select(fits, (whole << by) + digits, simd::splat<V>(65535));
     }
 };
+
+// Rounded quotients, ties to even, straight from floats.
+//
+// One division serves two vectors: 1 / (b0 b1), times b1 and times b0. With the product that follows that
+// makes four roundings, so the quotient t is off by less than 2^-21 t. A quotient of 16-bit integers that is
+// no tie lies at least 2^-17 t from every tie, and a tie has few digits: rounding t to 19 bits restores ties
+// and takes nothing else across one.
+template <class V>
+ORV_INLINE V nearest_quotients(V divisor, V dividend)
+{
+    if constexpr (sizeof(typename V::lane) == 1) {
+        const auto a = simd::widen(divisor), b = simd::widen(dividend);
+        auto q = a;
+        q.lo = nearest_quotients(a.lo, b.lo);
+        q.hi = nearest_quotients(a.hi, b.hi);
+        return simd::narrow(q);
+    } else {
+        const auto a = simd::widen(divisor), b = simd::widen(dividend);
+        using Int = simd::vec<std::int32_t, typename V::reg>;
+        using F = simd::floats_of<Int>;
+        const F a0 = simd::to_float(simd::as<std::int32_t>(a.lo)), a1 = simd::to_float(simd::as<std::int32_t>(a.hi));
+        const F b0 = simd::to_float(simd::as<std::int32_t>(b.lo)), b1 = simd::to_float(simd::as<std::int32_t>(b.hi));
+        const F both = simd::splat<F>(1.f) / (a0 * a1);
+        const auto nearest = [](F t) {
+            const Int shortened = (simd::bits(t) + simd::splat<Int>(16)) & simd::splat<Int>(~31);
+            return simd::round_to_int(simd::from_bits(shortened));
+        };
+        auto q = a;
+        q.lo = simd::as<typename decltype(q.lo)::lane>(nearest(b0 * (both * a1)));
+        q.hi = simd::as<typename decltype(q.lo)::lane>(nearest(b1 * (both * a0)));
+        return simd::narrow(q);
+    }
+}
+
+// The same in fixed point with 16 fraction bits. The two agree unless a quotient lies within 2^-16 of a tie
+// without being one, which takes a divisor with its top bit set. There the result is 0, 1 or 2: it goes up to
+// 1 where 65536 b >= 32769 a, and to 2 where 65536 (b - a) >= 32767 a, solved for integers.
+template <class V>
+ORV_INLINE V fixed_point_quotients(V divisor, V dividend)
+{
+    const V q = nearest_quotients(divisor, dividend);
+    const V top = simd::as<std::uint16_t>(simd::as<std::int16_t>(divisor) >> simd::count(15));
+    if (!simd::any(top)) return q;
+    const V one = simd::splat<V>(1);
+    const V half = divisor >> simd::count(1);
+    const V first = simd::min(simd::sub_saturate(dividend, divisor - half), one);
+    const V second = simd::min(simd::sub_saturate(simd::sub_saturate(dividend, divisor), half - one), one);
+    return simd::select(top, first + second, q);
+}
 
 enum class Direction { none, up, down };
 
@@ -207,6 +257,16 @@ struct Quotient {
     {
         // Lanes without a divisor divide by 1: hosts may have the exception for zero unmasked.
         const V no_divisor = simd::equal(a, simd::zero<V>());
+        if constexpr (std::is_same<Steps, QuotientSteps<T, rounding, Direction::none>>::value) {
+            V q;
+            if constexpr (rounding == Rounding::half_even) q = nearest_quotients(a - no_divisor, b);
+            else q = fixed_point_quotients(a - no_divisor, b);
+            if (!simd::any(no_divisor)) return q;
+            zeros = true;
+            V by_zero = simd::splat<V>(std::numeric_limits<T>::max());
+            if constexpr (is_signed<T>) by_zero = by_zero ^ (b >> simd::count(15));
+            return simd::select(no_divisor, and_not(simd::equal(b, simd::zero<V>()), by_zero), q);
+        }
         zeros |= simd::any(no_divisor);
         const V by_zero = and_not(simd::equal(b, simd::zero<V>()), no_divisor);
         if constexpr (sizeof(T) == 1) {
@@ -248,7 +308,10 @@ ORV_INLINE Status with_quotient(int scaleFactor, Loop loop)
         return op.zeros ? StatusDivideByZero : StatusOk;
     };
 #if ORV_HAVE_VECTORS
-    if (scaleFactor == 0) return run(QuotientSteps<T, rounding, Direction::none>{0});
+    if (scaleFactor == 0) {
+        const FloatControl control;  // quotients are rounded by the conversion to integers
+        return run(QuotientSteps<T, rounding, Direction::none>{0});
+    }
     if (scaleFactor < 0) {
         return run(QuotientSteps<T, rounding, Direction::up>{scaleFactor < -32 ? 32 : -scaleFactor});
     }

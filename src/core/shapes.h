@@ -44,5 +44,21 @@ using VectorSrcDstDst = Status(const T* src, T* dst1, T* dst2, int len);
 
 template <class T>
 using VectorSrcSrcDst = Status(const T* src1, const T* src2, T* dst, int len);
+// What a region comes down to: results per channel, or one value with its position.
+template <class T, class R>
+using SrcResults = Status(const T* src, int srcStep, Size roi, R* results);
+
+template <class T, class R>
+using SrcResultsHint = Status(const T* src, int srcStep, Size roi, R* results, int hint);
+
+template <class T, class R>
+using SrcTwoResults = Status(const T* src, int srcStep, Size roi, R* first, R* second);
+
+template <class T>
+using SrcPosition = Status(const T* src, int srcStep, Size roi, T* value, int* column, int* row);
+
+template <class T>
+using SrcHistogram = Status(const T* src, int srcStep, Size roi, int* histogram, int* levels, int levelCount,
+                            int lower, int upper);
 
 }  // namespace orv

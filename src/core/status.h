@@ -40,6 +40,7 @@ enum Status : int {
     StatusSizesDiffer = -204,       // inner sizes of a matrix product that differ
     StatusBadBorder = -225,         // a border argument with unknown bits
     StatusUnsupportedBorder = -9999,  // a border (or anti-aliasing) that the resizer does not have
+    StatusBadLevelCount = -107,     // a histogram of fewer than two levels
 };
 
 }  // namespace orv
