@@ -1,6 +1,10 @@
 // The table of every operation: one kernel per level, in the order of the index.
+#include "image/bitwise.h"
+#include "image/border.h"
+#include "image/comparison.h"
 #include "image/data_movement.h"
 #include "image/integer_arithmetic.h"
+#include "image/threshold.h"
 
 namespace orv {
 
@@ -15,6 +19,22 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(bitwise, name, __VA_ARGS__)
+#include "image/bitwise.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(border, name, __VA_ARGS__)
+#include "image/border.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(comparison, name, __VA_ARGS__)
+#include "image/comparison.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(threshold, name, __VA_ARGS__)
+#include "image/threshold.inc"
 #undef KERNEL
 
 }  // namespace orv

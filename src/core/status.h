@@ -17,8 +17,10 @@ enum Status : int {
     StatusNoMemory = -9,            // a working buffer could not be allocated
     StatusDivideByZeroError = -10,  // division by a constant zero
     StatusBadStep = -14,            // a row step is below 1
+    StatusBadThreshold = -18,       // the lower of two thresholds is above the upper one
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
+    StatusNotSupportedMode = -9999,  // an operator that the operation does not take
 };
 
 }  // namespace orv
