@@ -87,10 +87,10 @@ ORV_INLINE __m128i across(__m128i a, __m128i next)
 }
 
 // Lanes hold 24 bits, so narrowing may saturate them but never to 0.
-ORV_INLINE Bytes128 fine_pixels3(const Bytes128 (&f)[3])
+ORV_INLINE Bytes128 fine_pixels3(Bytes128 f0, Bytes128 f1, Bytes128 f2)
 {
-    const __m128i a = spread3(f[0].v), b = spread3(across<12>(f[0].v, f[1].v));
-    const __m128i c = spread3(across<8>(f[1].v, f[2].v)), d = spread3(_mm_srli_si128(f[2].v, 4));
+    const __m128i a = spread3(f0.v), b = spread3(across<12>(f0.v, f1.v));
+    const __m128i c = spread3(across<8>(f1.v, f2.v)), d = spread3(_mm_srli_si128(f2.v, 4));
     const __m128i failures = _mm_packus_epi16(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d));
     return {_mm_cmpeq_epi8(failures, _mm_setzero_si128())};
 }
@@ -98,11 +98,11 @@ ORV_INLINE Bytes128 fine_pixels3(const Bytes128 (&f)[3])
 #if ORV_HAVE_INT256
 using Bytes256 = simd::vec<std::uint8_t, simd::int256>;
 
-ORV_INLINE Bytes256 fine_pixels3(const Bytes256 (&f)[3])
+ORV_INLINE Bytes256 fine_pixels3(Bytes256 f0, Bytes256 f1, Bytes256 f2)
 {
     // Sixteen pixels to each half.
-    const __m256i x = _mm256_blend_epi32(f[0].v, f[1].v, 0xF0), y = _mm256_permute2x128_si256(f[0].v, f[2].v, 0x21);
-    const __m256i z = _mm256_blend_epi32(f[1].v, f[2].v, 0xF0);
+    const __m256i x = _mm256_blend_epi32(f0.v, f1.v, 0xF0), y = _mm256_permute2x128_si256(f0.v, f2.v, 0x21);
+    const __m256i z = _mm256_blend_epi32(f1.v, f2.v, 0xF0);
     const __m256i spread = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1,
                                             0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
     const __m256i spread_upper = _mm256_add_epi8(spread, _mm256_set1_epi32(0x00040404));
@@ -114,12 +114,12 @@ ORV_INLINE Bytes256 fine_pixels3(const Bytes256 (&f)[3])
 #endif
 
 template <class V>
-ORV_INLINE V fine_pixels4(const V (&f)[4])
+ORV_INLINE V fine_pixels4(V f0, V f1, V f2, V f3)
 {
     using Pixels = simd::vec<std::int32_t, typename V::reg>;
     const Pixels none = simd::zero<Pixels>();
-    return pack_masks(equal(simd::as<std::int32_t>(f[0]), none), equal(simd::as<std::int32_t>(f[1]), none),
-                      equal(simd::as<std::int32_t>(f[2]), none), equal(simd::as<std::int32_t>(f[3]), none));
+    return pack_masks(equal(simd::as<std::int32_t>(f0), none), equal(simd::as<std::int32_t>(f1), none),
+                      equal(simd::as<std::int32_t>(f2), none), equal(simd::as<std::int32_t>(f3), none));
 }
 #endif
 
@@ -144,10 +144,10 @@ struct MaskOf {
         if constexpr (Channels == 1) {
             return holds<V>(pixel, 0);
         } else {
-            V f[Channels];
-            for (int i = 0; i < Channels; ++i) f[i] = fails<V>(pixel, i * V::N);
-            if constexpr (Channels == 3) return fine_pixels3(f);
-            if constexpr (Channels == 4) return fine_pixels4(f);
+            // Written out: an array that a loop fills would go through memory.
+            const V f0 = fails<V>(pixel, 0), f1 = fails<V>(pixel, V::N), f2 = fails<V>(pixel, 2 * V::N);
+            if constexpr (Channels == 3) return fine_pixels3(f0, f1, f2);
+            if constexpr (Channels == 4) return fine_pixels4(f0, f1, f2, fails<V>(pixel, 3 * V::N));
         }
     }
     template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const

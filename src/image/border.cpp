@@ -121,7 +121,7 @@ struct Constant {
     ORV_INLINE void row(const Frame& f, const uint8_t* src, uint8_t* dst) const
     {
         run.fill(dst, f.left);
-        copy_row(src, dst + f.left, f.middle);
+        copy_row_anywhere(src, dst + f.left, f.middle);
         run.fill(dst + f.left + f.middle, f.right);
     }
     void outside(const Frame& f) const
@@ -138,7 +138,7 @@ struct Nearest {
     {
         const Run<Bytes> first(src), last(src + f.middle - Bytes);
         first.fill(dst, f.left);
-        copy_row(src, dst + f.left, f.middle);
+        copy_row_anywhere(src, dst + f.left, f.middle);
         last.fill(dst + f.left + f.middle, f.right);
     }
     void outside(const Frame& f) const
