@@ -491,18 +491,748 @@ public:
     // --------------------------------------------------------------------------------------------
     // Bitwise operations and shifts
     //
+    // Bits of each channel, without scaling or saturation. Constants and shift counts of three and four
+    // channels are arrays, one for each channel in order.
+    //
+    // Shifts: bits that leave the pixel type are lost. To the right, zeros come in for unsigned types and
+    // copies of the sign bit for 16s and 32s. Any count is legal: from the width of the type on, everything is
+    // shifted out, which leaves 0, or -1 of a negative pixel shifted to the right.
+    //
+    // The one-channel in-place forms of AndC, OrC and XorC take the value after the step, the others before the
+    // image.
+    //
+    // Checks: null pointer (an array of constants or counts included), a step below 1, width or height below 1.
+
+    /// dst = src1 & src2
+    static bool And_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & src
+    static bool And_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 & src2
+    static bool And_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & src
+    static bool And_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 & src2
+    static bool And_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & src
+    static bool And_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 & src2
+    static bool And_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                           int src2Step, unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & src
+    static bool And_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                            int width, int height);
+    /// dst = src1 & src2
+    static bool And_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst & src
+    static bool And_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src1 | src2
+    static bool Or_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                         unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | src
+    static bool Or_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                          int width, int height);
+    /// dst = src1 | src2
+    static bool Or_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                         unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | src
+    static bool Or_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                          int width, int height);
+    /// dst = src1 | src2
+    static bool Or_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                         unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | src
+    static bool Or_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                          int width, int height);
+    /// dst = src1 | src2
+    static bool Or_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                          int src2Step, unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | src
+    static bool Or_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 | src2
+    static bool Or_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
+                          int dstStep, int width, int height);
+    /// srcDst = srcDst | src
+    static bool Or_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
+                           int height);
+    /// dst = src1 ^ src2
+    static bool Xor_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ src
+    static bool Xor_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 ^ src2
+    static bool Xor_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ src
+    static bool Xor_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 ^ src2
+    static bool Xor_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ src
+    static bool Xor_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                           int width, int height);
+    /// dst = src1 ^ src2
+    static bool Xor_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                           int src2Step, unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ src
+    static bool Xor_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                            int width, int height);
+    /// dst = src1 ^ src2
+    static bool Xor_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst ^ src
+    static bool Xor_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src & value
+    static bool AndC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst & value (the value follows the step)
+    static bool AndC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
+                            int height);
+    /// dst = src & values
+    static bool AndC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                           unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & values
+    static bool AndC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src & values
+    static bool AndC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                           unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & values
+    static bool AndC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src & value
+    static bool AndC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                            unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst & value (the value follows the step)
+    static bool AndC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
+                             int height);
+    /// dst = src & value
+    static bool AndC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
+                            int height);
+    /// srcDst = srcDst & value (the value follows the step)
+    static bool AndC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
+    /// dst = src | value
+    static bool OrC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                          int dstStep, int width, int height);
+    /// srcDst = srcDst | value (the value follows the step)
+    static bool OrC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
+                           int height);
+    /// dst = src | values
+    static bool OrC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | values
+    static bool OrC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                           int height);
+    /// dst = src | values
+    static bool OrC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | values
+    static bool OrC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                           int height);
+    /// dst = src | value
+    static bool OrC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                           unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst | value (the value follows the step)
+    static bool OrC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
+                            int height);
+    /// dst = src | value
+    static bool OrC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
+                           int height);
+    /// srcDst = srcDst | value (the value follows the step)
+    static bool OrC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
+    /// dst = src ^ value
+    static bool XorC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst ^ value (the value follows the step)
+    static bool XorC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
+                            int height);
+    /// dst = src ^ values
+    static bool XorC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                           unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ values
+    static bool XorC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src ^ values
+    static bool XorC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                           unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ values
+    static bool XorC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src ^ value
+    static bool XorC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                            unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst ^ value (the value follows the step)
+    static bool XorC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
+                             int height);
+    /// dst = src ^ value
+    static bool XorC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
+                            int height);
+    /// srcDst = srcDst ^ value (the value follows the step)
+    static bool XorC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
+    /// dst = ~src
+    static bool Not_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                          int width, int height);
+    /// srcDst = ~srcDst
+    static bool Not_8u_C1I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = ~src
+    static bool Not_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                          int width, int height);
+    /// srcDst = ~srcDst
+    static bool Not_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = ~src
+    static bool Not_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                          int width, int height);
+    /// srcDst = ~srcDst
+    static bool Not_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = src << count
+    static bool LShiftC_8u_C1R(const unsigned char* src, int srcStep, unsigned int count,
+                               unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst << count
+    static bool LShiftC_8u_C1IR(unsigned int count, unsigned char* srcDst, int srcDstStep, int width,
+                                int height);
+    /// dst = src << counts
+    static bool LShiftC_8u_C3R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                               unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst << counts
+    static bool LShiftC_8u_C3IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                int width, int height);
+    /// dst = src << counts
+    static bool LShiftC_8u_C4R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                               unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst << counts
+    static bool LShiftC_8u_C4IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                int width, int height);
+    /// dst = src << count
+    static bool LShiftC_16u_C1R(const unsigned short* src, int srcStep, unsigned int count,
+                                unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst << count
+    static bool LShiftC_16u_C1IR(unsigned int count, unsigned short* srcDst, int srcDstStep, int width,
+                                 int height);
+    /// dst = src << count
+    static bool LShiftC_32s_C1R(const int* src, int srcStep, unsigned int count, int* dst, int dstStep,
+                                int width, int height);
+    /// srcDst = srcDst << count
+    static bool LShiftC_32s_C1IR(unsigned int count, int* srcDst, int srcDstStep, int width, int height);
+    /// dst = src >> count
+    static bool RShiftC_8u_C1R(const unsigned char* src, int srcStep, unsigned int count,
+                               unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst >> count
+    static bool RShiftC_8u_C1IR(unsigned int count, unsigned char* srcDst, int srcDstStep, int width,
+                                int height);
+    /// dst = src >> counts
+    static bool RShiftC_8u_C3R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                               unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst >> counts
+    static bool RShiftC_8u_C3IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                int width, int height);
+    /// dst = src >> counts
+    static bool RShiftC_8u_C4R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                               unsigned char* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst >> counts
+    static bool RShiftC_8u_C4IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                int width, int height);
+    /// dst = src >> count
+    static bool RShiftC_16u_C1R(const unsigned short* src, int srcStep, unsigned int count,
+                                unsigned short* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst >> count
+    static bool RShiftC_16u_C1IR(unsigned int count, unsigned short* srcDst, int srcDstStep, int width,
+                                 int height);
+    /// dst = src >> count
+    static bool RShiftC_16s_C1R(const short* src, int srcStep, unsigned int count, short* dst, int dstStep,
+                                int width, int height);
+    /// srcDst = srcDst >> count
+    static bool RShiftC_16s_C1IR(unsigned int count, short* srcDst, int srcDstStep, int width, int height);
+    /// dst = src >> count
+    static bool RShiftC_32s_C1R(const int* src, int srcStep, unsigned int count, int* dst, int dstStep,
+                                int width, int height);
+    /// srcDst = srcDst >> count
+    static bool RShiftC_32s_C1IR(unsigned int count, int* srcDst, int srcDstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Comparison
     //
+    // Masks of one byte per pixel: 255 where the relation holds, in every channel where there are several, and 0
+    // elsewhere. The first source is the left operand. With constants the image is the left operand; those of
+    // three and four channels are arrays, one value for each channel in order.
+    //
+    // Floats compare exactly and by IEEE 754: -0 equals +0, and a NaN gives 0 in every relation.
+    //
+    // Checks: null pointer (an array of constants included), a step below 1, width or height below 1.
+
+    /// dst = 255 where src1 < src2, else 0
+    static bool CompareLess_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2, else 0
+    static bool CompareLessEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                    int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2, else 0
+    static bool CompareEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2, else 0
+    static bool CompareGreaterEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                       int src2Step, unsigned char* dst, int dstStep, int width,
+                                       int height);
+    /// dst = 255 where src1 > src2, else 0
+    static bool CompareGreater_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 < src2 in every channel, else 0
+    static bool CompareLess_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2 in every channel, else 0
+    static bool CompareLessEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                    int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2 in every channel, else 0
+    static bool CompareEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2 in every channel, else 0
+    static bool CompareGreaterEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                       int src2Step, unsigned char* dst, int dstStep, int width,
+                                       int height);
+    /// dst = 255 where src1 > src2 in every channel, else 0
+    static bool CompareGreater_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 < src2 in every channel, else 0
+    static bool CompareLess_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2 in every channel, else 0
+    static bool CompareLessEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                    int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2 in every channel, else 0
+    static bool CompareEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2 in every channel, else 0
+    static bool CompareGreaterEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                       int src2Step, unsigned char* dst, int dstStep, int width,
+                                       int height);
+    /// dst = 255 where src1 > src2 in every channel, else 0
+    static bool CompareGreater_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 < src2, else 0
+    static bool CompareLess_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                   int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2, else 0
+    static bool CompareLessEq_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2, else 0
+    static bool CompareEq_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                 int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2, else 0
+    static bool CompareGreaterEq_16u_C1(const unsigned short* src1, int src1Step,
+                                        const unsigned short* src2, int src2Step, unsigned char* dst,
+                                        int dstStep, int width, int height);
+    /// dst = 255 where src1 > src2, else 0
+    static bool CompareGreater_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                      int src2Step, unsigned char* dst, int dstStep, int width,
+                                      int height);
+    /// dst = 255 where src1 < src2, else 0
+    static bool CompareLess_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                   unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2, else 0
+    static bool CompareLessEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                     unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2, else 0
+    static bool CompareEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                 unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2, else 0
+    static bool CompareGreaterEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                        unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 > src2, else 0
+    static bool CompareGreater_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 < src2, else 0
+    static bool CompareLess_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                   unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2, else 0
+    static bool CompareLessEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                     unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2, else 0
+    static bool CompareEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                 unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2, else 0
+    static bool CompareGreaterEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                        unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 > src2, else 0
+    static bool CompareGreater_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 < src2 in every channel, else 0
+    static bool CompareLess_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                   unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 <= src2 in every channel, else 0
+    static bool CompareLessEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                     unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 == src2 in every channel, else 0
+    static bool CompareEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                 unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 >= src2 in every channel, else 0
+    static bool CompareGreaterEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                        unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src1 > src2 in every channel, else 0
+    static bool CompareGreater_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src < value, else 0
+    static bool CompareCLess_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                    unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src <= value, else 0
+    static bool CompareCLessEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                      unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src == value, else 0
+    static bool CompareCEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                  unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src >= value, else 0
+    static bool CompareCGreaterEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                         unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src > value, else 0
+    static bool CompareCGreater_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                       unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src < values in every channel, else 0
+    static bool CompareCLess_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                    unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src <= values in every channel, else 0
+    static bool CompareCLessEq_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                      unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src == values in every channel, else 0
+    static bool CompareCEq_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                  unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src >= values in every channel, else 0
+    static bool CompareCGreaterEq_8u_C3R(const unsigned char* src, int srcStep,
+                                         const unsigned char* values, unsigned char* dst, int dstStep,
+                                         int width, int height);
+    /// dst = 255 where src > values in every channel, else 0
+    static bool CompareCGreater_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src < values in every channel, else 0
+    static bool CompareCLess_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                    unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src <= values in every channel, else 0
+    static bool CompareCLessEq_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                      unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src == values in every channel, else 0
+    static bool CompareCEq_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                  unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src >= values in every channel, else 0
+    static bool CompareCGreaterEq_8u_C4R(const unsigned char* src, int srcStep,
+                                         const unsigned char* values, unsigned char* dst, int dstStep,
+                                         int width, int height);
+    /// dst = 255 where src > values in every channel, else 0
+    static bool CompareCGreater_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src < value, else 0
+    static bool CompareCLess_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                     unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src <= value, else 0
+    static bool CompareCLessEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                       unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src == value, else 0
+    static bool CompareCEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                   unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src >= value, else 0
+    static bool CompareCGreaterEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                          unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src > value, else 0
+    static bool CompareCGreater_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src < value, else 0
+    static bool CompareCLess_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                     int dstStep, int width, int height);
+    /// dst = 255 where src <= value, else 0
+    static bool CompareCLessEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                       int dstStep, int width, int height);
+    /// dst = 255 where src == value, else 0
+    static bool CompareCEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                   int dstStep, int width, int height);
+    /// dst = 255 where src >= value, else 0
+    static bool CompareCGreaterEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                          int dstStep, int width, int height);
+    /// dst = 255 where src > value, else 0
+    static bool CompareCGreater_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                        int dstStep, int width, int height);
+    /// dst = 255 where src < value, else 0
+    static bool CompareCLess_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                     int dstStep, int width, int height);
+    /// dst = 255 where src <= value, else 0
+    static bool CompareCLessEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                       int dstStep, int width, int height);
+    /// dst = 255 where src == value, else 0
+    static bool CompareCEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                   int dstStep, int width, int height);
+    /// dst = 255 where src >= value, else 0
+    static bool CompareCGreaterEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                          int dstStep, int width, int height);
+    /// dst = 255 where src > value, else 0
+    static bool CompareCGreater_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                        int dstStep, int width, int height);
+    /// dst = 255 where src < values in every channel, else 0
+    static bool CompareCLess_32f_C3R(const float* src, int srcStep, const float* values,
+                                     unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src <= values in every channel, else 0
+    static bool CompareCLessEq_32f_C3R(const float* src, int srcStep, const float* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src == values in every channel, else 0
+    static bool CompareCEq_32f_C3R(const float* src, int srcStep, const float* values, unsigned char* dst,
+                                   int dstStep, int width, int height);
+    /// dst = 255 where src >= values in every channel, else 0
+    static bool CompareCGreaterEq_32f_C3R(const float* src, int srcStep, const float* values,
+                                          unsigned char* dst, int dstStep, int width, int height);
+    /// dst = 255 where src > values in every channel, else 0
+    static bool CompareCGreater_32f_C3R(const float* src, int srcStep, const float* values,
+                                        unsigned char* dst, int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Thresholding
     //
+    // Pixels on one side of a threshold are replaced by it, or by a value; those equal to it never are.
+    // Thresholds and values follow width and height; those of three channels are arrays, one for each channel
+    // in order.
+    //
+    // Floats are compared by their bits. For numbers this is the usual order, except that -0 is less than +0.
+    // A NaN counts by its sign bit: above every threshold where it is clear, below every one where it is set.
+    // Pixels that are kept, and values that replace them, are moved bit by bit.
+    //
+    // Only less and greater are supported. The methods for less or equal, equal, and greater or equal exist, but
+    // return false for any arguments and write nothing.
+    //
+    // Checks: the operator, null pointer (an array of thresholds or values included), width or height below 1,
+    // a step below 1; with two thresholds also a lower one above the upper one in any channel (as numbers).
+
+    /// dst = src < threshold ? threshold : src
+    static bool ThresholdLess_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                      int height, float threshold);
+    /// srcDst = srcDst < threshold ? threshold : srcDst
+    static bool ThresholdLess_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                       float threshold);
+    /// dst = src < thresholds ? thresholds : src, channel by channel
+    static bool ThresholdLess_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                      int height, const float* thresholds);
+    /// srcDst = srcDst < thresholds ? thresholds : srcDst, channel by channel
+    static bool ThresholdLess_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                       const float* thresholds);
+    /// dst = src < threshold ? value : src
+    static bool ThresholdLess_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                          int width, int height, float threshold, float value);
+    /// dst = src < threshold ? value : src
+    static bool ThresholdLess_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                         int dstStep, int width, int height, unsigned char threshold,
+                                         unsigned char value);
+    /// srcDst = srcDst < threshold ? value : srcDst
+    static bool ThresholdLess_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                          unsigned char threshold, unsigned char value);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                        int height, float threshold);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                         float threshold);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                        int height, const float* thresholds);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                         const float* thresholds);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                            int width, int height, float threshold, float value);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                           int dstStep, int width, int height, unsigned char threshold,
+                                           unsigned char value);
+    /// Refused: false, nothing written
+    static bool ThresholdLessEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                            unsigned char threshold, unsigned char value);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                    int height, float threshold);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                     float threshold);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                    int height, const float* thresholds);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                     const float* thresholds);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                        int height, float threshold, float value);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                       int dstStep, int width, int height, unsigned char threshold,
+                                       unsigned char value);
+    /// Refused: false, nothing written
+    static bool ThresholdEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                        unsigned char threshold, unsigned char value);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                           int width, int height, float threshold);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                            float threshold);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep,
+                                           int width, int height, const float* thresholds);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                            const float* thresholds);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                               int width, int height, float threshold, float value);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                              int dstStep, int width, int height, unsigned char threshold,
+                                              unsigned char value);
+    /// Refused: false, nothing written
+    static bool ThresholdGreaterEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width,
+                                               int height, unsigned char threshold, unsigned char value);
+    /// dst = src > threshold ? threshold : src
+    static bool ThresholdGreater_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height, float threshold);
+    /// srcDst = srcDst > threshold ? threshold : srcDst
+    static bool ThresholdGreater_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                          float threshold);
+    /// dst = src > thresholds ? thresholds : src, channel by channel
+    static bool ThresholdGreater_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                         int height, const float* thresholds);
+    /// srcDst = srcDst > thresholds ? thresholds : srcDst, channel by channel
+    static bool ThresholdGreater_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                          const float* thresholds);
+    /// dst = src > threshold ? value : src
+    static bool ThresholdGreater_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                             int width, int height, float threshold, float value);
+    /// dst = src > threshold ? value : src
+    static bool ThresholdGreater_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                            int dstStep, int width, int height, unsigned char threshold,
+                                            unsigned char value);
+    /// srcDst = srcDst > threshold ? value : srcDst
+    static bool ThresholdGreater_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                             unsigned char threshold, unsigned char value);
+    /// dst = src > threshold ? threshold : src
+    static bool Threshold_GT_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                    int height, float threshold);
+    /// srcDst = srcDst > threshold ? threshold : srcDst
+    static bool Threshold_GT_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
+                                     float threshold);
+    /// dst = src < threshold ? threshold : src
+    static bool Threshold_LT_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                    int height, float threshold);
+    /// srcDst = srcDst < threshold ? threshold : srcDst
+    static bool Threshold_LT_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
+                                     float threshold);
+    /// dst = src > threshold ? value : src
+    static bool Threshold_GTVal_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                       int height, float threshold, float value);
+    /// srcDst = srcDst > threshold ? value : srcDst
+    static bool Threshold_GTVal_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
+                                        float threshold, float value);
+    /// dst = src > threshold ? value : src
+    static bool Threshold_GTVal_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst,
+                                       int dstStep, int width, int height, unsigned short threshold,
+                                       unsigned short value);
+    /// dst = src < threshold ? value : src
+    static bool Threshold_LTVal_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                       int height, float threshold, float value);
+    /// srcDst = srcDst < threshold ? value : srcDst
+    static bool Threshold_LTVal_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
+                                        float threshold, float value);
+    /// dst = src > thresholdGT ? valueGT : src < thresholdLT ? valueLT : src
+    static bool Threshold_LTValGTVal_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                             int width, int height, float thresholdLT, float valueLT,
+                                             float thresholdGT, float valueGT);
+    /// srcDst = srcDst > thresholdGT ? valueGT : srcDst < thresholdLT ? valueLT : srcDst
+    static bool Threshold_LTValGTVal_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                              float thresholdLT, float valueLT, float thresholdGT,
+                                              float valueGT);
+    /// dst = src > thresholdGT ? valueGT : src < thresholdLT ? valueLT : src, channel by channel
+    static bool Threshold_LTValGTVal_32f_C3R(const float* src, int srcStep, float* dst, int dstStep,
+                                             int width, int height, const float* thresholdLT,
+                                             const float* valueLT, const float* thresholdGT,
+                                             const float* valueGT);
+    /// srcDst = srcDst > thresholdGT ? valueGT : srcDst < thresholdLT ? valueLT : srcDst, channel by channel
+    static bool Threshold_LTValGTVal_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                              const float* thresholdLT, const float* valueLT,
+                                              const float* thresholdGT, const float* valueGT);
 
     // --------------------------------------------------------------------------------------------
     // Border extension
     //
+    // Copies src into the larger dst, `top` rows down and `left` columns to the right, and fills what remains
+    // around it: with a constant, or with the nearest pixel of the edge. The borders on the right and at the
+    // bottom are what the sizes leave. Pixels move as a whole, and bit by bit. Constants of three and four
+    // channels are arrays, one value for each channel in order.
+    //
+    // In place, the source is the top left part of the buffer, and the result begins at the same first pixel.
+    // The other forms take src == dst as well, with the same result as from a copy of src; no other overlap is
+    // supported. Both need a temporary, and return false and write nothing when there is no memory for it.
+    //
+    // Checks: null pointer (an array of constants included), a step below 1, then false for: a size below 1, top
+    // or left below 0, and dst narrower than left + srcWidth or lower than top + srcHeight.
+
+    /// dst(x, y) = src(x - left, y - top), or value outside src
+    static bool CopyConstBorder_8u_C1(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                      unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                      int top, int left, unsigned char value);
+    /// dst(x, y) = src(x - left, y - top), or values outside src
+    static bool CopyConstBorder_8u_C3(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                      unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                      int top, int left, const unsigned char* values);
+    /// dst(x, y) = src(x - left, y - top), or values outside src
+    static bool CopyConstBorder_8u_C4(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                      unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                      int top, int left, const unsigned char* values);
+    /// dst(x, y) = src(x - left, y - top), or value outside src
+    static bool CopyConstBorder_16u_C1(const unsigned short* src, int srcStep, int srcWidth, int srcHeight,
+                                       unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                       int top, int left, unsigned short value);
+    /// dst(x, y) = src(x - left, y - top), or value outside src
+    static bool CopyConstBorder_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                       float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                       int left, float value);
+    /// dst(x, y) = src(x - left, y - top), or values outside src
+    static bool CopyConstBorder_32f_C3(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                       float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                       int left, const float* values);
+    /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
+    static bool CopyReplicateBorder_8u_C1(const unsigned char* src, int srcStep, int srcWidth,
+                                          int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
+                                          int dstHeight, int top, int left);
+    /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
+    static bool CopyReplicateBorder_8u_C3(const unsigned char* src, int srcStep, int srcWidth,
+                                          int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
+                                          int dstHeight, int top, int left);
+    /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
+    static bool CopyReplicateBorder_8u_C4(const unsigned char* src, int srcStep, int srcWidth,
+                                          int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
+                                          int dstHeight, int top, int left);
+    /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
+    static bool CopyReplicateBorder_16u_C1(const unsigned short* src, int srcStep, int srcWidth,
+                                           int srcHeight, unsigned short* dst, int dstStep, int dstWidth,
+                                           int dstHeight, int top, int left);
+    /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
+    static bool CopyReplicateBorder_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                           float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                           int left);
+    /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
+    static bool CopyReplicateBorder_32f_C3(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                           float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                           int left);
+    /// srcDst(x, y) = the pixel nearest to (x - left, y - top) of what srcDst held
+    static bool CopyReplicateBorder_8u_C1I(unsigned char* srcDst, int srcDstStep, int srcWidth,
+                                           int srcHeight, int dstWidth, int dstHeight, int top, int left);
+    /// srcDst(x, y) = the pixel nearest to (x - left, y - top) of what srcDst held
+    static bool CopyReplicateBorder_16u_C1I(unsigned short* srcDst, int srcDstStep, int srcWidth,
+                                            int srcHeight, int dstWidth, int dstHeight, int top, int left);
+    /// srcDst(x, y) = the pixel nearest to (x - left, y - top) of what srcDst held
+    static bool CopyReplicateBorder_32f_C1I(float* srcDst, int srcDstStep, int srcWidth, int srcHeight,
+                                            int dstWidth, int dstHeight, int top, int left);
 
     // --------------------------------------------------------------------------------------------
     // Resize

@@ -16,6 +16,8 @@
 #include "core/features.h"
 #include "core/start_up.h"
 #include "gmock/gmock.h"
+#include "image/bitwise.h"
+#include "image/comparison.h"
 #include "image/data_movement.h"
 #include "image/float_elementary.h"
 #include "image/extremes.h"
@@ -23,6 +25,7 @@
 #include "image/histogram.h"
 #include "image/integer_arithmetic.h"
 #include "image/sums.h"
+#include "image/threshold.h"
 #include "support/image.h"
 
 namespace test {
@@ -68,6 +71,9 @@ int random_parameter(const std::string& name, std::mt19937& g)
     if (begins_with(name, "Mirror")) return uniform(g, -1, 3);
     // The level count and either level: results hold that many.
     if (begins_with(name, "Histogram")) return uniform(g, 0, 9) == 0 ? -1 : uniform(g, 0, kMostResults);
+    if (begins_with(name, "Compare")) return uniform(g, 0, 5);
+    if (begins_with(name, "Threshold")) return uniform(g, 0, 9) == 0 ? uniform(g, -1, 5) : 4 * uniform(g, 0, 1);
+    if (contains(name, "C_32s")) return random_value<int>(g, static_cast<Fill>(uniform(g, 0, 3)));
     // Scale factors: mostly those that matter, now and then anything.
     static const int far[] = {INT_MIN, INT_MIN + 1, -100, -64, -33, 33, 63, 64, 100, INT_MAX};
     if (uniform(g, 0, 9) == 0) return far[uniform(g, 0, 9)];
@@ -79,6 +85,9 @@ T random_constant(const std::string& name, std::mt19937& g)
 {
     if constexpr (std::is_same<T, int>::value) {
         if (begins_with(name, "SwapChannels")) return uniform(g, 0, uniform(g, 0, 9) == 0 ? 4 : channels_of(name) - 1);
+    }
+    if constexpr (std::is_same<T, unsigned>::value) {
+        if (contains(name, "ShiftC") && uniform(g, 0, 3) != 0) return static_cast<unsigned>(uniform(g, 0, 33));
     }
     return random_value<T>(g, static_cast<Fill>(uniform(g, 0, static_cast<int>(Fill::kinds) - 1)));
 }
@@ -201,7 +210,8 @@ private:
     {
         const bool transposed = !source && begins_with(name_, "Transpose");
         const int width = transposed ? roi_.height : roi_.width, height = transposed ? roi_.width : roi_.height;
-        const int row_bytes = width * channels_of(name_) * static_cast<int>(sizeof(T));
+        const bool mask = !source && begins_with(name_, "Compare");
+        const int row_bytes = width * (mask ? 1 : channels_of(name_)) * static_cast<int>(sizeof(T));
         if (!source && alias_ && !operands_.empty()) {
             const Operand twin = operands_[static_cast<std::size_t>(uniform(g_, 0, static_cast<int>(operands_.size()) - 1))];
             if (twin.element_bytes == sizeof(T) && twin.image->row_bytes() == row_bytes) {
@@ -313,6 +323,24 @@ TEST(Variants, Statistics)
 #include "image/float_sums.inc"
 #include "image/histogram.inc"
 #include "image/sums.inc"
+TEST(Variants, Bitwise)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "image/bitwise.inc"
+#undef KERNEL
+}
+
+TEST(Variants, Comparison)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "image/comparison.inc"
+#undef KERNEL
+}
+
+TEST(Variants, Threshold)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "image/threshold.inc"
 #undef KERNEL
 }
 

@@ -32,6 +32,15 @@ ORV_INLINE Status check_image(Size roi, const Pointers*... pointers)
     return StatusOk;
 }
 
+// The order of the operations that check steps before sizes: pointers, steps, sizes.
+ORV_INLINE Status check_steps_before_size(bool null, bool step_below_one, Size roi)
+{
+    if (null) return StatusNullPointer;
+    if (step_below_one) return StatusBadStep;
+    if (is_empty(roi)) return StatusBadSize;
+    return StatusOk;
+}
+
 // The row that lies `rows` steps below p. Steps may be zero or negative, so this is signed and as
 // wide as a pointer.
 template <class T>

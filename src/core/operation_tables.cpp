@@ -1,4 +1,7 @@
 // The table of every operation: one kernel per level, in the order of the index.
+#include "image/bitwise.h"
+#include "image/border.h"
+#include "image/comparison.h"
 #include "image/data_movement.h"
 #include "image/float_elementary.h"
 #include "image/filters.h"
@@ -19,6 +22,7 @@
 #include "image/histogram.h"
 #include "image/integer_arithmetic.h"
 #include "image/sums.h"
+#include "image/threshold.h"
 
 namespace orv {
 
@@ -95,6 +99,20 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(histogram, name, __VA_ARGS__)
 #include "image/histogram.inc"
+#define KERNEL(name, ...) TABLE(bitwise, name, __VA_ARGS__)
+#include "image/bitwise.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(border, name, __VA_ARGS__)
+#include "image/border.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(comparison, name, __VA_ARGS__)
+#include "image/comparison.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(threshold, name, __VA_ARGS__)
+#include "image/threshold.inc"
 #undef KERNEL
 
 }  // namespace orv

@@ -32,6 +32,15 @@ using SrcValueDstScaled = Status(const T* src, int srcStep, T value, T* dst, int
                                  int scaleFactor);
 
 template <class T>
+using SrcSrcDst = Status(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi);
+
+template <class T>
+using SrcValueDst = Status(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi);
+
+template <class T>
+using SrcValuesDst = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi);
+
+template <class T>
 using SrcValuesDstScaled = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep,
                                   Size roi, int scaleFactor);
 

@@ -28,6 +28,7 @@ enum Status : int {
     StatusBadFftRecord = -17,       // memory that holds no specification record of this kind
     StatusBadOffset = -11,          // a destination offset outside the destination
     StatusBadPlan = -17,            // a block that holds no initialised plan
+    StatusBadThreshold = -18,       // the lower of two thresholds is above the upper one
     StatusBadMirrorAxis = -21,      // a mirror axis other than 0, 1 and 2
     StatusBadInterpolation = -22,   // an unknown interpolation, or flags that exclude each other
     StatusBadFactor = -23,          // a resize factor that is not above 0
@@ -41,6 +42,7 @@ enum Status : int {
     StatusBadBorder = -225,         // a border argument with unknown bits
     StatusUnsupportedBorder = -9999,  // a border (or anti-aliasing) that the resizer does not have
     StatusBadLevelCount = -107,     // a histogram of fewer than two levels
+    StatusNotSupportedMode = -9999,  // an operator that the operation does not take
 };
 
 }  // namespace orv

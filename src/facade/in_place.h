@@ -65,4 +65,11 @@ Status in_place(T* srcDst, int step, int width, int height, int lanes, Operation
     return status;
 }
 
+// For operations that refuse steps below 1: the copy would follow such a step to rows that nobody meant.
+template <class T, class Operation>
+Status in_place_checked(T* srcDst, int step, int width, int height, int lanes, Operation operation)
+{
+    return step < 1 ? StatusBadStep : in_place(srcDst, step, width, height, lanes, operation);
+}
+
 }  // namespace orv

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "core/checks.h"
+#include "core/copy_rows.h"
 #include "core/float_control.h"
 #include "core/rows.h"
 #include "core/simd/conversion.h"
@@ -29,23 +30,6 @@ struct Pixel {
 // --- Copy and set ---------------------------------------------------------------------------------
 //
 // Bytes and bit patterns only: a float that passed through the x87 would lose its signalling NaNs.
-
-struct Same {
-    uint8_t one(uint8_t a) const { return a; }
-#if ORV_HAVE_VECTORS
-    template <class V> ORV_INLINE V many(V a) const { return a; }
-#endif
-};
-
-ORV_INLINE void copy_row(const uint8_t* src, uint8_t* dst, std::ptrdiff_t bytes)
-{
-#if ORV_HAVE_VECTORS
-    Same same;
-    run_row(dst, bytes, FromOne<uint8_t, Same>{src, &same});
-#else
-    std::memmove(dst, src, static_cast<std::size_t>(bytes));
-#endif
-}
 
 template <class T>
 Status copy(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels)

@@ -81,6 +81,31 @@ ORV_INLINE vec<u8, int256> pack(vec<s32, int256> a, vec<s32, int256> b, vec<s32,
 }
 #endif
 
+// Lanes of all ones and all zeros as bytes, in memory order.
+template <class T>
+ORV_INLINE vec<u8, int128> pack_masks(vec<T, int128> a, vec<T, int128> b)
+{
+    static_assert(sizeof(T) == 2, "words");
+    return {_mm_packs_epi16(a.v, b.v)};
+}
+ORV_INLINE vec<u8, int128> pack_masks(vec<s32, int128> a, vec<s32, int128> b, vec<s32, int128> c, vec<s32, int128> d)
+{
+    return {_mm_packs_epi16(_mm_packs_epi32(a.v, b.v), _mm_packs_epi32(c.v, d.v))};
+}
+#if ORV_HAVE_INT256
+template <class T>
+ORV_INLINE vec<u8, int256> pack_masks(vec<T, int256> a, vec<T, int256> b)
+{
+    static_assert(sizeof(T) == 2, "words");
+    return {_mm256_permute4x64_epi64(_mm256_packs_epi16(a.v, b.v), 0xD8)};
+}
+ORV_INLINE vec<u8, int256> pack_masks(vec<s32, int256> a, vec<s32, int256> b, vec<s32, int256> c, vec<s32, int256> d)
+{
+    const __m256i packed = _mm256_packs_epi16(_mm256_packs_epi32(a.v, b.v), _mm256_packs_epi32(c.v, d.v));
+    return {_mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
+}
+#endif
+
 }  // namespace ORV_LEVEL
 }  // namespace simd
 }  // namespace orv

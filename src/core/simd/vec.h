@@ -141,6 +141,11 @@ template <> struct registers<float> { using wide = float_widest; using narrow = 
 template <class T> using widest = vec<T, typename registers<T>::wide>;
 template <class T> using half = vec<T, typename registers<T>::narrow>;
 
+// The vector of T that is as wide as the integer register R.
+template <class T, class R> struct as_wide_as { using type = vec<T, R>; };
+template <class R> struct as_wide_as<float, R> { using type = vec<float, typename companion<R>::type>; };
+template <class T, class R> using vec_of = typename as_wide_as<T, R>::type;
+
 template <class V>
 ORV_INLINE V load(const typename V::lane* p)
 {

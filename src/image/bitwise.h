@@ -1,0 +1,35 @@
+// Bitwise operations of two images, and of an image with constants; shifts by constant counts.
+#pragma once
+
+#include "core/shapes.h"
+
+namespace orv {
+
+template <class T>
+using SrcCountDst = Status(const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi);
+template <class T>
+using SrcCountsDst = Status(const T* src, int srcStep, const unsigned* counts, T* dst, int dstStep, Size roi);
+
+#define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
+#include "image/bitwise.inc"
+#undef KERNEL
+
+namespace bitwise {
+#define KERNEL(name, ...) __VA_ARGS__ name;
+namespace px {
+#include "image/bitwise.inc"
+}
+namespace w7 {
+#include "image/bitwise.inc"
+}
+namespace h9 {
+#include "image/bitwise.inc"
+}
+#undef KERNEL
+namespace v8 = w7;
+namespace s8 = w7;
+namespace p8 = w7;
+namespace g9 = w7;
+}  // namespace bitwise
+
+}  // namespace orv

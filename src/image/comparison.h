@@ -1,0 +1,44 @@
+// Comparison of two images, and of an image with constants, to masks of 0 and 255.
+#pragma once
+
+#include "core/relations.h"
+#include "core/shapes.h"
+
+namespace orv {
+
+// `relation` is a Relation. Codes beyond the last one write nothing and are no error.
+template <class T>
+using Comparison = Status(const T* src1, int src1Step, const T* src2, int src2Step, std::uint8_t* dst, int dstStep,
+                          Size roi, int relation);
+template <class T>
+using ComparisonWithValue = Status(const T* src, int srcStep, T value, std::uint8_t* dst, int dstStep, Size roi,
+                                   int relation);
+template <class T>
+using ComparisonWithValues = Status(const T* src, int srcStep, const T* values, std::uint8_t* dst, int dstStep,
+                                    Size roi, int relation);
+
+#define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
+#include "image/comparison.inc"
+#undef KERNEL
+
+namespace comparison {
+#define KERNEL(name, ...) __VA_ARGS__ name;
+namespace px {
+#include "image/comparison.inc"
+}
+namespace w7 {
+#include "image/comparison.inc"
+}
+namespace v8 {
+#include "image/comparison.inc"
+}
+namespace h9 {
+#include "image/comparison.inc"
+}
+#undef KERNEL
+namespace s8 = v8;
+namespace p8 = v8;
+namespace g9 = v8;
+}  // namespace comparison
+
+}  // namespace orv
