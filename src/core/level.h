@@ -37,5 +37,11 @@
 #define ORV_HAVE_INT256 0
 #endif
 
+#if ORV_HAVE_VECTORS && defined(__FMA__)
+#define ORV_HAVE_FMA 1
+#else
+#define ORV_HAVE_FMA 0
+#endif
+
 // Building blocks of loops: inlined at -O0 as well, so that vectors never pass through memory calls.
 #define ORV_INLINE inline __attribute__((always_inline))

@@ -1,6 +1,11 @@
 // The table of every operation: one kernel per level, in the order of the index.
 #include "image/data_movement.h"
 #include "image/integer_arithmetic.h"
+#include "image/float_arithmetic.h"
+#include "image/complex_arithmetic.h"
+#include "signal/integer_vectors.h"
+#include "signal/float_vectors.h"
+#include "signal/spectra.h"
 
 namespace orv {
 
@@ -15,6 +20,26 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(integer_arithmetic, name, __VA_ARGS__)
 #include "image/integer_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(float_arithmetic, name, __VA_ARGS__)
+#include "image/float_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(complex_arithmetic, name, __VA_ARGS__)
+#include "image/complex_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(integer_vectors, name, __VA_ARGS__)
+#include "signal/integer_vectors.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(float_vectors, name, __VA_ARGS__)
+#include "signal/float_vectors.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(spectra, name, __VA_ARGS__)
+#include "signal/spectra.inc"
 #undef KERNEL
 
 }  // namespace orv
