@@ -127,6 +127,7 @@ inline int32_t word_quotient(int32_t divisor, int32_t dividend, int scaleFactor)
         rest -= more * denominator;
     }
     if (2 * rest + (quotient & 1) > denominator) ++quotient;
+    if (quotient > 0x80000000u) quotient = 0x80000000u;
     const auto magnitude = static_cast<std::int64_t>(quotient);
     return saturate<int32_t>(negative ? -magnitude : magnitude);
 }
