@@ -85,23 +85,15 @@ ORV_INLINE Doubles multiplied_by_conjugate(Doubles re, Doubles im, Doubles x)
 #endif
 }
 
-ORV_INLINE void store_complexes(float* p, Complexes x)
+ORV_INLINE simd::widest<float> to_floats(Complexes x)
 {
-#if ORV_HAVE_FLOAT256
-    const __m256 low = _mm256_castps128_ps256(_mm256_cvtpd_ps(x.lo));
-    const __m256 v = _mm256_insertf128_ps(low, _mm256_cvtpd_ps(x.hi), 1);
-    const __m256 nan = _mm256_cmp_ps(v, v, _CMP_UNORD_Q);
-    _mm256_storeu_ps(p, _mm256_blendv_ps(v, _mm256_set1_ps(value_of<float>(Bits<float>::kNan)), nan));
-#else
-    const simd::half<float> v = {_mm_movelh_ps(_mm_cvtpd_ps(x.lo), _mm_cvtpd_ps(x.hi))};
-    const auto nan = simd::splat<simd::half<float>>(value_of<float>(Bits<float>::kNan));
-    simd::store(p, simd::select(simd::unordered(v, v), nan, v));
-#endif
+    return simd::to_float(simd::pair<simd::vec<double, simd::double_widest>>{{x.lo}, {x.hi}});
 }
 #endif
 
 // a times b.
 struct ComplexProduct {
+    static void met_nan(const ComplexDouble&) {}
     static ComplexDouble one(ComplexDouble a, ComplexDouble b)
     {
         return {rounded(a.re * b.re) - rounded(a.im * b.im), rounded(a.re * b.im) + rounded(a.im * b.re)};
@@ -116,6 +108,7 @@ struct ComplexProduct {
 
 // a times the conjugate of b.
 struct ComplexProductConjugate {
+    static void met_nan(const ComplexDouble&) {}
     static ComplexDouble one(ComplexDouble a, ComplexDouble b)
     {
         return {rounded(a.re * b.re) + rounded(a.im * b.im), rounded(a.im * b.re) - rounded(a.re * b.im)};
@@ -131,7 +124,7 @@ struct ComplexProductConjugate {
 
 // b over a, by the reciprocal of |a|^2. Over 0 both parts are NaNs: 0 (or a NaN) times infinity.
 struct ComplexQuotient {
-    bool zeros = false;  // a divisor was 0
+    bool zeros = false;  // a divisor was 0; on vectors one finds out when the result is a NaN
 
     ComplexDouble one(ComplexDouble a, ComplexDouble b)
     {
@@ -147,18 +140,12 @@ struct ComplexQuotient {
         // The reciprocals of both vectors in one division.
         const Doubles lo2 = ORV_PD(mul)(a.lo, a.lo), hi2 = ORV_PD(mul)(a.hi, a.hi);
         const Doubles m = ORV_PD(add)(ORV_PD(unpacklo)(lo2, hi2), ORV_PD(unpackhi)(lo2, hi2));
-        const Doubles none = ORV_PD(setzero)();
-#if ORV_HAVE_FLOAT256
-        const Doubles zero = _mm256_cmp_pd(m, none, _CMP_EQ_OQ);
-#else
-        const Doubles zero = _mm_cmpeq_pd(m, none);
-#endif
-        zeros |= ORV_PD(movemask)(zero) != 0;
         const Doubles r = ORV_PD(div)(ORV_PD(set1)(1.0), m);
         const Doubles lo = multiplied_by_conjugate(all_re(a.lo), all_im(a.lo), b.lo);
         const Doubles hi = multiplied_by_conjugate(all_re(a.hi), all_im(a.hi), b.hi);
         return {ORV_PD(mul)(lo, ORV_PD(unpacklo)(r, r)), ORV_PD(mul)(hi, ORV_PD(unpackhi)(r, r))};
     }
+    void met_nan(const ComplexDouble& a) { zeros |= a.re == 0 && a.im == 0; }
 #endif
 };
 
@@ -193,18 +180,43 @@ struct ComplexConstant {
 #endif
 };
 
-// dst = op(a, b) on n complex values. The destination may be one of the sources: the last vector, which
-// overlaps its neighbour, is computed before anything is stored.
+#if ORV_HAVE_VECTORS
+// Puts the NaN in the place of NaNs and tells the operation of them. Not inlined: it is rare.
+template <class A, class Op>
+__attribute__((noinline)) simd::widest<float> with_one_nan(simd::widest<float> v, A a, std::ptrdiff_t i, Op& op)
+{
+    for (int k = 0; k < Complexes::kCount; ++k) op.met_nan(a.one(i + k));
+    return simd::select(simd::unordered(v, v), simd::splat<simd::widest<float>>(value_of<float>(Bits<float>::kNan)), v);
+}
+#endif
+
+// dst = op(a, b) on n complex values. The destination may be one of the sources: the last vectors, which
+// overlap their neighbours, are computed before anything is stored.
 template <class A, class Op>
 ORV_INLINE void complex_row(A a, ComplexVector b, float* dst, std::ptrdiff_t n, Op& op)
 {
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
     constexpr int N = Complexes::kCount;
+    using F = simd::widest<float>;
+    const auto at = [&](std::ptrdiff_t k) { return to_floats(op.many(a.many(k), b.many(k))); };
+    const auto one_at = [&](std::ptrdiff_t k) {
+        const F v = at(k);
+        return __builtin_expect(simd::any(simd::unordered(v, v)), false) ? with_one_nan(v, a, k, op) : v;
+    };
     if (n >= N) {
-        const Complexes last = op.many(a.many(n - N), b.many(n - N));
-        for (; i < n - N; i += N) store_complexes(dst + 2 * i, op.many(a.many(i), b.many(i)));
-        store_complexes(dst + 2 * (n - N), last);
+        const F last = one_at(n - N);
+        for (; i < n - 2 * N; i += 2 * N) {
+            F first = at(i), second = at(i + N);
+            if (__builtin_expect(simd::any(simd::unordered(first, second)), false)) {
+                first = with_one_nan(first, a, i, op);
+                second = with_one_nan(second, a, i + N, op);
+            }
+            simd::store(dst + 2 * i, first);
+            simd::store(dst + 2 * (i + N), second);
+        }
+        if (i < n - N) simd::store(dst + 2 * i, one_at(i));
+        simd::store(dst + 2 * (n - N), last);
         return;
     }
 #endif

@@ -85,40 +85,46 @@ ORV_INLINE std::uint32_t accumulated(double a, double b, double sum)
 }
 
 #if ORV_HAVE_VECTORS
-template <class F>
-ORV_INLINE F accumulated(F a, F b, F sum)
+using Floats = simd::widest<float>;
+using Doubles = simd::pair<simd::vec<double, simd::double_widest>>;
+
+ORV_INLINE Doubles load_doubles(const float* p)
 {
-    auto x = simd::to_double(a);
-    const auto y = simd::to_double(b), z = simd::to_double(sum);
-    x.lo = simd::add_exact_product(x.lo, y.lo, z.lo);
-    x.hi = simd::add_exact_product(x.hi, y.hi, z.hi);
-    const F result = simd::to_float(x);
-    const F nan = simd::unordered(result, result);
-    if (__builtin_expect(!simd::any(nan), true)) return result;
-    return simd::select(nan, simd::splat<F>(value_of<float>(Bits<float>::kNan)), result);
+    Doubles r;
+    simd::load_to(r, p);
+    return r;
 }
 
-// One factor for all elements, or a vector of them.
-struct Everywhere {
-    float value;
-    template <class F> ORV_INLINE F many(std::ptrdiff_t) const { return simd::splat<F>(value); }
-    ORV_INLINE double one(std::ptrdiff_t) const { return static_cast<double>(value); }
-};
-struct Elements {
-    const float* p;
-    template <class F> ORV_INLINE F many(std::ptrdiff_t i) const { return simd::load<F>(p + i); }
-    ORV_INLINE double one(std::ptrdiff_t i) const { return static_cast<double>(get(p + i)); }
-};
-#else
-struct Everywhere {
-    float value;
-    double one(std::ptrdiff_t) const { return static_cast<double>(value); }
-};
-struct Elements {
-    const float* p;
-    double one(std::ptrdiff_t i) const { return static_cast<double>(get(p + i)); }
-};
+ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
+{
+    sum.lo = simd::add_exact_product(a.lo, b.lo, sum.lo);
+    sum.hi = simd::add_exact_product(a.hi, b.hi, sum.hi);
+    const Floats result = simd::to_float(sum);
+    const Floats nan = simd::unordered(result, result);
+    if (__builtin_expect(!simd::any(nan), true)) return result;
+    return simd::select(nan, simd::splat<Floats>(value_of<float>(Bits<float>::kNan)), result);
+}
 #endif
+
+// The vector or the constant that the other one is multiplied with.
+struct Elements {
+    const float* p;
+    ORV_INLINE double one(std::ptrdiff_t i) const { return static_cast<double>(get(p + i)); }
+#if ORV_HAVE_VECTORS
+    ORV_INLINE Doubles many(std::ptrdiff_t i) const { return load_doubles(p + i); }
+#endif
+};
+struct Everywhere {
+    double value;
+    ORV_INLINE double one(std::ptrdiff_t) const { return value; }
+#if ORV_HAVE_VECTORS
+    ORV_INLINE Doubles many(std::ptrdiff_t) const
+    {
+        const auto v = simd::splat<simd::vec<double, simd::double_widest>>(value);
+        return {v, v};
+    }
+#endif
+};
 
 template <class Factor>
 void accumulate(const float* src, Factor factor, float* srcDst, std::ptrdiff_t n)
@@ -126,14 +132,12 @@ void accumulate(const float* src, Factor factor, float* srcDst, std::ptrdiff_t n
     const Elements other = {src};
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
-    using F = simd::widest<float>;
-    const auto at = [&](std::ptrdiff_t k) {
-        return accumulated(other.many<F>(k), factor.template many<F>(k), simd::load<F>(srcDst + k));
-    };
-    if (n >= F::N) {
-        const F last = at(n - F::N);
-        for (; i < n - F::N; i += F::N) simd::store(srcDst + i, at(i));
-        simd::store(srcDst + n - F::N, last);
+    constexpr int N = Floats::N;
+    const auto at = [&](std::ptrdiff_t k) { return accumulated(other.many(k), factor.many(k), load_doubles(srcDst + k)); };
+    if (n >= N) {
+        const Floats last = at(n - N);
+        for (; i < n - N; i += N) simd::store(srcDst + i, at(i));
+        simd::store(srcDst + n - N, last);
         return;
     }
 #endif
@@ -154,7 +158,7 @@ Status AddProductC_32f(const float* src, float value, float* srcDst, Length len)
 {
     if (const Status bad = check_vector(len, src, srcDst)) return bad;
     const FloatControl control;
-    accumulate(src, Everywhere{value}, srcDst, len.count);
+    accumulate(src, Everywhere{static_cast<double>(value)}, srcDst, len.count);
     return StatusOk;
 }
 

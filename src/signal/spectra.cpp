@@ -40,11 +40,13 @@ ORV_INLINE double root_of_squares(double re, double im)
 }
 
 #if ORV_HAVE_VECTORS
-template <class F>
-ORV_INLINE F magnitude(F re, F im)
+using F = simd::widest<float>;
+
+ORV_INLINE F magnitude(const float* re, const float* im)
 {
-    auto x = simd::to_double(re);
-    const auto y = simd::to_double(im);
+    simd::pair<simd::vec<double, simd::double_widest>> x, y;
+    simd::load_to(x, re);
+    simd::load_to(y, im);
     x.lo = simd::sqrt(simd::add_exact_product(x.lo, x.lo, y.lo * y.lo));
     x.hi = simd::sqrt(simd::add_exact_product(x.hi, x.hi, y.hi * y.hi));
     const F result = simd::to_float(x);
@@ -84,7 +86,7 @@ double cosine_of_step(int n)
 
 ORV_INLINE void weigh(const float* src, float* dst, double weight)
 {
-    // A NaN keeps its bits but becomes quiet; the weight is never one, nor 0.
+    // A NaN keeps its bits but becomes quiet.
     const uint32_t bits = get(reinterpret_cast<const uint32_t*>(src));
     uint32_t* const to = reinterpret_cast<uint32_t*>(dst);
     const float product = rounded(static_cast<float>(rounded(static_cast<double>(value_of<float>(bits)) * weight)));
@@ -142,10 +144,9 @@ Status Magnitude_32f(const float* re, const float* im, float* dst, Length len)
     const std::ptrdiff_t n = len.count;
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
-    using F = simd::widest<float>;
     if (n >= F::N) {
-        const F last = magnitude(simd::load<F>(re + n - F::N), simd::load<F>(im + n - F::N));
-        for (; i < n - F::N; i += F::N) simd::store(dst + i, magnitude(simd::load<F>(re + i), simd::load<F>(im + i)));
+        const F last = magnitude(re + n - F::N, im + n - F::N);
+        for (; i < n - F::N; i += F::N) simd::store(dst + i, magnitude(re + i, im + i));
         simd::store(dst + n - F::N, last);
         return StatusOk;
     }
