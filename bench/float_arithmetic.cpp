@@ -83,7 +83,7 @@ void one_image(const char* name, int channels, Ours ours, Cv peer_cv, Eig peer_e
         d = expression;                                                                                 \
     }
 #define EIGEN1(expression) [](float* pa, float* pd, int n) { Floats a(pa, n), d(pd, n); d = expression; }
-#define CV(call) [](auto& a, auto& b, auto& d) { call; }
+#define CV(call) [](auto& a, auto& b, auto& d) { (void)b; call; }
 #define CV1(call) [](auto& a, auto& d) { call; }
 #define VOLK(kernel) [](float* a, float* b, float* d, int n) { kernel(d, b, a, static_cast<unsigned>(n)); }
 #define VOLK_COMPLEX(kernel)                                                                            \

@@ -289,7 +289,7 @@ public:
     // Hamming window: weight k is 0.54 - 0.46 cos(2 pi k / (len - 1)), symmetric, 1 in the middle of an odd
     // len. The cosines come from a rotation in double: with t = 2 pi / (len - 1), c = cos t and
     // s = sqrt(1 - c^2), each step is (C, S) -> (c C - s S, c S + s C) from (1, 0). Its error grows with len
-    // (s loses digits for small t): below 1e-12 up to 1,000 elements, about 1e-7 for 2^20.
+    // (s loses digits for small t): below 1e-12 up to 1,000 elements, about 3e-7 for 2^20.
     //
     // Checks: null pointer, len below 1 (below 3 for the window). The I forms with a temporary refuse when memory
     // runs out.
