@@ -473,6 +473,193 @@ public:
     // --------------------------------------------------------------------------------------------
     // Float and complex arithmetic
     //
+    // The second source is the left operand: src2 - src1, src2 / src1; in place, srcDst - src, srcDst / src;
+    // with constants, src - value, src / value. Constants of three channels are arrays, one value for each
+    // channel in order.
+    //
+    // Floats: IEEE results, rounded once. Of two NaNs the left operand's is the result; NaNs become quiet.
+    // Division by 0 or -0 gives false, but everything is written: infinity for a positive dividend, -infinity
+    // for a negative one, the NaN 0xFFC00000 for 0 and for a NaN. Division by a constant multiplies by its
+    // reciprocal, rounded to float, so it may differ from a true quotient in the last place; a constant of 0
+    // (in any channel) is refused and nothing is written.
+    // Square root: of -0 it is -0; of a negative number or a NaN it is the NaN 0xFFC00000, and the result is
+    // false with everything written. Its destination step is rounded down to a multiple of 4.
+    // Absolute value: the sign bit cleared, also of NaNs. MaxEvery, MinEvery: where neither value is the larger
+    // (smaller) one, and where either is a NaN, srcDst keeps its bits.
+    // AddProduct: the product and the sum in double, rounded to float once.
+    //
+    // Complex values: sums and differences part by part, as floats. With src1 = a + bi and src2 = c + di
+    //     product    re = ac - bd, im = ad + bc
+    //     quotient   src2 / src1: m = aa + bb, r = 1 / m, re = (ac + bd) r, im = (ad - bc) r
+    // in double, rounded to float once; a part that is a NaN is always 0xFFC00000, and so are both parts of a
+    // quotient over 0. DivC by p + qi multiplies by (p r, -q r), r = 1 / (pp + qq), each rounded to float; for
+    // a value of 0 nothing is written.
+    // All complex methods return true, whatever happens; nothing is written where they cannot work.
+    //
+    // Checks: null pointer (an array of constants included), width or height below 1; then, in Div, DivC, Sqrt,
+    // MaxEvery and MinEvery, a step below 1; then a constant divisor of 0. AddProduct: source steps below
+    // 2 width or a destination step below 4 width, then source steps that are odd or a destination step
+    // that is no multiple of 4.
+    //
+    // One method does something else than its name says. Hosts depend on it, and so it stays: MulC_32f_C3I
+    // subtracts. MulC_32f_C3IR multiplies.
+
+    /// dst = src2 + src1
+    static bool Add_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst + src
+    static bool Add_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 + src1
+    static bool Add_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst + src
+    static bool Add_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 + src1. Always true.
+    static bool Add_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                            Complex32f* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst + src. Always true.
+    static bool Add_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                             int width, int height);
+    /// dst = src2 - src1
+    static bool Sub_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst - src
+    static bool Sub_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 - src1
+    static bool Sub_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// dst = src2 - src1: the same as Sub_32f_C3
+    static bool Sub_32f_C3R(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                            int dstStep, int width, int height);
+    /// srcDst = srcDst - src
+    static bool Sub_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 - src1. Always true.
+    static bool Sub_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                            Complex32f* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst - src. Always true.
+    static bool Sub_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                             int width, int height);
+    /// dst = src2 * src1
+    static bool Mul_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst * src
+    static bool Mul_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 * src1
+    static bool Mul_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst * src
+    static bool Mul_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 * src1. Always true.
+    static bool Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                            Complex32f* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst * src. Always true.
+    static bool Mul_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                             int width, int height);
+    /// dst = src2 / src1
+    static bool Div_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst / src
+    static bool Div_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 / src1
+    static bool Div_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, int width, int height);
+    /// srcDst = srcDst / src
+    static bool Div_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                            int height);
+    /// dst = src2 / src1. Always true.
+    static bool Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                            Complex32f* dst, int dstStep, int width, int height);
+    /// srcDst = srcDst / src. Always true.
+    static bool Div_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                             int width, int height);
+    /// dst = src + value
+    static bool AddC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                            int height);
+    /// srcDst = srcDst + value
+    static bool AddC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src + values[channel]
+    static bool AddC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                            int width, int height);
+    /// srcDst = srcDst + values[channel]
+    static bool AddC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src + value. Always true.
+    static bool AddC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                             int dstStep, int width, int height);
+    /// srcDst = srcDst + value. Always true.
+    static bool AddC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    /// dst = src - value
+    static bool SubC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                            int height);
+    /// srcDst = srcDst - value
+    static bool SubC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src - values[channel]
+    static bool SubC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                            int width, int height);
+    /// srcDst = srcDst - values[channel]
+    static bool SubC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src - value. Always true.
+    static bool SubC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                             int dstStep, int width, int height);
+    /// srcDst = srcDst - value. Always true.
+    static bool SubC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    /// dst = src * value
+    static bool MulC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                            int height);
+    /// srcDst = srcDst * value
+    static bool MulC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src * values[channel]
+    static bool MulC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                            int width, int height);
+    /// srcDst = srcDst - values[channel]: it subtracts, on purpose
+    static bool MulC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    /// srcDst = srcDst * values[channel]
+    static bool MulC_32f_C3IR(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src * value. Always true.
+    static bool MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                             int dstStep, int width, int height);
+    /// srcDst = srcDst * value. Always true.
+    static bool MulC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    /// dst = src * (1 / value)
+    static bool DivC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                            int height);
+    /// srcDst = srcDst * (1 / value)
+    static bool DivC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src * (1 / values[channel])
+    static bool DivC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                            int width, int height);
+    /// srcDst = srcDst * (1 / values[channel])
+    static bool DivC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    /// dst = src / value. Always true.
+    static bool DivC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                             int dstStep, int width, int height);
+    /// srcDst = srcDst / value. Always true.
+    static bool DivC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    /// dst = |src|
+    static bool Abs_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    /// srcDst = |srcDst|
+    static bool Abs_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    /// dst = |src|
+    static bool Abs_32f_C3(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    /// srcDst = |srcDst|
+    static bool Abs_32f_C3I(float* srcDst, int srcDstStep, int width, int height);
+    /// srcDst = sqrt(srcDst)
+    static bool Sqrt_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    /// srcDst = max(src, srcDst), without a temporary
+    static bool MaxEvery_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                 int height);
+    /// srcDst = min(src, srcDst), without a temporary
+    static bool MinEvery_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                 int height);
+    /// srcDst = srcDst + src1 * src2, without a temporary
+    static bool AddProduct_16u32f_C1I(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                      int src2Step, float* srcDst, int srcDstStep, int width, int height);
 
     // Logarithm and exponential: computed in double and rounded once, at most 0.5001 units in the last
     // place (largest errors over all floats: docs/accuracy.md). Checks: null pointer, width or height below

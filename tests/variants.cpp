@@ -7,6 +7,7 @@
 //     const T*          one value per channel               T           a value
 //     Size              the region                          int         a parameter, by its domain
 //     T* after Size     results, compared like images
+//     Length            the length: with it in the list, const T* and T* are vectors
 #include <algorithm>
 #include <climits>
 #include <iostream>
@@ -26,11 +27,17 @@
 #include "image/integer_arithmetic.h"
 #include "image/sums.h"
 #include "image/threshold.h"
+#include "image/float_arithmetic.h"
+#include "image/complex_arithmetic.h"
+#include "signal/integer_vectors.h"
+#include "signal/float_vectors.h"
+#include "signal/spectra.h"
 #include "support/image.h"
 
 namespace test {
 namespace {
 
+using orv::Length;
 using orv::Size;
 using orv::Status;
 
@@ -106,11 +113,12 @@ public:
     using Tuple = std::tuple<Args...>;
     static constexpr std::size_t kCount = sizeof...(Args);
     template <std::size_t I> using Arg = typename std::tuple_element<I, Tuple>::type;
+    static constexpr bool kVectors = (std::is_same<Args, Length>::value || ...);
 
     Case(const std::string& name, bool alias, std::mt19937& g) : name_(name), alias_(alias), g_(g)
     {
         const bool large = uniform(g, 0, 19) == 0;
-        roi_ = {large ? uniform(g, 100, 300) : uniform(g, 1, 69), uniform(g, 1, 3)};
+        roi_ = {large ? uniform(g, 100, 300) : uniform(g, 1, 69), kVectors ? 1 : uniform(g, 1, 3)};
         build(std::make_index_sequence<kCount>());
     }
 
@@ -182,6 +190,7 @@ private:
             results_.emplace_back((kMostResults + 1) * sizeof(T), static_cast<unsigned char>(0xA5));
             argument = reinterpret_cast<T*>(results_.back().data());
         } else if constexpr (pointee<A>::is_pointer && followed_by_int<I>()) {
+        if constexpr (pointee<A>::is_pointer && (kVectors || followed_by_int<I>())) {
             argument = make_image<typename pointee<A>::type>(pointee<A>::is_source)->template pixels<typename pointee<A>::type>();
         } else if constexpr (pointee<A>::is_pointer) {
             using T = typename pointee<A>::type;
@@ -192,6 +201,8 @@ private:
             argument = values;
         } else if constexpr (std::is_same<A, Size>::value) {
             argument = roi_;
+        } else if constexpr (std::is_same<A, Length>::value) {
+            argument = {roi_.width};
         } else if constexpr (std::is_same<A, int>::value) {
             if constexpr (I > 0) {
                 if constexpr (pointee<Arg<I - 1>>::is_pointer && !follows_size<I>()) {
@@ -341,6 +352,38 @@ TEST(Variants, Threshold)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
 #include "image/threshold.inc"
+TEST(Variants, FloatArithmetic)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "image/float_arithmetic.inc"
+#undef KERNEL
+}
+
+TEST(Variants, ComplexArithmetic)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "image/complex_arithmetic.inc"
+#undef KERNEL
+}
+
+TEST(Variants, IntegerVectors)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "signal/integer_vectors.inc"
+#undef KERNEL
+}
+
+TEST(Variants, FloatVectors)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "signal/float_vectors.inc"
+#undef KERNEL
+}
+
+TEST(Variants, Spectra)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "signal/spectra.inc"
 #undef KERNEL
 }
 

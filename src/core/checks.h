@@ -41,6 +41,15 @@ ORV_INLINE Status check_steps_before_size(bool null, bool step_below_one, Size r
     return StatusOk;
 }
 
+// The same for vectors.
+template <class... Pointers>
+ORV_INLINE Status check_vector(Length len, const Pointers*... pointers)
+{
+    if (any_null(pointers...)) return StatusNullPointer;
+    if (len.count < 1) return StatusBadSize;
+    return StatusOk;
+}
+
 // The row that lies `rows` steps below p. Steps may be zero or negative, so this is signed and as
 // wide as a pointer.
 template <class T>

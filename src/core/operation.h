@@ -21,6 +21,11 @@ struct Size {
     int height;
 };
 
+// The length of the vectors of a call, in elements. A type of its own: an int after a pointer is a step.
+struct Length {
+    int count;
+};
+
 extern "C" {
 // The column that every call uses. Written once, by start-up.
 extern ORV_INTERNAL int orv_variant_index;

@@ -23,6 +23,11 @@
 #include "image/integer_arithmetic.h"
 #include "image/sums.h"
 #include "image/threshold.h"
+#include "image/float_arithmetic.h"
+#include "image/complex_arithmetic.h"
+#include "signal/integer_vectors.h"
+#include "signal/float_vectors.h"
+#include "signal/spectra.h"
 
 namespace orv {
 
@@ -113,6 +118,24 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(threshold, name, __VA_ARGS__)
 #include "image/threshold.inc"
+#define KERNEL(name, ...) TABLE(float_arithmetic, name, __VA_ARGS__)
+#include "image/float_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(complex_arithmetic, name, __VA_ARGS__)
+#include "image/complex_arithmetic.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(integer_vectors, name, __VA_ARGS__)
+#include "signal/integer_vectors.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(float_vectors, name, __VA_ARGS__)
+#include "signal/float_vectors.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(spectra, name, __VA_ARGS__)
+#include "signal/spectra.inc"
 #undef KERNEL
 
 }  // namespace orv

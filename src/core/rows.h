@@ -19,12 +19,27 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
+// Operations of one instruction ask for two vectors a round, by a member kTwoAtATime: counting would cost
+// them a quarter of their speed.
+template <class Op, class = void>
+constexpr bool two_at_a_time = false;
+template <class Op>
+constexpr bool two_at_a_time<Op, decltype(void(Op::kTwoAtATime))> = true;
+
 #if ORV_HAVE_VECTORS
 template <class V, class Compute, class T>
 ORV_INLINE void row_of_vectors(T* dst, std::ptrdiff_t n, Compute compute)
 {
     const V last = compute.template at<V>(n - V::N);
-    for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) simd::store(dst + i, compute.template at<V>(i));
+    std::ptrdiff_t i = 0;
+    if constexpr (two_at_a_time<Compute>) {
+        for (; i < n - 2 * V::N; i += 2 * V::N) {
+            const V first = compute.template at<V>(i), second = compute.template at<V>(i + V::N);
+            simd::store(dst + i, first);
+            simd::store(dst + i + V::N, second);
+        }
+    }
+    for (; i < n - V::N; i += V::N) simd::store(dst + i, compute.template at<V>(i));
     simd::store(dst + n - V::N, last);
 }
 
@@ -35,19 +50,36 @@ ORV_INLINE void short_row(T* dst, std::ptrdiff_t n, Compute compute)
     constexpr int size = sizeof(T);
     if (n >= Half::N) {
         row_of_vectors<Half>(dst, n, compute);
-    } else if (n * size >= 8) {
+    } else if (size == 8 || n * size >= 8) {
         simd::store_ends<Half, 8>(dst, n, compute.template ends<Half, 8>(n));
-    } else if (n * size >= 4) {
-        simd::store_ends<Half, 4>(dst, n, compute.template ends<Half, 4>(n));
-    } else {
-        for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
+    } else if constexpr (size < 8) {
+        if (size == 4 || n * size >= 4) {
+            simd::store_ends<Half, 4>(dst, n, compute.template ends<Half, 4>(n));
+        } else if constexpr (size < 4) {
+            for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
+        }
     }
 }
 #endif
 
+// An operation with its operands exchanged: value - src, value / src.
+template <class Op>
+struct Reversed : Op {
+    template <class T> ORV_INLINE T one(T a, T b) { return Op::one(b, a); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) { return Op::many(b, a); }
+#endif
+};
+
 // What a loop computes at a position, for one and for two sources.
+template <class Op, bool two = two_at_a_time<Op>>
+struct Pace {};
+template <class Op>
+struct Pace<Op, true> { static constexpr bool kTwoAtATime = true; };
+
 template <class T, class Op>
-struct FromOne {
+struct FromOne : Pace<Op> {
+    ORV_INLINE FromOne(const T* source, Op* operation) : a(source), op(operation) {}
     const T* a;
     Op* op;
     ORV_INLINE T one(std::ptrdiff_t i) const { return op->one(get(a + i)); }
@@ -61,7 +93,8 @@ struct FromOne {
 };
 
 template <class T, class Op>
-struct FromTwo {
+struct FromTwo : Pace<Op> {
+    ORV_INLINE FromTwo(const T* first, const T* second, Op* operation) : a(first), b(second), op(operation) {}
     const T* a;
     const T* b;
     Op* op;
@@ -118,13 +151,15 @@ struct Rows {
     }
 };
 
+// Returns the operation with the state that it ends in.
 template <class T, class Op>
-inline void plane(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels, Op op)
+inline Op plane(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels, Op op)
 {
     const Rows rows(roi, channels, sizeof(T), srcStep, dstStep);
     for (int y = 0; y < rows.count; ++y) {
         run_row(row_at(dst, dstStep, y), rows.n, FromOne<T, Op>{row_at(src, srcStep, y), &op});
     }
+    return op;
 }
 
 template <class T, class Op>
@@ -142,8 +177,8 @@ inline void plane(const T* src1, int src1Step, const T* src2, int src2Step, T* d
 
 // --- Constants ------------------------------------------------------------------------------------
 //
-// One, three or four constants of 1, 2 or 4 bytes repeat in memory with a period that divides one
-// vector, or three for three channels. A row of constants in memory, a little longer than
+// One, two or four constants of 1, 2 or 4 bytes, or one of 8, repeat in memory with a period that
+// divides one vector; three repeat with one that divides three vectors. A row of constants in memory, a little longer than
 // three vectors, serves as the first operand wherever a loop may start; long rows keep the three
 // vectors in registers.
 
@@ -158,16 +193,23 @@ struct Pattern {
 };
 
 #if ORV_HAVE_VECTORS
-// One constant, or four, over 128 bits.
+// One, two or four constants over 128 bits: the bits of them, whatever they mean.
 template <class T>
 ORV_INLINE __m128i repeat(const T* values, int channels)
 {
-    if (channels == 1) return simd::splat<simd::vec<T, simd::int128>>(values[0]).v;
     __m128i pixel = _mm_setzero_si128();
-    std::memcpy(&pixel, values, 4 * sizeof(T));
-    if (sizeof(T) == 1) return _mm_shuffle_epi32(pixel, 0);
-    if (sizeof(T) == 2) return _mm_unpacklo_epi64(pixel, pixel);
-    return pixel;
+    if constexpr (sizeof(T) <= 2) {
+        if (channels == 1) return simd::splat<simd::vec<T, simd::int128>>(values[0]).v;
+        std::memcpy(&pixel, values, 4 * sizeof(T));
+        return sizeof(T) == 1 ? _mm_shuffle_epi32(pixel, 0) : _mm_unpacklo_epi64(pixel, pixel);
+    } else if constexpr (sizeof(T) == 4) {
+        std::memcpy(&pixel, values, channels == 4 ? 16 : channels == 2 ? 8 : 4);
+        if (channels == 1) return _mm_shuffle_epi32(pixel, 0);
+        return channels == 2 ? _mm_unpacklo_epi64(pixel, pixel) : pixel;
+    } else {
+        std::memcpy(&pixel, values, 8);
+        return _mm_unpacklo_epi64(pixel, pixel);
+    }
 }
 
 template <class T>
@@ -180,16 +222,18 @@ ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
         row[0] = row[1] = repeat(values, channels);
         return pattern;
     }
-    constexpr int period = 12 / static_cast<int>(sizeof(T));  // the elements of three 32-bit words
-    T elements[period];
-    for (int i = 0; i < period; ++i) elements[i] = values[i % 3];
-    int word[3];
-    std::memcpy(word, elements, sizeof(word));
-    const __m128i vectors[3] = {_mm_setr_epi32(word[0], word[1], word[2], word[0]),
-                                _mm_setr_epi32(word[1], word[2], word[0], word[1]),
-                                _mm_setr_epi32(word[2], word[0], word[1], word[2])};
-    pattern.period = 3;
-    for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) row[i] = vectors[i % 3];
+    if constexpr (sizeof(T) <= 4) {
+        constexpr int period = 12 / static_cast<int>(sizeof(T));  // the elements of three 32-bit words
+        T elements[period];
+        for (int i = 0; i < period; ++i) std::memcpy(elements + i, values + i % 3, sizeof(T));
+        int word[3];
+        std::memcpy(word, elements, sizeof(word));
+        const __m128i vectors[3] = {_mm_setr_epi32(word[0], word[1], word[2], word[0]),
+                                    _mm_setr_epi32(word[1], word[2], word[0], word[1]),
+                                    _mm_setr_epi32(word[2], word[0], word[1], word[2])};
+        pattern.period = 3;
+        for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) row[i] = vectors[i % 3];
+    }
     return pattern;
 }
 #endif
@@ -223,7 +267,7 @@ ORV_INLINE void pattern_row(const Pattern<T>& pattern, const T* src, T* dst, std
 }
 #endif
 
-// dst = op(constant of the channel, src). There are 1, 3 or 4 channels.
+// dst = op(constant of the channel, src). There are 1 to 4 channels.
 template <class T, class Op>
 inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, int dstStep, Size roi,
                            int channels, Op& op)
@@ -250,7 +294,7 @@ inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, i
         T* const d = row_at(dst, dstStep, y);
         int channel = 0;
         for (std::ptrdiff_t i = 0; i < rows.n; ++i) {
-            put(d + i, op.one(values[channel], get(s + i)));
+            put(d + i, op.one(get(values + channel), get(s + i)));
             if (++channel == channels) channel = 0;
         }
     }

@@ -13,6 +13,7 @@ inline namespace ORV_LEVEL {
 // exact()      the integer result, before scaling
 // wide()       the same on lanes of twice the width
 // saturated()  the result at scale factor 0, in the width of the pixels
+// in_double()  the same on doubles, which hold sums of 32 bits exactly and products up to 2^53
 // kBits        the magnitude of a result is at most 2^kBits; scaled down by more, all are 0
 
 template <class T> struct wider;
@@ -38,6 +39,7 @@ struct Sum {
         return wa;
     }
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
+    template <class D> static ORV_INLINE D in_double(D a, D b) { return b + a; }
 #endif
 };
 
@@ -60,6 +62,7 @@ struct Difference {
         }
     }
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
+    template <class D> static ORV_INLINE D in_double(D a, D b) { return b - a; }
 #endif
 };
 
@@ -95,6 +98,7 @@ struct Product {
             return simd::mul_low(a, b) | (fits ^ simd::splat<V>(0xFFFF));
         }
     }
+    template <class D> static ORV_INLINE D in_double(D a, D b) { return b * a; }
 #endif
 };
 

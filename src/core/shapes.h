@@ -69,5 +69,38 @@ using SrcPosition = Status(const T* src, int srcStep, Size roi, T* value, int* c
 template <class T>
 using SrcHistogram = Status(const T* src, int srcStep, Size roi, int* histogram, int* levels, int levelCount,
                             int lower, int upper);
+template <class T>
+using SrcSrcDst = Status(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep,
+                         Size roi);
+
+template <class T>
+using SrcValueDst = Status(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi);
+
+template <class T>
+using SrcValuesDst = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi);
+
+template <class From, class To>
+using SrcSrcAccumulate = Status(const From* src1, int src1Step, const From* src2, int src2Step, To* srcDst,
+                                int srcDstStep, Size roi);
+
+// --- Vectors --------------------------------------------------------------------------------------
+
+template <class From, class To>
+using VecDst = Status(const From* src, To* dst, Length len);
+
+template <class From, class To>
+using VecVecJoined = Status(const From* src1, const From* src2, To* dst, Length len);
+
+template <class T>
+using VecVecDst = Status(const T* src1, const T* src2, T* dst, Length len);
+
+template <class T>
+using VecValueDst = Status(const T* src, T value, T* dst, Length len);
+
+template <class T>
+using VecVecDstScaled = Status(const T* src1, const T* src2, T* dst, Length len, int scaleFactor);
+
+template <class T>
+using VecValueDstScaled = Status(const T* src, T value, T* dst, Length len, int scaleFactor);
 
 }  // namespace orv

@@ -11,6 +11,7 @@ enum Status : int {
     StatusLogarithmOfZero = 7,
     StatusLogarithmOfNegative = 8,      // anything with its sign bit set
     StatusNoOperation = 1,              // a size of 0: there is nothing to prepare
+    StatusSqrtOfNegative = 3,           // a square root met a negative number or a NaN
     StatusDivideByZero = 6,             // a division met one or more zero divisors
     StatusNotIntelProcessor = 20,       // start-up only: the processor is of another vendor
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features
@@ -34,6 +35,7 @@ enum Status : int {
     StatusBadFactor = -23,          // a resize factor that is not above 0
     StatusBadChannels = -53,        // a number of channels other than 1, 3 and 4
     StatusBadMaskSize = -33,        // a filter mask other than 3x3 and 5x5
+    StatusUnevenStep = -108,         // a row step is not a multiple of the element size
     StatusBadChannelOrder = -60,    // a channel index outside 0 to 3
     StatusBadStride = -182,         // a matrix stride below 1 or not a multiple of the element size
     StatusSingularMatrix = -195,    // a matrix without an inverse

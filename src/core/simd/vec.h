@@ -74,6 +74,7 @@ struct count {
 #include "core/simd/gaps128.inc"
 
 #define ORV_I int128
+#define ORV_PRODUCTS products128
 #define ORV_F float128
 #define ORV_D double128
 #define ORV_MM(op) _mm_##op
@@ -81,9 +82,11 @@ struct count {
 #define ORV_GAP41(op) ORV_GAP41_128(op)
 #include "core/simd/integer.inc"
 #include "core/simd/floating.inc"
+#include "core/simd/double.inc"
 #undef ORV_GAP41
 
 #undef ORV_I
+#undef ORV_PRODUCTS
 #undef ORV_F
 #undef ORV_D
 #undef ORV_MM
@@ -98,11 +101,14 @@ struct count {
 #define ORV_SIMD_WIDE
 #if ORV_HAVE_INT256
 #define ORV_I int256
+#define ORV_PRODUCTS products256
 #include "core/simd/integer.inc"
 #endif
 #include "core/simd/floating.inc"
+#include "core/simd/double.inc"
 #undef ORV_SIMD_WIDE
 #undef ORV_I
+#undef ORV_PRODUCTS
 #undef ORV_F
 #undef ORV_D
 #undef ORV_MM
@@ -119,8 +125,10 @@ using int_widest = int128;
 #endif
 #if ORV_HAVE_FLOAT256
 using float_widest = float256;
+using double_widest = double256;
 #else
 using float_widest = float128;
+using double_widest = double128;
 #endif
 
 // The float register with as many lanes as an integer register has 32-bit ones, and the reverse.
@@ -137,6 +145,7 @@ template <class V> using ints_of = vec<s32, typename companion<typename V::reg>:
 
 template <class T> struct registers { using wide = int_widest; using narrow = int128; };
 template <> struct registers<float> { using wide = float_widest; using narrow = float128; };
+template <> struct registers<double> { using wide = double_widest; using narrow = double128; };
 
 template <class T> using widest = vec<T, typename registers<T>::wide>;
 template <class T> using half = vec<T, typename registers<T>::narrow>;
@@ -166,6 +175,14 @@ ORV_INLINE V zero()
     return splat<V>(0);
 }
 
+// A 128-bit register of any kind as bits, and back.
+ORV_INLINE __m128i to_bits(__m128i v) { return v; }
+ORV_INLINE __m128i to_bits(__m128 v) { return _mm_castps_si128(v); }
+ORV_INLINE __m128i to_bits(__m128d v) { return _mm_castpd_si128(v); }
+ORV_INLINE void set_bits(__m128i& r, __m128i v) { r = v; }
+ORV_INLINE void set_bits(__m128& r, __m128i v) { r = _mm_castsi128_ps(v); }
+ORV_INLINE void set_bits(__m128d& r, __m128i v) { r = _mm_castsi128_pd(v); }
+
 // The first and the last `Bytes` (8 or 4) of a row of n lanes, side by side in one 128-bit vector;
 // whatever is above holds copies. Every lane is live, so a division sees no made-up zeros.
 template <class V, int Bytes>
@@ -174,15 +191,15 @@ ORV_INLINE V load_ends(const typename V::lane* p, std::ptrdiff_t n)
     const typename V::lane* const last = p + n - Bytes / static_cast<int>(sizeof(typename V::lane));
     V r;
     if (Bytes == 8) {
-        r.v = _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
-                                 _mm_loadl_epi64(reinterpret_cast<const __m128i*>(last)));
+        set_bits(r.v, _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
+                                         _mm_loadl_epi64(reinterpret_cast<const __m128i*>(last))));
     } else {
         s32 first_word, last_word;
         std::memcpy(&first_word, p, 4);
         std::memcpy(&last_word, last, 4);
         const __m128i both = _mm_unpacklo_epi32(_mm_cvtsi32_si128(first_word),
                                                 _mm_cvtsi32_si128(last_word));
-        r.v = _mm_unpacklo_epi64(both, both);
+        set_bits(r.v, _mm_unpacklo_epi64(both, both));
     }
     return r;
 }
@@ -191,12 +208,13 @@ template <class V, int Bytes>
 ORV_INLINE void store_ends(typename V::lane* p, std::ptrdiff_t n, V value)
 {
     typename V::lane* const last = p + n - Bytes / static_cast<int>(sizeof(typename V::lane));
+    const __m128i bits = to_bits(value.v);
     if (Bytes == 8) {
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), value.v);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(last), _mm_unpackhi_epi64(value.v, value.v));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), bits);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(last), _mm_unpackhi_epi64(bits, bits));
     } else {
-        const s32 first_word = _mm_cvtsi128_si32(value.v);
-        const s32 last_word = _mm_cvtsi128_si32(_mm_shuffle_epi32(value.v, 1));
+        const s32 first_word = _mm_cvtsi128_si32(bits);
+        const s32 last_word = _mm_cvtsi128_si32(_mm_shuffle_epi32(bits, 1));
         std::memcpy(p, &first_word, 4);
         std::memcpy(last, &last_word, 4);
     }

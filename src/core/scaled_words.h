@@ -1,0 +1,174 @@
+// 32-bit integers under the scaling rule: sums, differences, products and quotients, on scalars and on
+// vectors.
+//
+// Vectors compute in double wherever double is exact: sums always, products as long as those beyond 2^53
+// saturate anyway, quotients as told below. The conversion back rounds to nearest, ties to even, and gives
+// the smallest integer for whatever is below the range; only the upper bound needs a step of its own.
+// Kernels that use this open with a FloatControl.
+#pragma once
+
+#include "core/scaled_arithmetic.h"
+
+namespace orv {
+inline namespace ORV_LEVEL {
+
+using std::int32_t;
+
+ORV_INLINE int bounded(int value, int low, int high) { return value < low ? low : value > high ? high : value; }
+
+#if ORV_HAVE_VECTORS
+// 2^-scaleFactor; from 2^64 on everything but 0 has left the range, on either side.
+ORV_INLINE double factor_of(int scaleFactor)
+{
+    const std::int64_t exponent = 1023 - bounded(scaleFactor, -64, 64);
+    const std::int64_t bits = exponent << 52;
+    double factor;
+    std::memcpy(&factor, &bits, sizeof(factor));
+    return factor;
+}
+
+template <class D>
+ORV_INLINE D scaled_in_double(D exact, double factor)
+{
+    return simd::min(exact * simd::splat<D>(factor), simd::splat<D>(2147483647.0));
+}
+#endif
+
+template <class Kind>
+struct ScaledInDouble {
+    int scaleFactor;
+    int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), scaleFactor); }
+#if ORV_HAVE_VECTORS
+    double factor;
+    template <class V> ORV_INLINE V many(V a, V b) const
+    {
+        auto x = simd::to_double(a);
+        const auto y = simd::to_double(b);
+        x.lo = scaled_in_double(Kind::in_double(x.lo, y.lo), factor);
+        x.hi = scaled_in_double(Kind::in_double(x.hi, y.hi), factor);
+        return simd::round_to_int(x);
+    }
+#endif
+};
+
+// Products in 64-bit lanes: saturated, and scaled down.
+struct ProductSaturated {
+    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(std::int64_t{a} * b); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const { return simd::narrow(simd::mul_wide(a, b)); }
+#endif
+};
+struct ProductScaledDown {
+    int scaleFactor;  // 1 to 62
+    int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(std::int64_t{a} * b, scaleFactor); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const
+    {
+        return simd::narrow(simd::scale_down(simd::mul_wide(a, b), scaleFactor));
+    }
+#endif
+};
+
+template <class Kind>
+ORV_INLINE ScaledInDouble<Kind> scaled_in_double_by(int scaleFactor)
+{
+#if ORV_HAVE_VECTORS
+    return {scaleFactor, factor_of(scaleFactor)};
+#else
+    return {scaleFactor};
+#endif
+}
+
+// Runs `loop` with a form of the sum or the difference that is exact for the scale factor.
+template <class Kind, class Loop>
+ORV_INLINE void with_scaled_words(int scaleFactor, Loop loop)
+{
+    if (scaleFactor == 0) {
+        loop(Saturated<int32_t, Kind>{});
+    } else {
+        loop(scaled_in_double_by<Kind>(scaleFactor));
+    }
+}
+// A product above 2^53 is not exact in double. Up to 21 bits down it saturates all the same.
+template <class Loop>
+ORV_INLINE void with_scaled_product(int scaleFactor, Loop loop)
+{
+    if (scaleFactor == 0) {
+        loop(ProductSaturated{});
+    } else if (scaleFactor > 62) {
+        loop(Nothing<int32_t>{});
+    } else if (scaleFactor > 21) {
+        loop(ProductScaledDown{scaleFactor});
+    } else {
+        loop(scaled_in_double_by<Product<int32_t>>(scaleFactor));
+    }
+}
+
+// --- Quotients ------------------------------------------------------------------------------------
+
+inline int32_t word_quotient(int32_t divisor, int32_t dividend, int scaleFactor)
+{
+    if (scaleFactor > 32) return 0;  // at most one half, and the tie goes to 0
+    const bool negative = (dividend < 0) != (divisor < 0);
+    auto numerator = static_cast<std::uint64_t>(dividend < 0 ? -std::int64_t{dividend} : std::int64_t{dividend});
+    auto denominator = static_cast<std::uint64_t>(divisor < 0 ? -std::int64_t{divisor} : std::int64_t{divisor});
+    if (scaleFactor > 0) denominator <<= scaleFactor;
+    // 62 bits up everything but 0 saturates. The product stays below 2^64 in two steps.
+    const int up = scaleFactor < -62 ? 62 : scaleFactor < 0 ? -scaleFactor : 0;
+    const int first = up < 32 ? up : 32;
+    numerator <<= first;
+    std::uint64_t quotient = numerator / denominator;
+    std::uint64_t rest = numerator - quotient * denominator;
+    if (up > 32) {
+        if (quotient > 0x80000000u) quotient = 0x80000000u;  // far outside already
+        rest <<= up - 32;
+        const std::uint64_t more = rest / denominator;
+        quotient = (quotient << (up - 32)) + more;
+        rest -= more * denominator;
+    }
+    if (2 * rest + (quotient & 1) > denominator) ++quotient;
+    if (quotient > 0x80000000u) quotient = 0x80000000u;
+    const auto magnitude = static_cast<std::int64_t>(quotient);
+    return saturate<int32_t>(negative ? -magnitude : magnitude);
+}
+
+// n 2^bits / d, where it is not halfway between two integers, lies at least 1 / (2d) from there. In double
+// its error is at most n 2^bits / d times 2^-53: too little to matter as long as n 2^bits < 2^52, which is
+// so up to 20 bits. (Scaled down, it lies farther from halves.) Beyond, long division on scalars.
+struct WordQuotient {
+    static constexpr int kMostBitsUp = 20;
+
+    int scaleFactor;
+    bool zeros = false;  // a divisor was 0
+#if ORV_HAVE_VECTORS
+    double factor = factor_of(scaleFactor);
+#endif
+
+    explicit WordQuotient(int by) : scaleFactor(by) {}
+
+    int32_t one(int32_t a, int32_t b)
+    {
+        if (a != 0) return word_quotient(a, b, scaleFactor);
+        zeros = true;
+        return b > 0 ? INT32_MAX : b < 0 ? INT32_MIN : 0;
+    }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b)
+    {
+        const V no_divisor = simd::equal(a, simd::zero<V>());
+        auto q = simd::to_double(b);
+        const auto divisor = simd::to_double(a - no_divisor);  // 1 where there is none
+        q.lo = scaled_in_double(q.lo / divisor.lo, factor);
+        q.hi = scaled_in_double(q.hi / divisor.hi, factor);
+        const V quotient = simd::round_to_int(q);
+        if (__builtin_expect(!simd::any(no_divisor), true)) return quotient;
+        zeros = true;
+        const V zero_dividend = simd::equal(b, simd::zero<V>());
+        const V bound = (b >> simd::count(31)) ^ simd::splat<V>(INT32_MAX);
+        return simd::select(no_divisor, simd::and_not(zero_dividend, bound), quotient);
+    }
+#endif
+};
+
+}  // namespace ORV_LEVEL
+}  // namespace orv

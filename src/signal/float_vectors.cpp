@@ -1,0 +1,220 @@
+#include "signal/float_vectors.h"
+
+#include "core/checks.h"
+#include "core/float_arithmetic.h"
+#include "core/float_control.h"
+#include "core/rows.h"
+
+namespace orv {
+namespace float_vectors {
+namespace ORV_LEVEL {
+namespace {
+
+// --- Loops ----------------------------------------------------------------------------------------
+//
+// A vector is an image of one row.
+
+template <class F, class Op>
+void run(const F* src1, const F* src2, F* dst, Length len, Op& op)
+{
+    plane(lanes(src1), 0, lanes(src2), 0, lanes(dst), 0, {len.count, 1}, 1, op);
+}
+template <class F, class Op>
+void run(const F* src, F value, F* dst, Length len, Op& op)
+{
+    constant_plane(lanes<F>(static_cast<const F*>(&value)), lanes(src), 0, lanes(dst), 0, {len.count, 1}, 1, op);
+}
+
+template <class Op, class F>
+Status two_vectors(const F* src1, const F* src2, F* dst, Length len)
+{
+    if (const Status bad = check_vector(len, src1, src2, dst)) return bad;
+    const FloatControl control;
+    Op op;
+    run(src1, src2, dst, len, op);
+    return StatusOk;
+}
+
+template <class F>
+Status division(const F* src1, const F* src2, F* dst, Length len)
+{
+    if (const Status bad = check_vector(len, src1, src2, dst)) return bad;
+    const FloatControl control;
+    FloatQuotient<F> op;
+    run(src1, src2, dst, len, op);
+    return op.zeros ? StatusDivideByZero : StatusOk;
+}
+
+template <class Op, class F>
+Status constant(const F* src, F value, F* dst, Length len)
+{
+    if (const Status bad = check_vector(len, src, dst)) return bad;
+    const FloatControl control;
+    Op op;
+    run(src, value, dst, len, op);
+    return StatusOk;
+}
+
+template <class F>
+Status division_by_constant(const F* src, F value, F* dst, Length len)
+{
+    if (const Status bad = check_vector(len, src, dst)) return bad;
+    const FloatControl control;
+    if (value == 0) return StatusDivideByZeroError;
+    FloatProduct<F> op;
+    run(src, reciprocal(value), dst, len, op);
+    return StatusOk;
+}
+
+struct Unchanged {
+    template <class T> ORV_INLINE T one(T, T b) const { return b; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V, V b) const { return b; }
+#endif
+};
+
+// --- srcDst + a b, the product and the sum in double, rounded once -----------------------------------
+//
+// NaNs are always the same one; see the complex products.
+
+ORV_INLINE std::uint32_t accumulated(double a, double b, double sum)
+{
+    const float result = rounded(static_cast<float>(rounded(sum + rounded(a * b))));
+    const std::uint32_t bits = bits_of<float>(result);
+    return is_nan_bits<float>(bits) ? Bits<float>::kNan : bits;
+}
+
+#if ORV_HAVE_VECTORS
+using Floats = simd::widest<float>;
+using Doubles = simd::pair<simd::vec<double, simd::double_widest>>;
+
+ORV_INLINE Doubles load_doubles(const float* p)
+{
+    Doubles r;
+    simd::load_to(r, p);
+    return r;
+}
+
+ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
+{
+    sum.lo = simd::add_exact_product(a.lo, b.lo, sum.lo);
+    sum.hi = simd::add_exact_product(a.hi, b.hi, sum.hi);
+    const Floats result = simd::to_float(sum);
+    const Floats nan = simd::unordered(result, result);
+    if (__builtin_expect(!simd::any(nan), true)) return result;
+    return simd::select(nan, simd::splat<Floats>(value_of<float>(Bits<float>::kNan)), result);
+}
+#endif
+
+// The vector or the constant that the other one is multiplied with.
+struct Elements {
+    const float* p;
+    ORV_INLINE double one(std::ptrdiff_t i) const { return static_cast<double>(get(p + i)); }
+#if ORV_HAVE_VECTORS
+    ORV_INLINE Doubles many(std::ptrdiff_t i) const { return load_doubles(p + i); }
+#endif
+};
+struct Everywhere {
+    double value;
+    ORV_INLINE double one(std::ptrdiff_t) const { return value; }
+#if ORV_HAVE_VECTORS
+    ORV_INLINE Doubles many(std::ptrdiff_t) const
+    {
+        const auto v = simd::splat<simd::vec<double, simd::double_widest>>(value);
+        return {v, v};
+    }
+#endif
+};
+
+template <class Factor>
+void accumulate(const float* src, Factor factor, float* srcDst, std::ptrdiff_t n)
+{
+    const Elements other = {src};
+    std::ptrdiff_t i = 0;
+#if ORV_HAVE_VECTORS
+    constexpr int N = Floats::N;
+    const auto at = [&](std::ptrdiff_t k) { return accumulated(other.many(k), factor.many(k), load_doubles(srcDst + k)); };
+    if (n >= N) {
+        const Floats last = at(n - N);
+        for (; i < n - N; i += N) simd::store(srcDst + i, at(i));
+        simd::store(srcDst + n - N, last);
+        return;
+    }
+#endif
+    std::uint32_t* const bits = reinterpret_cast<std::uint32_t*>(srcDst);
+    for (; i < n; ++i) put(bits + i, accumulated(other.one(i), factor.one(i), static_cast<double>(get(srcDst + i))));
+}
+
+}  // namespace
+
+Status AddProduct_32f(const float* src1, const float* src2, float* srcDst, Length len)
+{
+    if (const Status bad = check_vector(len, src1, src2, srcDst)) return bad;
+    const FloatControl control;
+    accumulate(src1, Elements{src2}, srcDst, len.count);
+    return StatusOk;
+}
+Status AddProductC_32f(const float* src, float value, float* srcDst, Length len)
+{
+    if (const Status bad = check_vector(len, src, srcDst)) return bad;
+    const FloatControl control;
+    accumulate(src, Everywhere{static_cast<double>(value)}, srcDst, len.count);
+    return StatusOk;
+}
+
+// A value of 0 copies, so that -0 stays -0.
+Status AddC_64f(const double* src, double value, double* dst, Length len)
+{
+    if (const Status bad = check_vector(len, src, dst)) return bad;
+    const FloatControl control;
+    if (is_zero_bits<double>(bits_of(value))) {
+        Unchanged op;
+        run(src, value, dst, len, op);
+        return StatusOk;
+    }
+    FloatSum<double> op;
+    run(src, value, dst, len, op);
+    return StatusOk;
+}
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+#define TWO_VECTORS(name, F, ...)                                                \
+    Status name(const F* src1, const F* src2, F* dst, Length len)                \
+    {                                                                            \
+        return __VA_ARGS__(src1, src2, dst, len);                                \
+    }
+#define CONSTANT(name, F, ...)                                                   \
+    Status name(const F* src, F value, F* dst, Length len)                       \
+    {                                                                            \
+        return __VA_ARGS__(src, value, dst, len);                                \
+    }
+
+TWO_VECTORS(Add_32f, float, two_vectors<FloatSum<float>>)
+TWO_VECTORS(Sub_32f, float, two_vectors<FloatDifference<float>>)
+TWO_VECTORS(Mul_32f, float, two_vectors<FloatProduct<float>>)
+TWO_VECTORS(Div_32f, float, division)
+CONSTANT(AddC_32f, float, constant<FloatSum<float>>)
+CONSTANT(SubC_32f, float, constant<FloatDifference<float>>)
+CONSTANT(SubCRev_32f, float, constant<Reversed<FloatDifference<float>>>)
+CONSTANT(MulC_32f, float, constant<FloatProduct<float>>)
+CONSTANT(DivC_32f, float, division_by_constant)
+
+TWO_VECTORS(Add_64f, double, two_vectors<FloatSum<double>>)
+TWO_VECTORS(Mul_64f, double, two_vectors<FloatProduct<double>>)
+TWO_VECTORS(Div_64f, double, division)
+CONSTANT(MulC_64f, double, constant<FloatProduct<double>>)
+CONSTANT(DivC_64f, double, division_by_constant)
+
+Status DivCRev_32f(const float* src, float value, float* dst, Length len)
+{
+    if (const Status bad = check_vector(len, src, dst)) return bad;
+    const FloatControl control;
+    Reversed<FloatQuotient<float>> op;
+    run(src, value, dst, len, op);
+    return op.zeros ? StatusDivideByZero : StatusOk;
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace float_vectors
+}  // namespace orv
