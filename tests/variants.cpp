@@ -189,8 +189,7 @@ private:
             using T = typename pointee<A>::type;
             results_.emplace_back((kMostResults + 1) * sizeof(T), static_cast<unsigned char>(0xA5));
             argument = reinterpret_cast<T*>(results_.back().data());
-        } else if constexpr (pointee<A>::is_pointer && followed_by_int<I>()) {
-        if constexpr (pointee<A>::is_pointer && (kVectors || followed_by_int<I>())) {
+        } else if constexpr (pointee<A>::is_pointer && (kVectors || followed_by_int<I>())) {
             argument = make_image<typename pointee<A>::type>(pointee<A>::is_source)->template pixels<typename pointee<A>::type>();
         } else if constexpr (pointee<A>::is_pointer) {
             using T = typename pointee<A>::type;
@@ -334,6 +333,9 @@ TEST(Variants, Statistics)
 #include "image/float_sums.inc"
 #include "image/histogram.inc"
 #include "image/sums.inc"
+#undef KERNEL
+}
+
 TEST(Variants, Bitwise)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
@@ -352,6 +354,9 @@ TEST(Variants, Threshold)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
 #include "image/threshold.inc"
+#undef KERNEL
+}
+
 TEST(Variants, FloatArithmetic)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);

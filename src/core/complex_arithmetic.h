@@ -64,7 +64,7 @@ ORV_INLINE Doubles re_negated(Doubles x) { return _mm_xor_pd(x, _mm_setr_pd(-0.0
 ORV_INLINE Doubles multiplied(Doubles re, Doubles im, Doubles x)
 {
     const Doubles crossed = ORV_PD(mul)(im, exchanged(x));
-#if ORV_HAVE_FMA
+#if ORV_HAVE_FUSED
     return _mm256_fmaddsub_pd(re, x, crossed);  // its product is exact: the fused form changes nothing
 #elif ORV_HAVE_FLOAT256
     return _mm256_addsub_pd(_mm256_mul_pd(re, x), crossed);
@@ -76,7 +76,7 @@ ORV_INLINE Doubles multiplied(Doubles re, Doubles im, Doubles x)
 ORV_INLINE Doubles multiplied_by_conjugate(Doubles re, Doubles im, Doubles x)
 {
     const Doubles crossed = ORV_PD(mul)(im, exchanged(x));
-#if ORV_HAVE_FMA
+#if ORV_HAVE_FUSED
     return _mm256_fmsubadd_pd(re, x, crossed);
 #elif ORV_HAVE_FLOAT256
     return _mm256_addsub_pd(_mm256_mul_pd(re, x), im_negated(re_negated(crossed)));

@@ -11,7 +11,6 @@ enum Status : int {
     StatusLogarithmOfZero = 7,
     StatusLogarithmOfNegative = 8,      // anything with its sign bit set
     StatusNoOperation = 1,              // a size of 0: there is nothing to prepare
-    StatusSqrtOfNegative = 3,           // a square root met a negative number or a NaN
     StatusDivideByZero = 6,             // a division met one or more zero divisors
     StatusNotIntelProcessor = 20,       // start-up only: the processor is of another vendor
     StatusProcessorNotSupported = 36,   // start-up only: the processor cannot report its features

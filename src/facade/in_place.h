@@ -17,13 +17,6 @@ struct Tile {
     int copyStep;
     void* place;
     Size size;
-
-    // Another image of the call.
-    template <class T>
-    T* of(T* image, int) const
-    {
-        return image;
-    }
 };
 
 // Memory for a copy of the image, or a token of it; null where that is refused.
@@ -43,14 +36,15 @@ inline bool rows_overlap(int step, int height, long long row_bytes)
 }
 
 // Runs `operation` from srcDst, or a copy of it, into srcDst, whose pixels have `lanes` elements of T.
+// `always_copy` is for operations that cannot have one buffer as source and destination.
 template <class T, class Operation>
-Status in_place(T* srcDst, int step, int width, int height, int lanes, Operation operation)
+Status in_place(T* srcDst, int step, int width, int height, int lanes, Operation operation, bool always_copy = false)
 {
     if (srcDst == nullptr) return StatusNullPointer;
     if (width < 1 || height < 1) return StatusBadSize;
 
     const long long pixel_bytes = static_cast<long long>(sizeof(T)) * lanes;
-    const bool needs_copy = rows_overlap(step, height, width * pixel_bytes);
+    const bool needs_copy = always_copy || rows_overlap(step, height, width * pixel_bytes);
     Tile tile = {srcDst, step, srcDst, {width, height}};
     void* const memory = allocate_for_copy(needs_copy, width, height, pixel_bytes, &tile.copyStep);
     if (memory == nullptr) return StatusNoMemory;

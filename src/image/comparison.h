@@ -8,13 +8,13 @@ namespace orv {
 
 // `relation` is a Relation. Codes beyond the last one write nothing and are no error.
 template <class T>
-using Comparison = Status(const T* src1, int src1Step, const T* src2, int src2Step, std::uint8_t* dst, int dstStep,
+using Comparison = Status(const T* src1, int src1Step, const T* src2, int src2Step, unsigned char* dst, int dstStep,
                           Size roi, int relation);
 template <class T>
-using ComparisonWithValue = Status(const T* src, int srcStep, T value, std::uint8_t* dst, int dstStep, Size roi,
+using ComparisonWithValue = Status(const T* src, int srcStep, T value, unsigned char* dst, int dstStep, Size roi,
                                    int relation);
 template <class T>
-using ComparisonWithValues = Status(const T* src, int srcStep, const T* values, std::uint8_t* dst, int dstStep,
+using ComparisonWithValues = Status(const T* src, int srcStep, const T* values, unsigned char* dst, int dstStep,
                                     Size roi, int relation);
 
 #define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;

@@ -1,5 +1,7 @@
 #include "image/histogram.h"
 
+#include <cstdint>
+
 #include <cstring>
 #include <limits>
 

@@ -17,7 +17,7 @@ using namespace orv;
     bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width, int height)         \
     {                                                                                                                      \
         return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                       \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, tile.of(src, srcStep), srcStep, \
+                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, src, srcStep, \
                                           static_cast<T*>(tile.place), srcDstStep, tile.size);                             \
                }) == StatusOk;                                                                                             \
     }

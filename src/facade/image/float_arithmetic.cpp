@@ -19,7 +19,7 @@ using namespace orv;
                                       int width, int height)                                              \
     {                                                                                                     \
         return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
-                   return orv_##operation(tile.of(src, srcStep), srcStep,                                 \
+                   return orv_##operation(src, srcStep,                                 \
                                           static_cast<const float*>(tile.copy), tile.copyStep,            \
                                           static_cast<float*>(tile.place), srcDstStep, tile.size);        \
                }) == StatusOk;                                                                            \
@@ -104,14 +104,14 @@ SRC_DST(Abs_32f_C3)
 SRCDST(Abs_32f_C1I, Abs_32f_C1, 1)
 SRCDST(Abs_32f_C3I, Abs_32f_C3, 3)
 
-// Intended: the operation rounds its steps down to whole elements, so its destination is not quite the
-// tile that was copied. Rows move towards the start of the image, where nothing is left to be copied.
+// Intended: the operation rounds its steps down to whole elements, that of the copy it reads as well as
+// that of the image it writes. Only with such steps are the two the same rows.
 bool ImageProcessingWrapper::Sqrt_32f_C1I(float* srcDst, int srcDstStep, int width, int height)
 {
+    const bool uneven = (srcDstStep & 3) != 0;
     return in_place(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {
-               return orv_Sqrt_32f_C1(static_cast<const float*>(tile.copy), tile.copyStep,
-                                      tile.of(srcDst, srcDstStep & ~3), srcDstStep, tile.size);
-           }) == StatusOk;
+               return orv_Sqrt_32f_C1(static_cast<const float*>(tile.copy), tile.copyStep, srcDst, srcDstStep, tile.size);
+           }, uneven) == StatusOk;
 }
 
 // In place without a temporary.
@@ -148,7 +148,7 @@ bool ImageProcessingWrapper::AddProduct_16u32f_C1I(const unsigned short* src1, i
                                       int srcDstStep, int width, int height)                              \
     {                                                                                                     \
         in_place(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {                            \
-            return orv_##operation(tile.of(src, srcStep), srcStep,                                        \
+            return orv_##operation(src, srcStep,                                        \
                                    static_cast<const Complex32f*>(tile.copy), tile.copyStep,              \
                                    static_cast<Complex32f*>(tile.place), srcDstStep, tile.size);          \
         });                                                                                               \

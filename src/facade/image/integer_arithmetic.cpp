@@ -19,7 +19,7 @@ using namespace orv;
                                       int height, int scaleFactor)                                        \
     {                                                                                                     \
         return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
-                   return orv_##operation(tile.of(src, srcStep), srcStep,                                 \
+                   return orv_##operation(src, srcStep,                                 \
                                           static_cast<const T*>(tile.copy), tile.copyStep,                \
                                           static_cast<T*>(tile.place), srcDstStep, tile.size, scaleFactor); \
                }) == StatusOk;                                                                            \

@@ -36,23 +36,23 @@ static bool always(Status) { return true; }
 #define SRC_SRCDST(name, operation, T, result)                                                   \
     bool SignalProcessingWrapper::name(const T* src, T* srcDst, int len)                         \
     {                                                                                            \
-        return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, int first, Length n) { \
-            return orv_##operation(part(src, first), copy, place, n);                            \
+        return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) { \
+            return orv_##operation(src, copy, place, n);                            \
         }));                                                                                     \
     }
 #define SRC_SRCDST_SCALED(name, operation, T, result)                                            \
     bool SignalProcessingWrapper::name(const T* src, T* srcDst, int len, int scaleFactor)        \
     {                                                                                            \
-        return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, int first, Length n) { \
-            return orv_##operation(part(src, first), copy, place, n, scaleFactor);               \
+        return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) { \
+            return orv_##operation(src, copy, place, n, scaleFactor);               \
         }));                                                                                     \
     }
 #define WITH_VALUE(operation, T, result)                                                         \
-    return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, int, Length n) {     \
+    return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) {     \
         return orv_##operation(copy, value, place, n);                                           \
     }));
 #define WITH_VALUE_SCALED(operation, T, result)                                                  \
-    return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, int, Length n) {     \
+    return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) {     \
         return orv_##operation(copy, value, place, n, scaleFactor);                              \
     }));
 #define SRCDST_VALUE(name, operation, T, result) \
