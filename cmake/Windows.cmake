@@ -36,9 +36,9 @@ function(orvane_windows_dll)
 
   set(definitions ${folder}/orvane.def)
   add_custom_command(OUTPUT ${definitions}
-    COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_facade>"
+    COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_facade>;$<TARGET_OBJECTS:orvane_core>"
       -DOUTPUT=${definitions} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
-    DEPENDS orvane_facade $<TARGET_OBJECTS:orvane_facade> VERBATIM)
+    DEPENDS $<TARGET_OBJECTS:orvane_facade> $<TARGET_OBJECTS:orvane_core> VERBATIM)
 
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
     OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -52,7 +52,7 @@ function(orvane_windows_dll)
       /def:${definitions} /out:${folder}/orvane.dll /implib:${folder}/orvane.lib @${response}
       ${libgcc} ${libraries}/libmsvcrt.a ${libraries}/libkernel32.a
     COMMAND ${ORVANE_DLLTOOL} -k -d ${definitions} -D orvane.dll -l ${folder}/liborvane.dll.a
-    DEPENDS ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} ${mingw_objects} VERBATIM)
+    DEPENDS orvane_lapack ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} ${mingw_objects} VERBATIM)
   add_custom_target(orvane_dll ALL DEPENDS ${folder}/orvane.dll)
 
   install(FILES ${folder}/orvane.dll DESTINATION bin)

@@ -1,13 +1,24 @@
-# Writes the definition file that exports the C++ names of MinGW objects.
+# Writes the definition file that exports the C++ names of MinGW objects, and the entry points and tables
+# of the elementary functions.
 # cmake -DNM=... -DOBJECTS=a;b -DOUTPUT=... -P WriteDefinitions.cmake
 execute_process(COMMAND ${NM} -g --defined-only ${OBJECTS} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
-string(REGEX MATCHALL "[TDBRV] __?(Z[A-Za-z0-9_]+|nImageProcessingWrapper)" symbols "${symbols}")
+# Classes and the two free exports; what lies in namespace orv is the library's own business.
+string(REGEX MATCHALL "[TDBRV] _(_Z[A-Za-z0-9_]+|nImageProcessingWrapper|own_ipps_[A-Za-z0-9_]+|[a-z][a-z0-9]_ipps[A-Za-z0-9_]+@[0-9]+)"
+  symbols "${symbols}")
 list(SORT symbols)
 list(REMOVE_DUPLICATES symbols)
 set(text "EXPORTS\n")
 foreach(symbol ${symbols})
-  # Without the underscore that every C name has on this platform; the linker puts it back.
-  string(REGEX REPLACE "^. _" "" name ${symbol})
+  if(symbol MATCHES "_Z[A-Z]*N?K?3orv")
+    continue()
+  endif()
+  if(symbol MATCHES "@")
+    # Callee-cleans names are exported as they are, underscore included.
+    string(REGEX REPLACE "^. " "" name ${symbol})
+  else()
+    # Without the underscore that every C name has on this platform; the linker puts it back.
+    string(REGEX REPLACE "^. _" "" name ${symbol})
+  endif()
   if(symbol MATCHES "^[DBR] " OR name MATCHES "^_ZTV")
     string(APPEND name " DATA")
   endif()

@@ -35,6 +35,10 @@ if [ -z "$picture" ]; then
     picture=build/demo/lxqt-themes/usr/share/lxqt/wallpapers/Valendas.png
 fi
 
+# Without a network the gallery does without the sound.
+sound=
+if (fetch alsa-utils) > /dev/null 2>&1; then sound=build/demo/alsa-utils/usr/share/sounds/alsa/Front_Center.wav; fi
+
 echo "running the gallery on $picture"
-build/demo/gallery/gallery "$picture" build/demo/page
+build/demo/gallery/gallery "$picture" build/demo/page ${sound:+"$sound"}
 echo "the page: $PWD/build/demo/page/index.html"

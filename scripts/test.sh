@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds every flavour and runs all tests.
+# Installs what is missing, builds for 64 and 32 bits and runs all tests; scripts/sanitize.sh has the
+# sanitizers, whose build alone takes longer than all of this.
 # The last line is "N passed, N failed", with ", N skipped" where something could not be set up.
 set -u
 cd "$(dirname "$0")/.." || exit 1
@@ -65,25 +66,6 @@ elif check "build, 32 bit" build i386; then
     else
         skip "emulated processors" "qemu-i386 is not there"
     fi
-fi
-
-if ! command -v i686-w64-mingw32-g++-posix > /dev/null || ! { command -v lld-link || command -v lld-link-14; } > /dev/null; then
-    skip "Windows" "MinGW or lld is not there"
-elif check "build, Windows" build windows; then
-    check "exports, Windows" tests/check_exports.sh build/windows/src/dll/orvane.dll
-    check "kernel symbols, Windows" bash -c 'NM=i686-w64-mingw32-nm tests/check_kernel_symbols.sh $(find build/windows/src -path "*kernel_*" -name "*.obj")'
-    if scripts/wine.sh --set-up; then
-        tests "tests, Windows under Wine" scripts/wine.sh build/windows/tests/orvane_tests.exe
-        check "hosts of both Windows worlds" scripts/check_windows_hosts.sh build/windows
-    else
-        skip "Wine" "its packages cannot be had"
-    fi
-fi
-
-if ! echo 'int main(){}' | clang++ -fsanitize=address,undefined -x c++ - -o /dev/null 2> /dev/null; then
-    skip "sanitizers" "clang with its runtime is not there"
-elif check "build, sanitizers" build asan; then
-    tests "tests, sanitizers" env ASAN_OPTIONS=allocator_may_return_null=1 LSAN_OPTIONS=suppressions=tests/leaks.supp:print_suppressions=0 build/asan/tests/orvane_tests
 fi
 
 echo

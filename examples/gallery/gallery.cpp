@@ -1,5 +1,6 @@
-// Usage: gallery PICTURE FOLDER
-// Runs the library's operations on a picture (PNG or JPEG) and writes FOLDER/index.html.
+// Usage: gallery PICTURE FOLDER [SOUND]
+// Runs the library's operations on a picture (PNG or JPEG) and a sound (WAV, 16 bit) and writes
+// FOLDER/index.html.
 #include <exception>
 #include <iostream>
 
@@ -7,7 +8,7 @@
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) return std::cerr << "usage: gallery PICTURE FOLDER\n", 2;
+    if (argc != 3 && argc != 4) return std::cerr << "usage: gallery PICTURE FOLDER [SOUND]\n", 2;
     try {
         const Picture photo = read_picture(argv[1]);
         Page page(argv[2]);
@@ -15,6 +16,12 @@ int main(int argc, char** argv)
         page.show(photo, argv[1], 0, true);
         show_data_movement(photo, page);
         show_integer_arithmetic(photo, page);
+        show_pixels(photo, page);
+        show_statistics(photo, page);
+        show_filters(photo, page);
+        show_resize(photo, page);
+        show_spectra(photo, argc > 3 ? argv[3] : "", page);
+        show_matrices(photo, page);
         return 0;
     } catch (const std::exception& e) {
         return std::cerr << "gallery: " << e.what() << "\n", 1;

@@ -41,5 +41,31 @@ struct FloatPicture {
     float* data() const { return buffer.get(); }
 };
 
+// The brightness of a picture of three channels, as floats from 0 to 255.
+inline FloatPicture brightness(const Picture& photo)
+{
+    FloatPicture colour(photo.width, photo.height, 3), grey(photo.width, photo.height, 1);
+    ImageProcessingWrapper::Convert_8u32f_C3(photo.data(), photo.step, colour.data(), colour.step, photo.width, photo.height);
+    for (int y = 0; y < photo.height; ++y) {
+        const float* const c = colour.data() + y * (colour.step / 4);
+        float* const g = grey.data() + y * (grey.step / 4);
+        for (int x = 0; x < photo.width; ++x) g[x] = 0.299f * c[3 * x] + 0.587f * c[3 * x + 1] + 0.114f * c[3 * x + 2];
+    }
+    return grey;
+}
+
+// Floats from `low` (black) to `high` (white) as a picture of one channel.
+inline Picture to_picture(const FloatPicture& f, float low = 0, float high = 255)
+{
+    Picture p(f.width, f.height, 1);
+    for (int y = 0; y < f.height; ++y) {
+        for (int x = 0; x < f.width; ++x) {
+            const float v = (f.data()[y * (f.step / 4) + x] - low) * 255 / (high - low);
+            p.data()[y * p.step + x] = static_cast<unsigned char>(v < 0 ? 0 : v > 255 ? 255 : v);
+        }
+    }
+    return p;
+}
+
 Picture read_picture(const std::string& path);  // three channels; throws std::runtime_error
 void write_png(const Picture& picture, const std::string& path);

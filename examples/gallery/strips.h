@@ -5,3 +5,9 @@
 
 void show_data_movement(const Picture& photo, Page& page);
 void show_integer_arithmetic(const Picture& photo, Page& page);
+void show_pixels(const Picture& photo, Page& page);
+void show_statistics(const Picture& photo, Page& page);
+void show_filters(const Picture& photo, Page& page);
+void show_resize(const Picture& photo, Page& page);
+void show_spectra(const Picture& photo, const std::string& sound, Page& page);
+void show_matrices(const Picture& photo, Page& page);

@@ -6,6 +6,8 @@
 // NaNs the instructions pass on depends on their order, which is not ours.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/float_arithmetic.h"
 

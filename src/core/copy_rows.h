@@ -1,6 +1,7 @@
 // Rows of bytes moved as they are: a float that passed through the x87 would lose its signalling NaNs.
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 
 #include "core/rows.h"

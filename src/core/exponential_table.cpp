@@ -1,6 +1,8 @@
 // 2^(j/256) for j = 0 ... 255, computed with 400 bits.
 #include "core/exponential_table.h"
 
+#include <cstdint>
+
 namespace orv {
 
 extern "C" {

@@ -1,5 +1,6 @@
 #include "core/features.h"
 
+#include <cstdint>
 #include <cpuid.h>
 
 namespace orv {

@@ -5,6 +5,8 @@
 // the polynomials were fitted with Sollya's fpminimax.
 #pragma once
 
+#include <cstdint>
+
 #include "core/lanes.h"
 
 namespace orv {

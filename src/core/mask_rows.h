@@ -10,6 +10,8 @@
 // the mask, and a last one that overlaps its neighbour and is computed before anything is stored.
 #pragma once
 
+#include <cstdint>
+
 #include "core/rows.h"
 #include "core/simd/conversion.h"
 

@@ -2,6 +2,7 @@
 // signal vectors compute with the same text.
 #pragma once
 
+#include <cstdint>
 #include <type_traits>
 
 #include "core/float_control.h"

@@ -13,6 +13,8 @@
 // on 128, 64 or 32 bits. Nothing outside the row is read or written.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/simd/vec.h"
 

@@ -2,6 +2,8 @@
 // vectors. Images and signal vectors compute with the same text.
 #pragma once
 
+#include <cstdint>
+
 #include "core/scaling.h"
 
 namespace orv {

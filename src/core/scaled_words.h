@@ -7,6 +7,8 @@
 // Kernels that use this open with a FloatControl.
 #pragma once
 
+#include <cstdint>
+
 #include "core/scaled_arithmetic.h"
 
 namespace orv {

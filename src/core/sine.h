@@ -5,6 +5,8 @@
 // polynomials were fitted with Sollya's fpminimax.
 #pragma once
 
+#include <cstdint>
+
 #include "core/lanes.h"
 #include "core/two_over_pi.h"
 

@@ -1,6 +1,8 @@
 // The bits of 2/pi, computed with 2000 bits.
 #include "core/two_over_pi.h"
 
+#include <cstdint>
+
 namespace orv {
 
 extern "C" {

@@ -1,5 +1,7 @@
 #include "image/bitwise.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/rows.h"
 

@@ -1,5 +1,7 @@
 #include "image/border.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/copy_rows.h"
 #include "core/memory.h"

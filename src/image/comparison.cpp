@@ -1,5 +1,7 @@
 #include "image/comparison.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "core/mask_rows.h"

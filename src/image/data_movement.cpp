@@ -1,5 +1,6 @@
 #include "image/data_movement.h"
 
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <type_traits>

@@ -1,5 +1,6 @@
 #include "image/extremes.h"
 
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <type_traits>

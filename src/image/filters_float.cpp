@@ -1,4 +1,6 @@
 #include "core/memory.h"
+
+#include <cstdint>
 #include "image/filters_common.h"
 #include "image/filters_pending.h"
 

@@ -1,6 +1,8 @@
 // Box and Gauss filters on 8- and 16-bit pixels. Sums of integers are exact in any order, so column
 // sums run from row to row, and rows are summed as it suits the vectors.
 #include "core/float_control.h"
+
+#include <cstdint>
 #include "core/memory.h"
 #include "core/simd/vec.h"
 #include "image/filters_common.h"

@@ -1,5 +1,6 @@
 #include "image/float_sums.h"
 
+#include <cstdint>
 #include <cstring>
 #include <limits>
 

@@ -5,6 +5,8 @@
 // (t0 + t1) + (t2 + t3). Weights are floats. Taps outside the limits take the nearest pixel within.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "core/simd/vec.h"

@@ -13,6 +13,7 @@
 // Included by four_taps.h where there are 256-bit integers.
 #pragma once
 
+#include <cstdint>
 #include <climits>
 
 namespace orv {

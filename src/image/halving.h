@@ -3,6 +3,7 @@
 // changes no bit, as a factor of two never does in double on floats.
 #pragma once
 
+#include <cstdint>
 #include <type_traits>
 
 #include "core/checks.h"

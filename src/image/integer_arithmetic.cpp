@@ -1,5 +1,7 @@
 #include "image/integer_arithmetic.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/quotients.h"
 #include "core/rows.h"

@@ -1,6 +1,8 @@
 // The work buffer of linear interpolation: two interpolated rows and one of the source, in double.
 #pragma once
 
+#include <cstdint>
+
 #include "image/resize_layout.h"
 
 namespace orv {

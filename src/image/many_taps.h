@@ -2,6 +2,8 @@
 // source rows, then that of its columns, each from the first tap to the last.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/simd/vec.h"
 #include "image/pixel_rounding.h"

@@ -1,6 +1,8 @@
 // Rows of pixels picked from a source row by index: nearest neighbours.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/simd/vec.h"
 #include "image/resize_layout.h"

@@ -1,5 +1,7 @@
 #include "image/resample.h"
 
+#include <cstdint>
+
 #include "core/float_control.h"
 #include "image/four_taps.h"
 #include "image/halving.h"

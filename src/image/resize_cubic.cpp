@@ -1,5 +1,6 @@
 #include "image/resize_cubic.h"
 
+#include <cstdint>
 #include <climits>
 
 #include "core/float_control.h"

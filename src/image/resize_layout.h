@@ -1,6 +1,8 @@
 // Sizes and addresses inside plans and work buffers of the resizer.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "image/resize_plan.h"
 

@@ -1,5 +1,7 @@
 #include "image/resize_nearest.h"
 
+#include <cstdint>
+
 #include "image/pixel_moves.h"
 #include "image/resize_layout.h"
 

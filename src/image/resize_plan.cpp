@@ -1,5 +1,7 @@
 #include "image/resize_plan.h"
 
+#include <cstdint>
+
 #include "core/float_control.h"
 #include "image/four_taps.h"
 #include "image/linear_rows.h"

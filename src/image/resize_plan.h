@@ -5,13 +5,11 @@
 // A plan depends neither on the element type nor on the number of channels.
 #pragma once
 
-#include <cstdint>
-
 #include "core/shapes.h"
 
 namespace orv {
 
-constexpr std::uint32_t kResizePlanTag = 0x4B617389;
+constexpr unsigned int kResizePlanTag = 0x4B617389;
 
 // Interpolations of the resizer.
 constexpr int kResizeNearest = 1;
@@ -28,13 +26,13 @@ struct ResizeAxis {
     int reduced_source, reduced_destination;  // without their common divisor
     int before, after;                        // destination positions whose taps leave the source on each side
     // Source index per position: of the only tap (nearest), or of the last one at or before the position.
-    std::int64_t indices;
+    long long indices;
     // Per position, linear: the fraction; cubic: four weights. Floats.
-    std::int64_t weights;
+    long long weights;
 };
 
 struct ResizePlan {
-    std::uint32_t tag;
+    unsigned int tag;
     int interpolation;
     ResizeAxis x, y;
 };

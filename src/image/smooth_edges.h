@@ -2,6 +2,8 @@
 // old value for the rest. Such pixels stand in the first and the last column and row at most.
 #pragma once
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "image/square_axis.h"
 

@@ -5,6 +5,8 @@
 // whose pixel k covers [k, k + 1). A position belongs to the image when its centre comes from the rectangle.
 #pragma once
 
+#include <cstdint>
+
 #include "core/float_control.h"
 #include "image/four_taps.h"
 #include "image/pixel_rounding.h"

@@ -1,5 +1,6 @@
 #include "image/threshold.h"
 
+#include <cstdint>
 #include <type_traits>
 #include <utility>
 

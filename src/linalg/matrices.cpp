@@ -1,5 +1,7 @@
 #include "linalg/matrices.h"
 
+#include <cstdint>
+
 #include "core/float_control.h"
 #include "linalg/packs.h"
 #include "linalg/views.h"

@@ -5,6 +5,8 @@
 // fitted with Sollya's fpminimax.
 #pragma once
 
+#include <cstdint>
+
 #include "core/maps.h"
 #include "core/sine.h"
 

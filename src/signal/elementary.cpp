@@ -1,5 +1,7 @@
 #include "signal/elementary.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/float_log_exp.h"
 #include "core/maps.h"

@@ -1,5 +1,7 @@
 #include "signal/float_vectors.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/float_arithmetic.h"
 #include "core/float_control.h"

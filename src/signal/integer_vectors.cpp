@@ -1,5 +1,7 @@
 #include "signal/integer_vectors.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "core/quotients.h"

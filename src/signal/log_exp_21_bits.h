@@ -2,6 +2,8 @@
 // polynomials were fitted with Sollya's fpminimax.
 #pragma once
 
+#include <cstdint>
+
 #include "core/float_log_exp.h"
 
 namespace orv {

@@ -1,5 +1,7 @@
 #include "signal/spectra.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "core/complex_arithmetic.h"
 #include "core/float_arithmetic.h"

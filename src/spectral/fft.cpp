@@ -1,5 +1,7 @@
 #include "spectral/fft.h"
 
+#include <cstdint>
+
 #include "core/checks.h"
 #include "spectral/fft_tables.h"
 #include "spectral/plane_fft.h"

@@ -1,6 +1,8 @@
 // Fills the tables of the specification records.
 #pragma once
 
+#include <cstdint>
+
 #include "spectral/fft_record.h"
 #include "spectral/roots.h"
 

@@ -1,5 +1,7 @@
 #include "spectral/random_numbers.h"
 
+#include <cstdint>
+
 #include "core/lanes.h"
 #include "core/logarithm.h"
 #include "core/sine.h"

@@ -1,8 +1,6 @@
 // Gaussian random numbers from a stream of words.
 #pragma once
 
-#include <cstdint>
-
 #include "core/shapes.h"
 
 namespace orv {
@@ -12,7 +10,7 @@ struct RandomStream {
     static constexpr int kWords = 250;
     static constexpr int kTap = 103;
 
-    std::uint32_t word[kWords];
+    unsigned int word[kWords];
     int oldest;  // the word that the next output replaces
     int tap;
 };

@@ -1,5 +1,7 @@
 // Streams of random words: creation and seeding.
 #include "core/memory.h"
+
+#include <cstdint>
 #include "spectral/random_numbers.h"
 
 namespace orv {

@@ -1,12 +1,11 @@
 // Matrices for tests: any strides, every byte around the elements known, fences before and behind.
 #pragma once
 
-#include <sys/mman.h>
-
 #include <cstdlib>
 #include <functional>
 #include <vector>
 
+#include "support/pages.h"
 #include "support/random.h"
 
 namespace test {
@@ -40,15 +39,13 @@ public:
         extent_ = static_cast<std::size_t>(rows_ - 1) * static_cast<std::size_t>(s1_) +
                   static_cast<std::size_t>(columns_ - 1) * static_cast<std::size_t>(s2_) + sizeof(T);
         pages_ = (extent_ + kPage - 1) / kPage * kPage;
-        void* const p = mmap(nullptr, pages_ + 2 * kPage, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        if (p == MAP_FAILED) std::abort();
-        memory_ = static_cast<unsigned char*>(p) + kPage;
-        if (mprotect(memory_, pages_, PROT_READ | PROT_WRITE) != 0) std::abort();
+        memory_ = reserve_pages(pages_ + 2 * kPage) + kPage;
+        open_pages(memory_, pages_);
         base_ = uniform(g, 0, 2) == 0 ? memory_ : memory_ + (pages_ - extent_);
         for (std::size_t i = 0; i < pages_; ++i) memory_[i] = static_cast<unsigned char>(i * 37 + 11);
         set(values);
     }
-    ~Matrix() { munmap(memory_ - kPage, pages_ + 2 * kPage); }
+    ~Matrix() { release_pages(memory_ - kPage, pages_ + 2 * kPage); }
     Matrix(const Matrix&) = delete;
     Matrix& operator=(const Matrix&) = delete;
 

@@ -19,19 +19,8 @@ void show_data_movement(const Picture& photo, Page& page)
                   W::Set_8u_C3(orange, image.data() + image.step * (height / 4) + 3 * (width / 4), image.step, width / 2, height / 24));
 
     // One channel as float, transposed, and back.
-    FloatPicture colour(width, height, 3), transposed(height, width, 1), grey(width, height, 1);
-    W::Convert_8u32f_C3(photo.data(), photo.step, colour.data(), colour.step, width, height);
-    for (int y = 0; y < height; ++y) {
-        const float* const c = colour.data() + y * (colour.step / 4);
-        for (int x = 0; x < width; ++x) grey.data()[y * (grey.step / 4) + x] = 0.299f * c[3 * x] + 0.587f * c[3 * x + 1] + 0.114f * c[3 * x + 2];
-    }
-    Picture turned(height, width, 1);
-    const auto to_bytes = [&] {
-        for (int y = 0; y < width; ++y) {
-            for (int x = 0; x < height; ++x) turned.data()[y * turned.step + x] = static_cast<unsigned char>(transposed.data()[y * (transposed.step / 4) + x]);
-        }
-    };
+    const FloatPicture grey = brightness(photo);
+    FloatPicture transposed(height, width, 1);
     W::Transpose_32f_C1R(grey.data(), grey.step, transposed.data(), transposed.step, width, height);
-    to_bytes();
-    SHOW(page, turned, W::Transpose_32f_C1R(grey.data(), grey.step, transposed.data(), transposed.step, width, height));
+    SHOW(page, to_picture(transposed), W::Transpose_32f_C1R(grey.data(), grey.step, transposed.data(), transposed.step, width, height));
 }
