@@ -53,6 +53,8 @@ check "static library" scripts/check_package.sh --static
 
 if ! echo 'int main(){}' | g++ -m32 -x c++ - -o /dev/null 2> /dev/null; then
     skip "32 bit" "g++-multilib is not there"
+elif [ ! -d build/lapack ] && ! scripts/fetch_lapack.sh "$PWD/build/lapack" > "$log_folder/lapack.log" 2>&1; then
+    skip "32 bit" "the sources of LAPACK cannot be had"
 elif check "build, 32 bit" build i386; then
     tests "tests, 32 bit" build/i386/tests/orvane_tests
     check "kernel symbols, 32 bit" ctest --test-dir build/i386 -R kernel_symbols
