@@ -54,8 +54,17 @@ endforeach()
 # The entries, which take names of ours.
 set(lapack_entries sgesvd dgesvd sgetrf sgetrs)
 
-# What we supply to them.
-add_library(orvane_lapack_support OBJECT ${PROJECT_SOURCE_DIR}/src/linalg/lapack_support.cpp)
+# What we supply to them: some routines of ours are called instead of the reference's.
+set(lapack_wraps "")
+foreach(name bdsqr gemm gemv ger lasr)
+  list(APPEND lapack_wraps -Wl,--wrap=s${name}_ -Wl,--wrap=d${name}_)
+endforeach()
+foreach(name ilaenv sgetrf2 slaswp strsm)
+  list(APPEND lapack_wraps -Wl,--wrap=${name}_)
+endforeach()
+add_library(orvane_lapack_support OBJECT
+  ${PROJECT_SOURCE_DIR}/src/linalg/lapack_substitutes.cpp
+  ${PROJECT_SOURCE_DIR}/src/linalg/lapack_support.cpp)
 orvane_common_options(orvane_lapack_support)
 
 set(lapack_inputs "")
@@ -118,7 +127,7 @@ foreach(entry ${lapack_entries})
 endforeach()
 add_custom_command(OUTPUT ${ORVANE_LAPACK_OBJECT}
   COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -Wl,--force-group-allocation
-          -Wl,--wrap=sbdsqr_ -Wl,--wrap=dbdsqr_ -Wl,--wrap=sgemm_ -Wl,--wrap=strsm_ -Wl,--wrap=slaswp_ ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
+          ${lapack_wraps} ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
           $<TARGET_OBJECTS:orvane_lapack_support> ${lapack_inputs}
   COMMAND ${CMAKE_OBJCOPY} ${renames} ${ORVANE_LAPACK_OBJECT}.all
   COMMAND ${CMAKE_OBJCOPY} ${keeps} --strip-debug ${ORVANE_LAPACK_OBJECT}.all ${ORVANE_LAPACK_OBJECT}

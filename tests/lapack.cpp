@@ -126,17 +126,20 @@ TEST(Lapack, SingularValues)
 {
     std::mt19937 g = make_generator("gesvd");
     const int shapes[][2] = {{1, 1}, {2, 5}, {7, 3}, {6, 6}, {40, 9}, {9, 40}, {33, 33}, {90, 70}};
-    for (const auto& shape : shapes) {
-        if (options().brief && shape[0] > 40) continue;
-        for (char ju : {'A', 'S', 'O', 'N', 'a', 'o'}) {
-            for (char jv : {'A', 'S', 'O', 'N', 's', 'n'}) {
-                if (std::toupper(ju) == 'O' && std::toupper(jv) == 'O') continue;
-                check_svd<float>(ju, jv, shape[0], shape[1], uniform(g, 0, 3), g);
-                check_svd<double>(ju, jv, shape[0], shape[1], uniform(g, 0, 3), g);
-                if (HasFatalFailure()) return;
+    const int highest = orv::orv_variant_index;
+    at_every_level([&] {
+        for (const auto& shape : shapes) {
+            if (shape[0] > 40 && (options().brief || orv::orv_variant_index != highest)) continue;
+            for (char ju : {'A', 'S', 'O', 'N', 'a', 'o'}) {
+                for (char jv : {'A', 'S', 'O', 'N', 's', 'n'}) {
+                    if (std::toupper(ju) == 'O' && std::toupper(jv) == 'O') continue;
+                    check_svd<float>(ju, jv, shape[0], shape[1], uniform(g, 0, 3), g);
+                    check_svd<double>(ju, jv, shape[0], shape[1], uniform(g, 0, 3), g);
+                    if (HasFatalFailure()) return;
+                }
             }
         }
-    }
+    });
 }
 
 TEST(Lapack, LinearSystems)
@@ -146,7 +149,7 @@ TEST(Lapack, LinearSystems)
         for (int n : {1, 2, 3, 8, 31, 64, 65, 130, 200}) {
             if ((options().brief || orv::orv_variant_index % 3 != 0) && n > 65) continue;
             for (char trans : {'N', 'T', 'C', 'n', 't'}) {
-                const int nrhs = uniform(g, 1, 40);
+                const int nrhs = uniform(g, 1, uniform(g, 0, 1) == 0 ? 3 : 40);
                 const auto a = random_columns<float>(n, n, uniform(g, 0, 3), g), b = random_columns<float>(n, nrhs, uniform(g, 0, 3), g);
                 auto lu = a, x = b;
                 std::vector<int> ipiv(static_cast<std::size_t>(n));
@@ -182,7 +185,7 @@ TEST(Lapack, LinearSystems)
 TEST(Lapack, FactorsOfRectanglesAndSingularMatrices)
 {
     std::mt19937 g = make_generator("singular");
-    const int shapes[][3] = {{5, 5, 3}, {9, 4, 1}, {4, 9, 4}, {100, 100, 77}, {150, 70, 70}, {3, 3, 0}};
+    const int shapes[][3] = {{5, 5, 3}, {9, 4, 1}, {4, 9, 4}, {100, 100, 77}, {150, 70, 70}, {40, 90, 40}, {10, 30, 0}, {3, 3, 0}};
     for (const auto& shape : shapes) {
         int m = shape[0], n = shape[1], info = -99;
         auto a = random_columns<float>(m, n, 2, g);

@@ -22,7 +22,7 @@
 #include "signal/float_vectors.h"
 #include "signal/integer_vectors.h"
 #include "signal/spectra.h"
-#include "linalg/blocked_products.h"
+#include "linalg/lapack_kernels.h"
 #include "linalg/elimination.h"
 #include "linalg/matrices.h"
 #include "spectral/fft.h"
@@ -131,8 +131,8 @@ namespace orv {
 #include "signal/spectra.inc"
 #undef KERNEL
 
-#define KERNEL(name, ...) TABLE(blocked_products, name, __VA_ARGS__)
-#include "linalg/blocked_products.inc"
+#define KERNEL(name, ...) TABLE(lapack_kernels, name, __VA_ARGS__)
+#include "linalg/lapack_kernels.inc"
 #undef KERNEL
 
 #define KERNEL(name, ...) TABLE(elimination, name, __VA_ARGS__)

@@ -48,7 +48,49 @@ ORV_INLINE void store_part(Pack<float, 16>, float* p, Pack<float, 16>::V v, int 
 ORV_INLINE Pack<double, 16>::V load_part(Pack<double, 16>, const double* p, int) { return _mm_load_sd(p); }
 ORV_INLINE void store_part(Pack<double, 16>, double* p, Pack<double, 16>::V v, int) { _mm_store_sd(p, v); }
 
+// Register i gets lane i of all.
+ORV_INLINE void transpose(Pack<float, 16>, Pack<float, 16>::V (&v)[4])
+{
+    _MM_TRANSPOSE4_PS(v[0], v[1], v[2], v[3]);
+}
+ORV_INLINE void transpose(Pack<double, 16>, Pack<double, 16>::V (&v)[2])
+{
+    const __m128d low = _mm_unpacklo_pd(v[0], v[1]), high = _mm_unpackhi_pd(v[0], v[1]);
+    v[0] = low;
+    v[1] = high;
+}
+
 #if ORV_HAVE_FLOAT256
+ORV_INLINE void transpose(Pack<float, 32>, Pack<float, 32>::V (&v)[8])
+{
+    // Pairs, fours, then halves.
+    const __m256 a0 = _mm256_unpacklo_ps(v[0], v[1]), a1 = _mm256_unpackhi_ps(v[0], v[1]);
+    const __m256 a2 = _mm256_unpacklo_ps(v[2], v[3]), a3 = _mm256_unpackhi_ps(v[2], v[3]);
+    const __m256 a4 = _mm256_unpacklo_ps(v[4], v[5]), a5 = _mm256_unpackhi_ps(v[4], v[5]);
+    const __m256 a6 = _mm256_unpacklo_ps(v[6], v[7]), a7 = _mm256_unpackhi_ps(v[6], v[7]);
+    const __m256 b0 = _mm256_shuffle_ps(a0, a2, 0x44), b1 = _mm256_shuffle_ps(a0, a2, 0xEE);
+    const __m256 b2 = _mm256_shuffle_ps(a1, a3, 0x44), b3 = _mm256_shuffle_ps(a1, a3, 0xEE);
+    const __m256 b4 = _mm256_shuffle_ps(a4, a6, 0x44), b5 = _mm256_shuffle_ps(a4, a6, 0xEE);
+    const __m256 b6 = _mm256_shuffle_ps(a5, a7, 0x44), b7 = _mm256_shuffle_ps(a5, a7, 0xEE);
+    v[0] = _mm256_permute2f128_ps(b0, b4, 0x20);
+    v[1] = _mm256_permute2f128_ps(b1, b5, 0x20);
+    v[2] = _mm256_permute2f128_ps(b2, b6, 0x20);
+    v[3] = _mm256_permute2f128_ps(b3, b7, 0x20);
+    v[4] = _mm256_permute2f128_ps(b0, b4, 0x31);
+    v[5] = _mm256_permute2f128_ps(b1, b5, 0x31);
+    v[6] = _mm256_permute2f128_ps(b2, b6, 0x31);
+    v[7] = _mm256_permute2f128_ps(b3, b7, 0x31);
+}
+ORV_INLINE void transpose(Pack<double, 32>, Pack<double, 32>::V (&v)[4])
+{
+    const __m256d a0 = _mm256_unpacklo_pd(v[0], v[1]), a1 = _mm256_unpackhi_pd(v[0], v[1]);
+    const __m256d a2 = _mm256_unpacklo_pd(v[2], v[3]), a3 = _mm256_unpackhi_pd(v[2], v[3]);
+    v[0] = _mm256_permute2f128_pd(a0, a2, 0x20);
+    v[1] = _mm256_permute2f128_pd(a1, a3, 0x20);
+    v[2] = _mm256_permute2f128_pd(a0, a2, 0x31);
+    v[3] = _mm256_permute2f128_pd(a1, a3, 0x31);
+}
+
 // All ones in the first n lanes of 4 bytes.
 ORV_INLINE __m256i lanes_mask(int n)
 {
