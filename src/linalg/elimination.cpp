@@ -11,6 +11,7 @@
 #include <type_traits>
 
 #include "core/float_control.h"
+#include "linalg/lane_decomposition.h"
 #include "linalg/packs.h"
 #include "linalg/views.h"
 
@@ -224,6 +225,11 @@ ORV_INLINE bool decompose(View<T> m, ptrdiff_t n, int* index, Accept accept)
 template <bool in_buffer>
 ORV_INLINE bool decompose_for_substitution(View<float> m, ptrdiff_t n, int* index)
 {
+#if ORV_HAVE_INT256
+    if (in_buffer && n > 3 && n <= 8) {
+        return LaneDecomposition::run(m.base, static_cast<int>(n), index, static_cast<int>(kLeastPivot));
+    }
+#endif
     return decompose<in_buffer>(m, n, index, [m](ptrdiff_t k) { return magnitude(m.at(k, k)) >= kLeastPivot; });
 }
 
@@ -232,11 +238,8 @@ ORV_INLINE bool decompose_for_substitution(View<float> m, ptrdiff_t n, int* inde
 template <class T> constexpr T kEpsilon = T(1) / (1 << 23);
 template <> constexpr double kEpsilon<double> = 1.0 / (1LL << 52);
 
-template <class T>
-ORV_INLINE T absolute(T x)
-{
-    return x < 0 ? -x : x;
-}
+ORV_INLINE float absolute(float x) { return __builtin_fabsf(x); }
+ORV_INLINE double absolute(double x) { return __builtin_fabs(x); }
 
 // A pivot is what is left of an element after subtracting products. A matrix is singular, as far as its
 // arithmetic can tell, when rounding errors alone may have left it.
@@ -338,6 +341,63 @@ ORV_INLINE void solve(View<T> lu, View<T> x, ptrdiff_t n, ptrdiff_t width)
     for (ptrdiff_t k = n - 1; k >= 0; --k) eliminate_row(lu, x, k, n - 1, n - 1 - k, -1, width, true);
 }
 
+// Decomposes a matrix in a buffer of which every pivot must be significant.
+template <class T>
+ORV_INLINE bool decompose_for_inversion(View<T> lu, ptrdiff_t n, int* index)
+{
+#if ORV_HAVE_INT256
+    if constexpr (sizeof(T) == 4) {
+        if (n <= 8) {
+            // To the end, then every pivot is looked at: neither it nor what it is measured by changes after its step.
+            LaneDecomposition::run(lu.base, static_cast<int>(n), index, 0);
+            for (ptrdiff_t k = 0; k < n; ++k) {
+                if (!is_significant(lu, k, n)) return false;
+            }
+            return true;
+        }
+    }
+#endif
+    return decompose<true>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); });
+}
+
+#if ORV_HAVE_FLOAT256
+// solve() for eight rows of floats, which stay in registers.
+template <int k, int j>
+ORV_INLINE void lose(const float* lu, __m256 (&x)[8])
+{
+    x[k] -= Pack<float, 32>::broadcast(lu + 8 * k + j) * x[j];
+}
+template <int k, int j = 0>
+ORV_INLINE void solve_downward(const float* lu, __m256 (&x)[8])
+{
+    if constexpr (j < k) {
+        lose<k, j>(lu, x);
+        solve_downward<k, j + 1>(lu, x);
+    } else if constexpr (k < 7) {
+        solve_downward<k + 1>(lu, x);
+    }
+}
+template <int k, int j = 7>
+ORV_INLINE void solve_upward(const float* lu, __m256 (&x)[8])
+{
+    if constexpr (j > k) {
+        lose<k, j>(lu, x);
+        solve_upward<k, j - 1>(lu, x);
+    } else {
+        x[k] /= Pack<float, 32>::broadcast(lu + 9 * k);
+        if constexpr (k > 0) solve_upward<k - 1>(lu, x);
+    }
+}
+ORV_INLINE void solve_8x8(const float* lu, float* rows)
+{
+    __m256 x[8];
+    for (int i = 0; i < 8; ++i) x[i] = _mm256_load_ps(rows + 8 * i);
+    solve_downward<1>(lu, x);
+    solve_upward<7>(lu, x);
+    for (int i = 0; i < 8; ++i) _mm256_store_ps(rows + 8 * i, x[i]);
+}
+#endif
+
 template <class T>
 Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
 {
@@ -345,7 +405,7 @@ Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
     int index[kBuffered] = {};
     const View<T> lu = factors.view(n), x = result.view(n);
     fill_buffer(src, lu, n);
-    if (!decompose<true>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); })) return StatusSingularMatrix;
+    if (!decompose_for_inversion(lu, n, index)) return StatusSingularMatrix;
     Buffer<T>::clear(x, n);
     int row[kBuffered];
     for (int i = 0; i < n; ++i) row[i] = i;
@@ -355,6 +415,15 @@ Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
         row[k] = other;
         put(x.at(k, other), T{1});
     }
+#if ORV_HAVE_FLOAT256
+    if constexpr (sizeof(T) == 4) {
+        if (n == 8) {
+            solve_8x8(lu.base, x.base);
+            copy_square<T>({x.base, x.row, x.column}, dst, n);
+            return StatusOk;
+        }
+    }
+#endif
     solve(lu, x, n, Buffer<T>::stride(n));
     copy_square<T>({x.base, x.row, x.column}, dst, n);
     return StatusOk;
@@ -520,9 +589,11 @@ ORV_INLINE bool are_factors(View<const float> lu, const int* index, int n)
 }
 
 // Elements of x one by one; those that were found last are subtracted last, so that the next one waits
-// for one product only.
-ORV_INLINE void substitute(View<const float> lu, const int* index, View<float> x, int n)
+// for one product only. `fixed` is the size where it is known beforehand, else 0.
+template <int fixed>
+ORV_INLINE void substitute(View<const float> lu, const int* index, View<float> x, int size)
 {
+    const int n = fixed != 0 ? fixed : size;
     for (int k = 0; k < n; ++k) {
         const int row = get(index + k);
         const float value = get(x.at(0, row));
@@ -539,6 +610,17 @@ ORV_INLINE void substitute(View<const float> lu, const int* index, View<float> x
         for (int j = n - 1; j > i; --j) sum = rounded(sum - rounded(get(lu.at(i, j)) * get(x.at(0, j))));
         put(x.at(0, i), rounded(sum / get(lu.at(i, i))));
     }
+}
+
+// The whole of it where the solution fits into `Most` elements on the stack.
+template <int fixed, int Most>
+ORV_INLINE void substitute_apart(View<const float> lu, const int* index, View<const float> b, View<float> x, int n)
+{
+    float local[Most];
+    if (fixed != 0) n = fixed;
+    for (int i = 0; i < n; ++i) __builtin_memcpy(local + i, b.at(0, i), sizeof(float));
+    substitute<fixed>(lu, index, {local, 0, sizeof(float)}, n);
+    for (int i = 0; i < n; ++i) __builtin_memcpy(x.at(0, i), local + i, sizeof(float));
 }
 
 }  // namespace
@@ -576,18 +658,21 @@ Status LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2
     const FloatControl control;
     const View<const float> lu = {srcLU, srcLUStride1, srcLUStride2};
     if (!are_factors(lu, srcIndex, widthHeight)) return StatusSingularMatrix;
-    constexpr int kStack = 256;
-    float local[kStack];
-    const bool small = widthHeight <= kStack;
+    const View<const float> b = {srcB, 0, srcBStride2};
     const View<float> x = {dstX, 0, dstXStride2};
-    const View<float> work = small ? View<float>{local, 0, sizeof(float)} : x;
-    for (int i = 0; i < widthHeight; ++i) {
-        __builtin_memcpy(work.at(0, i), row_at(srcB, srcBStride2, i), sizeof(float));
+    switch (widthHeight) {
+        case 3: substitute_apart<3, 3>(lu, srcIndex, b, x, 3); return StatusOk;
+        case 4: substitute_apart<4, 4>(lu, srcIndex, b, x, 4); return StatusOk;
+        case 8: substitute_apart<8, 8>(lu, srcIndex, b, x, 8); return StatusOk;
+        default: break;
     }
-    substitute(lu, srcIndex, work, widthHeight);
-    if (small) {
-        for (int i = 0; i < widthHeight; ++i) __builtin_memcpy(x.at(0, i), local + i, sizeof(float));
+    constexpr int kStack = 256;
+    if (widthHeight <= kStack) {
+        substitute_apart<0, kStack>(lu, srcIndex, b, x, widthHeight);
+        return StatusOk;
     }
+    for (int i = 0; i < widthHeight; ++i) __builtin_memcpy(x.at(0, i), b.at(0, i), sizeof(float));
+    substitute<0>(lu, srcIndex, x, widthHeight);
     return StatusOk;
 }
 

@@ -31,11 +31,13 @@ namespace w7 {
 namespace g9 {
 #include "linalg/elimination.inc"
 }
+namespace h9 {
+#include "linalg/elimination.inc"
+}
 #undef KERNEL
 namespace v8 = w7;
 namespace s8 = w7;
 namespace p8 = w7;
-namespace h9 = g9;
 }  // namespace elimination
 
 }  // namespace orv

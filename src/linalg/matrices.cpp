@@ -103,19 +103,22 @@ ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
     using V = typename P::V;
     V sum[Rows][Columns];
     const ptrdiff_t inner = Inner != 0 ? Inner : p.inner;
-    const auto step = [&](ptrdiff_t k, bool first) __attribute__((always_inline)) {
-        const T* const b = p.b.at(k, j);
+    View<const T> a = {p.a.at(i, 0), p.a.row, p.a.column}, b = {p.b.at(0, j), p.b.row, p.b.column};
+    const auto step = [&](bool first) __attribute__((always_inline)) {
         V row[Columns];
         for (int c = 0; c < Columns; ++c) {
-            row[c] = part != 0 && c == Columns - 1 ? load_part(P(), b + c * P::N, part) : P::load(b + c * P::N);
+            const T* const from = b.base + c * P::N;
+            row[c] = part != 0 && c == Columns - 1 ? load_part(P(), from, part) : P::load(from);
         }
         for (int r = 0; r < Rows; ++r) {
-            const V a = P::splat(get(p.a.at(i + r, k)));
-            for (int c = 0; c < Columns; ++c) sum[r][c] = first ? a * row[c] : sum[r][c] + a * row[c];
+            const V x = P::broadcast(a.at(r, 0));
+            for (int c = 0; c < Columns; ++c) sum[r][c] = first ? x * row[c] : sum[r][c] + x * row[c];
         }
+        a.base = a.at(0, 1);
+        b.base = b.at(1, 0);
     };
-    step(0, true);
-    for (ptrdiff_t k = 1; k < inner; ++k) step(k, false);
+    step(true);
+    for (ptrdiff_t k = 1; k < inner; ++k) step(false);
     for (int r = 0; r < Rows; ++r) {
         T* const dst = p.dst.at(i + r, j);
         for (int c = 0; c < Columns; ++c) {
@@ -130,6 +133,8 @@ template <class P, int Columns, class T>
 ORV_INLINE void strip(const Product<T>& p, ptrdiff_t j, int part)
 {
     ptrdiff_t i = 0;
+    // Twice four are better than six and two.
+    for (; i + 6 <= p.rows && i + 8 != p.rows; i += 6) tile<P, 6, Columns, 0>(p, i, j, part);
     for (; i + 4 <= p.rows; i += 4) tile<P, 4, Columns, 0>(p, i, j, part);
     for (; i + 2 <= p.rows; i += 2) tile<P, 2, Columns, 0>(p, i, j, part);
     if (i < p.rows) tile<P, 1, Columns, 0>(p, i, j, part);
@@ -140,12 +145,25 @@ ORV_INLINE void strips(const Product<T>& p)
 {
     ptrdiff_t j = 0;
     if (p.rows == 1) {
+        for (; j + 8 * P::N <= p.columns; j += 8 * P::N) tile<P, 1, 8, 0>(p, 0, j, 0);
         for (; j + 4 * P::N <= p.columns; j += 4 * P::N) tile<P, 1, 4, 0>(p, 0, j, 0);
     }
     for (; j + 2 * P::N <= p.columns; j += 2 * P::N) strip<P, 2>(p, j, 0);
     for (; j + P::N <= p.columns; j += P::N) strip<P, 1>(p, j, 0);
     if (j < p.columns) strip<P, 1>(p, j, static_cast<int>(p.columns - j));
 }
+
+#if ORV_HAVE_FLOAT256
+// Out of line, so that smaller products do not set up a frame for it.
+__attribute__((noinline)) void product_8x8(const float* a, ptrdiff_t a_row, ptrdiff_t a_column, const float* b,
+                                           ptrdiff_t b_row, float* dst, ptrdiff_t dst_row)
+{
+    ptrdiff_t inner = 8;
+    __asm__("" : "+r"(inner));  // a loop: unrolled, all broadcasts would be made first and not fit into registers
+    const Product<float> p = {{a, a_row, a_column}, {b, b_row, sizeof(float)}, {dst, dst_row, sizeof(float)}, 8, 8, inner};
+    tile<WidePack<float>, 8, 1, 0>(p, 0, 0, 0);
+}
+#endif
 
 // The sizes that matter most; unlike the strips these may store over their sources.
 template <class T>
@@ -163,9 +181,11 @@ ORV_INLINE bool product_of_usual_size(const Product<T>& p)
         return true;
     }
 #if ORV_HAVE_FLOAT256
-    if (sizeof(T) == 4 && p.rows == 8) {
-        tile<WidePack<T>, 8, 1, 8>(p, 0, 0, 0);
-        return true;
+    if constexpr (sizeof(T) == 4) {
+        if (p.rows == 8) {
+            product_8x8(p.a.base, p.a.row, p.a.column, p.b.base, p.b.row, p.dst.base, p.dst.row);
+            return true;
+        }
     }
 #endif
     return false;
@@ -213,12 +233,8 @@ __attribute__((noinline)) Status by_substitute(View<T> dst, ptrdiff_t rows, ptrd
 }
 
 template <class T>
-ORV_INLINE Status product(const Product<T>& p)
+__attribute__((noinline)) Status product_of_any_size(const Product<T>& p)
 {
-    const FloatControl control;
-#if ORV_HAVE_VECTORS
-    if (p.b.has_dense_rows() && p.dst.has_dense_rows() && product_of_usual_size(p)) return StatusOk;
-#endif
     if (touches_sources(p)) {
         return by_substitute(p.dst, p.rows, p.columns, [&p](View<T> dst) {
             Product<T> elsewhere = p;
@@ -228,6 +244,19 @@ ORV_INLINE Status product(const Product<T>& p)
     }
     product_apart(p);
     return StatusOk;
+}
+
+template <class T>
+ORV_INLINE Status product(const Product<T>& p)
+{
+    const FloatControl control;
+#if ORV_HAVE_VECTORS
+    if (p.b.has_dense_rows() && p.dst.has_dense_rows() && product_of_usual_size(p)) return StatusOk;
+#endif
+    // A copy: those of usual size keep theirs in registers.
+    const Product<T> any = {{p.a.base, p.a.row, p.a.column}, {p.b.base, p.b.row, p.b.column},
+                            {p.dst.base, p.dst.row, p.dst.column}, p.rows, p.columns, p.inner};
+    return product_of_any_size(any);
 }
 
 // --- Matrix times vector ----------------------------------------------------------------------------
@@ -253,7 +282,7 @@ template <int Rows>
 struct FourSums {
     using P = WidePack<double>;
     static constexpr int kRegisters = 4 / P::N;
-    P::V sum[Rows][kRegisters] = {};
+    P::V sum[Rows + Rows % 2][kRegisters] = {};
 
     ORV_INLINE void add(View<const double> a, const double* v, ptrdiff_t i, ptrdiff_t k)
     {
@@ -273,11 +302,18 @@ struct FourSums {
             }
         }
     }
-    ORV_INLINE double total(int r) const
+    // (first + second) + (third + fourth) of rows r and r + 1.
+    ORV_INLINE Pack<double, 16>::V totals(int r) const
     {
-        double s[4];
-        __builtin_memcpy(s, sum[r], sizeof(s));
-        return (s[0] + s[1]) + (s[2] + s[3]);
+#if ORV_HAVE_FLOAT256
+        const __m256d pairs = _mm256_hadd_pd(sum[r][0], sum[r + 1][0]);
+        return _mm256_castpd256_pd128(pairs) + _mm256_extractf128_pd(pairs, 1);
+#else
+        const auto pair = [this, r](int c) __attribute__((always_inline)) {
+            return _mm_unpacklo_pd(sum[r][c], sum[r + 1][c]) + _mm_unpackhi_pd(sum[r][c], sum[r + 1][c]);
+        };
+        return pair(0) + pair(kRegisters - 1);
+#endif
     }
 };
 
@@ -288,19 +324,26 @@ ORV_INLINE void rows_times_vector(View<const double> a, const double* v, View<do
     ptrdiff_t k = 0;
     for (; k + 4 <= n; k += 4) sums.add(a, v, i, k);
     if (k < n) sums.add_rest(a, v, i, k, static_cast<int>(n - k));
-    for (int r = 0; r < Rows; ++r) put(dst.at(0, i + r), sums.total(r));
+    for (int r = 0; r < Rows; r += 2) {
+        const Pack<double, 16>::V totals = sums.totals(r);
+        _mm_store_sd(dst.at(0, i + r), totals);
+        if (r + 1 < Rows) _mm_storeh_pd(dst.at(0, i + r + 1), totals);
+    }
 }
 
 #endif
 
 // dst = a * v, where a has `rows` rows of n elements; v and dst are rows.
-void matrix_times_vector(View<const double> a, View<const double> v, View<double> dst, ptrdiff_t rows, ptrdiff_t n)
+ORV_INLINE void matrix_times_vector(View<const double> a, View<const double> v, View<double> dst, ptrdiff_t rows, ptrdiff_t n)
 {
 #if ORV_HAVE_VECTORS
     if (a.has_dense_rows() && v.has_dense_rows()) {
         ptrdiff_t i = 0;
+        for (; i + 8 <= rows; i += 8) rows_times_vector<8>(a, v.base, dst, i, n);
         for (; i + 4 <= rows; i += 4) rows_times_vector<4>(a, v.base, dst, i, n);
-        for (; i < rows; ++i) rows_times_vector<1>(a, v.base, dst, i, n);
+        if (i + 3 == rows) rows_times_vector<3>(a, v.base, dst, i, n);
+        else if (i + 2 == rows) rows_times_vector<2>(a, v.base, dst, i, n);
+        else if (i < rows) rows_times_vector<1>(a, v.base, dst, i, n);
         return;
     }
 #endif
@@ -312,15 +355,14 @@ void matrix_times_vector(View<const double> a, View<const double> v, View<double
 using Bits = std::uint32_t;
 
 #if ORV_HAVE_VECTORS
-ORV_INLINE void transpose_4x4(View<const float> src, View<float> dst)
+// A square of as many rows as a register has lanes.
+template <class P>
+ORV_INLINE void transpose_square(View<const float> src, View<float> dst)
 {
-    using P = Pack<float, 16>;
-    __m128 r0 = P::load(src.at(0, 0)), r1 = P::load(src.at(1, 0)), r2 = P::load(src.at(2, 0)), r3 = P::load(src.at(3, 0));
-    _MM_TRANSPOSE4_PS(r0, r1, r2, r3);
-    P::store(dst.at(0, 0), r0);
-    P::store(dst.at(1, 0), r1);
-    P::store(dst.at(2, 0), r2);
-    P::store(dst.at(3, 0), r3);
+    typename P::V v[P::N];
+    for (int i = 0; i < P::N; ++i) v[i] = P::load(src.at(i, 0));
+    transpose(P(), v);
+    for (int i = 0; i < P::N; ++i) P::store(dst.at(i, 0), v[i]);
 }
 #endif
 
@@ -331,7 +373,7 @@ ORV_INLINE void transpose_by_elements(View<const Bits> src, View<Bits> dst, ptrd
     }
 }
 
-void transpose_apart(View<const float> src, View<float> dst, ptrdiff_t width, ptrdiff_t height)
+ORV_INLINE void transpose_apart(View<const float> src, View<float> dst, ptrdiff_t width, ptrdiff_t height)
 {
     const auto elements = [&](ptrdiff_t i, ptrdiff_t j, ptrdiff_t columns, ptrdiff_t rows) {
         transpose_by_elements({reinterpret_cast<const Bits*>(src.at(i, j)), src.row, src.column},
@@ -340,10 +382,19 @@ void transpose_apart(View<const float> src, View<float> dst, ptrdiff_t width, pt
 #if ORV_HAVE_VECTORS
     if (src.has_dense_rows() && dst.has_dense_rows()) {
         const ptrdiff_t whole_rows = height & ~ptrdiff_t{3}, whole_columns = width & ~ptrdiff_t{3};
-        for (ptrdiff_t i = 0; i < whole_rows; i += 4) {
-            for (ptrdiff_t j = 0; j < whole_columns; j += 4) {
-                transpose_4x4({src.at(i, j), src.row, src.column}, {dst.at(j, i), dst.row, dst.column});
+        constexpr ptrdiff_t wide = WidePack<float>::N;
+        const auto square = [&](auto pack, ptrdiff_t i, ptrdiff_t j) __attribute__((always_inline)) {
+            transpose_square<decltype(pack)>({src.at(i, j), src.row, src.column}, {dst.at(j, i), dst.row, dst.column});
+        };
+        for (ptrdiff_t i = 0; i < whole_rows;) {
+            const bool tall = i + wide <= whole_rows;
+            ptrdiff_t j = 0;
+            for (; tall && j + wide <= whole_columns; j += wide) square(WidePack<float>(), i, j);
+            const ptrdiff_t rows = tall ? wide : 4;
+            for (; j < whole_columns; j += 4) {
+                for (ptrdiff_t r = 0; r < rows; r += 4) square(Pack<float, 16>(), i + r, j);
             }
+            i += rows;
         }
         if (whole_columns < width) elements(0, whole_columns, width - whole_columns, whole_rows);
         if (whole_rows < height) elements(whole_rows, 0, width, height - whole_rows);

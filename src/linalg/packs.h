@@ -30,6 +30,18 @@ struct Pack {
     }
     static ORV_INLINE void store(T* p, V v) { __builtin_memcpy(p, &v, sizeof(v)); }
     static ORV_INLINE V splat(T value) { return value - V{}; }  // x - 0 is x, and no instruction
+    // Left to themselves compilers load one number and shuffle it.
+    static ORV_INLINE V broadcast(const T* p)
+    {
+#if ORV_HAVE_FLOAT256
+        if constexpr (sizeof(T) == 4 && Bytes == 32) return _mm256_broadcast_ss(p);
+        else if constexpr (sizeof(T) == 4) return _mm_broadcast_ss(p);
+        else if constexpr (Bytes == 32) return _mm256_broadcast_sd(p);
+        else return splat(get(p));
+#else
+        return splat(get(p));
+#endif
+    }
 };
 
 // The first n lanes, 0 < n < N, and zeros.

@@ -13,10 +13,10 @@ inline namespace ORV_LEVEL {
 template <class... Strides>
 ORV_INLINE bool any_bad_stride(unsigned element_bytes, Strides... strides)
 {
-    // s | (s - 1) has its top bit set exactly for s < 1.
-    const unsigned below_one = ((static_cast<unsigned>(strides) | (static_cast<unsigned>(strides) - 1)) | ...);
+    // A stride of zero or below shows in the top bit of itself or of its predecessor.
     const unsigned all = (static_cast<unsigned>(strides) | ...);
-    return (below_one >> 31) != 0 || (all & (element_bytes - 1)) != 0;
+    const unsigned below = ((static_cast<unsigned>(strides) - 1) | ...);
+    return (((all | below) >> 31) | (all & (element_bytes - 1))) != 0;
 }
 
 // Element (i, j) lies i * row + j * column bytes behind the base.
