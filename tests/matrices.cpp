@@ -359,6 +359,41 @@ TEST(Matrices, DecompositionAndSubstitution)
     }
 }
 
+// Few values: pivots that are equal, of which the first counts, and pivots that are zero, which end it.
+TEST(Matrices, EqualAndMissingPivots)
+{
+    std::mt19937 g = make_generator("equal pivots");
+    int complete = 0, singular = 0;
+    for (int c = 0; c < 400; ++c) {
+        const int n = uniform(g, 2, 10);
+        Values<float> a(n, n), inverse(n, n);
+        for (float& v : a.v) v = static_cast<float>(uniform(g, -1, 2));
+        Factors plain = {a, {}}, f = plain;
+        bool done = false, inverted = false;
+        at_every_level([&] {
+            Matrix<float> ma(a, random_storage(g), g), md(Values<float>(n, n), random_storage(g), g), mx(Values<float>(n, n), random_storage(g), g);
+            const bool now_done = decompose(ma, f, md);
+            const bool now_inverted = W::Invert_m_32f(ma.base(), ma.s1(), ma.s2(), mx.base(), mx.s1(), mx.s2(), n);
+            if (orv::orv_variant_index == 0) {
+                plain = f;
+                done = now_done;
+                inverted = now_inverted;
+                inverse = mx.values();
+            }
+            ASSERT_EQ(now_done, done);
+            ASSERT_EQ(f.index, plain.index);
+            ASSERT_TRUE(same_bits(f.lu, plain.lu)) << n;
+            ASSERT_EQ(now_inverted, inverted);
+            ASSERT_TRUE(same_bits(mx.values(), inverse)) << n;
+        });
+        if (HasFatalFailure()) return;
+        ++(done ? complete : singular);
+        if (done) check_factors(a, plain);
+    }
+    EXPECT_GT(complete, 0);
+    EXPECT_GT(singular, 0);
+}
+
 TEST(Matrices, Pivots)
 {
     at_every_level([] {
