@@ -13,13 +13,14 @@ namespace test {
 
 class ProcessorState {
 public:
-    ProcessorState()
+    // Not inline: the variant test calls this after each of some hundred signatures.
+    __attribute__((noinline)) ProcessorState()
         : has_sse_(has_sse()), tracked_(upper_halves_are_tracked()), mxcsr_(mxcsr()), control_(x87().control)
     {
     }
 
     // After a call, before any other code that might clean up behind it.
-    void expect_kept() const
+    __attribute__((noinline)) void expect_kept() const
     {
         const bool dirty = upper_halves_in_use();
         const X87 after = x87();
