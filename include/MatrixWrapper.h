@@ -100,8 +100,8 @@ public:
 
     /// dst = L (below the diagonal, which is 1 and not stored) and U of the row-exchanged src; dstIndex[k] = the row, counted from 0, that step k exchanged with row k
     static bool LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst, int dstStride1, int dstStride2, int widthHeight);
-    /// solves A * dstX = srcB with the factors and the index of A from LUDecomp_m_32f
-    static bool LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, const int* srcIndex, const float* srcB, int srcBStride2, float* dstX, int dstXStride2, int widthHeight);
+    /// solves A * dstX = srcB with the factors and the index of A from LUDecomp_m_32f; srcIndex is only read
+    static bool LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, int* srcIndex, const float* srcB, int srcBStride2, float* dstX, int dstXStride2, int widthHeight);
     /// dst = inverse(src)
     static bool Invert_m_32f(const float* src, int srcStride1, int srcStride2, float* dst, int dstStride1, int dstStride2, int widthHeight);
     /// dst = inverse(src)

@@ -417,9 +417,9 @@ TEST(Matrices, Pivots)
         EXPECT_THAT(index, testing::ElementsAre(1, 2, 2));
         EXPECT_THAT(out, testing::ElementsAre(-4, 1, 0, -1, 2, 2, -0.25F, 0.125F, -0.25F));
         // Factors that no decomposition wrote.
-        const int beyond[] = {1, 3, 2}, behind[] = {1, 0, 2}, negative[] = {-1, 2, 2};
+        int beyond[] = {1, 3, 2}, behind[] = {1, 0, 2}, negative[] = {-1, 2, 2};
         x[0] = x[1] = x[2] = 5;
-        for (const int* bad : {beyond, behind, negative}) EXPECT_FALSE(W::LUBackSubst_mv_32f(out, 12, 4, bad, ones, 4, x, 4, 3));
+        for (int* bad : {beyond, behind, negative}) EXPECT_FALSE(W::LUBackSubst_mv_32f(out, 12, 4, bad, ones, 4, x, 4, 3));
         out[8] = 0;
         EXPECT_FALSE(W::LUBackSubst_mv_32f(out, 12, 4, index, ones, 4, x, 4, 3));
         EXPECT_THAT(x, testing::Each(5.0F));

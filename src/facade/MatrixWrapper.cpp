@@ -72,7 +72,7 @@ bool MatrixWrapper::LUDecomp_m_32f(const float* src, int srcStride1, int srcStri
            StatusOk;
 }
 
-bool MatrixWrapper::LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, const int* srcIndex,
+bool MatrixWrapper::LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, int* srcIndex,
                                        const float* srcB, int srcBStride2, float* dstX, int dstXStride2,
                                        int widthHeight)
 {
