@@ -17,17 +17,19 @@ template <class T> constexpr int depth = sizeof(T) == 1 ? CV_8U : sizeof(T) == 2
 // Noise as it comes for integers; floats from 0 to 256 with all their digits, or without a fraction.
 enum class Floats { any, whole };
 template <class T>
-void fill(Image& image, Floats kind)
+Image::Fill filled_with(Floats kind)
 {
-    if (depth<T> != CV_32F) return;
-    unsigned state = 1;
-    for (int y = 0; y < image.height(); ++y) {
-        float* const row = reinterpret_cast<float*>(image.as<u8>() + static_cast<std::ptrdiff_t>(image.step()) * y);
-        for (int i = 0; i < image.row_bytes() / 4; ++i) {
-            state = state * 1664525u + 1013904223u;
-            row[i] = kind == Floats::whole ? static_cast<float>(state >> 24) : static_cast<float>(state) * 0x1p-24f;
+    if (depth<T> != CV_32F) return nullptr;
+    return [kind](const Image& image) {
+        unsigned state = 1;
+        for (int y = 0; y < image.height(); ++y) {
+            float* const row = image.row<float>(y);
+            for (int i = 0; i < image.row_bytes() / 4; ++i) {
+                state = state * 1664525u + 1013904223u;
+                row[i] = kind == Floats::whole ? static_cast<float>(state >> 24) : static_cast<float>(state) * 0x1p-24f;
+            }
         }
-    }
+    };
 }
 
 // The region of our filters lies inside a larger image, OpenCV's is a view of the same.
@@ -36,10 +38,9 @@ void filter(const char* name, int channels, int radius, Ours ours, Peer peer, Fl
 {
     for (int side : bench::kSides) {
         const int pixel = channels * static_cast<int>(sizeof(T)), extent = side + 2 * radius;
-        auto a = std::make_shared<Image>(extent, pixel);
+        const std::shared_ptr<Image> a = std::make_shared<Image>(extent, pixel, filled_with<T>(kind));
         auto d = std::make_shared<Image>(side, pixel);
-        fill<T>(*a, kind);
-        T* const region = reinterpret_cast<T*>(a->as<u8>() + static_cast<std::ptrdiff_t>(a->step()) * radius) + radius * channels;
+        T* const region = a->row<T>(radius) + radius * channels;
         bench::add(name, bench::square(side), "orvane", [=] { ours(region, a->step(), d->as<T>(), d->step(), side, side); });
         const int type = CV_MAKETYPE(depth<T>, channels);
         const cv::Mat ma = cv::Mat(extent, extent, type, a->as<void>(), static_cast<std::size_t>(a->step()))(cv::Rect(radius, radius, side, side));

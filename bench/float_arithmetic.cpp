@@ -25,12 +25,12 @@ cv::Mat mat(const Image& image, int channels)
 // Ordinary numbers between 1 and 2.
 std::shared_ptr<Image> image(int side, int pixel_bytes)
 {
-    auto result = std::make_shared<Image>(side, pixel_bytes);
-    for (int y = 0; y < side; ++y) {
-        auto* const row = reinterpret_cast<unsigned*>(result->as<char>() + static_cast<std::ptrdiff_t>(result->step()) * y);
-        for (int x = 0; x < side * pixel_bytes / 4; ++x) row[x] = 0x3F800000u | (row[x] >> 9);
-    }
-    return result;
+    return std::make_shared<Image>(side, pixel_bytes, [](const Image& i) {
+        for (int y = 0; y < i.height(); ++y) {
+            auto* const row = i.row<unsigned>(y);
+            for (int x = 0; x < i.row_bytes() / 4; ++x) row[x] = 0x3F800000u | static_cast<unsigned>(y * 7919 + x * 104729) * 2654435761u >> 9;
+        }
+    });
 }
 
 template <class Ours, class Cv, class Volk, class Eig>
@@ -46,7 +46,7 @@ void two_images(const char* name, int channels, Ours ours, Cv peer_cv, Volk peer
         const auto rows = [=](auto peer) {
             return [=] {
                 for (int y = 0; y < side; ++y) {
-                    const auto row = [y](const Image& i) { return reinterpret_cast<float*>(i.as<char>() + static_cast<std::ptrdiff_t>(i.step()) * y); };
+                    const auto row = [y](const Image& i) { return i.row<float>(y); };
                     peer(row(*a), row(*b), row(*d), side * channels);
                 }
             };
@@ -67,7 +67,7 @@ void one_image(const char* name, int channels, Ours ours, Cv peer_cv, Eig peer_e
         bench::add(name, bench::square(side), "opencv", [=]() mutable { peer_cv(ma, md); });
         bench::add(name, bench::square(side), "eigen", [=] {
             for (int y = 0; y < side; ++y) {
-                const auto row = [y](const Image& i) { return reinterpret_cast<float*>(i.as<char>() + static_cast<std::ptrdiff_t>(i.step()) * y); };
+                const auto row = [y](const Image& i) { return i.row<float>(y); };
                 peer_eigen(row(*a), row(*d), side * channels);
             }
         });

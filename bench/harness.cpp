@@ -1,26 +1,76 @@
 #include "harness.h"
 
 #include <immintrin.h>
+#include <sys/mman.h>
 
-#include <cstring>
+#include <cstdlib>
 #include <opencv2/core.hpp>
 #include <random>
+#include <set>
 
 namespace bench {
 
-Image::Image(int side, int pixel_bytes) : row_bytes_(side * pixel_bytes), height_(side)
+namespace {
+
+std::set<Image*>& images()
 {
-    static int images = 0;
-    step_ = (row_bytes_ + 63) & ~63;
-    const std::size_t bytes = static_cast<std::size_t>(step_) * static_cast<std::size_t>(side);
-    memory_.reset(new unsigned char[bytes + 4096 + 64]);
-    const auto address = reinterpret_cast<std::uintptr_t>(memory_.get());
-    const std::uintptr_t offset = static_cast<std::uintptr_t>(images++ % 7) * 576;
-    data_ = reinterpret_cast<unsigned char*>(((address + 63) & ~std::uintptr_t{63}) + offset);
+    static std::set<Image*> all;
+    return all;
+}
+
+void fill_with_noise(const Image& image)
+{
     std::mt19937 generator(1);
-    for (std::size_t i = 0; i + 4 <= bytes; i += 4) {
-        const std::uint32_t word = generator();
-        std::memcpy(data_ + i, &word, 4);
+    auto* const words = image.as<std::uint32_t>();
+    const std::size_t count = static_cast<std::size_t>(image.step()) * static_cast<std::size_t>(image.height()) / 4;
+    for (std::size_t i = 0; i < count; ++i) words[i] = static_cast<std::uint32_t>(generator());
+}
+
+}  // namespace
+
+Image::Image(int side, int pixel_bytes, Fill fill)
+    : fill_(fill != nullptr ? fill : fill_with_noise), row_bytes_(side * pixel_bytes), height_(side)
+{
+    static int made = 0;
+    if (made == 0) {
+        struct sigaction action = {};
+        action.sa_sigaction = touched;
+        action.sa_flags = SA_SIGINFO;
+        sigaction(SIGSEGV, &action, nullptr);
+    }
+    step_ = (row_bytes_ + 63) & ~63;
+    memory_bytes_ = static_cast<std::size_t>(step_) * static_cast<std::size_t>(side) + 2 * 4096;
+    void* const p = mmap(nullptr, memory_bytes_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (p == MAP_FAILED) std::abort();
+    memory_ = static_cast<unsigned char*>(p);
+    data_ = memory_ + made++ % 7 * 576;
+    images().insert(this);
+}
+
+Image::~Image()
+{
+    images().erase(this);
+    munmap(memory_, memory_bytes_);
+}
+
+// The handler of access violations. One outside the images is a fault and strikes again without it.
+void Image::touched(int, siginfo_t* info, void*)
+{
+    auto* const address = static_cast<unsigned char*>(info->si_addr);
+    for (Image* const image : images()) {
+        if (address < image->memory_ || address >= image->memory_ + image->memory_bytes_) continue;
+        mprotect(image->memory_, image->memory_bytes_, PROT_READ | PROT_WRITE);
+        image->fill_(*image);
+        return;
+    }
+    signal(SIGSEGV, SIG_DFL);
+}
+
+void Image::release_all()
+{
+    for (Image* const image : images()) {
+        madvise(image->memory_, image->memory_bytes_, MADV_DONTNEED);
+        mprotect(image->memory_, image->memory_bytes_, PROT_NONE);
     }
 }
 
@@ -48,9 +98,9 @@ void limit(std::initializer_list<const Image*> sources, const Image* destination
     const Image* const b = sources.size() > 1 ? sources.begin()[1] : a;
     const Image* const d = destination != nullptr ? destination : a;
     for (int y = 0; y < d->height(); ++y) {
-        const unsigned char* const pa = a->as<unsigned char>() + static_cast<std::ptrdiff_t>(a->step()) * y;
-        const unsigned char* const pb = b->as<unsigned char>() + static_cast<std::ptrdiff_t>(b->step()) * y;
-        unsigned char* const pd = d->as<unsigned char>() + static_cast<std::ptrdiff_t>(d->step()) * y;
+        const unsigned char* const pa = a->row<unsigned char>(y);
+        const unsigned char* const pb = b->row<unsigned char>(y);
+        unsigned char* const pd = d->row<unsigned char>(y);
         const int n = a->row_bytes() < d->row_bytes() ? a->row_bytes() : d->row_bytes();
         if (destination == nullptr) sources.size() > 1 ? stream<2, false>(pa, pb, pd, n) : stream<1, false>(pa, pb, pd, n);
         else if (sources.size() == 0) stream<0, true>(pa, pb, pd, n);
@@ -64,7 +114,12 @@ void limit(std::initializer_list<const Image*> sources, const Image* destination
 
 void add(const std::string& operation, const std::string& size, const std::string& who, std::function<void()> call)
 {
-    benchmark::RegisterBenchmark((operation + "/" + size + "/" + who).c_str(), [call](benchmark::State& state) {
+    const std::string row = operation + "/" + size;
+    benchmark::RegisterBenchmark((row + "/" + who).c_str(), [row, call](benchmark::State& state) {
+        static std::string current;
+        if (row != current) Image::release_all();
+        current = row;
+        call();
         for (auto _ : state) {
             call();
             benchmark::ClobberMemory();

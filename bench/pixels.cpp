@@ -1,8 +1,5 @@
 // Bitwise operations, shifts, comparison to masks, thresholding and borders against OpenCV. It has no
 // shifts: its columns there are the multiplication by a power of two that gives the same.
-#include <map>
-#include <tuple>
-
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
@@ -30,33 +27,23 @@ std::initializer_list<int> sides(int type)
     return CV_ELEM_SIZE(type) == 1 ? small : large;
 }
 
-// The operations share their images: each with its own would not fit the memory. Roles keep apart those
-// that one call uses.
-enum Role { first, second, destination };
-std::shared_ptr<Image> make(int side, int type, Role role)
-{
-    static std::map<std::tuple<int, int, int>, std::shared_ptr<Image>> images;
-    auto& image = images[{side, type, role}];
-    if (image == nullptr) image = std::make_shared<Image>(side, static_cast<int>(CV_ELEM_SIZE(type)));
-    return image;
-}
+std::shared_ptr<Image> make(int side, int type) { return std::make_shared<Image>(side, static_cast<int>(CV_ELEM_SIZE(type))); }
 
 // Float images are filled with numbers, for OpenCV computes with them.
-std::shared_ptr<Image> make_source(int side, int type, Role role)
+std::shared_ptr<Image> make_source(int side, int type)
 {
-    auto image = make(side, type, role);
-    if (CV_MAT_DEPTH(type) == CV_32F) {
-        cv::Mat m = mat(*image, type);
+    if (CV_MAT_DEPTH(type) != CV_32F) return make(side, type);
+    return std::make_shared<Image>(side, static_cast<int>(CV_ELEM_SIZE(type)), [type](const Image& image) {
+        cv::Mat m = mat(image, type);
         cv::randu(m, cv::Scalar::all(-100), cv::Scalar::all(100));
-    }
-    return image;
+    });
 }
 
 template <class Ours, class Peer>
 void two(const char* name, int from, int to, Ours ours, Peer peer)
 {
     for (int side : sides(from)) {
-        auto a = make_source(side, from, first), b = make_source(side, from, second), d = make(side, to, destination);
+        auto a = make_source(side, from), b = make_source(side, from), d = make(side, to);
         bench::add(name, bench::square(side), "orvane", [=] { ours(*a, *b, *d, side); });
         cv::Mat ma = mat(*a, from), mb = mat(*b, from), md = mat(*d, to);
         bench::add(name, bench::square(side), "opencv", [=]() mutable { peer(ma, mb, md); });
@@ -68,7 +55,7 @@ template <class Ours, class Peer>
 void one(const char* name, int from, int to, Ours ours, Peer peer)
 {
     for (int side : sides(from)) {
-        auto a = make_source(side, from, first), d = make(side, to, destination);
+        auto a = make_source(side, from), d = make(side, to);
         bench::add(name, bench::square(side), "orvane", [=] { ours(*a, *d, side); });
         cv::Mat ma = mat(*a, from), md = mat(*d, to);
         bench::add(name, bench::square(side), "opencv", [=]() mutable { peer(ma, md); });
@@ -83,12 +70,12 @@ void bordered(const char* name, int type, int border, Ours ours, Peer peer)
     for (int side : sides(type)) {
         const int inner = side - 2 * border;
         if (inner < 1) continue;
-        auto a = make(inner, type, first), d = make(side, type, destination);
+        auto a = make(inner, type), d = make(side, type);
         const std::string operation = std::string(name) + " by " + std::to_string(border);
         bench::add(operation, bench::square(side), "orvane", [=] { ours(*a, *d, inner, side, border); });
         cv::Mat ma = mat(*a, type), md = mat(*d, type);
         bench::add(operation, bench::square(side), "opencv", [=]() mutable { peer(ma, md, border); });
-        auto whole = make(side, type, first);
+        auto whole = make(side, type);
         bench::add(operation, bench::square(side), "limit", [=] { bench::limit({whole.get()}, d.get()); });
     }
 }
@@ -195,8 +182,8 @@ const bool registered = [] {
 
     // In place, beside the out-of-place form.
     for (int side : {256, 2048}) {
-        auto a = make(side, CV_8UC1, first), e = make(side, CV_8UC1, second), d = make(side, CV_8UC1, destination);
-        auto f = make_source(side, CV_32FC1, first), g = make(side, CV_32FC1, destination);
+        auto a = make(side, CV_8UC1), e = make(side, CV_8UC1), d = make(side, CV_8UC1);
+        auto f = make_source(side, CV_32FC1), g = make(side, CV_32FC1);
         bench::add("And_8u_C1I", bench::square(side), "orvane", [=] { W::And_8u_C1I(a->as<u8>(), a->step(), d->as<u8>(), d->step(), side, side); });
         bench::add("And_8u_C1I", bench::square(side), "out-of-place",
                    [=] { W::And_8u_C1(a->as<u8>(), a->step(), e->as<u8>(), e->step(), d->as<u8>(), d->step(), side, side); });

@@ -43,19 +43,19 @@ T value_of(Content content, std::mt19937& g)
 template <class T>
 std::shared_ptr<Image> make_image(int side, int channels, Content content)
 {
-    auto image = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)));
-    std::mt19937 g(2);
-    std::vector<T> values(50021);
-    for (T& value : values) value = value_of<T>(content, g);
-    std::size_t i = 0;
-    for (int y = 0; y < side; ++y) {
-        T* const row = reinterpret_cast<T*>(image->as<u8>() + static_cast<std::ptrdiff_t>(image->step()) * y);
-        for (int x = 0; x < side * channels; ++x) {
-            row[x] = values[i];
-            if (++i == values.size()) i = 0;
+    return std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)), [content](const Image& image) {
+        std::mt19937 g(2);
+        std::vector<T> values(50021);
+        for (T& value : values) value = value_of<T>(content, g);
+        std::size_t i = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            T* const row = image.row<T>(y);
+            for (int x = 0; x < image.row_bytes() / static_cast<int>(sizeof(T)); ++x) {
+                row[x] = values[i];
+                if (++i == values.size()) i = 0;
+            }
         }
-    }
-    return image;
+    });
 }
 
 template <class T, class Ours, class Peer>

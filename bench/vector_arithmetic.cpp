@@ -22,10 +22,10 @@ template <class T>
 std::shared_ptr<Image> vector(int length)
 {
     const int side = length == 64 ? 8 : length == 4096 ? 64 : 4096;
-    auto result = std::make_shared<Image>(side, (side == 8 ? 8 : 1) * static_cast<int>(sizeof(T)));
-    T* const p = result->template as<T>();
-    for (int i = 0; i < length; ++i) p[i] = static_cast<T>(1 + i * 7 % 250);
-    return result;
+    return std::make_shared<Image>(side, (side == 8 ? 8 : 1) * static_cast<int>(sizeof(T)), [length](const Image& image) {
+        T* const p = image.as<T>();
+        for (int i = 0; i < length; ++i) p[i] = static_cast<T>(1 + i * 7 % 250);
+    });
 }
 
 template <class T> constexpr int depth = sizeof(T) == 1 ? CV_8U : sizeof(T) == 2 ? CV_16U : std::is_same<T, int>::value ? CV_32S : sizeof(T) == 4 ? CV_32F : CV_64F;

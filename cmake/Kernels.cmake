@@ -54,13 +54,22 @@ else()
   set(ORVANE_GATE_px "")
 endif()
 
+# With ORVANE_SANITIZE what makes up the library is checked, and of each family the plain level and the highest:
+# the levels between run the same text on narrower vectors. Checks are calls, not code in place, which
+# would take clang ten times as long. Elements may be misaligned, so alignment is not checked.
+if(ORVANE_SANITIZE)
+  set(ORVANE_CHECKS -fsanitize=address,shift,signed-integer-overflow,integer-divide-by-zero,bounds,float-cast-overflow,null,bool,return
+    -fno-sanitize-recover=all -fno-omit-frame-pointer "SHELL:-mllvm -asan-instrumentation-with-call-threshold=0")
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 # Compiles everything that is not a kernel: the lowest level, the code every processor can run.
 function(orvane_common_options target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
   if(NOT WIN32)
     target_compile_definitions(${target} PRIVATE ORVANE_BUILDING)
   endif()
-  target_compile_options(${target} PRIVATE ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_px})
+  target_compile_options(${target} PRIVATE ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_px} ${ORVANE_CHECKS})
 endfunction()
 
 # orvane_add_family(<subsystem>/<family> LEVELS <level>...)
@@ -70,6 +79,7 @@ endfunction()
 function(orvane_add_family path)
   cmake_parse_arguments(PARSE_ARGV 1 family "" "" "LEVELS;OPTIONS")
   string(REPLACE "/" "_" name ${path})
+  list(GET family_LEVELS -1 highest)
   foreach(level ${family_LEVELS})
     set(target kernel_${name}_${level})
     add_library(${target} OBJECT ${PROJECT_SOURCE_DIR}/src/${path}.cpp)
@@ -79,7 +89,12 @@ function(orvane_add_family path)
       ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_${level}}
       $<$<CONFIG:Release,RelWithDebInfo>:-O2>
       -fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables ${family_OPTIONS})
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT ORVANE_SANITIZE)
+    if(ORVANE_SANITIZE)
+      target_compile_options(${target} PRIVATE -O1)
+      if(level STREQUAL "px" OR level STREQUAL highest)
+        target_compile_options(${target} PRIVATE ${ORVANE_CHECKS})
+      endif()
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
       target_compile_options(${target} PRIVATE -Wa,-march=${ORVANE_GATE_BASE}${ORVANE_GATE_${level}})
     endif()
     set_property(GLOBAL APPEND PROPERTY ORVANE_KERNEL_TARGETS ${target})

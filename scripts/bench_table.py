@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Turns Google Benchmark's JSON (names are operation/size/who) into one table on standard output.
 
-Usage: bench_table.py TIMES.json [RATIOS.dat]   RATIOS.dat receives the ratios to the best peer, to draw.
+Usage: bench_table.py RATIOS.dat TIMES.json...   RATIOS.dat receives the ratios to the best peer, to draw.
 
-Of the repetitions the minimum counts. Columns: our time, GB/s where a limit is known, the best peer,
+Of all repetitions the minimum counts. Columns: our time, GB/s where a limit is known, the best peer,
 and the ratios: above 1 we are faster than the best peer; of the limit, 1 is as fast as memory allows.
 """
 import json
@@ -12,7 +12,8 @@ import sys
 
 def main():
     times = {}
-    for run in json.load(open(sys.argv[1]))["benchmarks"]:
+    runs = [run for name in sys.argv[2:] for run in json.load(open(name))["benchmarks"]]
+    for run in runs:
         if run.get("run_type") != "iteration":
             continue
         operation, size, who = run["run_name"].split("/")[:3]
@@ -36,8 +37,7 @@ def main():
             "{:.1f}".format(limit) if limit else "–",
             "{:.2f}".format(limit / ours) if limit else "–"))
 
-    if len(sys.argv) > 2:
-        open(sys.argv[2], "w").write("".join(line + "\n" for line in ratios))
+    open(sys.argv[1], "w").write("".join(line + "\n" for line in ratios))
 
 
 main()

@@ -1,8 +1,6 @@
 // Random pixels: uniform, near either end of the type, and special values.
 #pragma once
 
-#include <emmintrin.h>
-
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -11,7 +9,7 @@
 #include <type_traits>
 
 #include "Complex32f.h"
-#include "core/operation.h"
+#include "support/emulators.h"
 #include "support/options.h"
 
 namespace test {
@@ -30,20 +28,6 @@ inline int uniform(std::mt19937& generator, int low, int high)
 }
 
 enum class Fill { uniform, near_low, near_high, special, kinds };
-
-// Processors pass on the left one of two NaNs; some emulators have the x87's rule for SSE as well. There all
-// NaNs of a test are the same.
-__attribute__((target("sse2"), noinline)) inline int left_or_right_nan(int left, int right)
-{
-    __m128 sum = _mm_castsi128_ps(_mm_cvtsi32_si128(left));
-    __asm__("addps %1, %0" : "+x"(sum) : "x"(_mm_castsi128_ps(_mm_cvtsi32_si128(right))));
-    return _mm_cvtsi128_si32(_mm_castps_si128(sum));
-}
-inline bool left_nan_wins()
-{
-    static const bool wins = orv::orv_variant_index == orv::level_px || left_or_right_nan(0x7FC00001, 0x7FC00002) == 0x7FC00001;
-    return wins;
-}
 
 template <class T>
 T random_value(std::mt19937& generator, Fill fill)
