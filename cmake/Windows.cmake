@@ -35,9 +35,10 @@ function(orvane_windows_dll)
   set(mingw_objects "$<TARGET_OBJECTS:orvane_facade>" "$<TARGET_OBJECTS:orvane_windows_runtime>")
 
   set(definitions ${folder}/orvane.def)
-  add_custom_command(OUTPUT ${definitions}
+  set(imports ${folder}/mingw_imports.def)
+  add_custom_command(OUTPUT ${definitions} ${imports}
     COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_facade>;$<TARGET_OBJECTS:orvane_core>"
-      -DOUTPUT=${definitions} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
+      -DEXPORTS=${definitions} -DIMPORTS=${imports} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
     DEPENDS $<TARGET_OBJECTS:orvane_facade> $<TARGET_OBJECTS:orvane_core> VERBATIM)
 
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
@@ -59,8 +60,8 @@ function(orvane_windows_dll)
       /alternatename:${variable}=_nImageProcessingWrapper /export:${variable},DATA
       /def:${definitions} /out:${folder}/orvane.dll /implib:${folder}/orvane.lib @${response}
       ${libgcc} ${libraries}/libmsvcrt.a ${libraries}/libkernel32.a
-    COMMAND ${ORVANE_DLLTOOL} -k -d ${definitions} -D orvane.dll -l ${folder}/liborvane.dll.a
-    DEPENDS orvane_lapack ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} ${mingw_objects}
+    COMMAND ${ORVANE_DLLTOOL} -d ${imports} -D orvane.dll -l ${folder}/liborvane.dll.a
+    DEPENDS orvane_lapack ${microsoft_objects} ${definitions} ${imports} ${response} ${dll_OBJECTS} ${mingw_objects}
       $<TARGET_OBJECTS:orvane_windows_version> VERBATIM)
   add_custom_target(orvane_dll ALL DEPENDS ${folder}/orvane.dll)
 endfunction()

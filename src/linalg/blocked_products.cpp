@@ -1,5 +1,6 @@
 #include "linalg/blocked_products.h"
 
+#include "core/float_control.h"
 #include "core/memory.h"
 #include "linalg/packs.h"
 
@@ -94,6 +95,7 @@ void add_tile(int rows, int columns, int inner, float alpha, const float* strip,
 Status add_product_32f(int rows, int columns, int inner, float alpha, const float* a, int lda, const float* b, int ldb,
                        float* c, int ldc)
 {
+    const FloatControl control;
     const int height = rows < kBlockRows ? (rows + kRows - 1) / kRows * kRows : kBlockRows;
     const int most = inner < kInner ? inner : kInner;
     float* const packed = static_cast<float*>(orv_allocate(height * most * 4));
