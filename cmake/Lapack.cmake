@@ -65,6 +65,9 @@ endforeach()
 add_library(orvane_lapack_support OBJECT
   ${PROJECT_SOURCE_DIR}/src/linalg/lapack_substitutes.cpp
   ${PROJECT_SOURCE_DIR}/src/linalg/lapack_support.cpp)
+if(WIN32)
+  target_sources(orvane_lapack_support PRIVATE ${PROJECT_SOURCE_DIR}/src/linalg/lapack_support_windows.cpp)
+endif()
 orvane_common_options(orvane_lapack_support)
 
 set(lapack_inputs "")
@@ -80,9 +83,14 @@ elseif(ORVANE_LAPACK STREQUAL "source")
       message(FATAL_ERROR "No sources of LAPACK: set ORVANE_LAPACK_SOURCE to an unpacked lapack-3.11")
     endif()
   endif()
-  find_program(ORVANE_FORTRAN NAMES ${CMAKE_CXX_COMPILER_TARGET}-gfortran gfortran REQUIRED)
+  if(WIN32)
+    set(fortran i686-w64-mingw32-gfortran-posix)  # no other will do: a native one makes native objects
+  else()
+    set(fortran gfortran)
+  endif()
+  find_program(ORVANE_FORTRAN NAMES ${fortran} REQUIRED)
   # Plain code for every processor of the target. x87 arithmetic on 32-bit: there is no SSE to count on.
-  set(flags -O2 -fPIC -w -ffp-contract=off)
+  set(flags -O2 -fPIC -w -ffp-contract=off -fno-asynchronous-unwind-tables)
   if(ORVANE_32BIT)
     list(APPEND flags -m32 -march=i686 -mtune=generic -mno-mmx -mno-sse)
   endif()
@@ -125,8 +133,9 @@ foreach(entry ${lapack_entries})
   list(APPEND renames --redefine-sym ${prefix}${symbol}=${prefix}orv_lapack_${entry})
   list(APPEND keeps --keep-global-symbol=${prefix}orv_lapack_${entry})
 endforeach()
+# (-static-libgcc: with the shared one, MinGW's compiler asks for the registration of unwind tables.)
 add_custom_command(OUTPUT ${ORVANE_LAPACK_OBJECT}
-  COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -Wl,--force-group-allocation
+  COMMAND ${CMAKE_CXX_COMPILER} ${machine} -r -nostdlib -static-libgcc -Wl,--force-group-allocation
           ${lapack_wraps} ${roots} -o ${ORVANE_LAPACK_OBJECT}.all
           $<TARGET_OBJECTS:orvane_lapack_support> ${lapack_inputs}
   COMMAND ${CMAKE_OBJCOPY} ${renames} ${ORVANE_LAPACK_OBJECT}.all

@@ -18,13 +18,13 @@ function(orvane_windows_dll)
 
   # The Microsoft side.
   set(microsoft_objects "")
-  foreach(source ${dll_FACADE} facade/windows/runtime.cpp)
+  foreach(source facade/windows/image_table.cpp ${dll_FACADE} facade/windows/runtime.cpp)
     string(REPLACE "/" "_" name ${source})
     set(object ${folder}/${name}.obj)
     add_custom_command(OUTPUT ${object}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
       COMMAND ${ORVANE_CLANG} --target=i686-pc-windows-msvc -ffreestanding -fno-exceptions -fno-rtti -std=c++17
-        -O2 -march=i686 -Wall -Wextra -DORVANE_BUILDING -I${sources} -I${PROJECT_SOURCE_DIR}/include
+        -O2 -gcodeview -march=i686 -Wall -Wextra -Werror -DORVANE_BUILDING -I${sources} -I${PROJECT_SOURCE_DIR}/include
         -MD -MF ${object}.d -c ${sources}/${source} -o ${object}
       DEPENDS ${sources}/${source} DEPFILE ${object}.d VERBATIM)
     list(APPEND microsoft_objects ${object})
@@ -35,27 +35,33 @@ function(orvane_windows_dll)
   set(mingw_objects "$<TARGET_OBJECTS:orvane_facade>" "$<TARGET_OBJECTS:orvane_windows_runtime>")
 
   set(definitions ${folder}/orvane.def)
-  add_custom_command(OUTPUT ${definitions}
+  set(imports ${folder}/mingw_imports.def)
+  add_custom_command(OUTPUT ${definitions} ${imports}
     COMMAND ${CMAKE_COMMAND} -DNM=${ORVANE_NM} "-DOBJECTS=$<TARGET_OBJECTS:orvane_facade>;$<TARGET_OBJECTS:orvane_core>"
-      -DOUTPUT=${definitions} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
+      -DEXPORTS=${definitions} -DIMPORTS=${imports} -P ${PROJECT_SOURCE_DIR}/cmake/WriteDefinitions.cmake
     DEPENDS $<TARGET_OBJECTS:orvane_facade> $<TARGET_OBJECTS:orvane_core> VERBATIM)
 
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
     OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   set(libraries /usr/i686-w64-mingw32/lib)
-  # /Brepro: no time stamp, so that a rebuild gives the same bytes.
+  # The version of the file, for those who look at its properties.
+  configure_file(${sources}/facade/windows/orvane.rc.in ${folder}/orvane.rc @ONLY)
+  add_library(orvane_windows_version OBJECT ${folder}/orvane.rc)
+
   set(response ${folder}/objects.rsp)
   file(GENERATE OUTPUT ${response} CONTENT
-    "$<JOIN:${dll_OBJECTS},\n>\n$<JOIN:${mingw_objects},\n>\n$<JOIN:${microsoft_objects},\n>\n")
-  add_custom_command(OUTPUT ${folder}/orvane.dll ${folder}/orvane.lib ${folder}/liborvane.dll.a
+    "$<JOIN:${dll_OBJECTS},\n>\n$<JOIN:${mingw_objects},\n>\n$<JOIN:${microsoft_objects},\n>\n$<TARGET_OBJECTS:orvane_windows_version>\n")
+  # /Brepro and /pdbaltpath: no time stamp and no folder in the file, so that a rebuild gives the same bytes.
+  # /alternatename: both C++ ABIs see one variable.
+  set(variable ?nImageProcessingWrapper@@3HA)
+  add_custom_command(OUTPUT ${folder}/orvane.dll ${folder}/orvane.pdb ${folder}/orvane.lib ${folder}/liborvane.dll.a
     COMMAND ${ORVANE_LLD_LINK} /dll /machine:x86 /safeseh:no /nodefaultlib /Brepro /entry:orv_dll_entry
+      /dynamicbase /nxcompat /opt:ref /debug /pdb:${folder}/orvane.pdb /pdbaltpath:orvane.pdb
+      /alternatename:${variable}=_nImageProcessingWrapper /export:${variable},DATA
       /def:${definitions} /out:${folder}/orvane.dll /implib:${folder}/orvane.lib @${response}
       ${libgcc} ${libraries}/libmsvcrt.a ${libraries}/libkernel32.a
-    COMMAND ${ORVANE_DLLTOOL} -k -d ${definitions} -D orvane.dll -l ${folder}/liborvane.dll.a
-    DEPENDS orvane_lapack ${microsoft_objects} ${definitions} ${response} ${dll_OBJECTS} ${mingw_objects} VERBATIM)
+    COMMAND ${ORVANE_DLLTOOL} -d ${imports} -D orvane.dll -l ${folder}/liborvane.dll.a
+    DEPENDS orvane_lapack ${microsoft_objects} ${definitions} ${imports} ${response} ${dll_OBJECTS} ${mingw_objects}
+      $<TARGET_OBJECTS:orvane_windows_version> VERBATIM)
   add_custom_target(orvane_dll ALL DEPENDS ${folder}/orvane.dll)
-
-  install(FILES ${folder}/orvane.dll DESTINATION bin)
-  install(FILES ${folder}/orvane.lib ${folder}/liborvane.dll.a DESTINATION lib)
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION include/orvane FILES_MATCHING PATTERN "*.h")
 endfunction()

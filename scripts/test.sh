@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds for 64 and 32 bits and runs all tests; scripts/sanitize.sh has the
+# Installs what is missing, builds for 64 and 32 bits and for Windows and runs all tests; scripts/sanitize.sh has the
 # sanitizers, whose build alone takes longer than all of this.
 # The last line is "N passed, N failed", with ", N skipped" where something could not be set up.
 set -u
@@ -56,6 +56,7 @@ if check "build, 64 bit" build release; then
     check "exports" tests/check_exports.sh build/release/src/liborvane.so
     check "kernel symbols, 64 bit" ctest --test-dir build/release -R kernel_symbols
     check "package" scripts/check_package.sh build/release
+    check ".deb, 64 bit" scripts/check_archive.sh build/release
 fi
 check "static library" scripts/check_package.sh --static
 
@@ -66,6 +67,7 @@ elif [ ! -d build/lapack ] && ! scripts/fetch_lapack.sh "$PWD/build/lapack" > "$
 elif check "build, 32 bit" build i386; then
     tests "tests, 32 bit" build/i386/tests/orvane_tests $seed
     check "kernel symbols, 32 bit" ctest --test-dir build/i386 -R kernel_symbols
+    check ".deb, 32 bit" scripts/check_archive.sh build/i386
     if command -v qemu-i386 > /dev/null; then
         # Each chooses its own level; EPYC is another vendor's. From AVX on the emulator of Debian 12 dies in
         # some float kernels that real processors run, so there only the integer families and the frame.
@@ -78,6 +80,28 @@ elif check "build, 32 bit" build i386; then
         done
     else
         skip "emulated processors" "qemu-i386 is not there"
+    fi
+fi
+
+# The Windows DLL, under Wine.
+if ! scripts/setup.sh windows > "$log_folder/setup_windows.log" 2>&1; then
+    skip "Windows" "the cross compilers are not there ($log_folder/setup_windows.log)"
+elif [ ! -d build/lapack ] && ! scripts/fetch_lapack.sh "$PWD/build/lapack" > "$log_folder/lapack.log" 2>&1; then
+    skip "Windows" "the sources of LAPACK cannot be had"
+elif check "build, Windows" build windows; then
+    check "exports of the DLL" tests/check_exports.sh build/windows/src/dll/orvane.dll
+    check "form of the DLL" tests/check_dll.sh build/windows/src/dll
+    # shellcheck disable=SC2046
+    check "kernel symbols, Windows" env NM=i686-w64-mingw32-nm \
+        tests/check_kernel_symbols.sh $(find build/windows/src -path '*kernel_*' -name '*.obj')
+    if scripts/wine.sh --set-up > "$log_folder/wine.log" 2>&1; then
+        tests "tests, Windows" bash -c "scripts/wine.sh build/windows/tests/orvane_tests.exe --brief $seed 2>&1 | tr -d '\r'"
+        for host in microsoft loader mingw hello; do
+            check "$host host on Windows" scripts/check_windows_hosts.sh build/windows "$host"
+        done
+        check "package, Windows" scripts/check_archive.sh build/windows
+    else
+        skip "tests and hosts on Windows" "Wine cannot be had ($log_folder/wine.log)"
     fi
 fi
 

@@ -13,6 +13,7 @@
 #include "image/float_elementary.h"
 #include "signal/elementary.h"
 #include "support/allocations.h"
+#include "support/exact_sine.h"
 #include "support/image.h"
 #include "support/levels.h"
 
@@ -191,8 +192,8 @@ TEST(Elementary, Accuracy)
         if (v > 0) positive.push_back(v);
         if (std::fabs(v) < 87) moderate.push_back(v);
     }
-    const auto sine = [](Exact v) { return std::sin(v); };
-    const auto cosine = [](Exact v) { return std::cos(v); };
+    const auto sine = exact_sine;
+    const auto cosine = exact_cosine;
     const auto exponential = [](Exact v) { return std::exp(v); };
     const auto logarithm = [](Exact v) { return std::log(v); };
     const double bits_11 = std::exp2(-13.1), bits_21 = std::exp2(-22.3), bits_50 = std::exp2(-51.2);
@@ -207,7 +208,7 @@ TEST(Elementary, Accuracy)
     check_accuracy("Ln_64f", sample_of_doubles(-1070, 1024, false), W::Ln_64f, logarithm, ulps<double>, 0.95);
     check_accuracy("Ln_64f near 1", sample_of_doubles(-1, 1, false), W::Ln_64f, logarithm, ulps<double>, 0.95);
     check_accuracy("Ln_64f nearer to 1", sample_of_doubles(-0.001, 0.001, false), W::Ln_64f, logarithm, ulps<double>, 0.95);
-    // long double reduces angles below 2^63 rightly on this machine.
+    // Below 2^63 the oracles, too, have all the digits of an angle.
     for (const double high : {2.0, 17.0, 62.0}) {
         const std::vector<double> x = sample_of_doubles(high - 10, high, true);
         std::vector<double> other(x.size());
@@ -551,7 +552,12 @@ TEST(Elementary, ImageLogarithmAndExponential)
 
 // --- Entry points ---------------------------------------------------------------------------------
 
-#define DECLARE(level, name, ...) extern "C" int level##_ipps##name(__VA_ARGS__);
+#if defined(_WIN32) && !defined(_WIN64)
+#define ENTRY_CALL __stdcall
+#else
+#define ENTRY_CALL
+#endif
+#define DECLARE(level, name, ...) extern "C" int ENTRY_CALL level##_ipps##name(__VA_ARGS__);
 #define DECLARE_SEVEN(name, ...)                                                                          \
     DECLARE(px, name, __VA_ARGS__) DECLARE(w7, name, __VA_ARGS__) DECLARE(v8, name, __VA_ARGS__)          \
     DECLARE(s8, name, __VA_ARGS__) DECLARE(p8, name, __VA_ARGS__) DECLARE(g9, name, __VA_ARGS__) DECLARE(h9, name, __VA_ARGS__)
@@ -580,7 +586,7 @@ void check_entries(const std::vector<Entry*>& entries, const orv::Operation<Sign
             operation(x, want[0], 3);
             EXPECT_EQ(entry(x, got[0], 3), 0);
             EXPECT_EQ(entry(nullptr, got[0], 3), orv::StatusNullPointer);
-        } else if constexpr (std::is_same<Entry, int(const T*, T*, T*, int)>::value) {
+        } else if constexpr (!std::is_invocable<Entry, const T*, const T*, T*, int>::value) {
             operation(x, want[0], want[1], 3);
             EXPECT_EQ(entry(x, got[0], got[1], 3), 0);
         } else {

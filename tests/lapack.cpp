@@ -1,15 +1,13 @@
 // The LAPACK entry points: their results by residuals in long double, *info by the standard, and what they
 // must not do to the process.
-#include <dirent.h>
-#include <unistd.h>
-
 #include <cmath>
-#include <cstdio>
+#include <memory>
 
 #include "MKLWrapper.h"
 #include "gmock/gmock.h"
 #include "support/levels.h"
 #include "support/matrix.h"
+#include "support/process.h"
 
 namespace test {
 namespace {
@@ -215,24 +213,10 @@ TEST(Lapack, FactorsOfRectanglesAndSingularMatrices)
 
 // --- Arguments that are refused, and what the process sees of it -------------------------------------
 
-int threads()
-{
-    int count = 0;
-    DIR* const tasks = opendir("/proc/self/task");
-    while (const dirent* entry = readdir(tasks)) count += entry->d_name[0] != '.';
-    closedir(tasks);
-    return count;
-}
-
 TEST(Lapack, RefusesBadArguments)
 {
-    const int threads_before = threads();
-    // Standard output and error go to a file meanwhile.
-    std::fflush(nullptr);
-    std::FILE* const file = std::tmpfile();
-    const int out = dup(1), err = dup(2);
-    dup2(fileno(file), 1);
-    dup2(fileno(file), 2);
+    const int threads_before = count_threads();
+    auto output = std::make_unique<CapturedOutput>();
 
     struct { char ju, jv; int m, n, lda, ldu, ldvt, lwork, info; } svd[] = {
         {'X', 'A', 3, 3, 3, 3, 3, 99, -1}, {'O', 'O', 3, 3, 3, 3, 3, 99, -2}, {'A', 'X', 3, 3, 3, 3, 3, 99, -2},
@@ -274,14 +258,10 @@ TEST(Lapack, RefusesBadArguments)
         results.push_back(r);
     }
 
-    std::fflush(nullptr);
-    dup2(out, 1);
-    dup2(err, 2);
-    close(out);
-    close(err);
-    EXPECT_EQ(lseek(fileno(file), 0, SEEK_END), 0) << "something was printed";
-    std::fclose(file);
-    EXPECT_EQ(threads(), threads_before);
+    const long printed = output->bytes();
+    output.reset();
+    EXPECT_EQ(printed, 0);
+    EXPECT_EQ(count_threads(), threads_before);
     for (const Result& r : results) {
         EXPECT_EQ(r.info, r.wanted);
         EXPECT_TRUE(r.untouched) << r.wanted;

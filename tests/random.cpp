@@ -9,6 +9,7 @@
 #include "gmock/gmock.h"
 #include "spectral/random_numbers.h"
 #include "support/allocations.h"
+#include "support/exact_sine.h"
 #include "support/levels.h"
 #include "support/random.h"
 
@@ -73,7 +74,7 @@ Want gaussian(std::uint32_t w1, std::uint32_t w2, double mean, double sigma)
     }
     const volatile double logarithm = w1 == 0 ? -744.4400719213812 : static_cast<double>(std::log(Exact{u1}));
     const volatile double radius = static_cast<double>(std::sqrt(Exact{-2 * logarithm}));
-    const volatile double sine = static_cast<double>(std::sin(Exact{angle}));
+    const volatile double sine = static_cast<double>(exact_sine(Exact{angle}));
     const DoublePrecision precision;
     scaled = radius * sigma;
     product = scaled * sine;

@@ -309,10 +309,10 @@ ORV_INLINE Status with_quotient(int scaleFactor, Loop loop)
         return op.zeros ? StatusDivideByZero : StatusOk;
     };
 #if ORV_HAVE_VECTORS
-    if (scaleFactor == 0) {
-        const FloatControl control;  // quotients are rounded by the conversion to integers
-        return run(QuotientSteps<T, rounding, Direction::none>{0});
-    }
+    // Quotients are rounded by the conversion to integers, and reciprocals are inexact: hosts may have that
+    // exception unmasked.
+    const FloatControl control;
+    if (scaleFactor == 0) return run(QuotientSteps<T, rounding, Direction::none>{0});
     if (scaleFactor < 0) {
         return run(QuotientSteps<T, rounding, Direction::up>{scaleFactor < -32 ? 32 : -scaleFactor});
     }

@@ -17,6 +17,9 @@ WITHOUT_INSTANCES(MKLWrapper)
 
 #undef WITHOUT_INSTANCES
 
+// The DLL has this file twice, once for each C++ ABI, and the variable once: its second name is the linker's.
+#if !defined(_MSC_VER)
 int nImageProcessingWrapper = 0;
+#endif
 
 int fnImageProcessingWrapper() { return 42; }

@@ -1,7 +1,4 @@
-// The LAPACK routines that the library contains, under names of its own.
-//
-// The calling convention of Fortran: every argument by address, the lengths of the character arguments
-// by value at the end.
+// The LAPACK routines that the library contains.
 #pragma once
 
 #include "core/operation.h"
@@ -12,6 +9,19 @@ using FortranLength = decltype(sizeof(0));
 
 extern "C" {
 
+// With every argument by address, as callers from C know them.
+ORV_INTERNAL void orv_sgesvd(const char* jobu, const char* jobvt, const int* m, const int* n, float* a, const int* lda,
+                             float* s, float* u, const int* ldu, float* vt, const int* ldvt, float* work,
+                             const int* lwork, int* info);
+ORV_INTERNAL void orv_dgesvd(const char* jobu, const char* jobvt, const int* m, const int* n, double* a,
+                             const int* lda, double* s, double* u, const int* ldu, double* vt, const int* ldvt,
+                             double* work, const int* lwork, int* info);
+ORV_INTERNAL void orv_sgetrf(const int* m, const int* n, float* a, const int* lda, int* ipiv, int* info);
+ORV_INTERNAL void orv_sgetrs(const char* trans, const int* n, const int* nrhs, const float* a, const int* lda,
+                             const int* ipiv, float* b, const int* ldb, int* info);
+
+// The routines themselves, under names of ours. The calling convention of Fortran: in addition, the lengths of
+// the character arguments by value at the end.
 ORV_INTERNAL void orv_lapack_sgesvd(const char* jobu, const char* jobvt, const int* m, const int* n, float* a,
                                     const int* lda, float* s, float* u, const int* ldu, float* vt, const int* ldvt,
                                     float* work, const int* lwork, int* info, FortranLength, FortranLength);
