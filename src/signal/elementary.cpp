@@ -210,8 +210,8 @@ Status Exp_32f_A21(const float* src, float* dst, int len) { return map_one<Short
 Status Exp_64f(const double* src, double* dst, int len) { return map_one<ExpOfDoubles>(src, dst, len); }
 Status Ln_32f_A21(const float* src, float* dst, int len) { return map_logarithm<ShortLnOfFloats>(src, dst, len); }
 Status Ln_64f(const double* src, double* dst, int len) { return map_logarithm<LnOfDoubles>(src, dst, len); }
-Status Sin_32f_A11(const float* src, float* dst, int len) { return map_one<SineOfFloats>(src, dst, len); }
-Status Cos_32f_A11(const float* src, float* dst, int len) { return map_one<CosineOfFloats>(src, dst, len); }
+Status Sin_32f_A11(const float* src, float* dst, int len) { return map_one<OfAngles<Sine>>(src, dst, len); }
+Status Cos_32f_A11(const float* src, float* dst, int len) { return map_one<OfAngles<Cosine>>(src, dst, len); }
 
 Status Sqrt_64f(const double* src, double* dst, int len)
 {
@@ -222,7 +222,7 @@ Status Sqrt_64f(const double* src, double* dst, int len)
 
 Status SinCos_32f_A11(const float* src, float* dstSin, float* dstCos, int len)
 {
-    SineCosineOfFloats op;
+    OfAngles<SineAndCosine> op;
     return check_and_map<1, 2, float>(len, {src}, {dstSin, dstCos}, op);
 }
 
