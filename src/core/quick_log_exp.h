@@ -1,32 +1,13 @@
-// Logarithm and exponential of floats, a whole register of them at once: the bits of the formulas in
-// double, for half their time, from pairs of floats.
-//
-// The result is a sum of two floats, off by less than 2^-32 of itself. Where adding that error to it or
-// taking it off makes no difference to the rounded sum, the formula in double, which lies closer to the exact
-// value still, rounds to the same float. The rest, two values in a thousand, is left to that formula. (All
-// 2^32 floats have been compared.)
-//
-// Pairs rely on fused multiply-add for the exact products: elsewhere they would cost more than doubles.
+// Logarithm and exponential of floats from pairs of floats. All 2^32 floats have been compared with the
+// formulas in double.
 #pragma once
 
-#include "core/lanes.h"
+#include "core/pairs_of_floats.h"
 
 #if ORV_HAVE_FUSED
 
 namespace orv {
 inline namespace ORV_LEVEL {
-
-struct Rounded {
-    floats value;
-    mask32 sure;
-};
-
-// high + low, rounded, and whether an error of `margin` times the sum leaves it so.
-ORV_INLINE Rounded round_pair(floats high, floats low, float margin)
-{
-    const floats value = high + fused(high, margin, low);
-    return {value, equal(value, high + fused(high, -margin, low))};
-}
 
 // exp(x) for |x| < 60. x = k ln2/8 + r with |r| <= ln2/16, so exp(x) = 2^(k/8) exp(r). The polynomials were
 // fitted with Sollya's fpminimax.

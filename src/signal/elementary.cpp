@@ -8,6 +8,7 @@
 #include "core/sine.h"
 #include "signal/angles_11_bits.h"
 #include "signal/log_exp_21_bits.h"
+#include "signal/quick_arctangent.h"
 
 namespace orv {
 namespace elementary {
@@ -118,6 +119,16 @@ struct Atan2OfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
+#if ORV_HAVE_FUSED
+        const Rounded quick = quick_arctangent(load_floats(src[0]), load_floats(src[1]));
+        if (__builtin_expect(all_of(quick.sure), 1)) return store(dst[0], quick.value);
+        in_double(src, dst);
+    }
+
+private:
+    static __attribute__((noinline)) void in_double(const float* const* src, float* const* dst)
+    {
+#endif
         for (int i = 0; i < N; i += kDoubles) {
             const doubles y = load_doubles(src[0] + i), x = load_doubles(src[1] + i);
             // Infinities and two zeros would divide into NaNs.
