@@ -19,7 +19,7 @@ constexpr float kNear = 25, kFar = 800;
 // its neighbours do not matter.
 ORV_INLINE floats reduce_near(floats x, floats k, float half_turn)
 {
-    return minus_exact(minus_exact(x, k, 0x1.921fcp+1f * half_turn), k, -0x1.5777ap-20f * half_turn);
+    return minus_exact(minus_exact(x, k, 0x1.921fap+1f * half_turn), k, 0x1.54442p-19f * half_turn);
 }
 ORV_INLINE floats reduce_middle(floats x, floats k, float half_turn)
 {
@@ -45,7 +45,7 @@ struct FarAngles {
         for (int i = 0; i < kFloats; i += kDoubles) {
             double rests[kDoubles];
             std::uint64_t quadrants[kDoubles];
-            const Angle angle = reduce_anywhere<false>(magnitude(load_doubles(src + i)));
+            const Angle angle = reduce_anywhere(magnitude(load_doubles(src + i)));
             store(rests, angle.r);
             store(quadrants, angle.quadrant);
             for (int lane = 0; lane < kDoubles; ++lane) {

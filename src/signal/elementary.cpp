@@ -5,6 +5,7 @@
 #include "core/checks.h"
 #include "core/float_log_exp.h"
 #include "core/maps.h"
+#include "core/quick_hypotenuse.h"
 #include "core/sine.h"
 #include "signal/angles_11_bits.h"
 #include "signal/log_exp_21_bits.h"
@@ -82,10 +83,10 @@ struct SineCosineOfDoubles {
         const doubles x = load_doubles(src[0]);
         const doubles size = magnitude(x);
         const bool ordinary = all_of(less_equal(size, kOrdinaryAngle));
-        if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce<false>(size), x), dst);
+        if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce(size), x), dst);
         // NaNs have no sign.
         const doubles sign = select(less(size, __builtin_inf()), x, size);
-        put(sine_and_cosine(reduce_anywhere<false>(size), sign), dst);
+        put(sine_and_cosine(reduce_anywhere(size), sign), dst);
     }
 
 private:
@@ -164,6 +165,16 @@ struct HypotOfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
+#if ORV_HAVE_FUSED
+        const Rounded quick = quick_hypotenuse(load_floats(src[0]), load_floats(src[1]));
+        if (__builtin_expect(all_of(quick.sure), 1)) return store(dst[0], quick.value);
+        in_double(src, dst);
+    }
+
+private:
+    static __attribute__((noinline)) void in_double(const float* const* src, float* const* dst)
+    {
+#endif
         for (int i = 0; i < N; i += kDoubles) {
             const doubles a = load_doubles(src[0] + i), b = load_doubles(src[1] + i);
             const doubles sum = a * a + b * b;  // the squares are exact and far from overflow
