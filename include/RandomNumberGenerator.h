@@ -13,7 +13,7 @@
 ///
 /// **Values.** Box and Muller's transform, one value for two words: with u1 and u2 the words times 2^-32,
 /// value = (sqrt(-2 ln u1) sigma) sin(2 pi u2) + mean, in double and in that order. Logarithm, root and
-/// sine are within a unit in the last place of the exact ones. For u1 = 0 the logarithm is that of the
+/// sine are within a unit in the last place of the correctly rounded ones. For u1 = 0 the logarithm is that of the
 /// smallest positive double, so the largest radius is 38.58600969059592.
 ///
 /// **Sequence.** The same seed gives the same values on every processor, and values do not depend on how

@@ -284,11 +284,12 @@ public:
     //   Sqrt_64f           correctly rounded
     //   Exp_32f            0.5001 u: computed in double, rounded once
     //   Exp_64f, Ln_64f    below 1 u
-    //   A11 functions      a relative error below 2^-11 (sine and cosine: 2^-13); also near their zeros
+    //   A11 functions      a relative error below 2^-11 (Sin and Cos: 2^-13; SinCos: 2^-11.2), also near
+    //                      their zeros
     //   A24 functions      0.501 u
     //   A50 functions      a relative error below 2^-50, for every finite angle
     // Angles are in radians. All floats and doubles are reduced rightly, but angles beyond 800 (A11) and
-    // 131072 (A50) take several times longer.
+    // 131072 (A50) take several times longer, those beyond 25 (A11) a little.
     //
     // Special values. NaNs give the quiet NaN with its sign bit clear (Floor keeps the NaN's own bits and
     // makes it quiet, Abs clears its sign and nothing else).

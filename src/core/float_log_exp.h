@@ -5,6 +5,7 @@
 #include "core/exponential.h"
 #include "core/logarithm.h"
 #include "core/maps.h"
+#include "core/quick_log_exp.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -25,24 +26,41 @@ private:
     Status status_ = StatusOk;
 };
 
+// Where pairs of floats are the quicker way, the formulas in double are for the few values that they leave.
+#if ORV_HAVE_FUSED
+constexpr int kQuickStep = 2 * kFloats;  // one test for two registers
+#define ORV_IN_DOUBLE __attribute__((noinline))
+#else
+constexpr int kQuickStep = kFloats;
+ORV_INLINE bool quick_ln(const float*, float*) { return false; }
+ORV_INLINE bool quick_exp(const float*, float*) { return false; }
+#define ORV_IN_DOUBLE ORV_INLINE
+#endif
+
 struct LnOfFloats {
-    static constexpr int N = kFloats;
+    static constexpr int N = kQuickStep;
     FirstLogWarning warning;
 
     ORV_INLINE void step(const float* const* src, float* const* dst)
     {
-        const floats x = load_floats(src[0]);
-        if (__builtin_expect(all_of(less(0.0f, x) & less(x, __builtin_inff())), 1)) {
-            for (int i = 0; i < N; i += kDoubles) store(dst[0] + i, ln_for_float(load_doubles(src[0] + i)));
-        } else {
-            specials(src[0], dst[0]);
-        }
+        if (!quick_ln(src[0], dst[0])) in_double(src[0], dst[0]);
     }
 
 private:
+    ORV_IN_DOUBLE void in_double(const float* src, float* dst)
+    {
+        for (int i = 0; i < N; i += kFloats) {
+            const floats x = load_floats(src + i);
+            if (__builtin_expect(all_of(less(0.0f, x) & less(x, __builtin_inff())), 1)) {
+                for (int k = i; k < i + kFloats; k += kDoubles) store(dst + k, ln_for_float(load_doubles(src + k)));
+            } else {
+                specials(src + i, dst + i);
+            }
+        }
+    }
     __attribute__((noinline)) void specials(const float* src, float* dst)
     {
-        for (int i = 0; i < N; i += kDoubles) {
+        for (int i = 0; i < kFloats; i += kDoubles) {
             const doubles x = load_doubles(src + i);
             LogEvents events;
             store(dst + i, ln_of_specials(x, ln_for_float(x), &events));
@@ -54,21 +72,27 @@ private:
 // With to_zero, results below the normal floats are zero; else they are subnormal.
 template <bool to_zero>
 struct ExpOfFloats {
-    static constexpr int N = kFloats;
+    static constexpr int N = kQuickStep;
 
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
-        if (__builtin_expect(all_of(less(magnitude(load_floats(src[0])), 87.0f)), 1)) {
-            for (int i = 0; i < N; i += kDoubles) store(dst[0] + i, exp_for_float(load_doubles(src[0] + i)));
-        } else {
-            specials(src[0], dst[0]);
-        }
+        if (!quick_exp(src[0], dst[0])) in_double(src[0], dst[0]);
     }
 
 private:
+    static ORV_IN_DOUBLE void in_double(const float* src, float* dst)
+    {
+        for (int i = 0; i < N; i += kFloats) {
+            if (__builtin_expect(all_of(less(magnitude(load_floats(src + i)), 87.0f)), 1)) {
+                for (int k = i; k < i + kFloats; k += kDoubles) store(dst + k, exp_for_float(load_doubles(src + k)));
+            } else {
+                specials(src + i, dst + i);
+            }
+        }
+    }
     static __attribute__((noinline)) void specials(const float* src, float* dst)
     {
-        for (int i = 0; i < N; i += kDoubles) {
+        for (int i = 0; i < kFloats; i += kDoubles) {
             const doubles x = load_doubles(src + i);
             doubles y = exp_for_float_anywhere(x);
             if (to_zero) y = and_not(less_equal(x, -87.3365478515625), y);
@@ -76,6 +100,7 @@ private:
         }
     }
 };
+#undef ORV_IN_DOUBLE
 
 }  // namespace ORV_LEVEL
 }  // namespace orv

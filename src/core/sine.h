@@ -15,26 +15,21 @@ inline namespace ORV_LEVEL {
 
 constexpr double kOrdinaryAngle = 0x1p17;
 
-// x = quadrant pi/2 + r + low, with the quadrant in the low bits. Angles are reduced without their sign.
+// x = quadrant pi/2 + r, with the quadrant in the low bits. Angles are reduced without their sign.
 struct Angle {
     words quadrant;
-    doubles r, low;
+    doubles r;
 };
 
-// For 0 <= x <= kOrdinaryAngle. Without `compensated`, low is not there and r is off by an ulp of its own.
-template <bool compensated>
+// For 0 <= x <= kOrdinaryAngle.
 ORV_INLINE Angle reduce(doubles x)
 {
     const doubles shifted = x * 0x1.45f306dc9c883p-1 + kRoundDouble;
     const doubles k = shifted - kRoundDouble;
     // The first two parts have 36 bits: their products with k are exact.
-    const doubles p2 = 0x1.68c234c4cp-39, p3 = 0x1.98a2e03707345p-77;
     const doubles first = minus_exact(x, k, 0x1.921fb54440000p+0);
-    const doubles second = minus_exact(first, k, p2);
-    if (!compensated) return {bits(shifted), second - k * p3, 0.0};
-    const doubles low = minus_exact(first - second, k, p2) - k * p3;
-    const doubles r = second + low;
-    return {bits(shifted), r, (second - r) + low};
+    const doubles second = minus_exact(first, k, 0x1.68c234c4cp-39);
+    return {bits(shifted), second - k * 0x1.98a2e03707345p-77};
 }
 
 // A finite double above 2^17: the quadrant modulo 4, and what is left in [-pi/4, pi/4], off by
@@ -83,21 +78,18 @@ inline double huge_angle(double x, std::uint64_t* quadrant)
 }
 
 // reduce() for any lanes without sign. Infinities and NaNs become the quiet NaN.
-template <bool compensated>
 ORV_INLINE Angle reduce_anywhere(doubles x)
 {
-    Angle angle = reduce<compensated>(x);
-    double value[kDoubles], r[kDoubles], low[kDoubles];
+    Angle angle = reduce(x);
+    double value[kDoubles], r[kDoubles];
     std::uint64_t quadrant[kDoubles];
     store(value, x);
     store(r, angle.r);
-    store(low, angle.low);
     store(quadrant, angle.quadrant);
     for (int lane = 0; lane < kDoubles; ++lane) {
         std::uint64_t size;  // as bits: these order as the numbers do
         __builtin_memcpy(&size, &value[lane], sizeof(size));
         if (size <= bit_cast<std::uint64_t>(kOrdinaryAngle)) continue;
-        low[lane] = 0;
         if (size < 0x7FF0000000000000) {
             r[lane] = huge_angle(value[lane], &quadrant[lane]);
         } else {
@@ -105,7 +97,7 @@ ORV_INLINE Angle reduce_anywhere(doubles x)
             quadrant[lane] = 0;
         }
     }
-    return {load_words(quadrant), load_doubles(r), load_doubles(low)};
+    return {load_words(quadrant), load_doubles(r)};
 }
 
 // sin(r) - r, and sin(r), for |r| <= pi/4 and z = r^2.
@@ -130,25 +122,11 @@ ORV_INLINE doubles cosine_polynomial(doubles z)
     return (doubles(1.0) - z * 0.5) + w * cosine_tail(z, w);
 }
 
-// sin(x) within an ulp, for 0 <= x <= kOrdinaryAngle.
-ORV_INLINE doubles accurate_sine(doubles x)
-{
-    const Angle angle = reduce<true>(x);
-    const doubles z = angle.r * angle.r;
-    const doubles s = angle.r + (sine_tail(angle.r, z) + angle.low);
-    // The cosine with what the rounding of 1 - z/2 left off.
-    const doubles w = z * z;
-    const doubles half = z * 0.5, whole = doubles(1.0) - half;
-    const doubles c = whole + (((doubles(1.0) - whole) - half) + (w * cosine_tail(z, w) - angle.r * angle.low));
-    const doubles exchange = has_sign(from_bits(shift_left<63>(angle.quadrant))) & (s ^ c);
-    return (s ^ exchange) ^ from_bits(shift_left<62>(angle.quadrant) & words(0x8000000000000000));
-}
-
 struct SineCosine {
     doubles sine, cosine;
 };
 
-// Without the low part of the angle. Of sign times the angle, where the sign is the sign bit of x.
+// Of sign times the angle, where the sign is the sign bit of x.
 ORV_INLINE SineCosine sine_and_cosine(Angle angle, doubles x)
 {
     const doubles z = angle.r * angle.r;

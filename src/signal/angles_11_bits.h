@@ -1,8 +1,8 @@
 // Sine and cosine to 11 bits, in float.
 //
-// Up to 800 in magnitude a multiple of pi (or pi/2) is subtracted in three parts, of which the first two
-// have exact products with the multiple; beyond, angles are reduced in double. The polynomials were
-// fitted with Sollya's fpminimax.
+// A multiple of pi (or pi/2) is subtracted in parts whose products with the multiple are exact: two up to 25 in
+// magnitude, three up to 800. Beyond, angles are reduced in double. The polynomials were fitted with
+// Sollya's fpminimax.
 #pragma once
 
 #include <cstdint>
@@ -13,136 +13,190 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
-ORV_INLINE bool all_near(floats x) { return all_of(less_equal(magnitude(x), 800.0f)); }
+constexpr float kNear = 25, kFar = 800;
 
-// What is left of kFloats angles beyond 800 or not finite, and the multiples that were taken off. The
+// x - k half_turn pi, where half_turn is 1 or 1/2. Each lane in the way that its own size asks for, so that
+// its neighbours do not matter.
+ORV_INLINE floats reduce_near(floats x, floats k, float half_turn)
+{
+    return minus_exact(minus_exact(x, k, 0x1.921fap+1f * half_turn), k, 0x1.54442p-19f * half_turn);
+}
+ORV_INLINE floats reduce_middle(floats x, floats k, float half_turn)
+{
+    const floats first = minus_exact(x, k, 0x1.921cp+1f * half_turn);
+    return minus_exact(first, k, 0x1.daap-14f * half_turn) - k * (0x1.10b462p-29f * half_turn);
+}
+
+// What is left of kFloats angles beyond kFar or not finite, and the multiples that were taken off. The
 // multiples are of pi/2 by `parity`: any of them, even ones only, odd ones only.
 enum class Multiples { any, even, odd };
 struct FarAngles {
     float r[kFloats];
     std::uint32_t quadrant[kFloats];
-};
 
-template <Multiples multiples>
-__attribute__((noinline)) void replace_far(const float* src, FarAngles* angles)
-{
-    for (int i = 0; i < kFloats; i += kDoubles) {
-        double r[kDoubles];
-        std::uint64_t quadrant[kDoubles];
-        const Angle angle = reduce_anywhere<false>(magnitude(load_doubles(src + i)));
-        store(r, angle.r);
-        store(quadrant, angle.quadrant);
-        for (int lane = 0; lane < kDoubles; ++lane) {
-            const std::uint32_t b = get(reinterpret_cast<const std::uint32_t*>(src + i + lane));
-            if ((b & 0x7FFFFFFF) <= bit_cast<std::uint32_t>(800.0f)) continue;
-            std::uint32_t n = static_cast<std::uint32_t>(quadrant[lane]);
-            double rest = r[lane];
-            const bool wrong = (multiples == Multiples::even && n % 2 != 0) || (multiples == Multiples::odd && n % 2 == 0);
-            if (wrong) {
-                const bool up = rest >= 0;
-                n += up ? 1u : ~0u;
-                rest = rounded(up ? rest - 0x1.921fb54442d18p+0 : rest + 0x1.921fb54442d18p+0);
+    FarAngles(floats near_r, ints near_quadrant)
+    {
+        store(r, near_r);
+        store(quadrant, near_quadrant);
+    }
+    template <Multiples multiples>
+    __attribute__((noinline)) void replace(const float* src)
+    {
+        for (int i = 0; i < kFloats; i += kDoubles) {
+            double rests[kDoubles];
+            std::uint64_t quadrants[kDoubles];
+            const Angle angle = reduce_anywhere(magnitude(load_doubles(src + i)));
+            store(rests, angle.r);
+            store(quadrants, angle.quadrant);
+            for (int lane = 0; lane < kDoubles; ++lane) {
+                const std::uint32_t b = get(reinterpret_cast<const std::uint32_t*>(src + i + lane));
+                if ((b & 0x7FFFFFFF) <= bit_cast<std::uint32_t>(kFar)) continue;
+                std::uint32_t n = static_cast<std::uint32_t>(quadrants[lane]);
+                double rest = rests[lane];
+                const bool wrong = (multiples == Multiples::even && n % 2 != 0) || (multiples == Multiples::odd && n % 2 == 0);
+                if (wrong) {
+                    const bool up = !(rest < 0);
+                    n += up ? 1u : ~0u;
+                    rest = rounded(up ? rest - 0x1.921fb54442d18p+0 : rest + 0x1.921fb54442d18p+0);
+                }
+                // Odd multiples are for the cosine, which has no sign, and NaNs have none.
+                const bool negative = multiples != Multiples::odd && b > 0x80000000 && b < 0xFF800000;
+                r[i + lane] = rounded(static_cast<float>(negative ? -rest : rest));
+                quadrant[i + lane] = negative ? 0 - n : n;
             }
-            const bool negative = b > 0x80000000 && b < 0xFF800000;  // NaNs have no sign
-            angles->r[i + lane] = rounded(static_cast<float>(negative ? -rest : rest));
-            angles->quadrant[i + lane] = negative ? 0 - n : n;
         }
     }
-}
+};
 
-// sin(r) for |r| <= pi/2, to 2^-13 of itself.
+// sin(r) times the sign, for |r| <= pi/2, to 2^-13 of itself.
+template <int sign>
 ORV_INLINE floats sine_11_bits(floats r)
 {
     const floats z = r * r;
-    return r * ((z * 7.6014562509953975677490234375e-3f - 0.16595725715160369873046875f) * z + 0.99989116191864013671875f);
+    return r * ((z * (sign * 7.6014562509953975677490234375e-3f) - sign * 0.16595725715160369873046875f) * z +
+                sign * 0.99989116191864013671875f);
 }
 
-struct SineOfFloats {
-    static constexpr int N = kFloats;
+// Two registers at a time, with one test for both: near() is where quick() is enough. NaNs are not near.
+ORV_INLINE mask32 near(floats x) { return less_equal(magnitude(x), kNear); }
+
+template <class Function>
+struct OfAngles {
+    static constexpr int N = 2 * kFloats;
 
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
-        const floats x = load_floats(src[0]);
+        const floats x0 = load_floats(src[0]), x1 = load_floats(src[0] + kFloats);
+        if (__builtin_expect(!all_of(near(x0) & near(x1)), 0)) return anywhere(src[0], dst);
+        Function::put(Function::reduced(x0), dst, 0);
+        Function::put(Function::reduced(x1), dst, kFloats);
+    }
+
+private:
+    static __attribute__((noinline)) void anywhere(const float* src, float* const* dst)
+    {
+        const floats x0 = load_floats(src), x1 = load_floats(src + kFloats);
+        const typename Function::Reduced angle0 = of_any(x0, src), angle1 = of_any(x1, src + kFloats);
+        Function::put(angle0, dst, 0);
+        Function::put(angle1, dst, kFloats);
+    }
+    static ORV_INLINE typename Function::Reduced of_any(floats x, const float* src)
+    {
+        typename Function::Reduced angle = Function::reduced(x);
+        angle.r = select(near(x), angle.r, reduce_middle(Function::kSigned ? x : magnitude(x), angle.k, Function::kHalfTurn));
+        if (__builtin_expect(!all_of(less_equal(magnitude(x), kFar)), 0)) Function::replace_far(src, &angle);
+        return angle;
+    }
+};
+
+// An angle less k half turns (or quarter turns); n tells k as an integer, in its low bits.
+struct ReducedAngle {
+    floats r, k;
+    ints n;
+};
+
+struct Sine {
+    using Reduced = ReducedAngle;
+    static constexpr float kHalfTurn = 1;
+    static constexpr bool kSigned = true;
+
+    static ORV_INLINE Reduced reduced(floats x)
+    {
         const floats shifted = x * 0x1.45f306p-2f + kRoundFloat;
         const floats k = shifted - kRoundFloat;
-        floats r = minus_exact(minus_exact(x, k, 0x1.921cp+1f), k, 0x1.daap-14f) - k * 0x1.10b462p-29f;
-        ints half_turns = bits(shifted);
-        if (__builtin_expect(!all_near(x), 0)) far(src[0], &r, &half_turns);
+        return {reduce_near(x, k, kHalfTurn), k, bits(shifted)};
+    }
+    static ORV_INLINE void put(const Reduced& angle, float* const* dst, int at)
+    {
         // Odd multiples of pi change the sign.
-        store(dst[0], sine_11_bits(r) ^ from_bits(shift_left<31>(half_turns)));
+        store(dst[0] + at, sine_11_bits<1>(angle.r) ^ from_bits(shift_left<31>(angle.n)));
     }
-
-private:
-    static void far(const float* src, floats* r, ints* half_turns)
+    static void replace_far(const float* src, Reduced* angle)
     {
-        FarAngles angles;
-        store(angles.r, *r);
-        store(angles.quadrant, shift_left<1>(*half_turns));
-        replace_far<Multiples::even>(src, &angles);
-        *r = load_floats(angles.r);
-        *half_turns = shift_right<1>(load_ints(angles.quadrant));
+        FarAngles far(angle->r, shift_left<1>(angle->n));
+        far.replace<Multiples::even>(src);
+        angle->r = load_floats(far.r);
+        angle->n = shift_right<1>(load_ints(far.quadrant));
     }
 };
 
-struct CosineOfFloats {
-    static constexpr int N = kFloats;
+struct Cosine {
+    using Reduced = ReducedAngle;
+    static constexpr float kHalfTurn = 1;
+    static constexpr bool kSigned = false;
 
-    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    // |x| = (n + 1/2) pi + r: the cosine is -sin(r) for even n.
+    static ORV_INLINE Reduced reduced(floats x)
     {
-        // x = (j + 1/2) pi + r: the cosine is -sin(r) for even j.
-        const floats x = load_floats(src[0]);
-        const floats shifted = (x * 0x1.45f306p-2f - 0.5f) + kRoundFloat;
-        const floats h = (shifted - kRoundFloat) + 0.5f;
-        floats r = minus_exact(minus_exact(x, h, 0x1.921cp+1f), h, 0x1.daap-14f) - h * 0x1.10b462p-29f;
-        ints half_turns = bits(shifted);
-        if (__builtin_expect(!all_near(x), 0)) far(src[0], &r, &half_turns);
-        store(dst[0], sine_11_bits(r) ^ from_bits(shift_left<31>(half_turns + ints(1))));
+        const floats size = magnitude(x);
+        const ints n = truncated(size * 0x1.45f306p-2f);
+        const floats k = to_floats(n) + 0.5f;
+        return {reduce_near(size, k, kHalfTurn), k, n};
     }
-
-private:
-    static void far(const float* src, floats* r, ints* half_turns)
+    static ORV_INLINE void put(const Reduced& angle, float* const* dst, int at)
     {
-        FarAngles angles;
-        store(angles.r, *r);
-        store(angles.quadrant, shift_left<1>(*half_turns) + ints(1));
-        replace_far<Multiples::odd>(src, &angles);
-        *r = load_floats(angles.r);
-        *half_turns = shift_right<1>(load_ints(angles.quadrant));
+        store(dst[0] + at, sine_11_bits<-1>(angle.r) ^ from_bits(shift_left<31>(angle.n)));
+    }
+    static void replace_far(const float* src, Reduced* angle)
+    {
+        FarAngles far(angle->r, shift_left<1>(angle->n) + ints(1));
+        far.replace<Multiples::odd>(src);
+        angle->r = load_floats(far.r);
+        angle->n = shift_right<1>(load_ints(far.quadrant));
     }
 };
 
-struct SineCosineOfFloats {
-    static constexpr int N = kFloats;
+struct SineAndCosine {
+    using Reduced = ReducedAngle;
+    static constexpr float kHalfTurn = 0.5f;
+    static constexpr bool kSigned = true;
 
-    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    static ORV_INLINE Reduced reduced(floats x)
     {
-        const floats x = load_floats(src[0]);
         const floats shifted = x * 0x1.45f306p-1f + kRoundFloat;
         const floats k = shifted - kRoundFloat;
-        floats r = minus_exact(minus_exact(x, k, 0x1.921cp+0f), k, 0x1.daap-15f) - k * 0x1.10b462p-30f;
-        ints quadrant = bits(shifted);
-        if (__builtin_expect(!all_near(x), 0)) far(src[0], &r, &quadrant);
-        const floats z = r * r;
-        const floats s = r * ((z * 8.14990140497684478759765625e-3f - 0.16662381589412689208984375f) * z +
-                              0.999998509883880615234375f);
-        const floats c = ((z * -1.35896797291934490203857421875e-3f + 4.165558516979217529296875e-2f) * z -
-                          0.4999988079071044921875f) * z + 1.0f;
-        const floats one_or_minus = from_bits(shift_left<31>(quadrant) | bits(floats(1.0f)));
-        const floats exchange = less(one_or_minus, 0.0f) & (s ^ c);
-        const ints sign(0x80000000);
-        store(dst[0], (s ^ exchange) ^ from_bits(shift_left<30>(quadrant) & sign));
-        store(dst[1], (c ^ exchange) ^ from_bits(shift_left<30>(quadrant + ints(1)) & sign));
+        return {reduce_near(x, k, kHalfTurn), k, bits(shifted)};
     }
-
-private:
-    static void far(const float* src, floats* r, ints* quadrant)
+    // For |r| <= pi/4 the sine to 2^-11.2 of itself, the cosine to 2^-16.
+    static ORV_INLINE void put(const Reduced& angle, float* const* dst, int at)
     {
-        FarAngles angles;
-        store(angles.r, *r);
-        store(angles.quadrant, *quadrant);
-        replace_far<Multiples::any>(src, &angles);
-        *r = load_floats(angles.r);
-        *quadrant = load_ints(angles.quadrant);
+        const floats r = angle.r, z = r * r;
+        const floats s = r * (z * -0x1.4acf7ep-3f + 0x1.ffca54p-1f);
+        const floats c = (z * 0x1.4b6c4cp-5f - 0x1.ffc112p-2f) * z + 1.0f;
+        // Odd quadrants exchange the two and turn the sign of what was the sine; from the third on both turn.
+        const ints odd = shift_left<31>(angle.n);
+        const ints turn = shift_left<30>(angle.n) & ints(0x80000000);
+        const ints sine = bits(s) ^ odd, cosine = bits(c);
+        const ints change = ((sine ^ cosine) & shift_right_signed<31>(odd)) ^ turn;
+        store(dst[0] + at, from_bits(sine ^ change));
+        store(dst[1] + at, from_bits(cosine ^ change));
+    }
+    static void replace_far(const float* src, Reduced* angle)
+    {
+        FarAngles far(angle->r, angle->n);
+        far.replace<Multiples::any>(src);
+        angle->r = load_floats(far.r);
+        angle->n = load_ints(far.quadrant);
     }
 };
 

@@ -5,9 +5,11 @@
 #include "core/checks.h"
 #include "core/float_log_exp.h"
 #include "core/maps.h"
+#include "core/quick_hypotenuse.h"
 #include "core/sine.h"
 #include "signal/angles_11_bits.h"
 #include "signal/log_exp_21_bits.h"
+#include "signal/quick_arctangent.h"
 
 namespace orv {
 namespace elementary {
@@ -81,10 +83,10 @@ struct SineCosineOfDoubles {
         const doubles x = load_doubles(src[0]);
         const doubles size = magnitude(x);
         const bool ordinary = all_of(less_equal(size, kOrdinaryAngle));
-        if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce<false>(size), x), dst);
+        if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce(size), x), dst);
         // NaNs have no sign.
         const doubles sign = select(less(size, __builtin_inf()), x, size);
-        put(sine_and_cosine(reduce_anywhere<false>(size), sign), dst);
+        put(sine_and_cosine(reduce_anywhere(size), sign), dst);
     }
 
 private:
@@ -118,6 +120,16 @@ struct Atan2OfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
+#if ORV_HAVE_FUSED
+        const Rounded quick = quick_arctangent(load_floats(src[0]), load_floats(src[1]));
+        if (__builtin_expect(all_of(quick.sure), 1)) return store(dst[0], quick.value);
+        in_double(src, dst);
+    }
+
+private:
+    static __attribute__((noinline)) void in_double(const float* const* src, float* const* dst)
+    {
+#endif
         for (int i = 0; i < N; i += kDoubles) {
             const doubles y = load_doubles(src[0] + i), x = load_doubles(src[1] + i);
             // Infinities and two zeros would divide into NaNs.
@@ -153,6 +165,16 @@ struct HypotOfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
+#if ORV_HAVE_FUSED
+        const Rounded quick = quick_hypotenuse(load_floats(src[0]), load_floats(src[1]));
+        if (__builtin_expect(all_of(quick.sure), 1)) return store(dst[0], quick.value);
+        in_double(src, dst);
+    }
+
+private:
+    static __attribute__((noinline)) void in_double(const float* const* src, float* const* dst)
+    {
+#endif
         for (int i = 0; i < N; i += kDoubles) {
             const doubles a = load_doubles(src[0] + i), b = load_doubles(src[1] + i);
             const doubles sum = a * a + b * b;  // the squares are exact and far from overflow
@@ -210,8 +232,8 @@ Status Exp_32f_A21(const float* src, float* dst, int len) { return map_one<Short
 Status Exp_64f(const double* src, double* dst, int len) { return map_one<ExpOfDoubles>(src, dst, len); }
 Status Ln_32f_A21(const float* src, float* dst, int len) { return map_logarithm<ShortLnOfFloats>(src, dst, len); }
 Status Ln_64f(const double* src, double* dst, int len) { return map_logarithm<LnOfDoubles>(src, dst, len); }
-Status Sin_32f_A11(const float* src, float* dst, int len) { return map_one<SineOfFloats>(src, dst, len); }
-Status Cos_32f_A11(const float* src, float* dst, int len) { return map_one<CosineOfFloats>(src, dst, len); }
+Status Sin_32f_A11(const float* src, float* dst, int len) { return map_one<OfAngles<Sine>>(src, dst, len); }
+Status Cos_32f_A11(const float* src, float* dst, int len) { return map_one<OfAngles<Cosine>>(src, dst, len); }
 
 Status Sqrt_64f(const double* src, double* dst, int len)
 {
@@ -222,7 +244,7 @@ Status Sqrt_64f(const double* src, double* dst, int len)
 
 Status SinCos_32f_A11(const float* src, float* dstSin, float* dstCos, int len)
 {
-    SineCosineOfFloats op;
+    OfAngles<SineAndCosine> op;
     return check_and_map<1, 2, float>(len, {src}, {dstSin, dstCos}, op);
 }
 

@@ -6,6 +6,7 @@
 #include "core/complex_arithmetic.h"
 #include "core/float_arithmetic.h"
 #include "core/float_control.h"
+#include "core/quick_hypotenuse.h"
 
 namespace orv {
 namespace spectra {
@@ -44,7 +45,12 @@ ORV_INLINE double root_of_squares(double re, double im)
 #if ORV_HAVE_VECTORS
 using F = simd::widest<float>;
 
-ORV_INLINE F magnitude(const float* re, const float* im)
+#if ORV_HAVE_FUSED
+__attribute__((noinline))
+#else
+ORV_INLINE
+#endif
+F magnitude_in_double(const float* re, const float* im)
 {
     simd::pair<simd::vec<double, simd::double_widest>> x, y;
     simd::load_to(x, re);
@@ -55,6 +61,15 @@ ORV_INLINE F magnitude(const float* re, const float* im)
     const F nan = simd::unordered(result, result);
     if (__builtin_expect(!simd::any(nan), true)) return result;
     return simd::select(nan, simd::splat<F>(value_of<float>(Bits<float>::kNan)), result);
+}
+
+ORV_INLINE F magnitude(const float* re, const float* im)
+{
+#if ORV_HAVE_FUSED
+    const Rounded quick = quick_hypotenuse(load_floats(re), load_floats(im));
+    if (__builtin_expect(all_of(quick.sure), 1)) return {quick.value.v};
+#endif
+    return magnitude_in_double(re, im);
 }
 #endif
 

@@ -40,24 +40,42 @@ void draw(RandomStream* stream, std::uint32_t* words_out, int n)
     stream->tap = tap;
 }
 
-// Numbers in [0, 1) from the low halves of the lanes.
-ORV_INLINE doubles to_uniform(words w)
+// The low halves of the lanes as doubles.
+ORV_INLINE doubles to_doubles(words w) { return from_bits(w | words(0x4330000000000000)) - 0x1p52; }
+
+// The sine of 2 pi w / 2^32, an angle that is rounded to double first. Within 1.4 units in the last place of the
+// exact sine, so within one of its rounded value.
+ORV_INLINE doubles sine_of_fraction(doubles w)
 {
-    return (from_bits(w | words(0x4330000000000000)) - 0x1p52) * 0x1p-32;
+    const doubles x = w * 0x1.921fb54442d18p-30;
+    // The nearest multiple of 2^30: k quarter turns. Pi/2 as a double has 50 bits: its product with k is exact.
+    const doubles shifted = w + 0x1.8p+82;
+    const doubles k = shifted - 0x1.8p+82;
+    const doubles first = minus_exact(x, k, 0x1.921fb54442d18p-30);
+    const doubles second = k * 0x1.1a62633145c07p-84;
+    const doubles r = first - second;
+    const doubles low = (first - r) - second;
+    const doubles z = r * r, zz = z * z;
+    const doubles s = r + (sine_tail(r, z) + low);
+    const doubles c = (doubles(1.0) - z * 0.5) + (zz * cosine_tail(z, zz) - r * low);
+    const words quadrant = bits(shifted);
+    const mask64 odd = less(from_bits(shift_left<63>(quadrant) | bits(doubles(1.0))), 0.0);
+    const words sign = shift_left<62>(quadrant) & words(0x8000000000000000);
+    return (s ^ (odd & (s ^ c))) ^ from_bits(sign);
 }
 
 // kDoubles values from twice as many words.
 ORV_INLINE doubles gaussians(const std::uint32_t* pairs, doubles mean, doubles sigma)
 {
     const words both = load_words(reinterpret_cast<const std::uint64_t*>(pairs));
-    const doubles u1 = to_uniform(both & words(0xFFFFFFFF)), u2 = to_uniform(shift_right<32>(both));
+    const doubles u1 = to_doubles(both & words(0xFFFFFFFF)) * 0x1p-32;
     doubles logarithm = ln(split(u1));
     const mask64 zero = equal(u1, 0.0);
     if (__builtin_expect(lanes_of(zero) != 0, 0)) {
         logarithm = select(zero, -0x1.74385446d71c3p+9, logarithm);  // ln 2^-1074
     }
     const doubles radius = sqrt(logarithm * -2.0);
-    const doubles sine = accurate_sine(u2 * 0x1.921fb54442d18p+2);
+    const doubles sine = sine_of_fraction(to_doubles(shift_right<32>(both)));
     return radius * sigma * sine + mean;
 }
 
