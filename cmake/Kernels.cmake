@@ -26,6 +26,12 @@ set(ORVANE_LEVEL_FLAGS_p8 -msse4.1)
 set(ORVANE_LEVEL_FLAGS_g9 -mavx)
 set(ORVANE_LEVEL_FLAGS_h9 -mavx2 -mfma -mbmi -mbmi2)
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # With its interprocedural register allocation g++ 12 forgets the vzeroupper before some calls.
+  list(APPEND ORVANE_LEVEL_FLAGS_g9 -fno-ipa-ra)
+  list(APPEND ORVANE_LEVEL_FLAGS_h9 -fno-ipa-ra)
+endif()
+
 set(ORVANE_GATE_w7 +sse2)
 set(ORVANE_GATE_v8 +ssse3)
 set(ORVANE_GATE_p8 +sse4.1)

@@ -33,6 +33,7 @@
 #include "signal/float_vectors.h"
 #include "signal/spectra.h"
 #include "support/image.h"
+#include "support/processor_state.h"
 
 namespace test {
 namespace {
@@ -281,7 +282,9 @@ void check(const char* name, const orv::Operation<Status(Args...)>& operation, A
             const Status expected_status = std::apply(operation.variant[0], c.arguments());
             const auto expected = c.outcome();
             c.reset();
+            const ProcessorState before;
             const Status status = std::apply(kernel, c.arguments());
+            { SCOPED_TRACE(name); before.expect_kept(); }
             ASSERT_EQ(status, expected_status) << name << " " << kTags[level] << " case " << i;
             const auto actual = c.outcome();
             if (actual != expected) {

@@ -4,6 +4,7 @@
 #include "core/features.h"
 #include "core/operation.h"
 #include "gmock/gmock.h"
+#include "support/processor_state.h"
 
 namespace test {
 
@@ -14,7 +15,9 @@ void at_every_level(Check check)
     for (int level = 0; level <= highest; ++level) {
         SCOPED_TRACE("level " + std::to_string(level));
         orv::orv_variant_index = level;
+        const ProcessorState before;
         check();
+        before.expect_kept();
         orv::orv_variant_index = highest;
         if (testing::Test::HasFatalFailure()) return;
     }
