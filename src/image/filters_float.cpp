@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include "image/filters_common.h"
-#include "image/filters_pending.h"
+#include "image/filters_rows.h"
 
 namespace orv {
 namespace filters_float {
@@ -13,10 +13,12 @@ namespace {
 
 // The centre as many times as the kernel has elements, minus the sum of all.
 template <int Radius>
-struct Hipass : Box<Radius, 1, Radius + 1> {
-    template <class D, class Element> ORV_INLINE D result(D sum, const Element* centre) const
+struct Hipass : Box<Radius, 1> {
+    static constexpr bool kUsesCentre = true;
+    template <class D>
+    ORV_INLINE D result(const D (&sums)[2 * Radius + 1][1], const float* centre) const
     {
-        return exact_product_minus(doubles<D>::load(centre), Radius == 1 ? 9.0 : 25.0, sum);
+        return times(doubles<D>::widen(centre), Radius == 1 ? 9.0 : 25.0) - this->total(sums);
     }
 };
 
@@ -26,47 +28,50 @@ struct Hipass : Box<Radius, 1, Radius + 1> {
 struct Laplace5x5 {
     static constexpr int kRadius = 2;
     static constexpr int kApart = 1;
-    static constexpr int kWideRows = 0;
+    static constexpr int kSums = 2;  // p and 3q
+    static constexpr bool kUsesCentre = false;
 
-    template <class F> static ORV_INLINE F outer_sum(const FilterRow& row, std::ptrdiff_t i)
-    {
-        const float* const s = row.source + i;
-        return floats<F>::load(s - 2) + floats<F>::load(s + 2);
-    }
-    template <class F> static ORV_INLINE F inner_sum(const FilterRow& row, std::ptrdiff_t i)
-    {
-        const float* const s = row.source + i;
-        return floats<F>::load(s - 1) + floats<F>::load(s + 1);
-    }
-    ORV_INLINE void sum_row(const FilterRow& given) const
+    static ORV_INLINE float* outer_sums(const FilterRow& row) { return reinterpret_cast<float*>(row.scratch); }
+    static ORV_INLINE float* inner_sums(const FilterRow& row) { return outer_sums(row) + RowSums<Laplace5x5>::kStride; }
+
+    template <class F>
+    static ORV_INLINE F outer_of(const float* s) { return floats<F>::load(s - 2) + floats<F>::load(s + 2); }
+    template <class F>
+    static ORV_INLINE F inner_of(const float* s) { return floats<F>::load(s - 1) + floats<F>::load(s + 1); }
+
+    // From memory, floats are widened more cheaply than from registers.
+    static ORV_INLINE void prepare(const FilterRow& given, std::ptrdiff_t columns)
     {
         const FilterRow row = given;
-        along_row_of_floats(row.columns, [=](std::ptrdiff_t i, auto lanes) {
-            store_floats(row.sums[0] + i, outer_sum<decltype(lanes)>(row, i));
-            store_floats(row.sums[1] + i, inner_sum<decltype(lanes)>(row, i));
+        along_row_of_floats(columns, [=](std::ptrdiff_t i, auto lanes) {
+            store_floats(outer_sums(row) + i, outer_of<decltype(lanes)>(row.source + i));
+            store_floats(inner_sums(row) + i, inner_of<decltype(lanes)>(row.source + i));
         });
     }
-    template <class D> static ORV_INLINE D outer_of(const FilterRow& row, std::ptrdiff_t i, D) { return doubles<D>::widen(row.sums[0] + i); }
-    template <class D> static ORV_INLINE D inner_of(const FilterRow& row, std::ptrdiff_t i, D) { return doubles<D>::widen(row.sums[1] + i); }
-#if ORV_HAVE_VECTORS
-    static ORV_INLINE WholeFloats outer_of(const FilterRow& row, std::ptrdiff_t i, WholeFloats) { return {outer_sum<Floats>(row, i)}; }
-    static ORV_INLINE WholeFloats inner_of(const FilterRow& row, std::ptrdiff_t i, WholeFloats) { return {inner_sum<Floats>(row, i)}; }
-#endif
-    template <class D> ORV_INLINE D add_row(const FilterRow& row, std::ptrdiff_t i, D (&pending)[4]) const
+    template <class D>
+    ORV_INLINE void sum_row(const FilterRow& row, std::ptrdiff_t i, D (&sums)[2]) const
     {
-        const D outer = outer_of(row, i, D());
-        const D inner = inner_of(row, i, D());
-        const D centre = doubles<D>::widen(row.source + i);
-        const D p = exact_product_plus(centre, 4.0, exact_product_plus(inner, 3.0, outer));
-        const D q3 = exact_product_plus(centre, 6.0, outer * -3.0);
-        const D complete = pending[3] - p;
-        pending[3] = pending[2] + q3;
-        pending[2] = exact_product_plus(p + q3, 2.0, pending[1]);
-        pending[1] = q3 - pending[0];
-        pending[0] = p;
-        return complete;
+        sum(doubles<D>::widen(outer_sums(row) + i), doubles<D>::widen(inner_sums(row) + i), doubles<D>::widen(row.source + i), sums);
     }
-    template <class D, class Element> ORV_INLINE D result(D sum, const Element*) const { return sum; }
+#if ORV_HAVE_VECTORS
+    ORV_INLINE void sum_row(const FilterRow& row, std::ptrdiff_t i, WholeFloats (&sums)[2]) const
+    {
+        const float* const s = row.source + i;
+        sum(WholeFloats{outer_of<Floats>(s)}, WholeFloats{inner_of<Floats>(s)}, doubles<WholeFloats>::widen(s), sums);
+    }
+#endif
+    template <class D>
+    static ORV_INLINE void sum(D outer, D inner, D centre, D (&sums)[2])
+    {
+        sums[0] = exact_product_plus(centre, 4.0, exact_product_plus(inner, 3.0, outer));
+        sums[1] = exact_product_plus(centre, 6.0, times(outer, -3.0));
+    }
+    template <class D>
+    ORV_INLINE D result(const D (&sums)[5][2], const float*) const
+    {
+        const D above = sums[1][1] - sums[0][0];
+        return exact_product_plus(sums[2][0] + sums[2][1], 2.0, above) + sums[3][1] - sums[4][0];
+    }
 };
 
 // --- Cross derivatives ----------------------------------------------------------------------------
@@ -128,7 +133,7 @@ void sobel_cross_5x5(const float* src, int srcStep, float* dst, int dstStep, Siz
 template <class Filter>
 Status filter(Filter f, const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    void* const memory = orv_allocate(FilterMemory<Filter>::kBytes);
+    void* const memory = orv_allocate(RowSums<Filter>::kBytes);
     if (memory == nullptr) return StatusNoMemory;
     const FloatControl control;
     const auto rows = [=](std::ptrdiff_t y, std::ptrdiff_t x, std::ptrdiff_t) { return row_at(src, srcStep, y) + x; };
@@ -152,7 +157,7 @@ Status filter_of_mask(const float* src, int srcStep, float* dst, int dstStep, Si
 constexpr int kAlignment = 64;
 
 template <int Radius>
-constexpr int kBorderBufferBytes = kAlignment + FilterMemory<Lowpass<Radius, 1>>::kBytes +
+constexpr int kBorderBufferBytes = kAlignment + RowSums<Lowpass<Radius, 1>>::kBytes +
                                    (kFloatStrip + 2 * Radius) * static_cast<int>(sizeof(float));
 
 // Element x of a row of `width` that goes on at both sides. Moved as bits.
@@ -205,7 +210,7 @@ void lowpass_border(const float* src, int srcStep, float* dst, int dstStep, Size
     const FloatControl control;
     const std::size_t misalignment = reinterpret_cast<std::size_t>(buffer) % kAlignment;
     auto* const memory = static_cast<unsigned char*>(buffer) + (kAlignment - misalignment) % kAlignment;
-    void* const row = memory + FilterMemory<Lowpass<Radius, 1>>::kBytes;
+    void* const row = memory + RowSums<Lowpass<Radius, 1>>::kBytes;
     filter_strips(Lowpass<Radius, 1>(), ExtendedRows(src, srcStep, roi, border, value, Radius, row), dst, dstStep,
                   roi, memory);
 }

@@ -21,12 +21,12 @@ struct doubles<double> {
     static ORV_INLINE double load(const double* p) { return *p; }
 };
 ORV_INLINE void store(double* p, double a) { *p = a; }
-ORV_INLINE void store_single(float* p, double a) { *p = rounded(static_cast<float>(a)); }
+ORV_INLINE double to_single(double a) { return static_cast<double>(rounded(static_cast<float>(a))); }
+ORV_INLINE double times(double a, double k) { return a * k; }
 
-// a * k + b and a * k - b where the product has no rounding to lose: k is a small integer and a was
-// a float, or a few of them. A fused operation gives the same.
+// a * k + b where the product has no rounding to lose: k is a small integer and a was a float, or a few
+// of them.
 ORV_INLINE double exact_product_plus(double a, double k, double b) { return a * k + b; }
-ORV_INLINE double exact_product_minus(double a, double k, double b) { return a * k - b; }
 
 // Which of several NaNs survives an addition is a matter of the operands' order, which compilers choose
 // freely. A result that is a NaN is therefore the one with all bits set.
@@ -58,101 +58,38 @@ struct floats<Single> {
 // --- Many -----------------------------------------------------------------------------------------
 
 #if ORV_HAVE_VECTORS
-#if ORV_HAVE_FLOAT256
-#define ORV_PD(op) _mm256_##op
-using DoubleRegister = simd::double256;
-#else
-#define ORV_PD(op) _mm_##op
-using DoubleRegister = simd::double128;
-#endif
 using Floats = simd::widest<float>;
+using DoubleVector = simd::vec<double, simd::double_widest>;
+using Doubles = simd::pair<DoubleVector>;
 
-ORV_INLINE void store_result(float* p, Floats r)
-{
-#if ORV_HAVE_FLOAT256
-    const Floats is_nan = {_mm256_cmp_ps(r.v, r.v, _CMP_UNORD_Q)};
-#else
-    const Floats is_nan = {_mm_cmpunord_ps(r.v, r.v)};
-#endif
-    simd::store(p, r | is_nan);
-}
-
+ORV_INLINE void store_result(float* p, Floats r) { simd::store(p, r | simd::unordered(r, r)); }
 ORV_INLINE void store_floats(float* p, Floats a) { simd::store(p, a); }
 template <>
 struct floats<Floats> {
     static ORV_INLINE Floats load(const float* p) { return simd::load<Floats>(p); }
 };
 
-struct Doubles {
-    DoubleRegister::type lo, hi;
-};
-ORV_INLINE Doubles operator+(Doubles a, Doubles b) { return {ORV_PD(add_pd)(a.lo, b.lo), ORV_PD(add_pd)(a.hi, b.hi)}; }
-ORV_INLINE Doubles operator-(Doubles a, Doubles b) { return {ORV_PD(sub_pd)(a.lo, b.lo), ORV_PD(sub_pd)(a.hi, b.hi)}; }
-ORV_INLINE Doubles operator*(Doubles a, double b)
-{
-    const DoubleRegister::type factor = ORV_PD(set1_pd)(b);
-    return {ORV_PD(mul_pd)(a.lo, factor), ORV_PD(mul_pd)(a.hi, factor)};
-}
-
-#if defined(__FMA__)
-ORV_INLINE Doubles exact_product_plus(Doubles a, double k, Doubles b)
-{
-    const DoubleRegister::type factor = ORV_PD(set1_pd)(k);
-    return {ORV_PD(fmadd_pd)(a.lo, factor, b.lo), ORV_PD(fmadd_pd)(a.hi, factor, b.hi)};
-}
-ORV_INLINE Doubles exact_product_minus(Doubles a, double k, Doubles b)
-{
-    const DoubleRegister::type factor = ORV_PD(set1_pd)(k);
-    return {ORV_PD(fmsub_pd)(a.lo, factor, b.lo), ORV_PD(fmsub_pd)(a.hi, factor, b.hi)};
-}
-#else
-ORV_INLINE Doubles exact_product_plus(Doubles a, double k, Doubles b) { return a * k + b; }
-ORV_INLINE Doubles exact_product_minus(Doubles a, double k, Doubles b) { return a * k - b; }
-#endif
-
 template <>
 struct doubles<Doubles> {
     static ORV_INLINE Doubles widen(const float* p)
     {
-#if ORV_HAVE_FLOAT256
-        return {_mm256_cvtps_pd(_mm_loadu_ps(p)), _mm256_cvtps_pd(_mm_loadu_ps(p + 4))};
-#else
-        const __m128 four = _mm_loadu_ps(p);
-        return {_mm_cvtps_pd(four), _mm_cvtps_pd(_mm_movehl_ps(four, four))};
-#endif
+        Doubles r;
+        simd::load_to(r, p);
+        return r;
     }
     static ORV_INLINE Doubles load(const double* p)
     {
-        return {ORV_PD(loadu_pd)(p), ORV_PD(loadu_pd)(p + Floats::N / 2)};
+        Doubles r;
+        simd::load_to(r, p);
+        return r;
     }
 };
-ORV_INLINE void store(double* p, Doubles a)
+ORV_INLINE Doubles times(Doubles a, double k) { return a * simd::splat<DoubleVector>(k); }
+ORV_INLINE Doubles exact_product_plus(Doubles a, double k, Doubles b)
 {
-    ORV_PD(storeu_pd)(p, a.lo);
-    ORV_PD(storeu_pd)(p + Floats::N / 2, a.hi);
+    return simd::add_exact_product(a, simd::splat<DoubleVector>(k), b);
 }
-#if ORV_HAVE_FLOAT256
-ORV_INLINE void store_single(float* p, Doubles a)
-{
-    _mm_storeu_ps(p, _mm256_cvtpd_ps(a.lo));
-    _mm_storeu_ps(p + 4, _mm256_cvtpd_ps(a.hi));
-}
-ORV_INLINE void store_result(float* p, Doubles a)
-{
-    const __m128 lo = _mm256_cvtpd_ps(a.lo), hi = _mm256_cvtpd_ps(a.hi);
-    store_result(p, Floats{_mm256_insertf128_ps(_mm256_castps128_ps256(lo), hi, 1)});
-}
-#else
-ORV_INLINE void store_single(float* p, Doubles a)
-{
-    simd::store(p, Floats{_mm_movelh_ps(_mm_cvtpd_ps(a.lo), _mm_cvtpd_ps(a.hi))});
-}
-ORV_INLINE void store_result(float* p, Doubles a)
-{
-    store_result(p, Floats{_mm_movelh_ps(_mm_cvtpd_ps(a.lo), _mm_cvtpd_ps(a.hi))});
-}
-#endif
-#undef ORV_PD
+ORV_INLINE void store_result(float* p, Doubles a) { store_result(p, simd::to_float(a)); }
 
 // In the place of doubles where every step is exact in single precision: floats that are whole numbers
 // and small. The one rounding that is left, of the product with a single-precision factor, is the same.
@@ -161,16 +98,15 @@ struct WholeFloats {
 };
 ORV_INLINE WholeFloats operator+(WholeFloats a, WholeFloats b) { return {a.v + b.v}; }
 ORV_INLINE WholeFloats operator-(WholeFloats a, WholeFloats b) { return {a.v - b.v}; }
-ORV_INLINE WholeFloats operator*(WholeFloats a, double b) { return {a.v * simd::splat<Floats>(static_cast<float>(b))}; }
-ORV_INLINE WholeFloats exact_product_plus(WholeFloats a, double k, WholeFloats b) { return a * k + b; }
-ORV_INLINE WholeFloats exact_product_minus(WholeFloats a, double k, WholeFloats b) { return a * k - b; }
+ORV_INLINE WholeFloats times(WholeFloats a, double k) { return {a.v * simd::splat<Floats>(static_cast<float>(k))}; }
+ORV_INLINE WholeFloats exact_product_plus(WholeFloats a, double k, WholeFloats b) { return times(a, k) + b; }
+ORV_INLINE WholeFloats to_single(WholeFloats a) { return a; }
 template <>
 struct doubles<WholeFloats> {
     static ORV_INLINE WholeFloats widen(const float* p) { return {simd::load<Floats>(p)}; }
-    static ORV_INLINE WholeFloats load(const float* p) { return {simd::load<Floats>(p)}; }
+    static ORV_INLINE WholeFloats load(const float* p) { return widen(p); }
 };
 ORV_INLINE void store(float* p, WholeFloats a) { simd::store(p, a.v); }
-ORV_INLINE void store_single(float* p, WholeFloats a) { simd::store(p, a.v); }
 ORV_INLINE void store_result(float* p, WholeFloats a) { simd::store(p, a.v); }
 
 // Are n >= Floats::N floats whole numbers from -2^17 to 2^17? That is what 16-bit images are, and 88 of

@@ -70,7 +70,7 @@ struct FourTapsJob {
 struct FourTapsBuffers {
     double* sums[4];  // weighted sums of source rows
     double* source;   // a source row, with what replicated borders add
-    char* tables;     // of the level's own making: 32 bytes per sample of a row
+    char* tables;     // of the level's own making: 40 bytes per sample of a row
     std::int64_t bytes;
     ORV_INLINE FourTapsBuffers(void* buffer, int width, std::int64_t span, int channels)
     {
@@ -79,7 +79,7 @@ struct FourTapsBuffers {
         const std::int64_t samples = std::int64_t{width} * channels;
         for (double*& row : sums) row = parts.take<double>(samples + spare);
         source = parts.take<double>(span * channels + spare);
-        tables = parts.take<char>(32 * (samples + spare));
+        tables = parts.take<char>(40 * (samples + spare));
         bytes = parts.bytes();
     }
 };

@@ -26,12 +26,70 @@ struct FourTapsOfDoubles {
     const FourTapsJob<T>& job;
     FourTapsBuffers& buffers;
 
+    // Four consecutive row sums: for each tap they lie within four consecutive pixels of the source, as long as the
+    // image is not made smaller. The weights are those of each tap in turn.
+    struct Block {
+        int lane[8];  // halves of doubles
+        double weights[4][4];
+    };
+    bool uses_blocks = false;
+
+    ORV_INLINE std::ptrdiff_t block_count() const { return (std::ptrdiff_t{job.size.width} + 3) / 4; }
+    ORV_INLINE Block* blocks() const { return reinterpret_cast<Block*>(buffers.tables); }
     ORV_INLINE double* column_weights() const { return reinterpret_cast<double*>(buffers.tables); }
+    // Positions beyond the last one repeat it: their sums are never used.
+    ORV_INLINE std::ptrdiff_t position(std::ptrdiff_t x) const { return x < job.size.width ? x : job.size.width - 1; }
 
     ORV_INLINE void prepare()
     {
+        uses_blocks = make_blocks();
+        if (uses_blocks) return;
         for (std::ptrdiff_t x = 0; x < job.size.width; ++x) {
             _mm256_store_pd(column_weights() + 4 * x, _mm256_cvtps_pd(_mm_loadu_ps(job.columns.weights + 4 * x)));
+        }
+    }
+
+    ORV_INLINE bool make_blocks() const
+    {
+        for (std::ptrdiff_t b = 0; b < block_count(); ++b) {
+            Block& block = blocks()[b];
+            const int first = job.columns.index[4 * b];
+            for (int lane = 0; lane < 4; ++lane) {
+                const std::ptrdiff_t x = position(4 * b + lane);
+                const int from = job.columns.index[x] - first;
+                if (from > 3) return false;
+                block.lane[2 * lane] = 2 * from;
+                block.lane[2 * lane + 1] = 2 * from + 1;
+                for (int k = 0; k < 4; ++k) block.weights[k][lane] = static_cast<double>(job.columns.weights[4 * x + k]);
+            }
+        }
+        return true;
+    }
+
+    ORV_INLINE void sum_row(int row, double* sums)
+    {
+        fetch_row<double, T, 1>(job, row, buffers.source);
+        if (uses_blocks) sum_blocks(sums);
+        else sum_pixels(sums);
+    }
+
+    // A pixel's product with a float is exact in double, so that fusing changes no bit.
+    ORV_INLINE void sum_blocks(double* sums) const
+    {
+        const Block* const block = blocks();
+        const double* const source = buffers.source - (job.first_column() + 1);
+        const std::ptrdiff_t count = block_count();
+        for (std::ptrdiff_t b = 0; b < count; ++b) {
+            const __m256i lane = _mm256_load_si256(reinterpret_cast<const __m256i*>(block[b].lane));
+            const double* const t = source + job.columns.index[4 * b];
+            const auto tap = [&](int k) {
+                const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(t + k));
+                return _mm256_castsi256_pd(_mm256_permutevar8x32_epi32(pixels, lane));
+            };
+            const auto weight = [&](int k) { return _mm256_load_pd(block[b].weights[k]); };
+            const __m256d left = _mm256_fmadd_pd(tap(1), weight(1), _mm256_mul_pd(tap(0), weight(0)));
+            const __m256d right = _mm256_fmadd_pd(tap(3), weight(3), _mm256_mul_pd(tap(2), weight(2)));
+            _mm256_store_pd(sums + 4 * b, _mm256_add_pd(left, right));
         }
     }
 
@@ -41,16 +99,16 @@ struct FourTapsOfDoubles {
         return _mm256_mul_pd(_mm256_loadu_pd(t), _mm256_load_pd(column_weights() + 4 * x));
     }
 
-    ORV_INLINE void sum_row(int row, double* sums)
+    // The four products of a pixel stand in one vector, and four pixels are summed across their vectors.
+    ORV_INLINE void sum_pixels(double* sums) const
     {
-        fetch_row<double, T, 1>(job, row, buffers.source);
         const std::ptrdiff_t width = job.size.width;
+        const auto pairs = [](__m256d a, __m256d b) {
+            return _mm256_add_pd(_mm256_blend_pd(a, b, 0xA), _mm256_shuffle_pd(a, b, 0x5));
+        };
         for (std::ptrdiff_t x = 0; x < width; x += 4) {
-            // Positions beyond the last one repeat it: their sums are never used.
-            const std::ptrdiff_t last = width - 1;
-            const __m256d a = _mm256_hadd_pd(taps(x), taps(x + 1 < last ? x + 1 : last));
-            const __m256d b = _mm256_hadd_pd(taps(x + 2 < last ? x + 2 : last), taps(x + 3 < last ? x + 3 : last));
-            _mm256_store_pd(sums + x, _mm256_add_pd(_mm256_permute2f128_pd(a, b, 0x20), _mm256_permute2f128_pd(a, b, 0x31)));
+            const __m256d a = pairs(taps(x), taps(position(x + 1))), b = pairs(taps(position(x + 2)), taps(position(x + 3)));
+            _mm256_store_pd(sums + x, _mm256_add_pd(_mm256_blend_pd(a, b, 0xC), _mm256_permute2f128_pd(a, b, 0x21)));
         }
     }
 
@@ -63,13 +121,11 @@ struct FourTapsOfDoubles {
             const __m256d b = _mm256_add_pd(_mm256_mul_pd(_mm256_load_pd(s2 + i), w2), _mm256_mul_pd(_mm256_load_pd(s3 + i), w3));
             return _mm256_add_pd(a, b);
         }
-        // Eight pixels as they are stored.
+        // Eight pixels as they are stored. Sums stay below 2^17; the packing clamps them.
         ORV_INLINE void eight(std::ptrdiff_t i, std::uint16_t* pixels) const
         {
-            const __m256d most = _mm256_set1_pd(65535.0), least = _mm256_setzero_pd();
-            const __m128i lo = _mm256_cvtpd_epi32(_mm256_min_pd(_mm256_max_pd(at(i), least), most));
-            const __m128i hi = _mm256_cvtpd_epi32(_mm256_min_pd(_mm256_max_pd(at(i + 4), least), most));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), _mm_packus_epi32(lo, hi));
+            const __m128i packed = _mm_packus_epi32(_mm256_cvtpd_epi32(at(i)), _mm256_cvtpd_epi32(at(i + 4)));
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), packed);
         }
         ORV_INLINE void eight(std::ptrdiff_t i, float* pixels) const
         {

@@ -59,15 +59,33 @@ private:
 };
 
 struct HalveFloats {
-    static constexpr int kPixels = 4;
+    static constexpr int kPixels = 8;
     ORV_INLINE void step(const float* a, const float* b, float* dst) const
     {
-        const auto column_sums = [&](int i) { return _mm256_add_pd(_mm256_cvtps_pd(_mm_loadu_ps(a + i)), _mm256_cvtps_pd(_mm_loadu_ps(b + i))); };
-        const __m256d mixed = _mm256_hadd_pd(column_sums(0), column_sums(4));  // pixels 0, 2, 1, 3
-        const __m128 mean = _mm256_cvtpd_ps(_mm256_mul_pd(_mm256_permute4x64_pd(mixed, 0xD8), _mm256_set1_pd(0.25)));
-        const __m128 nan = _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000));
-        _mm_storeu_ps(dst, _mm_blendv_ps(mean, nan, _mm_cmpunord_ps(mean, mean)));
+        const __m128 low = four(a, b), high = four(a + 8, b + 8);
+        if (__builtin_expect(_mm_movemask_ps(_mm_cmpunord_ps(low, high)) != 0, 0)) {
+            store(dst, one_nan(low));
+            store(dst + 4, one_nan(high));
+            return;
+        }
+        store(dst, low);
+        store(dst + 4, high);
     }
+
+private:
+    // Pixels 0, 2, 1, 3.
+    static ORV_INLINE __m128 four(const float* a, const float* b)
+    {
+        const auto column_sums = [&](int i) { return _mm256_add_pd(_mm256_cvtps_pd(_mm_loadu_ps(a + i)), _mm256_cvtps_pd(_mm_loadu_ps(b + i))); };
+        const __m256d left = column_sums(0), right = column_sums(4);
+        const __m256d sums = _mm256_add_pd(_mm256_blend_pd(left, right, 0xA), _mm256_shuffle_pd(left, right, 0x5));
+        return _mm256_cvtpd_ps(_mm256_mul_pd(sums, _mm256_set1_pd(0.25)));
+    }
+    static ORV_INLINE __m128 one_nan(__m128 v)
+    {
+        return _mm_blendv_ps(v, _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000)), _mm_cmpunord_ps(v, v));
+    }
+    static ORV_INLINE void store(float* p, __m128 v) { _mm_storeu_ps(p, _mm_permute_ps(v, 0xD8)); }
 };
 
 struct HalveWords {

@@ -52,13 +52,14 @@ struct SquareAxis {
         return s >= low && s < high + 1.0;
     }
 
-    // Finds begin and end among the positions from `first` to `last`, which ascend in the source.
+    // Finds begin and end among the positions from `first` to `last`. They ascend in the source, so those that are
+    // covered follow each other, and most often they are nearly all.
     ORV_INLINE void find(std::int64_t first, std::int64_t last)
     {
         while (first <= last && !covers(static_cast<int>(first))) ++first;
+        while (first <= last && !covers(static_cast<int>(last))) --last;
         begin = static_cast<int>(first);
-        while (first <= last && covers(static_cast<int>(first))) ++first;
-        end = static_cast<int>(first);
+        end = static_cast<int>(last + 1);
     }
 
     ORV_INLINE int count() const { return end - begin; }
