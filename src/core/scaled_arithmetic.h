@@ -35,6 +35,8 @@ constexpr bool is_signed = std::numeric_limits<T>::is_signed;
 template <class V>
 ORV_INLINE V half_of_sum(V a, V b)
 {
+    a = simd::in_register(a);
+    b = simd::in_register(b);
     const V up = simd::average(a, b);
     return up - (up & (a ^ b) & simd::splat<V>(1));
 }
@@ -91,6 +93,8 @@ struct Difference {
         if constexpr (is_signed<T>) {
             // The average of b + 2^15 and 2^15 - 1 - a is 2^15 more than half of the difference, rounded down.
             const V top = simd::splat<V>(std::numeric_limits<T>::min()), rest = simd::splat<V>(std::numeric_limits<T>::max());
+            a = simd::in_register(a);
+            b = simd::in_register(b);
             const V down = simd::as<T>(simd::average(simd::as<std::uint16_t>(b ^ top), simd::as<std::uint16_t>(a ^ rest))) ^ top;
             return simd::add_saturate(down, down & (a ^ b) & simd::splat<V>(1));
         } else {

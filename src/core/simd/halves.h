@@ -10,6 +10,14 @@ namespace orv {
 namespace simd {
 inline namespace ORV_LEVEL {
 
+// For operands of several operations that come from memory: compilers like to load them again for each.
+template <class V>
+ORV_INLINE V in_register(V a)
+{
+    __asm__("" : "+x"(a.v));
+    return a;
+}
+
 // (a + b + 1) / 2, without overflow.
 ORV_INLINE vec<u8, int128> average(vec<u8, int128> a, vec<u8, int128> b) { return {_mm_avg_epu8(a.v, b.v)}; }
 ORV_INLINE vec<u16, int128> average(vec<u16, int128> a, vec<u16, int128> b) { return {_mm_avg_epu16(a.v, b.v)}; }
