@@ -153,6 +153,16 @@ std::vector<T> telling_values(std::mt19937& g, std::size_t n)
     return v;
 }
 
+// Quotients at ties and right beside them, where the ways of rounding part.
+template <class T>
+void bring_near_ties(std::mt19937& g, std::vector<T>& left, const std::vector<T>& right, int scaleFactor)
+{
+    const long long unit = scaleFactor > 0 && scaleFactor < 18 ? 1LL << scaleFactor : 1;
+    for (std::size_t i = 0; i < left.size(); i += 3) {
+        left[i] = clamp<T>((2 * uniform(g, 0, 2) + 1) * unit * right[i] / 2 + uniform(g, -2, 2));
+    }
+}
+
 template <class T>
 void check_16_bit(const char* name, Op op, TwoImages<T> two, InPlace<T> in_place, OneConstant<T> constant, ConstantInPlace<T> constant_in_place)
 {
@@ -161,7 +171,9 @@ void check_16_bit(const char* name, Op op, TwoImages<T> two, InPlace<T> in_place
     const int n = options().brief ? 500 : 20000;
     std::vector<T> want(static_cast<std::size_t>(n)), got(want);
     for (const int s : scale_factors()) {
-        const std::vector<T> left = telling_values<T>(g, want.size()), right = telling_values<T>(g, want.size());
+        std::vector<T> left = telling_values<T>(g, want.size());
+        const std::vector<T> right = telling_values<T>(g, want.size());
+        if (op >= divide) bring_near_ties(g, left, right, s);
         const bool has_zero = std::find(right.begin(), right.end(), 0) != right.end();
         const bool clean = op < divide || !has_zero;
         for (std::size_t i = 0; i < want.size(); ++i) want[i] = expected<T>(op, left[i], right[i], s);

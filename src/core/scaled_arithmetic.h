@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "core/scaling.h"
+#include "core/simd/halves.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -15,6 +16,7 @@ inline namespace ORV_LEVEL {
 // exact()      the integer result, before scaling
 // wide()       the same on lanes of twice the width
 // saturated()  the result at scale factor 0, in the width of the pixels
+// halved()     the result at scale factor 1, where that takes no wider lanes
 // in_double()  the same on doubles, which hold sums of 32 bits exactly and products up to 2^53
 // kBits        the magnitude of a result is at most 2^kBits; scaled down by more, all are 0
 
@@ -26,6 +28,19 @@ template <class T> using wider_t = typename wider<T>::type;
 
 template <class T>
 constexpr bool is_signed = std::numeric_limits<T>::is_signed;
+
+#if ORV_HAVE_VECTORS
+// Half of a + b for unsigned lanes, ties to even. The average rounds up, so an odd sum must not have left an
+// odd half.
+template <class V>
+ORV_INLINE V half_of_sum(V a, V b)
+{
+    a = simd::in_register(a);
+    b = simd::in_register(b);
+    const V up = simd::average(a, b);
+    return up - (up & (a ^ b) & simd::splat<V>(1));
+}
+#endif
 
 template <class T>
 struct Sum {
@@ -41,6 +56,15 @@ struct Sum {
         return wa;
     }
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
+    template <class V> static ORV_INLINE V halved(V a, V b)
+    {
+        if constexpr (is_signed<T>) {
+            const V top = simd::splat<V>(std::numeric_limits<T>::min());
+            return simd::as<T>(half_of_sum(simd::as<std::uint16_t>(a ^ top), simd::as<std::uint16_t>(b ^ top))) ^ top;
+        } else {
+            return half_of_sum(a, b);
+        }
+    }
     template <class D> static ORV_INLINE D in_double(D a, D b) { return b + a; }
 #endif
 };
@@ -64,6 +88,19 @@ struct Difference {
         }
     }
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
+    template <class V> static ORV_INLINE V halved(V a, V b)
+    {
+        if constexpr (is_signed<T>) {
+            // The average of b + 2^15 and 2^15 - 1 - a is 2^15 more than half of the difference, rounded down.
+            const V top = simd::splat<V>(std::numeric_limits<T>::min()), rest = simd::splat<V>(std::numeric_limits<T>::max());
+            a = simd::in_register(a);
+            b = simd::in_register(b);
+            const V down = simd::as<T>(simd::average(simd::as<std::uint16_t>(b ^ top), simd::as<std::uint16_t>(a ^ rest))) ^ top;
+            return simd::add_saturate(down, down & (a ^ b) & simd::splat<V>(1));
+        } else {
+            return half_of_sum(simd::sub_saturate(b, a), simd::zero<V>());
+        }
+    }
     template <class D> static ORV_INLINE D in_double(D a, D b) { return b - a; }
 #endif
 };
@@ -113,6 +150,17 @@ struct Saturated {
 #endif
 };
 
+// The same at scale factor 1.
+template <class T, class Kind>
+struct Halved {
+    T one(T a, T b) const { return scale<T>(Kind::exact(a, b), 1); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const { return Kind::halved(a, b); }
+#endif
+};
+template <class Kind> constexpr bool can_halve = true;
+template <class T> constexpr bool can_halve<Product<T>> = false;
+
 template <class T, class Kind, class Step>
 struct Scaled {
     int scaleFactor;
@@ -152,6 +200,8 @@ ORV_INLINE void with_scaling(int scaleFactor, Loop loop)
         constexpr int most = 8 * static_cast<int>(sizeof(T));
         const int up = scaleFactor < -most ? most : -scaleFactor;
         loop(Scaled<T, Kind, ScaleUp<T, W>>{scaleFactor, {up}});
+    } else if (can_halve<Kind> && scaleFactor == 1) {
+        if constexpr (can_halve<Kind>) loop(Halved<T, Kind>{});
     } else {
         using W = wider_t<T>;
         // Products of unsigned pixels leave too little room above them for the larger halves.

@@ -199,6 +199,11 @@ public:
 
     void add(const Band& band, RunningSums<channels>& sums)
     {
+        if (float_failed_ > 1 && double_failed_ > 1) {
+            --float_failed_;
+            --double_failed_;
+            return add_in_order(band, sums);
+        }
         const float found = largest_of(band);
         if (!(found <= std::numeric_limits<float>::max())) return add_in_order(band, sums);
         const float largest = found == 0 ? 1 : found;  // any bound will do for zeros

@@ -5,6 +5,7 @@
 #include "core/checks.h"
 #include "core/quotients.h"
 #include "core/rows.h"
+#include "core/rows_together.h"
 #include "core/scaled_arithmetic.h"
 
 namespace orv {
@@ -47,7 +48,7 @@ Status division(const T* src1, int src1Step, const T* src2, int src2Step, T* dst
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (checks_steps && any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
     return with_quotient<T, rounding>(scaleFactor, [&](auto& op) {
-        plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels, op);
+        plane_together(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels, op);
     });
 }
 
@@ -56,7 +57,7 @@ Status division_constant(const T* src, int srcStep, const T* values, T* dst, int
                          int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
-    return with_quotient<T, Rounding::half_even>(scaleFactor, [&](auto& op) {
+    return with_quotient<T, Rounding::half_even, Divisors::constant>(scaleFactor, [&](auto& op) {
         constant_plane(values, src, srcStep, dst, dstStep, roi, channels, op);
     });
 }

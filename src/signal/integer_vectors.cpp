@@ -6,6 +6,7 @@
 #include "core/float_control.h"
 #include "core/quotients.h"
 #include "core/rows.h"
+#include "core/rows_together.h"
 #include "core/scaled_arithmetic.h"
 #include "core/scaled_words.h"
 
@@ -78,14 +79,16 @@ template <class T>
 Status division(const T* src1, const T* src2, T* dst, Length len, int scaleFactor)
 {
     if (const Status bad = check_vector(len, src1, src2, dst)) return bad;
-    return with_quotient<T, Rounding::half_even>(scaleFactor, [&](auto& op) { run(src1, src2, dst, len, op); });
+    return with_quotient<T, Rounding::half_even>(scaleFactor, [&](auto& op) {
+        plane_together(src1, 0, src2, 0, dst, 0, {len.count, 1}, 1, op);
+    });
 }
 
 template <class T>
 Status division_by_constant(const T* src, T value, T* dst, Length len, int scaleFactor)
 {
     if (const Status bad = check_vector(len, src, dst)) return bad;
-    return with_quotient<T, Rounding::half_even>(scaleFactor, [&](auto& op) { run(src, value, dst, len, op); });
+    return with_quotient<T, Rounding::half_even, Divisors::constant>(scaleFactor, [&](auto& op) { run(src, value, dst, len, op); });
 }
 
 }  // namespace

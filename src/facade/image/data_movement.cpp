@@ -64,7 +64,7 @@ SRC_DST(Transpose_32f_C1R, Transpose_32f_C1, float, float)
 bool ImageProcessingWrapper::SwapChannels_8u_C3IR(unsigned char* srcDst, int srcDstStep, int width, int height,
                                                   const int* order)
 {
-    return in_place(srcDst, srcDstStep, width, height, 3, [=](const Tile& tile) {
+    return in_place_checked(srcDst, srcDstStep, width, height, 3, [=](const Tile& tile) {
                return orv_SwapChannels_8u_C3(static_cast<const unsigned char*>(tile.copy), tile.copyStep,
                                              static_cast<unsigned char*>(tile.place), srcDstStep, tile.size, order);
            }) == StatusOk;

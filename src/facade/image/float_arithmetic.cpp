@@ -14,11 +14,13 @@ using namespace orv;
         return orv_##operation(src1, src1Step, src2, src2Step, dst, dstStep, {width, height}) == StatusOk; \
     }
 
-#define SRC_SRCDST(name, operation, channels)                                                             \
+// Run: in_place, or in_place_checked where the operation checks its steps.
+#define SRC_SRCDST(name, operation, channels) SRC_SRCDST_BY(in_place, name, operation, channels)
+#define SRC_SRCDST_BY(run, name, operation, channels)                                                     \
     bool ImageProcessingWrapper::name(const float* src, int srcStep, float* srcDst, int srcDstStep,       \
                                       int width, int height)                                              \
     {                                                                                                     \
-        return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
+        return run(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                   \
                    return orv_##operation(src, srcStep,                                 \
                                           static_cast<const float*>(tile.copy), tile.copyStep,            \
                                           static_cast<float*>(tile.place), srcDstStep, tile.size);        \
@@ -33,10 +35,11 @@ using namespace orv;
         return orv_##name(src, srcStep, value, dst, dstStep, {width, height}) == StatusOk;                \
     }
 
-#define VALUE_SRCDST(name, operation, Value, channels)                                                    \
+#define VALUE_SRCDST(name, operation, Value, channels) VALUE_SRCDST_BY(in_place, name, operation, Value, channels)
+#define VALUE_SRCDST_BY(run, name, operation, Value, channels)                                            \
     bool ImageProcessingWrapper::name(Value value, float* srcDst, int srcDstStep, int width, int height)  \
     {                                                                                                     \
-        return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
+        return run(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                   \
                    return orv_##operation(static_cast<const float*>(tile.copy), tile.copyStep, value,     \
                                           static_cast<float*>(tile.place), srcDstStep, tile.size);        \
                }) == StatusOk;                                                                            \
@@ -74,8 +77,8 @@ SRC_SRCDST(Sub_32f_C1I, Sub_32f_C1, 1)
 SRC_SRCDST(Sub_32f_C3I, Sub_32f_C3, 3)
 SRC_SRCDST(Mul_32f_C1I, Mul_32f_C1, 1)
 SRC_SRCDST(Mul_32f_C3I, Mul_32f_C3, 3)
-SRC_SRCDST(Div_32f_C1I, Div_32f_C1, 1)
-SRC_SRCDST(Div_32f_C3I, Div_32f_C3, 3)
+SRC_SRCDST_BY(in_place_checked, Div_32f_C1I, Div_32f_C1, 1)
+SRC_SRCDST_BY(in_place_checked, Div_32f_C3I, Div_32f_C3, 3)
 
 SRC_VALUE_DST(AddC_32f_C1, float)
 SRC_VALUE_DST(AddC_32f_C3, const float*)
@@ -92,8 +95,8 @@ VALUE_SRCDST(SubC_32f_C1I, SubC_32f_C1, float, 1)
 VALUE_SRCDST(SubC_32f_C3I, SubC_32f_C3, const float*, 3)
 VALUE_SRCDST(MulC_32f_C1I, MulC_32f_C1, float, 1)
 VALUE_SRCDST(MulC_32f_C3IR, MulC_32f_C3, const float*, 3)
-VALUE_SRCDST(DivC_32f_C1I, DivC_32f_C1, float, 1)
-VALUE_SRCDST(DivC_32f_C3I, DivC_32f_C3, const float*, 3)
+VALUE_SRCDST_BY(in_place_checked, DivC_32f_C1I, DivC_32f_C1, float, 1)
+VALUE_SRCDST_BY(in_place_checked, DivC_32f_C3I, DivC_32f_C3, const float*, 3)
 
 // Intended: this one has always been bound to another operation than the one it is named after, and hosts
 // depend on what it computes. It subtracts; MulC_32f_C3IR multiplies.
@@ -108,6 +111,7 @@ SRCDST(Abs_32f_C3I, Abs_32f_C3, 3)
 // that of the image it writes. Only with such steps are the two the same rows.
 bool ImageProcessingWrapper::Sqrt_32f_C1I(float* srcDst, int srcDstStep, int width, int height)
 {
+    if (srcDstStep < 1) return false;  // the copy would follow such a step to rows that nobody meant
     const bool uneven = (srcDstStep & 3) != 0;
     return in_place(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {
                return orv_Sqrt_32f_C1(static_cast<const float*>(tile.copy), tile.copyStep, srcDst, srcDstStep, tile.size);
@@ -196,8 +200,10 @@ COMPLEX_VALUE_SRCDST(DivC_32fc_C1I, DivC_32fc_C1)
 
 #undef SRC_SRC_DST
 #undef SRC_SRCDST
+#undef SRC_SRCDST_BY
 #undef SRC_VALUE_DST
 #undef VALUE_SRCDST
+#undef VALUE_SRCDST_BY
 #undef SRC_DST
 #undef SRCDST
 #undef EXTREME

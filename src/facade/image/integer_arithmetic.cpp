@@ -14,11 +14,13 @@ using namespace orv;
                StatusOk;                                                                                  \
     }
 
-#define SRC_SRCDST_SCALED(name, operation, T, channels)                                                   \
+// Run: in_place, or in_place_checked where the operation checks its steps.
+#define SRC_SRCDST_SCALED(name, operation, T, channels) SRC_SRCDST_SCALED_BY(in_place, name, operation, T, channels)
+#define SRC_SRCDST_SCALED_BY(run, name, operation, T, channels)                                           \
     bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width,    \
                                       int height, int scaleFactor)                                        \
     {                                                                                                     \
-        return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
+        return run(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                   \
                    return orv_##operation(src, srcStep,                                 \
                                           static_cast<const T*>(tile.copy), tile.copyStep,                \
                                           static_cast<T*>(tile.place), srcDstStep, tile.size, scaleFactor); \
@@ -85,11 +87,11 @@ SRC_SRCDST_SCALED(Mul_8u_C4I, Mul_8u_C4, unsigned char, 4)
 SRC_SRCDST_SCALED(Mul_16u_C1I, Mul_16u_C1, unsigned short, 1)
 SRC_SRCDST_SCALED(Mul_16s_C1I, Mul_16s_C1, short, 1)
 
-SRC_SRCDST_SCALED(Div_8u_C1I, Div_8u_C1, unsigned char, 1)
-SRC_SRCDST_SCALED(Div_8u_C3I, Div_8u_C3, unsigned char, 3)
-SRC_SRCDST_SCALED(Div_8u_C4I, Div_8u_C4, unsigned char, 4)
+SRC_SRCDST_SCALED_BY(in_place_checked, Div_8u_C1I, Div_8u_C1, unsigned char, 1)
+SRC_SRCDST_SCALED_BY(in_place_checked, Div_8u_C3I, Div_8u_C3, unsigned char, 3)
+SRC_SRCDST_SCALED_BY(in_place_checked, Div_8u_C4I, Div_8u_C4, unsigned char, 4)
 SRC_SRCDST_SCALED(Div_16u_C1I, Div_16u_C1, unsigned short, 1)
-SRC_SRCDST_SCALED(Div_16s_C1I, Div_16s_C1, short, 1)
+SRC_SRCDST_SCALED_BY(in_place_checked, Div_16s_C1I, Div_16s_C1, short, 1)
 
 SRC_VALUE_DST_SCALED(AddC_8u_C1, unsigned char, unsigned char)
 SRC_VALUE_DST_SCALED(AddC_8u_C3, unsigned char, const unsigned char*)
@@ -144,5 +146,6 @@ VALUE_SRCDST_SCALED(DivC_16u_C1I, SubC_16u_C1, unsigned short, unsigned short, 1
 
 #undef SRC_SRC_DST_SCALED
 #undef SRC_SRCDST_SCALED
+#undef SRC_SRCDST_SCALED_BY
 #undef SRC_VALUE_DST_SCALED
 #undef VALUE_SRCDST_SCALED
