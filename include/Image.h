@@ -13,7 +13,8 @@ namespace ImageProcessing {
 /// Assignment shares it. It is never released, so each constructed object keeps its description (28
 /// bytes on 32-bit systems) for the life of the process; hosts that share descriptions between objects
 /// depend on that. When the description cannot be allocated, construction throws std::bad_alloc; this
-/// is the only exception that leaves the library.
+/// is the only exception that leaves the library. (On Windows it raises the system exception
+/// STATUS_NO_MEMORY, 0xC0000017, instead: hosts of every compiler can handle that.)
 class ORVANE_API Image {
 public:
     /// An empty image.

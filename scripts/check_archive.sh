@@ -10,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 
 rm -rf "$build/package"
 (cd "$build" && cpack)
-package=$(ls "$build"/package/*.deb "$build"/package/*.zip 2> /dev/null)
+package=$(find "$build/package" -maxdepth 1 -name "*.deb" -o -maxdepth 1 -name "*.zip")
 options=() host=hello run=()
 case $package in
 *_i386.deb) dpkg-deb -x "$package" "$work"; prefix=$work/usr options=(-DCMAKE_CXX_FLAGS=-m32 -DCMAKE_LIBRARY_ARCHITECTURE=i386-linux-gnu) ;;
