@@ -28,6 +28,7 @@ int main(int argc, char** argv)
         if (argument.rfind("--seed=", 0) == 0) o.seed = std::strtoull(argv[i] + 7, nullptr, 10);
         else if (argument.rfind("--op=", 0) == 0) o.operation = argument.substr(5);
         else if (argument.rfind("--level=", 0) == 0) o.level = std::atoi(argv[i] + 8);
+        else if (argument.rfind("--write-hashes=", 0) == 0) o.hashes_file = argument.substr(15);
         else if (argument == "--brief") o.brief = true;
         else if (argument.rfind("--expect-level=", 0) == 0) expected_level = argument.substr(15);
         else return std::cerr << "unknown option " << argument << "\n", 2;

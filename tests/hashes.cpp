@@ -1,0 +1,502 @@
+// One hash per operation over a fixed set of arguments: equal for every compiler, optimisation, word size, system
+// and processor level, and from one version to the next. hashes.inc has them; --write-hashes=FILE makes it anew.
+//
+// The arguments are made from integers alone, of the operation's signature, as variants.cpp does it:
+//     const T*, int     a source image with its step        T*, int     a destination
+//     const T*          one value per channel               T           a value
+//     T* after Size     results                             int         a parameter, by its domain
+// LAPACK is left out: its products are fused where the processor can.
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "FFT2Wrapper.h"
+#include "FFTWrapper.h"
+#include "ImageProcessingWrapper.h"
+#include "MatrixWrapper.h"
+#include "RandomNumberGenerator.h"
+#include "gmock/gmock.h"
+#include "image/bitwise.h"
+#include "image/border.h"
+#include "image/comparison.h"
+#include "image/complex_arithmetic.h"
+#include "image/data_movement.h"
+#include "image/extremes.h"
+#include "image/filters.h"
+#include "image/float_arithmetic.h"
+#include "image/float_elementary.h"
+#include "image/float_sums.h"
+#include "image/histogram.h"
+#include "image/integer_arithmetic.h"
+#include "image/sums.h"
+#include "image/threshold.h"
+#include "signal/elementary.h"
+#include "signal/float_vectors.h"
+#include "signal/integer_vectors.h"
+#include "signal/spectra.h"
+#include "spectral/fft.h"
+#include "support/levels.h"
+#include "support/options.h"
+
+namespace test {
+namespace {
+
+using orv::Length;
+using orv::Size;
+using orv::Status;
+using W = ImageProcessingWrapper;
+using u8 = unsigned char;
+using u16 = unsigned short;
+
+// --- Words, elements, hashes ----------------------------------------------------------------------
+
+// S. Vigna, splitmix64.
+class Words {
+public:
+    explicit Words(std::uint64_t seed) : state_(seed) {}
+    std::uint64_t next()
+    {
+        std::uint64_t z = state_ += 0x9E3779B97F4A7C15u;
+        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
+        z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
+        return z ^ (z >> 31);
+    }
+    int below(int n) { return static_cast<int>(next() % static_cast<std::uint64_t>(n)); }
+
+private:
+    std::uint64_t state_;
+};
+
+class Hash {
+public:
+    void add(const void* bytes, std::size_t n)
+    {
+        const auto* p = static_cast<const unsigned char*>(bytes);
+        for (; n >= 8; n -= 8, p += 8) {
+            std::uint64_t word;
+            std::memcpy(&word, p, 8);
+            add(word);
+        }
+        for (; n > 0; --n) add(*p++);
+    }
+    void add(std::uint64_t word)
+    {
+        state_ = (state_ ^ word) * 0x9E3779B97F4A7C15u;
+        state_ ^= state_ >> 29;
+    }
+    std::uint64_t value() const { return state_; }
+
+private:
+    std::uint64_t state_ = 0xCBF29CE484222325u;
+};
+
+enum Element { e_u8, e_u16, e_s16, e_s32, e_u32, e_f32, e_f64, e_none };
+template <class T> constexpr Element element = e_none;
+template <> constexpr Element element<unsigned char> = e_u8;
+template <> constexpr Element element<unsigned short> = e_u16;
+template <> constexpr Element element<short> = e_s16;
+template <> constexpr Element element<int> = e_s32;
+template <> constexpr Element element<unsigned> = e_u32;
+template <> constexpr Element element<float> = e_f32;
+template <> constexpr Element element<Complex32f> = e_f32;
+template <> constexpr Element element<double> = e_f64;
+
+// Numbers near 1, numbers of all magnitudes, small whole ones; neither infinities nor NaNs.
+enum Content { near_one, any_size, whole, contents };
+
+std::uint32_t float_bits(Words& words, Content content)
+{
+    const std::uint64_t w = words.next();
+    const auto sign = static_cast<std::uint32_t>(w >> 32) & 0x80000000u, low = static_cast<std::uint32_t>(w);
+    if (content == near_one) return sign | (120 + (low >> 23) % 12) << 23 | (low & 0x7FFFFF);
+    if (content == any_size) return sign | (low >> 23) % 255 << 23 | (low & 0x7FFFFF);
+    const float value = static_cast<float>(low % 600) / 2;
+    std::uint32_t bits;
+    std::memcpy(&bits, &value, 4);
+    return bits | sign;
+}
+std::uint64_t double_bits(Words& words, Content content)
+{
+    const std::uint64_t w = words.next(), sign = words.next() & 1u << 31;
+    const std::uint64_t exponent = w >> 52;
+    if (content == near_one) return sign << 32 | (1015 + exponent % 16) << 52 | (w & 0xFFFFFFFFFFFFFu);
+    if (content == any_size) return sign << 32 | exponent % 2047 << 52 | (w & 0xFFFFFFFFFFFFFu);
+    const double value = static_cast<double>(w % 1200) / 2;
+    std::uint64_t bits;
+    std::memcpy(&bits, &value, 8);
+    return bits | sign << 32;
+}
+
+void fill(void* to, std::size_t bytes, Element e, Content content, Words& words)
+{
+    auto* p = static_cast<unsigned char*>(to);
+    const bool any_word = e < e_f32 && content == near_one && bytes % 8 == 0;
+    const std::size_t size = any_word || e == e_f64 ? 8 : e == e_u8 ? 1 : e == e_u16 || e == e_s16 ? 2 : 4;
+    for (; bytes >= size; bytes -= size, p += size) {
+        std::uint64_t w = e == e_f64 ? double_bits(words, content) : e == e_f32 ? float_bits(words, content) : words.next();
+        // Integers near either end of the type.
+        if (e < e_f32 && content == any_size) w = (w & 1) != 0 ? w >> 60 : ~(w >> 60);
+        if (e < e_f32 && content == whole) w &= 15;
+        std::memcpy(p, &w, size);
+    }
+}
+template <class T>
+std::vector<T> values(std::size_t n, Content content, std::uint64_t seed)
+{
+    std::vector<T> all(n);
+    Words words(seed);
+    fill(all.data(), n * sizeof(T), element<T>, content, words);
+    return all;
+}
+
+using Hashes = std::map<std::string, std::uint64_t>;
+
+// --- Operations of the registries -----------------------------------------------------------------
+
+// How the arguments of a family are to be read.
+enum Family { images, vectors, borders };
+
+struct Kind {
+    enum { value, source, target, size, length, memory } what;
+    Element element;
+};
+template <class A> struct kind_of { static constexpr Kind kind = {Kind::value, std::is_enum<A>::value ? e_s32 : element<A>}; };
+template <class T> struct kind_of<T*> { static constexpr Kind kind = {Kind::target, element<T>}; };
+template <class T> struct kind_of<const T*> { static constexpr Kind kind = {Kind::source, element<T>}; };
+template <> struct kind_of<void*> { static constexpr Kind kind = {Kind::memory, e_none}; };
+template <> struct kind_of<Size> { static constexpr Kind kind = {Kind::size, e_none}; };
+template <> struct kind_of<Length> { static constexpr Kind kind = {Kind::length, e_none}; };
+
+struct Slot {
+    alignas(8) unsigned char bytes[16];
+    template <class A> void set(A value) { std::memcpy(bytes, &value, sizeof(value)); }
+    template <class A>
+    A get() const
+    {
+        A value;
+        std::memcpy(&value, bytes, sizeof(value));
+        return value;
+    }
+};
+
+bool begins_with(const std::string& name, const char* start) { return name.rfind(start, 0) == 0; }
+
+// The arguments of one call, in buffers that are the same for all.
+class Arguments {
+public:
+    static constexpr int kStep = 1280, kMargin = 2 * kStep + 64;
+
+    Arguments(const std::string& name, Family family, int number) : name_(name), family_(family), number_(number), words_(static_cast<std::uint64_t>(number) + 1)
+    {
+        for (const char c : name) words_ = Words(words_.next() ^ static_cast<unsigned char>(c));
+        roi_ = {1 + words_.below(67), family == vectors ? 1 : 1 + words_.below(3)};
+        if (family == vectors) roi_.width = 1 + words_.below(160);
+        content_ = static_cast<Content>(number % contents);
+    }
+
+    void make(const Kind* kinds, int n, Slot* slots)
+    {
+        bool sized = false;
+        int parameters = 0;
+        for (int i = 0; i < n; ++i) {
+            const bool before_int = i + 1 < n && kinds[i + 1].what == Kind::value && kinds[i + 1].element == e_s32;
+            const bool after_image = i > 0 && (kinds[i - 1].what == Kind::target || kinds[i - 1].what == Kind::source);
+            switch (kinds[i].what) {
+                case Kind::source: slots[i].set<const void*>(before_int || family_ == vectors ? buffer(kinds[i].element) : constants(kinds[i].element)); break;
+                case Kind::target: slots[i].set<void*>(buffer(kinds[i].element)); break;
+                case Kind::memory: slots[i].set<void*>(work_.data()); break;  // what it holds is nobody's business
+                case Kind::length: slots[i].set(Length{roi_.width}); break;
+                case Kind::size:
+                    slots[i].set(sized ? Size{roi_.width + 7, roi_.height + 5} : roi_);
+                    sized = true;
+                    break;
+                default:
+                    if (kinds[i].element != e_s32) fill(slots[i].bytes, 8, kinds[i].element, content_, words_);
+                    else if (after_image && family_ == vectors) slots[i].set(roi_.width);
+                    else if (after_image && (!sized || family_ == borders)) slots[i].set(kStep);
+                    else slots[i].set(parameter(parameters++));
+                    if (kinds[i].element == e_u32 && name_.find("ShiftC") != std::string::npos) slots[i].set(words_.below(34));
+            }
+        }
+    }
+    void add_to(Hash& hash) const
+    {
+        for (const auto& b : buffers_) hash.add(b.data() + kMargin - 64, static_cast<std::size_t>(rows() * kStep));
+    }
+
+private:
+    int rows() const { return begins_with(name_, "Transpose") ? 70 : roi_.height + 6; }
+    void* buffer(Element e)
+    {
+        buffers_.emplace_back(static_cast<std::size_t>(rows() * kStep + 2 * kMargin));
+        fill(buffers_.back().data(), buffers_.back().size(), e, content_, words_);
+        return buffers_.back().data() + kMargin;
+    }
+    const void* constants(Element e)
+    {
+        constants_.emplace_back(4 * 8);
+        fill(constants_.back().data(), 32, e, content_, words_);
+        for (int c = 0; c < 4; ++c) {
+            const int order = words_.below(3), count = words_.below(34);
+            if (begins_with(name_, "SwapChannels")) std::memcpy(constants_.back().data() + 4 * c, &order, 4);
+            if (name_.find("ShiftC") != std::string::npos) std::memcpy(constants_.back().data() + 4 * c, &count, 4);
+        }
+        return constants_.back().data();
+    }
+    int parameter(int which)
+    {
+        if (begins_with(name_, "Mirror")) return number_ % 3;
+        if (begins_with(name_, "Filter")) return which == 0 ? number_ % 2 * 22 + 33 : number_ / 2 % 2;
+        if (begins_with(name_, "Histogram")) return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
+        if (begins_with(name_, "Compare")) return number_ % 5;
+        if (begins_with(name_, "Threshold")) return number_ % 2 * 4;
+        if (family_ == borders) return 2 + which;
+        return words_.below(number_ % 4 == 0 ? 1 : 20) - number_ % 4;
+    }
+
+    std::string name_;
+    Family family_;
+    int number_;
+    Words words_;
+    Size roi_;
+    Content content_;
+    std::vector<std::vector<unsigned char>> buffers_, constants_;
+    std::vector<unsigned char> work_ = std::vector<unsigned char>(1 << 16);
+};
+
+template <class... Args, std::size_t... I>
+Status call(Status (*kernel)(Args...), const Slot* slots, std::index_sequence<I...>)
+{
+    return kernel(slots[I].get<Args>()...);
+}
+
+template <class... Args>
+void hash_operation(Hashes& hashes, const char* name, const orv::Operation<Status(Args...)>& operation, Family family)
+{
+    if (std::strstr(name, "GetBufferSize") != nullptr) return;  // may depend on the size of a pointer
+    static constexpr Kind kinds[] = {kind_of<Args>::kind...};
+    constexpr int n = sizeof...(Args);
+    Hash hash;
+    for (int i = 0; i < 24; ++i) {
+        Arguments arguments(name, family, i);
+        Slot slots[n];
+        arguments.make(kinds, n, slots);
+        hash.add(static_cast<std::uint64_t>(call(operation.variant[orv::orv_variant_index], slots, std::make_index_sequence<sizeof...(Args)>())));
+        arguments.add_to(hash);
+    }
+    hashes[name] = hash.value();
+}
+
+void hash_registries(Hashes& hashes)
+{
+#define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, images);
+#include "image/bitwise.inc"
+#include "image/comparison.inc"
+#include "image/complex_arithmetic.inc"
+#include "image/data_movement.inc"
+#include "image/extremes.inc"
+#include "image/filters_float.inc"
+#include "image/filters_integer.inc"
+#include "image/float_arithmetic.inc"
+#include "image/float_elementary.inc"
+#include "image/float_sums.inc"
+#include "image/histogram.inc"
+#include "image/integer_arithmetic.inc"
+#include "image/sums.inc"
+#include "image/threshold.inc"
+#undef KERNEL
+#define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, vectors);
+#include "signal/elementary.inc"
+#include "signal/float_vectors.inc"
+#include "signal/integer_vectors.inc"
+#include "signal/spectra.inc"
+#undef KERNEL
+#define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, borders);
+#include "image/border.inc"
+#undef KERNEL
+}
+
+// --- The others -----------------------------------------------------------------------------------
+
+template <class T, class Method>
+void hash_resize(Hashes& hashes, const char* name, int channels, Method method)
+{
+    const Size sizes[] = {{12, 9}, {30, 17}, {7, 5}, {64, 40}, {33, 4}};
+    Hash hash;
+    for (const Size from : sizes) {
+        for (const Size to : sizes) {
+            const auto pixels = [&](Size s) { return static_cast<std::size_t>(s.width * s.height * channels); };
+            const auto src = values<T>(pixels(from), sizeof(T) == 4 ? near_one : any_size, static_cast<std::uint64_t>(to.width));
+            std::vector<T> dst(pixels(to));
+            const int pixel = channels * static_cast<int>(sizeof(T));
+            method(src.data(), from, from.width * pixel, dst.data(), to.width * pixel, to);
+            hash.add(dst.data(), dst.size() * sizeof(T));
+        }
+    }
+    hashes[name] = hash.value();
+}
+
+void hash_resizes(Hashes& hashes)
+{
+#define PLAIN(method, T, channels) \
+    hash_resize<T>(hashes, #method, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to) { W::method(s, from.width, from.height, ss, d, ds, to.width, to.height, 1, 1); });
+    PLAIN(ResizeNN_16u_C1R, u16, 1)
+    PLAIN(ResizeNN_8u_C3R, u8, 3)
+    PLAIN(ResizeNN_8u_C4R, u8, 4)
+    PLAIN(ResizeCubic_16u_C1R, u16, 1)
+    PLAIN(ResizeCubic_8u_C3R, u8, 3)
+    PLAIN(ResizeCubic_8u_C4R, u8, 4)
+#undef PLAIN
+    hash_resize<u16>(hashes, "ResizeCenterNN_16u_C1R", 1, [](const u16* s, Size from, int ss, u16* d, int ds, Size to) {
+        W::ResizeCenterNN_16u_C1R(s, from.width, from.height, ss, d, ds, to.width, to.height, 1, 1, to.width / 2 - 1, to.height / 2);
+    });
+#define ZOOM(method, T, channels)                                                                                    \
+    hash_resize<T>(hashes, #method, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to) {             \
+        W::method(s, ss, from.width, from.height, d, ds, to.width, to.height, 1.25f, 1, -1, (to.width & 1) != 0);   \
+    });
+    ZOOM(Resize_8u_C3, u8, 3)
+    ZOOM(Resize_8u_C4, u8, 4)
+    ZOOM(Resize_16u_C1, u16, 1)
+    ZOOM(Resize_32f_C1, float, 1)
+#undef ZOOM
+    for (const int interpolation : {1, 2, 4, 5, 6, 7, 8, 16}) {
+        const std::string name = "ResizeSqrPixel_16u_C1R interpolation " + std::to_string(interpolation);
+        hash_resize<u16>(hashes, name.c_str(), 1, [=](const u16* s, Size from, int ss, u16* d, int ds, Size to) {
+            int bytes = 0;
+            W::ResizeGetBufSize(0, 0, from.width, from.height, 0, 0, to.width, to.height, 1, interpolation, &bytes);
+            std::vector<unsigned char> work(static_cast<std::size_t>(bytes) + 64);
+            const double x = static_cast<double>(to.width) / from.width, y = static_cast<double>(to.height) / from.height;
+            W::ResizeSqrPixel_16u_C1R(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, x, y, 0.25, -0.5, interpolation, work.data());
+        });
+    }
+}
+
+void hash_matrices(Hashes& hashes)
+{
+    using M = MatrixWrapper;
+    std::map<std::string, Hash> all;
+    for (int n = 1; n <= 21; ++n) {
+        const auto count = static_cast<std::size_t>(n * n);
+        const auto seed = static_cast<std::uint64_t>(n);
+        const auto a = values<float>(count, near_one, seed), b = values<float>(count, near_one, seed + 100);
+        const auto p = values<double>(count, near_one, seed + 200), q = values<double>(count, near_one, seed + 300);
+        const int s = 4 * n, t = 8 * n;
+        std::vector<float> d(count), lu(count);
+        std::vector<double> e(count);
+        std::vector<int> index(count);
+        const auto add = [&](const char* name, bool done) {
+            all[name].add(done ? 1 : 0);
+            all[name].add(d.data(), d.size() * 4);
+            all[name].add(e.data(), e.size() * 8);
+        };
+        add("Add_mm_32f", M::Add_mm_32f(a.data(), s, 4, b.data(), s, 4, d.data(), s, 4, n, n));
+        add("Sub_mm_32f", M::Sub_mm_32f(a.data(), s, 4, b.data(), 4, s, d.data(), s, 4, n, n));
+        add("Mul_mc_32f", M::Mul_mc_32f(a.data(), s, 4, 1.5f, d.data(), s, 4, n, n));
+        add("Mul_mm_32f", M::Mul_mm_32f(a.data(), s, 4, n, n, b.data(), s, 4, n, n, d.data(), s, 4));
+        add("Mul_tm_64f", M::Mul_tm_64f(p.data(), t, 8, n, n, q.data(), t, 8, n, n, e.data(), t, 8));
+        add("Mul_mv_64f", M::Mul_mv_64f(p.data(), t, 8, n, n, q.data(), 8, n, e.data(), 8));
+        add("Mul_tv_64f", M::Mul_tv_64f(p.data(), t, 8, n, n, q.data(), 8, n, e.data(), 8));
+        add("Transpose_m_32f", M::Transpose_m_32f(a.data(), s, 4, n, n, d.data(), s, 4));
+        add("Invert_m_32f", M::Invert_m_32f(a.data(), s, 4, d.data(), s, 4, n));
+        add("Invert_m_64f", M::Invert_m_64f(p.data(), t, 8, e.data(), t, 8, n));
+        M::LUDecomp_m_32f(a.data(), s, 4, index.data(), lu.data(), s, 4, n);
+        all["LUDecomp_m_32f"].add(lu.data(), lu.size() * 4);
+        add("LUBackSubst_mv_32f", M::LUBackSubst_mv_32f(lu.data(), s, 4, index.data(), b.data(), 4, d.data(), 4, n));
+    }
+    for (const auto& entry : all) hashes[entry.first] = entry.second.value();
+}
+
+void hash_transforms(Hashes& hashes)
+{
+    Hash forward, power, plane, inverse;
+    for (int order = 0; order <= 13; ++order) {
+        const std::size_t n = std::size_t{1} << order;
+        const auto signal = values<float>(n, near_one, n), window = values<float>(n, near_one, n + 1);
+        int spec_bytes = 0, init_bytes = 0, work_bytes = 0;
+        orv::orv_fft_sizes(order, 2, 1, &spec_bytes, &init_bytes, &work_bytes);
+        const auto room = [](int bytes) { return std::vector<unsigned char>(static_cast<std::size_t>(bytes) + 64); };
+        auto memory = room(spec_bytes), init = room(init_bytes), work = room(work_bytes);
+        orv::FftSpec* spec = nullptr;
+        forward.add(static_cast<std::uint64_t>(orv::orv_FftInit(&spec, order, 2, 1, memory.data(), init.data())));
+        std::vector<float> out(n + 2);
+        forward.add(static_cast<std::uint64_t>(orv::orv_FftForward_32f(signal.data(), out.data(), spec, work.data())));
+        forward.add(out.data(), out.size() * 4);
+        const int length = static_cast<int>(n);
+        power.add(FFTWrapper(length).PsdFFT(signal.data(), window.data(), out.data(), length) ? 1 : 0);
+        power.add(out.data(), n * 4);
+    }
+    for (const Size side : {Size{2, 2}, Size{4, 16}, Size{32, 8}, Size{64, 64}, Size{256, 128}}) {
+        const auto pixels = static_cast<std::size_t>(side.width * side.height);
+        const auto src = values<float>(pixels, near_one, pixels);
+        std::vector<float> spectrum(pixels), back(pixels);
+        FFT2Wrapper fft(side.width, side.height, false);
+        const int step = 4 * side.width;
+        fft.Forward(src.data(), step, spectrum.data(), step, side.width, side.height);
+        fft.Inverse(spectrum.data(), step, back.data(), step, side.width, side.height);
+        plane.add(spectrum.data(), pixels * 4);
+        inverse.add(back.data(), pixels * 4);
+    }
+    hashes["FftForward_32f"] = forward.value();
+    hashes["PsdFFT"] = power.value();
+    hashes["FFT2 forward"] = plane.value();
+    hashes["FFT2 inverse"] = inverse.value();
+}
+
+void hash_random_numbers(Hashes& hashes)
+{
+    Hash hash;
+    for (const int seed : {0, 1, -5, 123456789}) {
+        RandomNumberGenerator generator;
+        hash.add(generator.Init(seed) ? 1 : 0);
+        for (const int n : {1, 7, 500, 10000}) {
+            std::vector<double> r(static_cast<std::size_t>(n));
+            generator.GenerateGaussian(n, r.data(), 0.5, 3);
+            hash.add(r.data(), r.size() * 8);
+        }
+    }
+    hashes["GenerateGaussian"] = hash.value();
+}
+
+Hashes all_hashes()
+{
+    Hashes hashes;
+    hash_registries(hashes);
+    hash_resizes(hashes);
+    hash_matrices(hashes);
+    hash_transforms(hashes);
+    hash_random_numbers(hashes);
+    return hashes;
+}
+
+TEST(Hashes, AreWhatTheyWere)
+{
+    const Hashes expected = {
+#define HASH(name, value) {name, value},
+#include "hashes.inc"
+#undef HASH
+    };
+    const auto check = [&] {
+        const Hashes actual = all_hashes();
+        if (!options().hashes_file.empty()) {
+            std::FILE* const file = std::fopen(options().hashes_file.c_str(), "w");
+            ASSERT_NE(file, nullptr);
+            for (const auto& h : actual) std::fprintf(file, "HASH(\"%s\", 0x%016llXu)\n", h.first.c_str(), static_cast<unsigned long long>(h.second));
+            std::fclose(file);
+            return;
+        }
+        for (const auto& h : actual) {
+            const auto found = expected.find(h.first);
+            EXPECT_TRUE(found != expected.end() && found->second == h.second) << h.first;
+        }
+        EXPECT_EQ(actual.size(), expected.size());
+    };
+    // Emulated processors take turns with the levels.
+    if (options().brief) check();
+    else at_every_level(check);
+}
+
+}  // namespace
+}  // namespace test
