@@ -55,15 +55,23 @@ void show_sound(const std::string& path, Page& page)
 
     FFTWrapper fft(n);
     std::vector<float> power(n);
-    Picture spectrogram(blocks, n / 4, 1);
-    std::vector<double> mean(n / 4, 0.0);
+    const int rows = n / 4;
+    std::vector<double> decibels, mean(static_cast<std::size_t>(rows), 0.0);
     for (int b = 0; b < blocks; ++b) {
         fft.PsdFFT(&sound[static_cast<std::size_t>(b * hop)], window.data(), power.data(), n);
-        for (int k = 0; k < n / 4; ++k) {
-            const double decibels = 10 * std::log10(power[static_cast<std::size_t>(k)] + 1e-6);
-            mean[static_cast<std::size_t>(k)] += power[static_cast<std::size_t>(k)] / blocks;
-            const double shade = 255 * (decibels + 20) / 80;
-            spectrogram.data()[(n / 4 - 1 - k) * spectrogram.step + b] = static_cast<unsigned char>(shade < 0 ? 0 : shade > 255 ? 255 : shade);
+        for (int k = 0; k < rows; ++k) {
+            const double p = power[static_cast<std::size_t>(k)];
+            decibels.push_back(10 * std::log10(p + 1e-6));
+            mean[static_cast<std::size_t>(k)] += p / blocks;
+        }
+    }
+    // 80 dB from black to white, the loudest being white.
+    const double loudest = *std::max_element(decibels.begin(), decibels.end());
+    Picture spectrogram(blocks, rows, 1);
+    for (int b = 0; b < blocks; ++b) {
+        for (int k = 0; k < rows; ++k) {
+            const double shade = 255 * (1 + (decibels[static_cast<std::size_t>(b * rows + k)] - loudest) / 80);
+            spectrogram.data()[(rows - 1 - k) * spectrogram.step + b] = static_cast<unsigned char>(shade < 0 ? 0 : shade);
         }
     }
     for (double& v : mean) v = 10 * std::log10(v + 1e-6);
@@ -130,7 +138,7 @@ void show_noise(const Picture& photo, Page& page)
     SHOW(page, to_picture(grey), random.GenerateGaussian(n, noise.data(), 0.0, 20.0));
     std::vector<double> histogram(160, 0.0);
     for (const double v : noise) {
-        const int bin = static_cast<int>(v) + 80;
+        const int bin = static_cast<int>(std::floor(v)) + 80;
         if (bin >= 0 && bin < 160) histogram[static_cast<std::size_t>(bin)] += 1;
     }
     Picture plot = sheet(640, 360);
