@@ -53,6 +53,7 @@ using VectorSrcDstDst = Status(const T* src, T* dst1, T* dst2, int len);
 
 template <class T>
 using VectorSrcSrcDst = Status(const T* src1, const T* src2, T* dst, int len);
+
 // What a region comes down to: results per channel, or one value with its position.
 template <class T, class R>
 using SrcResults = Status(const T* src, int srcStep, Size roi, R* results);
@@ -69,15 +70,6 @@ using SrcPosition = Status(const T* src, int srcStep, Size roi, T* value, int* c
 template <class T>
 using SrcHistogram = Status(const T* src, int srcStep, Size roi, int* histogram, int* levels, int levelCount,
                             int lower, int upper);
-template <class T>
-using SrcSrcDst = Status(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep,
-                         Size roi);
-
-template <class T>
-using SrcValueDst = Status(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi);
-
-template <class T>
-using SrcValuesDst = Status(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi);
 
 template <class From, class To>
 using SrcSrcAccumulate = Status(const From* src1, int src1Step, const From* src2, int src2Step, To* srcDst,

@@ -11,11 +11,13 @@
 
 namespace orv {
 
-// Source and destination of an in-place call: the caller's image, and it again or its copy.
+// Source and destination of an in-place call: the caller's image or its copy, and the caller's image.
+template <class T>
 struct Tile {
-    const void* copy;
-    int copyStep;
-    void* place;
+    const T* src;
+    int srcStep;
+    T* dst;
+    int dstStep;
     Size size;
 };
 
@@ -45,14 +47,14 @@ Status in_place(T* srcDst, int step, int width, int height, int lanes, Operation
 
     const long long pixel_bytes = static_cast<long long>(sizeof(T)) * lanes;
     const bool needs_copy = always_copy || rows_overlap(step, height, width * pixel_bytes);
-    Tile tile = {srcDst, step, srcDst, {width, height}};
-    void* const memory = allocate_for_copy(needs_copy, width, height, pixel_bytes, &tile.copyStep);
+    Tile<T> tile = {srcDst, step, srcDst, step, {width, height}};
+    void* const memory = allocate_for_copy(needs_copy, width, height, pixel_bytes, &tile.srcStep);
     if (memory == nullptr) return StatusNoMemory;
     if (needs_copy) {
         const Size bytes = {static_cast<int>(width * pixel_bytes), height};
         orv_Copy_8u_C1(reinterpret_cast<const unsigned char*>(srcDst), step, static_cast<unsigned char*>(memory),
-                       tile.copyStep, bytes);
-        tile.copy = memory;
+                       tile.srcStep, bytes);
+        tile.src = static_cast<const T*>(memory);
     }
     const Status status = operation(tile);
     orv_release(memory);

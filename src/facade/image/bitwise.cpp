@@ -13,13 +13,12 @@ using namespace orv;
         return orv_##name(src1, src1Step, src2, src2Step, dst, dstStep, {width, height}) == StatusOk; \
     }
 
-#define SRC_SRCDST(name, operation, T, channels)                                                                           \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width, int height)         \
-    {                                                                                                                      \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                       \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, src, srcStep, \
-                                          static_cast<T*>(tile.place), srcDstStep, tile.size);                             \
-               }) == StatusOk;                                                                                             \
+#define SRC_SRCDST(name, operation, T, channels)                                                                    \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width, int height)  \
+    {                                                                                                               \
+        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                \
+                   return orv_##operation(tile.src, tile.srcStep, src, srcStep, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                                      \
     }
 
 // Value: T, or const T* for one value per channel; unsigned for counts.
@@ -29,24 +28,22 @@ using namespace orv;
         return orv_##operation(src, srcStep, value, dst, dstStep, {width, height}) == StatusOk;                           \
     }
 
-#define VALUE_SRCDST(name, operation, T, Value, channels)                                            \
-    bool ImageProcessingWrapper::name(Value value, T* srcDst, int srcDstStep, int width, int height) \
-    {                                                                                                \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) { \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, value,    \
-                                          static_cast<T*>(tile.place), srcDstStep, tile.size);       \
-               }) == StatusOk;                                                                       \
+#define VALUE_SRCDST(name, operation, T, Value, channels)                                                    \
+    bool ImageProcessingWrapper::name(Value value, T* srcDst, int srcDstStep, int width, int height)         \
+    {                                                                                                        \
+        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {         \
+                   return orv_##operation(tile.src, tile.srcStep, value, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                               \
     }
 
 #define VALUES_SRCDST(name, operation, T, channels) VALUE_SRCDST(name, operation, T, const T*, channels)
 
-#define SRCDST_VALUE(name, operation, T)                                                          \
-    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, T value, int width, int height)  \
-    {                                                                                             \
-        return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {     \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, value, \
-                                          static_cast<T*>(tile.place), srcDstStep, tile.size);    \
-               }) == StatusOk;                                                                    \
+#define SRCDST_VALUE(name, operation, T)                                                                     \
+    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, T value, int width, int height)             \
+    {                                                                                                        \
+        return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {                \
+                   return orv_##operation(tile.src, tile.srcStep, value, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                               \
     }
 
 #define SRC_DST(name, T)                                                                                     \
@@ -55,12 +52,12 @@ using namespace orv;
         return orv_##name(src, srcStep, dst, dstStep, {width, height}) == StatusOk;                          \
     }
 
-#define SRCDST(name, operation, T, channels)                                                                                                    \
-    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, int width, int height)                                                         \
-    {                                                                                                                                           \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                                            \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, static_cast<T*>(tile.place), srcDstStep, tile.size); \
-               }) == StatusOk;                                                                                                                  \
+#define SRCDST(name, operation, T, channels)                                                          \
+    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, int width, int height)               \
+    {                                                                                                 \
+        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {  \
+                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                        \
     }
 
 SRC_SRC_DST(And_8u_C1, unsigned char)

@@ -64,9 +64,8 @@ SRC_DST(Transpose_32f_C1R, Transpose_32f_C1, float, float)
 bool ImageProcessingWrapper::SwapChannels_8u_C3IR(unsigned char* srcDst, int srcDstStep, int width, int height,
                                                   const int* order)
 {
-    return in_place_checked(srcDst, srcDstStep, width, height, 3, [=](const Tile& tile) {
-               return orv_SwapChannels_8u_C3(static_cast<const unsigned char*>(tile.copy), tile.copyStep,
-                                             static_cast<unsigned char*>(tile.place), srcDstStep, tile.size, order);
+    return in_place_checked(srcDst, srcDstStep, width, height, 3, [=](const auto& tile) {
+               return orv_SwapChannels_8u_C3(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, order);
            }) == StatusOk;
 }
 
@@ -84,8 +83,8 @@ template <class T>
 bool mirror_in_place(const Operation<SrcDstAxis<T>>& mirror, T* srcDst, int step, int width, int height, int axis,
                      int lanes)
 {
-    return in_place(srcDst, step, width, height, lanes, [=, &mirror](const Tile& tile) {
-               return mirror(static_cast<const T*>(tile.copy), tile.copyStep, srcDst, step, tile.size, axis);
+    return in_place(srcDst, step, width, height, lanes, [=, &mirror](const auto& tile) {
+               return mirror(tile.src, tile.srcStep, srcDst, step, tile.size, axis);
            }) == StatusOk;
 }
 

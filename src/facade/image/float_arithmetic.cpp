@@ -7,58 +7,54 @@
 
 using namespace orv;
 
-#define SRC_SRC_DST(name, operation)                                                                      \
-    bool ImageProcessingWrapper::name(const float* src1, int src1Step, const float* src2, int src2Step,   \
-                                      float* dst, int dstStep, int width, int height)                     \
-    {                                                                                                     \
+#define SRC_SRC_DST(name, operation)                                                                       \
+    bool ImageProcessingWrapper::name(const float* src1, int src1Step, const float* src2, int src2Step,    \
+                                      float* dst, int dstStep, int width, int height)                      \
+    {                                                                                                      \
         return orv_##operation(src1, src1Step, src2, src2Step, dst, dstStep, {width, height}) == StatusOk; \
     }
 
 // Run: in_place, or in_place_checked where the operation checks its steps.
 #define SRC_SRCDST(name, operation, channels) SRC_SRCDST_BY(in_place, name, operation, channels)
-#define SRC_SRCDST_BY(run, name, operation, channels)                                                     \
-    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* srcDst, int srcDstStep,       \
-                                      int width, int height)                                              \
-    {                                                                                                     \
-        return run(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                   \
-                   return orv_##operation(src, srcStep,                                 \
-                                          static_cast<const float*>(tile.copy), tile.copyStep,            \
-                                          static_cast<float*>(tile.place), srcDstStep, tile.size);        \
-               }) == StatusOk;                                                                            \
+#define SRC_SRCDST_BY(run, name, operation, channels)                                                               \
+    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* srcDst, int srcDstStep,                 \
+                                      int width, int height)                                                        \
+    {                                                                                                               \
+        return run(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                             \
+                   return orv_##operation(src, srcStep, tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                                      \
     }
 
 // The constant forms: Value is float, or const float* for one value per channel.
-#define SRC_VALUE_DST(name, Value)                                                                        \
+#define SRC_VALUE_DST(name, Value)                                                                         \
     bool ImageProcessingWrapper::name(const float* src, int srcStep, Value value, float* dst, int dstStep, \
-                                      int width, int height)                                              \
-    {                                                                                                     \
-        return orv_##name(src, srcStep, value, dst, dstStep, {width, height}) == StatusOk;                \
+                                      int width, int height)                                               \
+    {                                                                                                      \
+        return orv_##name(src, srcStep, value, dst, dstStep, {width, height}) == StatusOk;                 \
     }
 
 #define VALUE_SRCDST(name, operation, Value, channels) VALUE_SRCDST_BY(in_place, name, operation, Value, channels)
-#define VALUE_SRCDST_BY(run, name, operation, Value, channels)                                            \
-    bool ImageProcessingWrapper::name(Value value, float* srcDst, int srcDstStep, int width, int height)  \
-    {                                                                                                     \
-        return run(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                   \
-                   return orv_##operation(static_cast<const float*>(tile.copy), tile.copyStep, value,     \
-                                          static_cast<float*>(tile.place), srcDstStep, tile.size);        \
-               }) == StatusOk;                                                                            \
+#define VALUE_SRCDST_BY(run, name, operation, Value, channels)                                               \
+    bool ImageProcessingWrapper::name(Value value, float* srcDst, int srcDstStep, int width, int height)     \
+    {                                                                                                        \
+        return run(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                      \
+                   return orv_##operation(tile.src, tile.srcStep, value, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                               \
     }
 
-#define SRC_DST(name)                                                                                     \
-    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* dst, int dstStep, int width,  \
-                                      int height)                                                         \
-    {                                                                                                     \
-        return orv_##name(src, srcStep, dst, dstStep, {width, height}) == StatusOk;                       \
+#define SRC_DST(name)                                                                                    \
+    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* dst, int dstStep, int width, \
+                                      int height)                                                        \
+    {                                                                                                    \
+        return orv_##name(src, srcStep, dst, dstStep, {width, height}) == StatusOk;                      \
     }
 
-#define SRCDST(name, operation, channels)                                                                 \
-    bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height)               \
-    {                                                                                                     \
-        return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
-                   return orv_##operation(static_cast<const float*>(tile.copy), tile.copyStep,            \
-                                          static_cast<float*>(tile.place), srcDstStep, tile.size);        \
-               }) == StatusOk;                                                                            \
+#define SRCDST(name, operation, channels)                                                             \
+    bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height)           \
+    {                                                                                                 \
+        return in_place(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {          \
+                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size); \
+               }) == StatusOk;                                                                        \
     }
 
 SRC_SRC_DST(Add_32f_C1, Add_32f_C1)
@@ -113,17 +109,17 @@ bool ImageProcessingWrapper::Sqrt_32f_C1I(float* srcDst, int srcDstStep, int wid
 {
     if (srcDstStep < 1) return false;  // the copy would follow such a step to rows that nobody meant
     const bool uneven = (srcDstStep & 3) != 0;
-    return in_place(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {
-               return orv_Sqrt_32f_C1(static_cast<const float*>(tile.copy), tile.copyStep, srcDst, srcDstStep, tile.size);
+    return in_place(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {
+               return orv_Sqrt_32f_C1(tile.src, tile.srcStep, srcDst, srcDstStep, tile.size);
            }, uneven) == StatusOk;
 }
 
 // In place without a temporary.
-#define EXTREME(name, operation)                                                                          \
-    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* srcDst, int srcDstStep,       \
-                                      int width, int height)                                              \
-    {                                                                                                     \
-        return orv_##operation(src, srcStep, srcDst, srcDstStep, {width, height}) == StatusOk;            \
+#define EXTREME(name, operation)                                                                    \
+    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* srcDst, int srcDstStep, \
+                                      int width, int height)                                        \
+    {                                                                                               \
+        return orv_##operation(src, srcStep, srcDst, srcDstStep, {width, height}) == StatusOk;      \
     }
 EXTREME(MaxEvery_32f_C1I, MaxEvery_32f_C1)
 EXTREME(MinEvery_32f_C1I, MinEvery_32f_C1)
@@ -139,43 +135,40 @@ bool ImageProcessingWrapper::AddProduct_16u32f_C1I(const unsigned short* src1, i
 //
 // Intended: all of these are true whatever the status, also when nothing was done.
 
-#define COMPLEX_SRC_SRC_DST(name)                                                                         \
-    bool ImageProcessingWrapper::name(const Complex32f* src1, int src1Step, const Complex32f* src2,       \
-                                      int src2Step, Complex32f* dst, int dstStep, int width, int height)  \
-    {                                                                                                     \
-        orv_##name(src1, src1Step, src2, src2Step, dst, dstStep, {width, height});                        \
-        return true;                                                                                      \
+#define COMPLEX_SRC_SRC_DST(name)                                                                        \
+    bool ImageProcessingWrapper::name(const Complex32f* src1, int src1Step, const Complex32f* src2,      \
+                                      int src2Step, Complex32f* dst, int dstStep, int width, int height) \
+    {                                                                                                    \
+        orv_##name(src1, src1Step, src2, src2Step, dst, dstStep, {width, height});                       \
+        return true;                                                                                     \
     }
 
-#define COMPLEX_SRC_SRCDST(name, operation)                                                               \
-    bool ImageProcessingWrapper::name(const Complex32f* src, int srcStep, Complex32f* srcDst,             \
-                                      int srcDstStep, int width, int height)                              \
-    {                                                                                                     \
-        in_place(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {                            \
-            return orv_##operation(src, srcStep,                                        \
-                                   static_cast<const Complex32f*>(tile.copy), tile.copyStep,              \
-                                   static_cast<Complex32f*>(tile.place), srcDstStep, tile.size);          \
-        });                                                                                               \
-        return true;                                                                                      \
+#define COMPLEX_SRC_SRCDST(name, operation)                                                                  \
+    bool ImageProcessingWrapper::name(const Complex32f* src, int srcStep, Complex32f* srcDst,                \
+                                      int srcDstStep, int width, int height)                                 \
+    {                                                                                                        \
+        in_place(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {                               \
+            return orv_##operation(src, srcStep, tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size); \
+        });                                                                                                  \
+        return true;                                                                                         \
     }
 
-#define COMPLEX_SRC_VALUE_DST(name)                                                                       \
-    bool ImageProcessingWrapper::name(const Complex32f* src, int srcStep, Complex32f value,               \
-                                      Complex32f* dst, int dstStep, int width, int height)                \
-    {                                                                                                     \
-        orv_##name(src, srcStep, value, dst, dstStep, {width, height});                                   \
-        return true;                                                                                      \
+#define COMPLEX_SRC_VALUE_DST(name)                                                         \
+    bool ImageProcessingWrapper::name(const Complex32f* src, int srcStep, Complex32f value, \
+                                      Complex32f* dst, int dstStep, int width, int height)  \
+    {                                                                                       \
+        orv_##name(src, srcStep, value, dst, dstStep, {width, height});                     \
+        return true;                                                                        \
     }
 
-#define COMPLEX_VALUE_SRCDST(name, operation)                                                             \
-    bool ImageProcessingWrapper::name(Complex32f value, Complex32f* srcDst, int srcDstStep, int width,    \
-                                      int height)                                                         \
-    {                                                                                                     \
-        in_place(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {                            \
-            return orv_##operation(static_cast<const Complex32f*>(tile.copy), tile.copyStep, value,       \
-                                   static_cast<Complex32f*>(tile.place), srcDstStep, tile.size);          \
-        });                                                                                               \
-        return true;                                                                                      \
+#define COMPLEX_VALUE_SRCDST(name, operation)                                                          \
+    bool ImageProcessingWrapper::name(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, \
+                                      int height)                                                      \
+    {                                                                                                  \
+        in_place(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {                         \
+            return orv_##operation(tile.src, tile.srcStep, value, tile.dst, tile.dstStep, tile.size);  \
+        });                                                                                            \
+        return true;                                                                                   \
     }
 
 COMPLEX_SRC_SRC_DST(Add_32fc_C1)

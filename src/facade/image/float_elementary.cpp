@@ -13,8 +13,7 @@ bool ImageProcessingWrapper::Exp_32f_C1(const float* src, int srcStep, float* ds
 
 bool ImageProcessingWrapper::Ln_32f_C1I(float* srcDst, int srcDstStep, int width, int height)
 {
-    return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {
-               return orv_Ln_32f_C1(static_cast<const float*>(tile.copy), tile.copyStep, static_cast<float*>(tile.place),
-                                    srcDstStep, tile.size);
+    return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {
+               return orv_Ln_32f_C1(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size);
            }) == StatusOk;
 }

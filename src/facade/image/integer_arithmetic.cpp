@@ -6,43 +6,40 @@
 
 using namespace orv;
 
-#define SRC_SRC_DST_SCALED(name, T)                                                                       \
-    bool ImageProcessingWrapper::name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst,   \
-                                      int dstStep, int width, int height, int scaleFactor)                \
-    {                                                                                                     \
-        return orv_##name(src1, src1Step, src2, src2Step, dst, dstStep, {width, height}, scaleFactor) ==  \
-               StatusOk;                                                                                  \
+#define SRC_SRC_DST_SCALED(name, T)                                                                      \
+    bool ImageProcessingWrapper::name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst,  \
+                                      int dstStep, int width, int height, int scaleFactor)               \
+    {                                                                                                    \
+        return orv_##name(src1, src1Step, src2, src2Step, dst, dstStep, {width, height}, scaleFactor) == \
+               StatusOk;                                                                                 \
     }
 
 // Run: in_place, or in_place_checked where the operation checks its steps.
 #define SRC_SRCDST_SCALED(name, operation, T, channels) SRC_SRCDST_SCALED_BY(in_place, name, operation, T, channels)
-#define SRC_SRCDST_SCALED_BY(run, name, operation, T, channels)                                           \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width,    \
-                                      int height, int scaleFactor)                                        \
-    {                                                                                                     \
-        return run(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                   \
-                   return orv_##operation(src, srcStep,                                 \
-                                          static_cast<const T*>(tile.copy), tile.copyStep,                \
-                                          static_cast<T*>(tile.place), srcDstStep, tile.size, scaleFactor); \
-               }) == StatusOk;                                                                            \
+#define SRC_SRCDST_SCALED_BY(run, name, operation, T, channels)                                                                  \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width,                           \
+                                      int height, int scaleFactor)                                                               \
+    {                                                                                                                            \
+        return run(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                                          \
+                   return orv_##operation(src, srcStep, tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, scaleFactor); \
+               }) == StatusOk;                                                                                                   \
     }
 
 // The constant forms: Value is T, or const T* for one value per channel.
-#define SRC_VALUE_DST_SCALED(name, T, Value)                                                              \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, Value value, T* dst, int dstStep,        \
-                                      int width, int height, int scaleFactor)                             \
-    {                                                                                                     \
-        return orv_##name(src, srcStep, value, dst, dstStep, {width, height}, scaleFactor) == StatusOk;   \
+#define SRC_VALUE_DST_SCALED(name, T, Value)                                                            \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, Value value, T* dst, int dstStep,      \
+                                      int width, int height, int scaleFactor)                           \
+    {                                                                                                   \
+        return orv_##name(src, srcStep, value, dst, dstStep, {width, height}, scaleFactor) == StatusOk; \
     }
 
-#define VALUE_SRCDST_SCALED(name, operation, T, Value, channels)                                          \
-    bool ImageProcessingWrapper::name(Value value, T* srcDst, int srcDstStep, int width, int height,      \
-                                      int scaleFactor)                                                    \
-    {                                                                                                     \
-        return in_place(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {              \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep, value,         \
-                                          static_cast<T*>(tile.place), srcDstStep, tile.size, scaleFactor); \
-               }) == StatusOk;                                                                            \
+#define VALUE_SRCDST_SCALED(name, operation, T, Value, channels)                                                          \
+    bool ImageProcessingWrapper::name(Value value, T* srcDst, int srcDstStep, int width, int height,                      \
+                                      int scaleFactor)                                                                    \
+    {                                                                                                                     \
+        return in_place(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                              \
+                   return orv_##operation(tile.src, tile.srcStep, value, tile.dst, tile.dstStep, tile.size, scaleFactor); \
+               }) == StatusOk;                                                                                            \
     }
 
 SRC_SRC_DST_SCALED(Add_8u_C1, unsigned char)

@@ -16,13 +16,12 @@ using namespace orv;
         return orv_##operation(src, srcStep, dst, dstStep, {width, height}, relation, threshold) == StatusOk;                         \
     }
 
-#define THRESHOLD_IN_PLACE(name, operation, Value, channels, relation)                                                  \
-    bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height, Value threshold)            \
-    {                                                                                                                   \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                    \
-                   return orv_##operation(static_cast<const float*>(tile.copy), tile.copyStep,                          \
-                                          static_cast<float*>(tile.place), srcDstStep, tile.size, relation, threshold); \
-               }) == StatusOk;                                                                                          \
+#define THRESHOLD_IN_PLACE(name, operation, Value, channels, relation)                                                     \
+    bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height, Value threshold)               \
+    {                                                                                                                      \
+        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                       \
+                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, relation, threshold); \
+               }) == StatusOk;                                                                                             \
     }
 
 #define THRESHOLD_VALUE(name, operation, T, relation)                                                                \
@@ -32,13 +31,12 @@ using namespace orv;
         return orv_##operation(src, srcStep, dst, dstStep, {width, height}, relation, threshold, value) == StatusOk; \
     }
 
-#define THRESHOLD_VALUE_IN_PLACE(name, operation, T, relation)                                                             \
-    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, int width, int height, T threshold, T value)              \
-    {                                                                                                                      \
-        return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const Tile& tile) {                              \
-                   return orv_##operation(static_cast<const T*>(tile.copy), tile.copyStep,                                 \
-                                          static_cast<T*>(tile.place), srcDstStep, tile.size, relation, threshold, value); \
-               }) == StatusOk;                                                                                             \
+#define THRESHOLD_VALUE_IN_PLACE(name, operation, T, relation)                                                                    \
+    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, int width, int height, T threshold, T value)                     \
+    {                                                                                                                             \
+        return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {                                     \
+                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, relation, threshold, value); \
+               }) == StatusOk;                                                                                                    \
     }
 
 #define THRESHOLD_BOTH(name, operation, Value)                                                                                       \
@@ -51,9 +49,8 @@ using namespace orv;
 #define THRESHOLD_BOTH_IN_PLACE(name, operation, Value, channels)                                                                                               \
     bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height, Value thresholdLT, Value valueLT, Value thresholdGT, Value valueGT) \
     {                                                                                                                                                           \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const Tile& tile) {                                                            \
-                   return orv_##operation(static_cast<const float*>(tile.copy), tile.copyStep,                                                                  \
-                                          static_cast<float*>(tile.place), srcDstStep, tile.size, thresholdLT, valueLT, thresholdGT, valueGT);                  \
+        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                                                            \
+                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, thresholdLT, valueLT, thresholdGT, valueGT);               \
                }) == StatusOk;                                                                                                                                  \
     }
 

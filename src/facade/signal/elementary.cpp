@@ -11,8 +11,8 @@ using namespace orv;
 
 // A vector is an image of one row.
 #define IN_PLACE(operation, T)                                                                          \
-    in_place(srcDst, 0, len, 1, 1, [](const Tile& tile) {                                               \
-        return orv_##operation(static_cast<const T*>(tile.copy), static_cast<T*>(tile.place), tile.size.width); \
+    in_place(srcDst, 0, len, 1, 1, [](const auto& tile) {                                               \
+        return orv_##operation(tile.src, tile.dst, tile.size.width); \
     })
 #define SRCDST(name, operation, T) \
     bool SignalProcessingWrapper::name(T* srcDst, int len) { return IN_PLACE(operation, T) == StatusOk; }

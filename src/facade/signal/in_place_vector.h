@@ -9,8 +9,8 @@ namespace orv {
 template <class T, class Operation>
 Status in_place_vector(T* srcDst, int len, Operation operation)
 {
-    return in_place(srcDst, 0, len, 1, 1, [=](const Tile& tile) {
-        return operation(static_cast<const T*>(tile.copy), srcDst, Length{len});
+    return in_place(srcDst, 0, len, 1, 1, [=](const auto& tile) {
+        return operation(tile.src, srcDst, Length{len});
     });
 }
 
