@@ -164,8 +164,8 @@ TEST(Comparison, SpecialFloats)
             const unsigned control = has_control ? control_register() : 0, flushing = control | 0x8040;
             if (has_control) set_control_register(flushing);
             u8 mask[5] = {1, 1, 1, 1, 1};
-            const bool done = W::CompareLess_32f_C1(&row.a, 4, &row.b, 4, mask, 1, 1, 1) & W::CompareLessEq_32f_C1(&row.a, 4, &row.b, 4, mask + 1, 1, 1, 1) &
-                              W::CompareCEq_32f_C1R(&row.a, 4, row.b, mask + 2, 1, 1, 1) & W::CompareCGreaterEq_32f_C1R(&row.a, 4, row.b, mask + 3, 1, 1, 1) &
+            const bool done = W::CompareLess_32f_C1(&row.a, 4, &row.b, 4, mask, 1, 1, 1) && W::CompareLessEq_32f_C1(&row.a, 4, &row.b, 4, mask + 1, 1, 1, 1) &&
+                              W::CompareCEq_32f_C1R(&row.a, 4, row.b, mask + 2, 1, 1, 1) && W::CompareCGreaterEq_32f_C1R(&row.a, 4, row.b, mask + 3, 1, 1, 1) &&
                               W::CompareGreater_32f_C1(&row.a, 4, &row.b, 4, mask + 4, 1, 1, 1);
             const unsigned after = has_control ? control_register() : flushing;
             if (has_control) set_control_register(control);

@@ -180,7 +180,9 @@ void check_against_oracle(Method method, int channels, Plain<T> plain, Centred<T
 {
     std::mt19937 g = make_generator("resize");
     const int pixel = channels * static_cast<int>(sizeof(T));
-    for (const auto& [from, to] : size_pairs(method, g)) {
+    for (const auto& pair : size_pairs(method, g)) {
+        const auto& from = pair.first;
+        const auto& to = pair.second;
         Image src = make_image(from.width * pixel, from.height, true, g), dst = make_image(to.width * pixel, to.height, true, g);
         paint<T>(src, g);
         const auto before = dst.bytes();

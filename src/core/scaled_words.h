@@ -57,7 +57,7 @@ struct ScaledInDouble {
 #if ORV_HAVE_VECTORS
 ORV_INLINE bool any_sign(__m128i v) { return (_mm_movemask_epi8(v) & 0x8888) != 0; }
 #if ORV_HAVE_INT256
-ORV_INLINE bool any_sign(__m256i v) { return (_mm256_movemask_epi8(v) & 0x88888888) != 0; }
+ORV_INLINE bool any_sign(__m256i v) { return (static_cast<unsigned>(_mm256_movemask_epi8(v)) & 0x88888888u) != 0; }
 #endif
 #endif
 
