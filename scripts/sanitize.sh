@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds with AddressSanitizer and UBSan and runs all tests under them. The kernels take clang a long time:
-# allow half an hour on two cores.
+# allow ten minutes on two cores.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/setup.sh sanitize
