@@ -71,11 +71,15 @@ private:
     }
     static bool upper_halves_are_tracked()
     {
+#if defined(__OPTIMIZE__)
         constexpr int kAvxLevel = 5;
         unsigned a = 0, b = 0, c = 0, d = 0;
         if (orv::orv_variant_index < kAvxLevel || __get_cpuid_count(0xD, 1, &a, &b, &c, &d) == 0 || (a & 4) == 0) return false;
         __asm__ volatile("vzeroupper" : : : "memory");
         return (parts_in_use() & 4) == 0;  // an emulator may call them used at all times
+#else
+        return false;  // without optimisation g++ never zeroes them
+#endif
     }
     bool upper_halves_in_use() const { return tracked_ && (parts_in_use() & 4) != 0; }
 
