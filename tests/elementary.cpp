@@ -227,7 +227,7 @@ TEST(Elementary, Accuracy)
     const auto cosine = exact_cosine;
     const auto exponential = [](Exact v) { return std::exp(v); };
     const auto logarithm = [](Exact v) { return std::log(v); };
-    const double bits_11 = std::exp2(-13.1), both_bits_11 = std::exp2(-11.2), bits_21 = std::exp2(-22.3), bits_50 = std::exp2(-51.2);
+    const double bits_11 = std::exp2(-12.8), both_bits_11 = std::exp2(-11.1), bits_21 = std::exp2(-22.3), bits_50 = std::exp2(-51.2);
     check_accuracy("Exp_32f", floats, W::Exp_32f, exponential, ulps<float>, 0.5001);
     check_accuracy("Sin", floats, W::Sin_32f_A11, sine, relative<float>, bits_11);
     check_accuracy("Cos", floats, W::Cos_32f_A11, cosine, relative<float>, bits_11);
