@@ -47,6 +47,10 @@ emulated() {
         bash -c "qemu-i386 -cpu $1 build/i386/tests/orvane_tests --brief $seed --expect-level=$2 2>&1"
 }
 
+have_lapack_sources() {
+    [ -d build/lapack ] || scripts/fetch_lapack.sh "$PWD/build/lapack" > "$log_folder/lapack.log" 2>&1
+}
+
 build() { cmake --preset "$1" && cmake --build --preset "$1"; }
 
 scripts/setup.sh test || { echo "some packages are missing; going on with what there is"; }
@@ -62,7 +66,7 @@ check "static library" scripts/check_package.sh --static
 
 if ! echo 'int main(){}' | g++ -m32 -x c++ - -o /dev/null 2> /dev/null; then
     skip "32 bit" "g++-multilib is not there"
-elif [ ! -d build/lapack ] && ! scripts/fetch_lapack.sh "$PWD/build/lapack" > "$log_folder/lapack.log" 2>&1; then
+elif ! have_lapack_sources; then
     skip "32 bit" "the sources of LAPACK cannot be had"
 elif check "build, 32 bit" build i386; then
     tests "tests, 32 bit" build/i386/tests/orvane_tests $seed
@@ -81,7 +85,7 @@ fi
 # The Windows DLL, under Wine.
 if ! scripts/setup.sh windows > "$log_folder/setup_windows.log" 2>&1; then
     skip "Windows" "the cross compilers are not there ($log_folder/setup_windows.log)"
-elif [ ! -d build/lapack ] && ! scripts/fetch_lapack.sh "$PWD/build/lapack" > "$log_folder/lapack.log" 2>&1; then
+elif ! have_lapack_sources; then
     skip "Windows" "the sources of LAPACK cannot be had"
 elif check "build, Windows" build windows; then
     check "exports of the DLL" tests/check_exports.sh build/windows/src/dll/orvane.dll

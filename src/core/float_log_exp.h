@@ -26,17 +26,6 @@ private:
     Status status_ = StatusOk;
 };
 
-// Where pairs of floats are the quicker way, the formulas in double are for the few values that they leave.
-#if ORV_HAVE_FUSED
-constexpr int kQuickStep = 2 * kFloats;  // one test for two registers
-#define ORV_IN_DOUBLE __attribute__((noinline))
-#else
-constexpr int kQuickStep = kFloats;
-ORV_INLINE bool quick_ln(const float*, float*) { return false; }
-ORV_INLINE bool quick_exp(const float*, float*) { return false; }
-#define ORV_IN_DOUBLE ORV_INLINE
-#endif
-
 struct LnOfFloats {
     static constexpr int N = kQuickStep;
     FirstLogWarning warning;
@@ -100,7 +89,6 @@ private:
         }
     }
 };
-#undef ORV_IN_DOUBLE
 
 }  // namespace ORV_LEVEL
 }  // namespace orv

@@ -5,10 +5,18 @@
 // to the rounded sum, the formula in double, which lies closer to the exact value still, rounds to the same
 // float. The rest, a few values in a thousand, is left to that formula.
 //
-// Pairs rely on fused multiply-add for exact products: elsewhere they would cost more than doubles.
+// Pairs rely on fused multiply-add for exact products: elsewhere they would cost more than doubles, and the
+// quick_ functions made of them leave everything to the formulas in double.
 #pragma once
 
 #include "core/lanes.h"
+
+// A formula in double that is for what a quick_ function leaves: few values, or all.
+#if ORV_HAVE_FUSED
+#define ORV_IN_DOUBLE __attribute__((noinline))
+#else
+#define ORV_IN_DOUBLE ORV_INLINE
+#endif
 
 #if ORV_HAVE_FUSED
 

@@ -4,14 +4,14 @@
 
 #include "core/pairs_of_floats.h"
 
-#if ORV_HAVE_FUSED
-
 namespace orv {
 inline namespace ORV_LEVEL {
 
+// All lanes, or false.
+#if ORV_HAVE_FUSED
 // The root of the rounded sum, and a step of Newton's from what is left of the exact sum. Its error is
 // below 2^-46 of the result.
-ORV_INLINE Rounded quick_hypotenuse(floats a, floats b)
+ORV_INLINE bool quick_hypotenuse(floats a, floats b, floats* result)
 {
     const floats aa = a * a, bb = b * b;
     const floats rests = fused(a, a, floats(0.0f) - aa) + fused(b, b, floats(0.0f) - bb);
@@ -25,10 +25,12 @@ ORV_INLINE Rounded quick_hypotenuse(floats a, floats b)
     const Rounded sum = round_pair(root, correction, 0x1p-44f);
     const mask32 in_range = less_equal(0x1p-60f, most) & less_equal(most, 0x1p120f);
     const mask32 zeros = equal(from_bits(bits(a) | bits(b)), 0.0f);
-    return {sum.value, sum.sure & (in_range | zeros)};
+    *result = sum.value;
+    return __builtin_expect(all_of(sum.sure & (in_range | zeros)), 1);
 }
+#else
+ORV_INLINE bool quick_hypotenuse(floats, floats, floats*) { return false; }
+#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace orv
-
-#endif  // ORV_HAVE_FUSED

@@ -4,10 +4,11 @@
 
 #include "core/pairs_of_floats.h"
 
-#if ORV_HAVE_FUSED
-
 namespace orv {
 inline namespace ORV_LEVEL {
+
+#if ORV_HAVE_FUSED
+constexpr int kQuickStep = 2 * kFloats;  // one test for two registers
 
 // exp(x) for |x| < 60. x = k ln2/8 + r with |r| <= ln2/16, so exp(x) = 2^(k/8) exp(r). The polynomials were
 // fitted with Sollya's fpminimax.
@@ -88,8 +89,11 @@ ORV_INLINE bool quick_exp(const float* src, float* dst)
     store(dst + kFloats, y1.value);
     return true;
 }
+#else
+constexpr int kQuickStep = kFloats;
+ORV_INLINE bool quick_ln(const float*, float*) { return false; }
+ORV_INLINE bool quick_exp(const float*, float*) { return false; }
+#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace orv
-
-#endif  // ORV_HAVE_FUSED

@@ -61,7 +61,9 @@ ORV_INLINE bool any_sign(__m256i v) { return (static_cast<unsigned>(_mm256_movem
 #endif
 #endif
 
-struct SumSaturated : Saturated<int32_t, Sum<int32_t>> {
+template <>
+struct Saturated<int32_t, Sum<int32_t>> {
+    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Sum<int32_t>::exact(a, b)); }
 #if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
@@ -71,7 +73,9 @@ struct SumSaturated : Saturated<int32_t, Sum<int32_t>> {
     }
 #endif
 };
-struct DifferenceSaturated : Saturated<int32_t, Difference<int32_t>> {
+template <>
+struct Saturated<int32_t, Difference<int32_t>> {
+    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Difference<int32_t>::exact(a, b)); }
 #if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
@@ -123,15 +127,12 @@ ORV_INLINE ScaledInDouble<Kind> scaled_in_double_by(int scaleFactor)
 #endif
 }
 
-template <class Kind> struct SaturatedForm { using type = SumSaturated; };
-template <> struct SaturatedForm<Difference<int32_t>> { using type = DifferenceSaturated; };
-
 // Runs `loop` with a form of the sum or the difference that is exact for the scale factor.
 template <class Kind, class Loop>
 ORV_INLINE void with_scaled_words(int scaleFactor, Loop loop)
 {
     if (scaleFactor == 0) {
-        loop(typename SaturatedForm<Kind>::type{});
+        loop(Saturated<int32_t, Kind>{});
     } else {
         loop(scaled_in_double_by<Kind>(scaleFactor));
     }

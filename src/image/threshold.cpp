@@ -117,7 +117,6 @@ template <class T> ORV_INLINE T comparable(T threshold) { return static_cast<T>(
 // The same constants for every element.
 template <class T, class Rule>
 struct ForAll {
-    static constexpr bool kTwoAtATime = true;
     T constant[Rule::kConstants];
     ORV_INLINE T one(T pixel) const { return Rule::apply(constant, pixel); }
 #if ORV_HAVE_VECTORS

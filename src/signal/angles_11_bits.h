@@ -115,6 +115,17 @@ struct ReducedAngle {
     ints n;
 };
 
+// For sine and cosine alone, which count half turns: even or odd multiples of a quarter turn.
+template <Multiples multiples>
+ORV_INLINE void replace_far_by_halves(const float* src, ReducedAngle* angle)
+{
+    const ints first(multiples == Multiples::odd ? 1 : 0);
+    FarAngles far(angle->r, shift_left<1>(angle->n) + first);
+    far.replace<multiples>(src);
+    angle->r = load_floats(far.r);
+    angle->n = shift_right<1>(load_ints(far.quadrant));
+}
+
 struct Sine {
     using Reduced = ReducedAngle;
     static constexpr float kHalfTurn = 1;
@@ -131,13 +142,7 @@ struct Sine {
         // Odd multiples of pi change the sign.
         store(dst[0] + at, sine_11_bits<1>(angle.r) ^ from_bits(shift_left<31>(angle.n)));
     }
-    static void replace_far(const float* src, Reduced* angle)
-    {
-        FarAngles far(angle->r, shift_left<1>(angle->n));
-        far.replace<Multiples::even>(src);
-        angle->r = load_floats(far.r);
-        angle->n = shift_right<1>(load_ints(far.quadrant));
-    }
+    static void replace_far(const float* src, Reduced* angle) { replace_far_by_halves<Multiples::even>(src, angle); }
 };
 
 struct Cosine {
@@ -157,13 +162,7 @@ struct Cosine {
     {
         store(dst[0] + at, sine_11_bits<-1>(angle.r) ^ from_bits(shift_left<31>(angle.n)));
     }
-    static void replace_far(const float* src, Reduced* angle)
-    {
-        FarAngles far(angle->r, shift_left<1>(angle->n) + ints(1));
-        far.replace<Multiples::odd>(src);
-        angle->r = load_floats(far.r);
-        angle->n = shift_right<1>(load_ints(far.quadrant));
-    }
+    static void replace_far(const float* src, Reduced* angle) { replace_far_by_halves<Multiples::odd>(src, angle); }
 };
 
 struct SineAndCosine {

@@ -120,16 +120,14 @@ struct Atan2OfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
-#if ORV_HAVE_FUSED
-        const Rounded quick = quick_arctangent(load_floats(src[0]), load_floats(src[1]));
-        if (__builtin_expect(all_of(quick.sure), 1)) return store(dst[0], quick.value);
+        floats quick;
+        if (quick_arctangent(load_floats(src[0]), load_floats(src[1]), &quick)) return store(dst[0], quick);
         in_double(src, dst);
     }
 
 private:
-    static __attribute__((noinline)) void in_double(const float* const* src, float* const* dst)
+    static ORV_IN_DOUBLE void in_double(const float* const* src, float* const* dst)
     {
-#endif
         for (int i = 0; i < N; i += kDoubles) {
             const doubles y = load_doubles(src[0] + i), x = load_doubles(src[1] + i);
             // Infinities and two zeros would divide into NaNs.
@@ -139,8 +137,6 @@ private:
             else store(dst[0] + i, anywhere(y, x));
         }
     }
-
-private:
     // As C has it: zeros and infinities stand for their limits, a NaN gives the quiet NaN.
     static doubles anywhere(doubles y, doubles x)
     {
@@ -165,16 +161,14 @@ struct HypotOfFloats {
     static constexpr int N = kFloats;
     ORV_INLINE void step(const float* const* src, float* const* dst) const
     {
-#if ORV_HAVE_FUSED
-        const Rounded quick = quick_hypotenuse(load_floats(src[0]), load_floats(src[1]));
-        if (__builtin_expect(all_of(quick.sure), 1)) return store(dst[0], quick.value);
+        floats quick;
+        if (quick_hypotenuse(load_floats(src[0]), load_floats(src[1]), &quick)) return store(dst[0], quick);
         in_double(src, dst);
     }
 
 private:
-    static __attribute__((noinline)) void in_double(const float* const* src, float* const* dst)
+    static ORV_IN_DOUBLE void in_double(const float* const* src, float* const* dst)
     {
-#endif
         for (int i = 0; i < N; i += kDoubles) {
             const doubles a = load_doubles(src[0] + i), b = load_doubles(src[1] + i);
             const doubles sum = a * a + b * b;  // the squares are exact and far from overflow

@@ -4,18 +4,18 @@
 
 #include "core/pairs_of_floats.h"
 
-#if ORV_HAVE_FUSED
-
 namespace orv {
 inline namespace ORV_LEVEL {
 
+// All lanes, or false.
+#if ORV_HAVE_FUSED
 // The smaller of the two sizes over the larger one, u, lies near a multiple c of 1/8, and
 //     atan(u) = atan(c) + atan(v),   v = (smaller - c larger) / (larger + c smaller),
 // whose numerator is exact, and |v| < 1/14. Octants follow from a quarter or a half turn.
 //
 // The error of a result is below 2^-31.5 |v|, from three roundings of v^3/3 and one of its sum with the rest
 // of v, and below 2^-36 of the result elsewhere; the formula in double errs by 2^-35 of the result.
-ORV_INLINE Rounded quick_arctangent(floats y, floats x)
+ORV_INLINE bool quick_arctangent(floats y, floats x, floats* result)
 {
     alignas(32) static const float eighths[8] = {0, 1 / 8.f, 2 / 8.f, 3 / 8.f, 4 / 8.f, 5 / 8.f, 6 / 8.f, 7 / 8.f};
     alignas(32) static const float angle_high[8] = {0, 0x1.fd5baap-4f, 0x1.f5b76p-3f, 0x1.6f6194p-2f, 0x1.dac67p-2f, 0x1.1e00bap-1f, 0x1.4978fap-1f, 0x1.700a7cp-1f};
@@ -58,10 +58,12 @@ ORV_INLINE Rounded quick_arctangent(floats y, floats x)
     const mask32 sure = equal(value, sum + (sum_rest - margin));
     const mask32 in_range = less_equal(0x1p-40f, most) & less_equal(most, 0x1p40f) &
                             (less_equal(0x1p-60f, least) | equal(least, 0.0f));
-    return {from_bits(bits(value) | (bits(y) & ints(0x80000000))), sure & in_range};
+    *result = from_bits(bits(value) | (bits(y) & ints(0x80000000)));
+    return __builtin_expect(all_of(sure & in_range), 1);
 }
+#else
+ORV_INLINE bool quick_arctangent(floats, floats, floats*) { return false; }
+#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace orv
-
-#endif  // ORV_HAVE_FUSED

@@ -45,12 +45,7 @@ ORV_INLINE double root_of_squares(double re, double im)
 #if ORV_HAVE_VECTORS
 using F = simd::widest<float>;
 
-#if ORV_HAVE_FUSED
-__attribute__((noinline))
-#else
-ORV_INLINE
-#endif
-F magnitude_in_double(const float* re, const float* im)
+ORV_IN_DOUBLE F magnitude_in_double(const float* re, const float* im)
 {
     simd::pair<simd::vec<double, simd::double_widest>> x, y;
     simd::load_to(x, re);
@@ -65,10 +60,8 @@ F magnitude_in_double(const float* re, const float* im)
 
 ORV_INLINE F magnitude(const float* re, const float* im)
 {
-#if ORV_HAVE_FUSED
-    const Rounded quick = quick_hypotenuse(load_floats(re), load_floats(im));
-    if (__builtin_expect(all_of(quick.sure), 1)) return {quick.value.v};
-#endif
+    floats quick;
+    if (quick_hypotenuse(load_floats(re), load_floats(im), &quick)) return {quick.v};
     return magnitude_in_double(re, im);
 }
 #endif
