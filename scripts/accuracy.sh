@@ -1,7 +1,7 @@
 #!/bin/sh
 # Largest errors of the elementary functions over all floats, as a table on standard output: about half an
 # hour. Goes into docs/accuracy.md.
-#     scripts/accuracy.sh [step [random arguments]]
+#     scripts/accuracy.sh [step [random arguments [filter]]]
 set -e
 cd "$(dirname "$0")/.."
 cmake --preset release > /dev/null

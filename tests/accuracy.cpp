@@ -1,10 +1,11 @@
 // The largest errors of the elementary functions: over every float for functions of one float, over random
 // arguments else. Prints a table in Markdown.
 //
-//     accuracy [step [random arguments]]
+//     accuracy [step [random arguments [filter]]]
 //
-// With a step above 1 only every so many-th float is tried. The oracle is the C library in double for float
-// results, which leaves an uncertainty of 2^-28 units, and in long double for double results.
+// With a step above 1 only every so many-th float is tried; with a filter, only functions that have it in
+// their name. The oracle is the C library in double for float results, which leaves an uncertainty of 2^-28
+// units, and in long double for double results.
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -48,12 +49,43 @@ double relative(Exact exact, T got)
     return static_cast<double>(std::fabs((got - exact) / exact));
 }
 
-void row(const char* name, const char* unit, const Worst& worst)
+// Pairs of all bit patterns, and of integers up to 2^24.
+template <class Kernel, class Reference>
+Worst worst_pair(long count, Kernel kernel, Reference reference)
 {
-    if (unit[0] == 'u') std::printf("| %s | %.6f ulp | %a |\n", name, worst.error, worst.at);
-    else std::printf("| %s | 2^%.2f | %a |\n", name, std::log2(worst.error), worst.at);
-    std::fflush(stdout);
+    Worst worst;
+    std::mt19937_64 g(2);
+    std::vector<float> y(kBlock), x(kBlock), result(kBlock);
+    for (long done = 0; done < count; done += kBlock) {
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            const std::uint64_t word = g();
+            std::memcpy(&y[i], &word, 4);
+            std::memcpy(&x[i], reinterpret_cast<const char*>(&word) + 4, 4);
+            if (i % 2 == 0) x[i] = static_cast<float>(word >> 40) + 1, y[i] = static_cast<float>(word & 0xFFFFFF);
+        }
+        kernel(y.data(), x.data(), result.data(), kBlock);
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            if (std::isnan(y[i]) || std::isnan(x[i])) continue;
+            worst.note(ulps(reference(double{y[i]}, double{x[i]}), result[i]), y[i], x[i]);
+        }
+    }
+    return worst;
 }
+
+// Prints what measure() finds, if the function is wanted.
+struct Table {
+    const char* filter;
+
+    template <class Measure>
+    void row(const char* name, const char* unit, Measure measure) const
+    {
+        if (std::strstr(name, filter) == nullptr) return;
+        const Worst worst = measure();
+        if (unit[0] == 'u') std::printf("| %s | %.6f ulp | %a |\n", name, worst.error, worst.at);
+        else std::printf("| %s | 2^%.2f | %a |\n", name, std::log2(worst.error), worst.at);
+        std::fflush(stdout);
+    }
+};
 
 // Calls visit(x, n) with blocks of floats of all bit patterns between two.
 template <class Visit>
@@ -101,6 +133,7 @@ int main(int argc, char** argv)
 {
     const std::uint32_t step = argc > 1 ? static_cast<std::uint32_t>(std::atol(argv[1])) : 1;
     const long count = argc > 2 ? std::atol(argv[2]) : 1000000000;
+    const Table table{argc > 3 ? argv[3] : ""};
     const std::uint32_t all = 0xFFFFFFFF, positive = 0x7F7FFFFF, normal = 0x00800000;
     const auto exponential = [](auto v) { return std::exp(v); };
     const auto logarithm = [](auto v) { return std::log(v); };
@@ -110,56 +143,58 @@ int main(int argc, char** argv)
     const auto relative_f = [](double exact, float got) { return relative(exact, got); };
     const auto ulps_d = [](long double exact, double got) { return ulps(exact, got); };
     const auto relative_d = [](long double exact, double got) { return relative(exact, got); };
+    const auto floats = [&](const char* name, auto kernel, auto reference) {
+        table.row(name, "relative", [&] { return worst_float(0, all, step, kernel, reference, relative_f); });
+    };
+    const auto doubles_ulps = [&](const char* name, double low, double high, bool logarithmic, auto kernel, auto reference) {
+        table.row(name, "ulp", [&] { return worst_double(low, high, logarithmic, count, kernel, reference, ulps_d); });
+    };
+    const auto angles = [&](const char* name, double low, double high, bool logarithmic, auto kernel, auto reference) {
+        const long few = low >= 17 ? count / 10 : count;  // the oracle is slow there
+        table.row(name, "relative", [&] { return worst_double(low, high, logarithmic, few, kernel, reference, relative_d); });
+    };
     std::vector<float> other(kBlock);
     std::vector<double> other_d(kBlock);
 
     std::printf("| function | largest error | at |\n|---|---|---|\n");
-    row("Ln_32f_C1I", "ulp", worst_float(1, positive, step, [](const float* x, float* y, int n) {
-            orv::orv_Ln_32f_C1(x, 4 * n, y, 4 * n, {n, 1}); }, logarithm, ulps_f));
-    // Below -87.3365478515625, the image's exponential is zero by definition.
+    const auto image_ln = [](const float* x, float* y, int n) { orv::orv_Ln_32f_C1(x, 4 * n, y, 4 * n, {n, 1}); };
     const auto image_exp = [](const float* x, float* y, int n) { orv::orv_Exp_32f_C1(x, 4 * n, y, 4 * n, {n, 1}); };
-    Worst both = worst_float(0, 0x7F800000, step, image_exp, exponential, ulps_f);
-    const Worst negative = worst_float(0x80000000, 0xC2AEAC4F, step, image_exp, exponential, ulps_f);
-    row("Exp_32f_C1", "ulp", both.error > negative.error ? both : negative);
-    row("Exp_32f", "ulp", worst_float(0, all, step, orv::orv_Exp_32f, exponential, ulps_f));
-    row("Sin_32f_A11", "relative", worst_float(0, all, step, orv::orv_Sin_32f_A11, sine, relative_f));
-    row("Cos_32f_A11", "relative", worst_float(0, all, step, orv::orv_Cos_32f_A11, cosine, relative_f));
-    row("SinCos_32f_A11, sine", "relative", worst_float(0, all, step, [&](const float* x, float* y, int n) {
-            orv::orv_SinCos_32f_A11(x, y, other.data(), n); }, sine, relative_f));
-    row("SinCos_32f_A11, cosine", "relative", worst_float(0, all, step, [&](const float* x, float* y, int n) {
-            orv::orv_SinCos_32f_A11(x, other.data(), y, n); }, cosine, relative_f));
-    row("Exp_32f_A21 (normal results)", "relative", worst_float(0, all, step, orv::orv_Exp_32f_A21, exponential, relative_f));
-    row("Ln_32f_A21", "relative", worst_float(normal, positive, step, orv::orv_Ln_32f_A21, logarithm, relative_f));
+    table.row("Ln_32f_C1I", "ulp", [&] { return worst_float(1, positive, step, image_ln, logarithm, ulps_f); });
+    table.row("Exp_32f_C1", "ulp", [&] {
+        // Below -87.3365478515625, the image's exponential is zero by definition.
+        const Worst rising = worst_float(0, 0x7F800000, step, image_exp, exponential, ulps_f);
+        const Worst falling = worst_float(0x80000000, 0xC2AEAC4F, step, image_exp, exponential, ulps_f);
+        return rising.error > falling.error ? rising : falling;
+    });
+    table.row("Exp_32f", "ulp", [&] { return worst_float(0, all, step, orv::orv_Exp_32f, exponential, ulps_f); });
+    const auto sine_11 = [&](const float* x, float* y, int n) { orv::orv_SinCos_32f_A11(x, y, other.data(), n); };
+    const auto cosine_11 = [&](const float* x, float* y, int n) { orv::orv_SinCos_32f_A11(x, other.data(), y, n); };
+    floats("Sin_32f_A11", orv::orv_Sin_32f_A11, sine);
+    floats("Cos_32f_A11", orv::orv_Cos_32f_A11, cosine);
+    floats("SinCos_32f_A11, sine", sine_11, sine);
+    floats("SinCos_32f_A11, cosine", cosine_11, cosine);
+    floats("Exp_32f_A21 (normal results)", orv::orv_Exp_32f_A21, exponential);
+    table.row("Ln_32f_A21", "relative", [&] {
+        return worst_float(normal, positive, step, orv::orv_Ln_32f_A21, logarithm, relative_f);
+    });
 
-    row("Exp_64f", "ulp", worst_double(-708, 709.7, false, count, orv::orv_Exp_64f, exponential, ulps_d));
-    row("Exp_64f, +-1", "ulp", worst_double(-1, 1, false, count, orv::orv_Exp_64f, exponential, ulps_d));
-    row("Ln_64f", "ulp", worst_double(-1074, 1024, true, count, orv::orv_Ln_64f, logarithm, ulps_d));
-    row("Ln_64f, 0.5 to 2", "ulp", worst_double(0.5, 2, false, count, orv::orv_Ln_64f, logarithm, ulps_d));
+    doubles_ulps("Exp_64f", -708, 709.7, false, orv::orv_Exp_64f, exponential);
+    doubles_ulps("Exp_64f, +-1", -1, 1, false, orv::orv_Exp_64f, exponential);
+    doubles_ulps("Ln_64f", -1074, 1024, true, orv::orv_Ln_64f, logarithm);
+    doubles_ulps("Ln_64f, 0.5 to 2", 0.5, 2, false, orv::orv_Ln_64f, logarithm);
     const auto sine_50 = [&](const double* x, double* y, int n) { orv::orv_SinCos_64f_A50(x, y, other_d.data(), n); };
     const auto cosine_50 = [&](const double* x, double* y, int n) { orv::orv_SinCos_64f_A50(x, other_d.data(), y, n); };
-    row("SinCos_64f_A50, sine to 10", "relative", worst_double(0, 10, false, count, sine_50, sine, relative_d));
-    row("SinCos_64f_A50, cosine to 10", "relative", worst_double(0, 10, false, count, cosine_50, cosine, relative_d));
-    row("SinCos_64f_A50, sine 2^-300 to 2^17", "relative", worst_double(-300, 17, true, count, sine_50, sine, relative_d));
-    row("SinCos_64f_A50, cosine 2^17 to 2^62", "relative", worst_double(17, 62, true, count / 10, cosine_50, cosine, relative_d));
+    angles("SinCos_64f_A50, sine to 10", 0, 10, false, sine_50, sine);
+    angles("SinCos_64f_A50, cosine to 10", 0, 10, false, cosine_50, cosine);
+    angles("SinCos_64f_A50, sine 2^-300 to 2^17", -300, 17, true, sine_50, sine);
+    angles("SinCos_64f_A50, cosine 2^17 to 2^62", 17, 62, true, cosine_50, cosine);
 
-    Worst angle, length;
-    std::mt19937_64 g(2);
-    std::vector<float> y(kBlock), x(kBlock), a(kBlock), l(kBlock);
-    for (long done = 0; done < count; done += kBlock) {
-        for (std::size_t i = 0; i < kBlock; ++i) {
-            const std::uint64_t word = g();
-            std::memcpy(&y[i], &word, 4);
-            std::memcpy(&x[i], reinterpret_cast<const char*>(&word) + 4, 4);
-            if (i % 2 == 0) x[i] = static_cast<float>(word >> 40) + 1, y[i] = static_cast<float>(word & 0xFFFFFF);
-        }
-        orv::orv_Atan2_32f_A24(y.data(), x.data(), a.data(), kBlock);
-        orv::orv_Hypot_32f_A24(y.data(), x.data(), l.data(), kBlock);
-        for (std::size_t i = 0; i < kBlock; ++i) {
-            if (std::isnan(y[i]) || std::isnan(x[i])) continue;
-            angle.note(ulps(std::atan2(double{y[i]}, double{x[i]}), a[i]), y[i], x[i]);
-            length.note(ulps(std::sqrt(static_cast<long double>(y[i]) * y[i] + static_cast<long double>(x[i]) * x[i]), l[i]), y[i], x[i]);
-        }
-    }
-    row("Atan2_32f_A24", "ulp", angle);
-    row("Hypot_32f_A24", "ulp", length);
+    table.row("Atan2_32f_A24", "ulp", [&] {
+        return worst_pair(count, orv::orv_Atan2_32f_A24, [](double y, double x) { return std::atan2(y, x); });
+    });
+    table.row("Hypot_32f_A24", "ulp", [&] {
+        return worst_pair(count, orv::orv_Hypot_32f_A24, [](double y, double x) {
+            return std::sqrt(static_cast<long double>(y) * y + static_cast<long double>(x) * x);
+        });
+    });
 }

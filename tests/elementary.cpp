@@ -251,6 +251,37 @@ TEST(Elementary, Accuracy)
     check_accuracy("cosine A11", floats, [&](const float* s, float* d, int n) { W::SinCos_32f_A11(s, other.data(), d, n); }, cosine, relative<float>, both_bits_11);
 }
 
+// Floats next to the multiples of pi/4, where roots and the bounds between multiples lie.
+TEST(Elementary, AnglesNextToMultiplesOfPi)
+{
+    std::vector<float> x;
+    for (int multiple = -1100; multiple <= 1100; ++multiple) {
+        const std::uint32_t middle = bits_of(static_cast<float>(multiple * 0.785398163397448309));
+        for (std::uint32_t b = middle - 3; b != middle + 4; ++b) x.push_back(float_of(b));
+    }
+    const int n = static_cast<int>(x.size());
+    std::vector<float> want[4], got[4];
+    for (auto& v : want) v.resize(x.size());
+    for (auto& v : got) v.resize(x.size());
+    for (int level = 0; level <= orv::orv_variant_index; ++level) {
+        std::vector<float>* const y = level == 0 ? want : got;
+        orv::orv_Sin_32f_A11.variant[level](x.data(), y[0].data(), n);
+        orv::orv_Cos_32f_A11.variant[level](x.data(), y[1].data(), n);
+        orv::orv_SinCos_32f_A11.variant[level](x.data(), y[2].data(), y[3].data(), n);
+        if (level == 0) continue;
+        for (int k = 0; k < 4; ++k) {
+            for (std::size_t i = 0; i < x.size(); ++i) ASSERT_EQ(bits_of(want[k][i]), bits_of(got[k][i])) << k << " of " << x[i] << " at level " << level;
+        }
+    }
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        const Exact sine = exact_sine(Exact{x[i]}), cosine = exact_cosine(Exact{x[i]});
+        ASSERT_LE(relative<float>(sine, want[0][i]), std::exp2(-12.8)) << x[i];
+        ASSERT_LE(relative<float>(cosine, want[1][i]), std::exp2(-12.8)) << x[i];
+        ASSERT_LE(relative<float>(sine, want[2][i]), std::exp2(-11.1)) << x[i];
+        ASSERT_LE(relative<float>(cosine, want[3][i]), std::exp2(-11.1)) << x[i];
+    }
+}
+
 // The hardest angles and the largest: exact values from a computation with 2000 digits.
 TEST(Elementary, HardAngles)
 {

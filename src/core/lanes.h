@@ -55,6 +55,11 @@ constexpr float kRoundFloat = 0x1.8p23f;
 ORV_INLINE bool all_of(mask64 m) { return lanes_of(m) == (1u << kDoubles) - 1; }
 ORV_INLINE bool all_of(mask32 m) { return lanes_of(m) == (1u << kFloats) - 1; }
 
+// The sign bit where this bit, 0 or 1, is set.
+#if !ORV_HAVE_INT256
+template <int bit> ORV_INLINE ints sign_if(ints a) { return shift_left<31 - bit>(a) & ints(0x80000000); }
+#endif
+
 ORV_INLINE doubles magnitude(doubles x) { return from_bits(bits(x) & words(0x7FFFFFFFFFFFFFFF)); }
 ORV_INLINE floats magnitude(floats x) { return from_bits(bits(x) & ints(0x7FFFFFFF)); }
 
