@@ -26,69 +26,50 @@ private:
     Status status_ = StatusOk;
 };
 
-struct LnOfFloats {
-    static constexpr int N = kQuickStep;
+struct LnOfFloat : QuickLn {
+    static constexpr int kSources = 1;
     FirstLogWarning warning;
 
-    ORV_INLINE void step(const float* const* src, float* const* dst)
+    ORV_INLINE void in_double(const float* const* src, int at, float* dst)
     {
-        if (!quick_ln(src[0], dst[0])) in_double(src[0], dst[0]);
+        const doubles x = load_doubles(src[0] + at);
+        const doubles y = ln_for_float(x);
+        if (__builtin_expect(all_of(less(0.0, x) & less(x, __builtin_inf())), 1)) store(dst, y);
+        else special(x, y, dst);
     }
 
 private:
-    ORV_IN_DOUBLE void in_double(const float* src, float* dst)
+    __attribute__((noinline)) void special(doubles x, doubles y, float* dst)
     {
-        for (int i = 0; i < N; i += kFloats) {
-            const floats x = load_floats(src + i);
-            if (__builtin_expect(all_of(less(0.0f, x) & less(x, __builtin_inff())), 1)) {
-                for (int k = i; k < i + kFloats; k += kDoubles) store(dst + k, ln_for_float(load_doubles(src + k)));
-            } else {
-                specials(src + i, dst + i);
-            }
-        }
-    }
-    __attribute__((noinline)) void specials(const float* src, float* dst)
-    {
-        for (int i = 0; i < kFloats; i += kDoubles) {
-            const doubles x = load_doubles(src + i);
-            LogEvents events;
-            store(dst + i, ln_of_specials(x, ln_for_float(x), &events));
-            warning.note(events);
-        }
+        LogEvents events;
+        store(dst, ln_of_specials(x, y, &events));
+        warning.note(events);
     }
 };
 
 // With to_zero, results below the normal floats are zero; else they are subnormal.
 template <bool to_zero>
-struct ExpOfFloats {
-    static constexpr int N = kQuickStep;
+struct ExpOfFloat : QuickExp {
+    static constexpr int kSources = 1;
 
-    ORV_INLINE void step(const float* const* src, float* const* dst) const
+    static ORV_INLINE void in_double(const float* const* src, int at, float* dst)
     {
-        if (!quick_exp(src[0], dst[0])) in_double(src[0], dst[0]);
+        const doubles x = load_doubles(src[0] + at);
+        if (__builtin_expect(all_of(less(magnitude(x), 87.0)), 1)) store(dst, exp_for_float(x));
+        else special(x, dst);
     }
 
 private:
-    static ORV_IN_DOUBLE void in_double(const float* src, float* dst)
+    static __attribute__((noinline)) void special(doubles x, float* dst)
     {
-        for (int i = 0; i < N; i += kFloats) {
-            if (__builtin_expect(all_of(less(magnitude(load_floats(src + i)), 87.0f)), 1)) {
-                for (int k = i; k < i + kFloats; k += kDoubles) store(dst + k, exp_for_float(load_doubles(src + k)));
-            } else {
-                specials(src + i, dst + i);
-            }
-        }
-    }
-    static __attribute__((noinline)) void specials(const float* src, float* dst)
-    {
-        for (int i = 0; i < kFloats; i += kDoubles) {
-            const doubles x = load_doubles(src + i);
-            doubles y = exp_for_float_anywhere(x);
-            if (to_zero) y = and_not(less_equal(x, -87.3365478515625), y);
-            store(dst + i, y);
-        }
+        doubles y = exp_for_float_anywhere(x);
+        if (to_zero) y = and_not(less_equal(x, -87.3365478515625), y);
+        store(dst, y);
     }
 };
+
+using LnOfFloats = QuickSteps<LnOfFloat>;
+template <bool to_zero> using ExpOfFloats = QuickSteps<ExpOfFloat<to_zero>>;
 
 }  // namespace ORV_LEVEL
 }  // namespace orv

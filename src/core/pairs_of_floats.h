@@ -5,11 +5,13 @@
 // to the rounded sum, the formula in double, which lies closer to the exact value still, rounds to the same
 // float. The rest, a few values in a thousand, is left to that formula.
 //
-// Pairs rely on fused multiply-add for exact products: elsewhere they would cost more than doubles, and the
-// quick_ functions made of them leave everything to the formulas in double.
+// Pairs rely on fused multiply-add for exact products: elsewhere they would cost more than doubles, and everything
+// is left to the formulas in double.
 #pragma once
 
-#include "core/lanes.h"
+#include <type_traits>
+
+#include "core/two_registers.h"
 
 // A formula in double that is for what a quick_ function leaves: few values, or all.
 #if ORV_HAVE_FUSED
@@ -18,24 +20,61 @@
 #define ORV_IN_DOUBLE ORV_INLINE
 #endif
 
-#if ORV_HAVE_FUSED
-
 namespace orv {
 inline namespace ORV_LEVEL {
 
-struct Rounded {
-    floats value;
-    mask32 sure;
+#if ORV_HAVE_FUSED
+template <class F, class Mask>
+struct RoundedPair {
+    F value;
+    Mask sure;
 };
+using Rounded = RoundedPair<floats, mask32>;
+using Rounded2 = RoundedPair<floats2, mask2>;
 
 // high + low, rounded, and whether an error of `margin` times the sum leaves it so.
-ORV_INLINE Rounded round_pair(floats high, floats low, float margin)
+template <class F>
+ORV_INLINE auto round_pair(F high, F low, float margin)
 {
-    const floats value = high + fused(high, margin, low);
-    return {value, equal(value, high + fused(high, -margin, low))};
+    const F value = high + fused(high, margin, low);
+    const auto same = equal(value, high + fused(high, -margin, low));
+    return RoundedPair<F, std::remove_const_t<decltype(same)>>{value, same};
 }
+#endif
+
+// Steps for the loops of core/maps.h, with one test for two registers. A Formula has kSources, and
+//     static Rounded2 quick(const float* const* src)               for levels that fuse
+//     void in_double(const float* const* src, int at, float* dst)  kDoubles values
+#if ORV_HAVE_FUSED
+template <class Formula>
+struct QuickSteps : Formula {
+    static constexpr int N = 2 * kFloats;
+
+    ORV_INLINE void step(const float* const* src, float* const* dst)
+    {
+        const Rounded2 quick = Formula::quick(src);
+        if (__builtin_expect(all_of(quick.sure), 1)) store(dst[0], quick.value);
+        else in_double(src[0], src[Formula::kSources - 1], dst[0]);
+    }
+
+private:
+    __attribute__((noinline)) void in_double(const float* src, const float* last, float* dst)
+    {
+        const float* const sources[] = {src, last};
+        for (int at = 0; at < N; at += kDoubles) Formula::in_double(sources, at, dst + at);
+    }
+};
+#else
+template <class Formula>
+struct QuickSteps : Formula {
+    static constexpr int N = kFloats;
+
+    ORV_INLINE void step(const float* const* src, float* const* dst)
+    {
+        for (int at = 0; at < N; at += kDoubles) Formula::in_double(src, at, dst[0] + at);
+    }
+};
+#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace orv
-
-#endif  // ORV_HAVE_FUSED

@@ -15,6 +15,15 @@ template <class Op>
 constexpr bool takes_two_together<Op, decltype(void(Op::kTogether))> = true;
 
 #if ORV_HAVE_VECTORS
+// A load that the compiler does not repeat for every use, as GCC does when it runs short of nothing.
+template <class V, class T>
+ORV_INLINE V load_once(const T* p)
+{
+    V v = simd::load<V>(p);
+    __asm__("" : "+x"(v.v));
+    return v;
+}
+
 // n >= V::N; the last vector comes first, as everywhere.
 template <class V, class T, class Op>
 ORV_INLINE void row_together(const T* a, const T* b, T* dst, std::ptrdiff_t n, Op& op)
@@ -22,8 +31,8 @@ ORV_INLINE void row_together(const T* a, const T* b, T* dst, std::ptrdiff_t n, O
     const V last = op.many(simd::load<V>(a + n - V::N), simd::load<V>(b + n - V::N));
     std::ptrdiff_t i = 0;
     for (; i < n - 2 * V::N; i += 2 * V::N) {
-        const V left[2] = {simd::load<V>(a + i), simd::load<V>(a + i + V::N)};
-        const V right[2] = {simd::load<V>(b + i), simd::load<V>(b + i + V::N)};
+        const V left[2] = {load_once<V>(a + i), load_once<V>(a + i + V::N)};
+        const V right[2] = {load_once<V>(b + i), load_once<V>(b + i + V::N)};
         const simd::pair<V> both = op.many(left, right);
         simd::store(dst + i, both.lo);
         simd::store(dst + i + V::N, both.hi);

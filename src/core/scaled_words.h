@@ -53,57 +53,97 @@ struct ScaledInDouble {
 #endif
 };
 
-// Saturated without scaling. Overflow is rare: a branch leaves it to the longer way.
+// Saturated without scaling. Overflow is rare: a branch, one for two vectors, leaves it to the longer way.
 #if ORV_HAVE_VECTORS
-ORV_INLINE bool any_sign(__m128i v) { return (_mm_movemask_epi8(v) & 0x8888) != 0; }
+ORV_INLINE bool any_sign(__m128i v) { return _mm_movemask_ps(_mm_castsi128_ps(v)) != 0; }
 #if ORV_HAVE_INT256
-ORV_INLINE bool any_sign(__m256i v) { return (static_cast<unsigned>(_mm256_movemask_epi8(v)) & 0x88888888u) != 0; }
+ORV_INLINE bool any_sign(__m256i v) { return _mm256_movemask_ps(_mm256_castsi256_ps(v)) != 0; }
 #endif
 #endif
 
-template <>
-struct Saturated<int32_t, Sum<int32_t>> {
-    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Sum<int32_t>::exact(a, b)); }
+// Form has wrapped(a, b), and overflow(a, b, wrapped) with the sign where that overflows.
+template <class Form>
+struct SaturatedWords {
+    static constexpr bool kTogether = true;
 #if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
-        const V sum = a + b;  // below a only if b is negative
-        if (__builtin_expect(!any_sign((simd::greater(a, sum) ^ b).v), true)) return sum;
-        return simd::add_saturate(a, b);
+        const V result = Form::wrapped(a, b);
+        if (__builtin_expect(any_sign(Form::overflow(a, b, result).v), false)) return Form::saturated(a, b);
+        return result;
+    }
+    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2]) const
+    {
+        const V first = Form::wrapped(a[0], b[0]), second = Form::wrapped(a[1], b[1]);
+        const V any = Form::overflow(a[0], b[0], first) | Form::overflow(a[1], b[1], second);
+        if (__builtin_expect(any_sign(any.v), false)) return {Form::saturated(a[0], b[0]), Form::saturated(a[1], b[1])};
+        return {first, second};
     }
 #endif
 };
-template <>
-struct Saturated<int32_t, Difference<int32_t>> {
-    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Difference<int32_t>::exact(a, b)); }
+struct SumOfWords {
 #if ORV_HAVE_VECTORS
-    template <class V> ORV_INLINE V many(V a, V b) const
-    {
-        const V difference = b - a;
-        if (__builtin_expect(!any_sign(((a ^ b) & (b ^ difference)).v), true)) return difference;
-        return simd::sub_saturate(b, a);
-    }
+    template <class V> static ORV_INLINE V wrapped(V a, V b) { return a + b; }
+    template <class V> static ORV_INLINE V overflow(V a, V b, V sum) { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
+    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
 #endif
+};
+struct DifferenceOfWords {
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE V wrapped(V a, V b) { return b - a; }
+    template <class V> static ORV_INLINE V overflow(V a, V b, V difference) { return simd::greater(difference, b) ^ a; }
+    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
+#endif
+};
+template <>
+struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<SumOfWords> {
+    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Sum<int32_t>::exact(a, b)); }
+};
+template <>
+struct Saturated<int32_t, Difference<int32_t>> : SaturatedWords<DifferenceOfWords> {
+    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Difference<int32_t>::exact(a, b)); }
 };
 
 // Products in 64-bit lanes: saturated, and scaled down.
 struct ProductSaturated {
+    static constexpr bool kTogether = true;
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(std::int64_t{a} * b); }
 #if ORV_HAVE_VECTORS
-    template <class V> ORV_INLINE V many(V a, V b) const { return narrowed(simd::mul_wide(a, b)); }
-
-private:
-    template <class Products> static ORV_INLINE auto narrowed(Products p) { return simd::narrow(p); }
-#if ORV_HAVE_INT256
-    static ORV_INLINE simd::vec<int32_t, simd::int256> narrowed(simd::products256 p)
+    template <class V> ORV_INLINE V many(V a, V b) const { return simd::narrow(simd::mul_wide(a, b)); }
+    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2]) const
     {
-        const __m256i low = _mm256_blend_epi32(p.even, _mm256_slli_epi64(p.odd, 32), 0xAA);
-        const __m256i high = _mm256_blend_epi32(_mm256_srli_epi64(p.even, 32), p.odd, 0xAA);
-        const __m256i fits = _mm256_cmpeq_epi32(high, _mm256_srai_epi32(low, 31));
-        if (__builtin_expect(_mm256_movemask_epi8(fits) == -1, true)) return {low};
-        return simd::narrow(p);
+        return {many(a[0], b[0]), many(a[1], b[1])};
     }
 #endif
+#if ORV_HAVE_INT256
+    using Words = simd::vec<int32_t, simd::int256>;
+    ORV_INLINE Words many(Words a, Words b) const
+    {
+        const simd::products256 p = simd::mul_wide(a, b);
+        return all_fit(beyond(p)) ? low_halves(p) : simd::narrow(p);
+    }
+    ORV_INLINE simd::pair<Words> many(const Words (&a)[2], const Words (&b)[2]) const
+    {
+        const simd::products256 p = simd::mul_wide(a[0], b[0]), q = simd::mul_wide(a[1], b[1]);
+        if (all_fit(_mm256_or_si256(beyond(p), beyond(q)))) return {low_halves(p), low_halves(q)};
+        return {simd::narrow(p), simd::narrow(q)};
+    }
+
+private:
+    // Not zero in the upper half of a 64-bit lane where a product is not within 32 bits.
+    static ORV_INLINE __m256i beyond(simd::products256 p)
+    {
+        const __m256i half = _mm256_set1_epi64x(0x80000000);
+        return _mm256_or_si256(_mm256_add_epi64(p.even, half), _mm256_add_epi64(p.odd, half));
+    }
+    static ORV_INLINE bool all_fit(__m256i v)
+    {
+        return __builtin_expect(_mm256_testz_si256(v, _mm256_set1_epi64x(static_cast<long long>(0xFFFFFFFF00000000))), 1) != 0;
+    }
+    static ORV_INLINE Words low_halves(simd::products256 p)
+    {
+        return {_mm256_blend_epi32(p.even, _mm256_shuffle_epi32(p.odd, 0xA0), 0xAA)};
+    }
 #endif
 };
 struct ProductScaledDown {
@@ -186,6 +226,7 @@ inline int32_t word_quotient(int32_t divisor, int32_t dividend, int scaleFactor)
 // numbers below 2^22 that are not scaled up, for the same reason, in a third of the time.
 struct WordQuotient {
     static constexpr int kMostBitsUp = 20;
+    static constexpr bool kTogether = true;
 
     int scaleFactor;
     bool zeros = false;  // a divisor was 0
@@ -206,7 +247,7 @@ struct WordQuotient {
     {
         const V no_divisor = simd::equal(a, simd::zero<V>());
         const V divisor = a - no_divisor;  // 1 where there is none
-        const V quotient = scaleFactor >= 0 && small(a, b) ? float_quotient(divisor, b) : double_quotient(divisor, b);
+        const V quotient = scaleFactor >= 0 && !simd::any(large(a, b)) ? float_quotient(divisor, b) : double_quotient(divisor, b);
         if (__builtin_expect(!simd::any(no_divisor), true)) return quotient;
         zeros = true;
         const V zero_dividend = simd::equal(b, simd::zero<V>());
@@ -214,12 +255,21 @@ struct WordQuotient {
         return simd::select(no_divisor, simd::and_not(zero_dividend, bound), quotient);
     }
 
+    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2])
+    {
+        const V no_divisor = simd::equal(a[0], simd::zero<V>()) | simd::equal(a[1], simd::zero<V>());
+        const V special = no_divisor | large(a[0], b[0]) | large(a[1], b[1]);
+        if (scaleFactor < 0 || simd::any(special)) return {many(a[0], b[0]), many(a[1], b[1])};
+        return {float_quotient(a[0], b[0]), float_quotient(a[1], b[1])};
+    }
+
 private:
-    template <class V> static ORV_INLINE bool small(V a, V b)
+    // Where floats do not.
+    template <class V> static ORV_INLINE V large(V a, V b)
     {
         const V limit = simd::splat<V>(1 << 22);
         const auto above = simd::as<std::uint32_t>((a + limit) | (b + limit)) >> simd::count(23);
-        return !simd::any(simd::greater(simd::as<int32_t>(above), simd::zero<V>()));
+        return simd::greater(simd::as<int32_t>(above), simd::zero<V>());
     }
     template <class V> ORV_INLINE V float_quotient(V divisor, V dividend) const
     {

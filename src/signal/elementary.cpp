@@ -116,27 +116,19 @@ ORV_INLINE doubles arctangent(doubles y, doubles x)
     return from_bits(bits(left + (angle ^ flip)) | (bits(y) & words(0x8000000000000000)));
 }
 
-struct Atan2OfFloats {
-    static constexpr int N = kFloats;
-    ORV_INLINE void step(const float* const* src, float* const* dst) const
+struct Atan2OfFloat : QuickArctangent {
+    static constexpr int kSources = 2;
+    static ORV_IN_DOUBLE void in_double(const float* const* src, int at, float* dst)
     {
-        floats quick;
-        if (quick_arctangent(load_floats(src[0]), load_floats(src[1]), &quick)) return store(dst[0], quick);
-        in_double(src, dst);
+        const doubles y = load_doubles(src[0] + at), x = load_doubles(src[1] + at);
+        // Infinities and two zeros would divide into NaNs.
+        const doubles larger = magnitude(y) + magnitude(x);
+        const mask64 ordinary = less(0.0, larger) & less(larger, __builtin_inf());
+        if (__builtin_expect(all_of(ordinary), 1)) store(dst, arctangent(y, x));
+        else store(dst, anywhere(y, x));
     }
 
 private:
-    static ORV_IN_DOUBLE void in_double(const float* const* src, float* const* dst)
-    {
-        for (int i = 0; i < N; i += kDoubles) {
-            const doubles y = load_doubles(src[0] + i), x = load_doubles(src[1] + i);
-            // Infinities and two zeros would divide into NaNs.
-            const doubles larger = magnitude(y) + magnitude(x);
-            const mask64 ordinary = less(0.0, larger) & less(larger, __builtin_inf());
-            if (__builtin_expect(all_of(ordinary), 1)) store(dst[0] + i, arctangent(y, x));
-            else store(dst[0] + i, anywhere(y, x));
-        }
-    }
     // As C has it: zeros and infinities stand for their limits, a NaN gives the quiet NaN.
     static doubles anywhere(doubles y, doubles x)
     {
@@ -156,6 +148,8 @@ private:
         return select(nan, from_bits(words(0x7FF8000000000000)), result);
     }
 };
+
+using Atan2OfFloats = QuickSteps<Atan2OfFloat>;
 
 struct HypotOfFloats {
     static constexpr int N = kFloats;

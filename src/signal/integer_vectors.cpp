@@ -26,7 +26,7 @@ using std::uint8_t;
 template <class T, class Op>
 void run(const T* src1, const T* src2, T* dst, Length len, Op& op)
 {
-    plane(src1, 0, src2, 0, dst, 0, {len.count, 1}, 1, op);
+    plane_together(src1, 0, src2, 0, dst, 0, {len.count, 1}, 1, op);
 }
 template <class T, class Op>
 void run(const T* src, T value, T* dst, Length len, Op& op)
@@ -79,9 +79,7 @@ template <class T>
 Status division(const T* src1, const T* src2, T* dst, Length len, int scaleFactor)
 {
     if (const Status bad = check_vector(len, src1, src2, dst)) return bad;
-    return with_quotient<T, Rounding::half_even>(scaleFactor, [&](auto& op) {
-        plane_together(src1, 0, src2, 0, dst, 0, {len.count, 1}, 1, op);
-    });
+    return with_quotient<T, Rounding::half_even>(scaleFactor, [&](auto& op) { run(src1, src2, dst, len, op); });
 }
 
 template <class T>
