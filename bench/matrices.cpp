@@ -8,6 +8,7 @@
 #include "MKLWrapper.h"
 #include "MatrixWrapper.h"
 #include "harness.h"
+#include "linalg/lapack.h"
 #include "matrices_peers.h"
 
 namespace {
@@ -92,6 +93,39 @@ void linear_systems(int n)
     bench::add("Sgetrs", size, "orvane", [=] { factor(MKLWrapper::Sgetrf), solve(MKLWrapper::Sgetrs); });
 }
 
+// What our entry points add to the routines that are linked in: the same calls through and without them.
+void cost_of_entry(int n)
+{
+    auto a = noise<float>(n * n), b = noise<float>(n), d = noise<float>(n * n), x = noise<float>(n);
+    auto u = noise<float>(n * n), vt = noise<float>(n * n), s = noise<float>(n), work = noise<float>(100 * n);
+    auto ipiv = std::make_shared<std::vector<int>>(n);
+    const std::string size = bench::square(n);
+    const auto factor = [=](auto routine) {
+        int m = n, info;
+        *d = *a;
+        routine(&m, &m, d->data(), &m, ipiv->data(), &info);
+    };
+    const auto solve = [=](auto routine, auto... lengths) {
+        int m = n, one = 1, info;
+        char trans = 'N';
+        *x = *b;
+        routine(&trans, &m, &one, d->data(), &m, ipiv->data(), x->data(), &m, &info, lengths...);
+    };
+    const auto decompose = [=](auto routine, auto... lengths) {
+        int m = n, info, lwork = 100 * n;
+        char job = 'A';
+        *d = *a;
+        routine(&job, &job, &m, &m, d->data(), &m, s->data(), u->data(), &m, vt->data(), &m, work->data(), &lwork, &info, lengths...);
+    };
+    using Length = orv::FortranLength;
+    bench::add("Sgetrf entry", size, "orvane", [=] { factor(MKLWrapper::Sgetrf); });
+    bench::add("Sgetrf entry", size, "linked", [=] { factor(orv::orv_lapack_sgetrf); });
+    bench::add("Sgetrs entry", size, "orvane", [=] { solve(MKLWrapper::Sgetrs); });
+    bench::add("Sgetrs entry", size, "linked", [=] { solve(orv::orv_lapack_sgetrs, Length{1}); });
+    bench::add("Sgesvd entry", size, "orvane", [=] { decompose(MKLWrapper::Sgesvd); });
+    bench::add("Sgesvd entry", size, "linked", [=] { decompose(orv::orv_lapack_sgesvd, Length{1}, Length{1}); });
+}
+
 template <class T, class Routine>
 void singular_values(const char* name, const char* symbol, int n, Routine* ours)
 {
@@ -109,6 +143,7 @@ void singular_values(const char* name, const char* symbol, int n, Routine* ours)
 const bool registered = [] {
     for (int n : {3, 4, 8, 32}) small(n);
     for (int n : {8, 32, 128, 512}) linear_systems(n);
+    for (int n : {1, 8, 32, 128}) cost_of_entry(n);
     for (int n : {8, 32, 128}) {
         singular_values<float>("Sgesvd", "sgesvd_", n, MKLWrapper::Sgesvd);
         singular_values<double>("Dgesvd", "dgesvd_", n, MKLWrapper::Dgesvd);

@@ -292,6 +292,44 @@ ORV_INLINE bool is_significant(View<T> m, ptrdiff_t k, ptrdiff_t n)
     return k < kMeasured ? pivot > pivot_error(m, k) : pivot > own_error;
 }
 
+#if ORV_HAVE_INT256
+// The first test of is_significant() for all pivots of up to eight rows of eight floats at once, one in each
+// lane. The sums run in its order; what is added in place of later products is zero.
+template <int k = 1>
+ORV_INLINE __m256 diagonal(const __m256 (&row)[8], __m256 upper)
+{
+    if constexpr (k < 8) return diagonal<k + 1>(row, _mm256_blend_ps(upper, row[k], 1 << k));
+    else return upper;
+}
+ORV_INLINE bool are_large(const float* rows, ptrdiff_t n)
+{
+    using P = Pack<float, 32>;
+    const __m256i lanes = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+    const __m256 no_sign = _mm256_castsi256_ps(_mm256_set1_epi32(0x7FFFFFFF));
+    __m256 row[8], column[8];
+    for (int i = 0; i < 8; ++i) row[i] = column[i] = i < n ? _mm256_and_ps(P::load(rows + 8 * i), no_sign) : __m256{};
+    transpose(P(), column);
+    const __m256 pivots = diagonal(row, row[0]);
+    __m256 sums[4] = {pivots};
+    for (int j = 0; j < 7; ++j) {
+        const __m256 later = _mm256_castsi256_ps(_mm256_cmpgt_epi32(lanes, _mm256_set1_epi32(j)));
+        sums[j % 4] += _mm256_and_ps(row[j] * column[j], later);
+    }
+    const __m256 sum = (sums[0] + sums[1]) + (sums[2] + sums[3]);
+    const __m256 own_error = P::splat(static_cast<float>(n) * kEpsilon<float>) * sum;
+    const int large = _mm256_movemask_ps(_mm256_cmp_ps(pivots, own_error * P::splat(1024), _CMP_GT_OQ));
+    return (~large & ((1 << n) - 1)) == 0;
+}
+ORV_INLINE bool are_significant(View<float> lu, ptrdiff_t n)
+{
+    if (are_large(lu.base, n)) return true;
+    for (ptrdiff_t k = 0; k < n; ++k) {
+        if (!is_significant(lu, k, n)) return false;
+    }
+    return true;
+}
+#endif
+
 // Rows of x from the factors: row k loses factor(k, j) times row j, for j from `from` on by `step`.
 template <class T>
 ORV_INLINE void eliminate_row(View<T> lu, View<T> x, ptrdiff_t k, ptrdiff_t from, ptrdiff_t count, ptrdiff_t step,
@@ -350,17 +388,14 @@ ORV_INLINE bool decompose_for_inversion(View<T> lu, ptrdiff_t n, int* index)
         if (n <= 8) {
             // To the end, then every pivot is looked at: neither it nor what it is measured by changes after its step.
             LaneDecomposition::run(lu.base, static_cast<int>(n), index, 0);
-            for (ptrdiff_t k = 0; k < n; ++k) {
-                if (!is_significant(lu, k, n)) return false;
-            }
-            return true;
+            return are_significant(lu, n);
         }
     }
 #endif
     return decompose<true>(lu, n, index, [lu, n](ptrdiff_t k) { return is_significant(lu, k, n); });
 }
 
-#if ORV_HAVE_FLOAT256
+#if ORV_HAVE_INT256
 // solve() for eight rows of floats, which stay in registers.
 template <int k, int j>
 ORV_INLINE void lose(const float* lu, __m256 (&x)[8])
@@ -388,13 +423,30 @@ ORV_INLINE void solve_upward(const float* lu, __m256 (&x)[8])
         if constexpr (k > 0) solve_upward<k - 1>(lu, x);
     }
 }
-ORV_INLINE void solve_8x8(const float* lu, float* rows)
+Status invert_8x8(View<const float> src, View<float> dst)
 {
+    using P = Pack<float, 32>;
+    alignas(32) float elements[64];
+    int index[8], order[8];
+    const View<float> lu = {elements, 8 * sizeof(float), sizeof(float)};
+    fill_buffer(src, lu, 8);
+    LaneDecomposition::run(elements, 8, index, 0, order);
+    if (!are_significant(lu, 8)) return StatusSingularMatrix;
+    const __m256i lanes = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
     __m256 x[8];
-    for (int i = 0; i < 8; ++i) x[i] = _mm256_load_ps(rows + 8 * i);
-    solve_downward<1>(lu, x);
-    solve_upward<7>(lu, x);
-    for (int i = 0; i < 8; ++i) _mm256_store_ps(rows + 8 * i, x[i]);
+    for (int k = 0; k < 8; ++k) {
+        const __m256 one = _mm256_castsi256_ps(_mm256_cmpeq_epi32(lanes, _mm256_set1_epi32(order[k])));
+        x[k] = _mm256_and_ps(one, P::splat(1));
+    }
+    solve_downward<1>(elements, x);
+    solve_upward<7>(elements, x);
+    if (dst.has_dense_rows()) {
+        for (int k = 0; k < 8; ++k) P::store(dst.at(k, 0), x[k]);
+    } else {
+        for (int k = 0; k < 8; ++k) P::store(elements + 8 * k, x[k]);
+        copy_square<float>({elements, lu.row, lu.column}, dst, 8);
+    }
+    return StatusOk;
 }
 #endif
 
@@ -415,15 +467,6 @@ Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
         row[k] = other;
         put(x.at(k, other), T{1});
     }
-#if ORV_HAVE_FLOAT256
-    if constexpr (sizeof(T) == 4) {
-        if (n == 8) {
-            solve_8x8(lu.base, x.base);
-            copy_square<T>({x.base, x.row, x.column}, dst, n);
-            return StatusOk;
-        }
-    }
-#endif
     solve(lu, x, n, Buffer<T>::stride(n));
     copy_square<T>({x.base, x.row, x.column}, dst, n);
     return StatusOk;
@@ -432,6 +475,11 @@ Status invert_in_buffers(View<const T> src, View<T> dst, ptrdiff_t n)
 template <class T>
 Status invert_by_elimination(View<const T> src, T* buffer, View<T> dst, ptrdiff_t n)
 {
+#if ORV_HAVE_INT256
+    if constexpr (sizeof(T) == 4) {
+        if (n == 8) return invert_8x8(src, dst);
+    }
+#endif
     if (n <= kBuffered) return invert_in_buffers(src, dst, n);
     const View<T> lu = {buffer, n * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)};
     int* const index = reinterpret_cast<int*>(buffer + n * n);

@@ -15,8 +15,9 @@ inline namespace ORV_LEVEL {
 class LaneDecomposition {
 public:
     // Rows of eight floats each, zeros behind the n columns; `least` is the magnitude, as an integer, below
-    // which a pivot ends the decomposition with false. The same results as from decompose(), in place.
-    static ORV_INLINE bool run(float* rows, int n, int* index, int least)
+    // which a pivot ends the decomposition with false. The same results as from decompose(), in place; `order`, if
+    // there is one, gets the former places of the n rows.
+    static ORV_INLINE bool run(float* rows, int n, int* index, int least, int* order = nullptr)
     {
         LaneDecomposition d;
         for (int i = 0; i < 8; ++i) d.column_[i] = i < n ? _mm256_loadu_ps(rows + 8 * i) : _mm256_setzero_ps();
@@ -24,7 +25,10 @@ public:
         d.live_ = _mm256_castsi256_ps(_mm256_cmpgt_epi32(_mm256_set1_epi32(n), lanes()));
         const bool complete = n <= 4 ? d.steps<4, 0>(n, index, least) : d.steps<8, 0>(n, index, least);
         transpose(Pack<float, 32>(), d.column_);
-        for (int i = 0; i < n; ++i) _mm256_storeu_ps(rows + 8 * d.position_[i], d.column_[i]);
+        for (int i = 0; i < n; ++i) {
+            _mm256_storeu_ps(rows + 8 * d.position_[i], d.column_[i]);
+            if (order != nullptr) order[i] = d.lane_at_[i];
+        }
         return complete;
     }
 

@@ -104,21 +104,28 @@ ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
     V sum[Rows][Columns];
     const ptrdiff_t inner = Inner != 0 ? Inner : p.inner;
     View<const T> a = {p.a.at(i, 0), p.a.row, p.a.column}, b = {p.b.at(0, j), p.b.row, p.b.column};
+    // Places of rows are kept: computed again in every step they would take ports from the arithmetic.
+    ptrdiff_t row_at[Rows];
+    for (int r = 0; r < Rows; ++r) {
+        row_at[r] = r * a.row;
+        if (r == 3 || r == 5) __asm__("" : "+r"(row_at[r]));
+    }
     const auto step = [&](bool first) __attribute__((always_inline)) {
         V row[Columns];
         for (int c = 0; c < Columns; ++c) {
             const T* const from = b.base + c * P::N;
             row[c] = part != 0 && c == Columns - 1 ? load_part(P(), from, part) : P::load(from);
+            if (Rows > 1) __asm__("" : "+x"(row[c]));  // loaded once, not for every row
         }
         for (int r = 0; r < Rows; ++r) {
-            const V x = P::broadcast(a.at(r, 0));
+            const V x = P::broadcast(View<const T>{a.base, row_at[r], 0}.at(1, 0));
             for (int c = 0; c < Columns; ++c) sum[r][c] = first ? x * row[c] : sum[r][c] + x * row[c];
         }
         a.base = a.at(0, 1);
         b.base = b.at(1, 0);
     };
     step(true);
-    for (ptrdiff_t k = 1; k < inner; ++k) step(false);
+    for (ptrdiff_t k = inner; --k > 0;) step(false);
     for (int r = 0; r < Rows; ++r) {
         T* const dst = p.dst.at(i + r, j);
         for (int c = 0; c < Columns; ++c) {
@@ -133,8 +140,6 @@ template <class P, int Columns, class T>
 ORV_INLINE void strip(const Product<T>& p, ptrdiff_t j, int part)
 {
     ptrdiff_t i = 0;
-    // Twice four are better than six and two.
-    for (; i + 6 <= p.rows && i + 8 != p.rows; i += 6) tile<P, 6, Columns, 0>(p, i, j, part);
     for (; i + 4 <= p.rows; i += 4) tile<P, 4, Columns, 0>(p, i, j, part);
     for (; i + 2 <= p.rows; i += 2) tile<P, 2, Columns, 0>(p, i, j, part);
     if (i < p.rows) tile<P, 1, Columns, 0>(p, i, j, part);
@@ -163,6 +168,35 @@ __attribute__((noinline)) void product_8x8(const float* a, ptrdiff_t a_row, ptrd
     const Product<float> p = {{a, a_row, a_column}, {b, b_row, sizeof(float)}, {dst, dst_row, sizeof(float)}, 8, 8, inner};
     tile<WidePack<float>, 8, 1, 0>(p, 0, 0, 0);
 }
+
+// Rows i and i + 1 of four elements in one register.
+ORV_INLINE __m256 two_rows(View<const float> v, ptrdiff_t i)
+{
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(v.at(i, 0))), _mm_loadu_ps(v.at(i + 1, 0)), 1);
+}
+template <int k, class Splat>
+ORV_INLINE void add_products(__m256 (&sum)[2], const __m256 (&a)[2], Splat b)
+{
+    if constexpr (k < 4) {
+        const __m256 row = b(k);
+        sum[0] = sum[0] + _mm256_permute_ps(a[0], 0x55 * k) * row;
+        sum[1] = sum[1] + _mm256_permute_ps(a[1], 0x55 * k) * row;
+        add_products<k + 1>(sum, a, b);
+    }
+}
+ORV_INLINE void product_4x4(View<const float> a, View<const float> b, View<float> dst)
+{
+    const auto b_row = [b](int k) __attribute__((always_inline)) {
+        return _mm256_broadcast_ps(reinterpret_cast<const __m128*>(b.at(k, 0)));
+    };
+    const __m256 rows[2] = {two_rows(a, 0), two_rows(a, 2)};
+    __m256 sum[2] = {_mm256_permute_ps(rows[0], 0) * b_row(0), _mm256_permute_ps(rows[1], 0) * b_row(0)};
+    add_products<1>(sum, rows, b_row);
+    for (int i = 0; i < 2; ++i) {
+        _mm_storeu_ps(dst.at(2 * i, 0), _mm256_castps256_ps128(sum[i]));
+        _mm_storeu_ps(dst.at(2 * i + 1, 0), _mm256_extractf128_ps(sum[i], 1));
+    }
+}
 #endif
 
 // The sizes that matter most; unlike the strips these may store over their sources.
@@ -171,6 +205,14 @@ ORV_INLINE bool product_of_usual_size(const Product<T>& p)
 {
     if (p.rows != p.columns || p.rows != p.inner) return false;
     if (p.rows == 4) {
+#if ORV_HAVE_FLOAT256
+        if constexpr (sizeof(T) == 4) {
+            if (p.a.has_dense_rows()) {
+                product_4x4(p.a, p.b, p.dst);
+                return true;
+            }
+        }
+#endif
         if constexpr (sizeof(T) == 4) tile<Pack<T, 16>, 4, 1, 4>(p, 0, 0, 0);
         else tile<WidePack<T>, 4, 4 / WidePack<T>::N, 4>(p, 0, 0, 0);
         return true;
