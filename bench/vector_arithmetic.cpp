@@ -78,6 +78,7 @@ const bool registered = [] {
     two_vectors<u16>("Div_16u sf0", SCALED(u16, Div_16u, 0), CV(cv::divide(b, a, d)), nullptr, nullptr);
     two_vectors<int>("Add_32s sf0", SCALED(int, Add_32s, 0), CV(cv::add(a, b, d)), nullptr, nullptr);
     two_vectors<int>("Add_32s sf1", SCALED(int, Add_32s, 1), CV(cv::addWeighted(a, 0.5, b, 0.5, 0, d)), nullptr, nullptr);
+    two_vectors<int>("Add_32s sf8", SCALED(int, Add_32s, 8), CV(cv::addWeighted(a, 1 / 256., b, 1 / 256., 0, d)), nullptr, nullptr);
     two_vectors<int>("Mul_32s sf0", SCALED(int, Mul_32s, 0), CV(cv::multiply(a, b, d)), nullptr, nullptr);
     two_vectors<int>("Mul_32s sf8", SCALED(int, Mul_32s, 8), CV(cv::multiply(a, b, d, 1 / 256.0)), nullptr, nullptr);
     two_vectors<int>("Mul_32s sf31", SCALED(int, Mul_32s, 31), nullptr, nullptr, nullptr);

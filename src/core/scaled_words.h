@@ -86,6 +86,9 @@ struct SumOfWords {
     template <class V> static ORV_INLINE V wrapped(V a, V b) { return a + b; }
     template <class V> static ORV_INLINE V overflow(V a, V b, V sum) { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
+    template <class V> static ORV_INLINE V halved(V a, V b) { return (a & b) + ((a ^ b) >> simd::count(1)); }
+    // Half a sum is never rounded up from the largest integer.
+    template <class V> static ORV_INLINE V unless_largest(V, V up) { return up; }
 #endif
 };
 struct DifferenceOfWords {
@@ -93,8 +96,16 @@ struct DifferenceOfWords {
     template <class V> static ORV_INLINE V wrapped(V a, V b) { return b - a; }
     template <class V> static ORV_INLINE V overflow(V a, V b, V difference) { return simd::greater(difference, b) ^ a; }
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
+    // b - a is b + ~a + 1.
+    template <class V> static ORV_INLINE V halved(V a, V b) { return (b | ~a) - ((b ^ ~a) >> simd::count(1)); }
+    template <class V> static ORV_INLINE V unless_largest(V half, V up)
+    {
+        return simd::and_not(simd::equal(half, simd::splat<V>(INT32_MAX)), up);
+    }
 #endif
 };
+template <class Kind> struct FormOfWords { using type = SumOfWords; };
+template <> struct FormOfWords<Difference<int32_t>> { using type = DifferenceOfWords; };
 template <>
 struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<SumOfWords> {
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Sum<int32_t>::exact(a, b)); }
@@ -102,6 +113,39 @@ struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<SumOfWords> {
 template <>
 struct Saturated<int32_t, Difference<int32_t>> : SaturatedWords<DifferenceOfWords> {
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Difference<int32_t>::exact(a, b)); }
+};
+
+// Scaled down by 2 to 32 bits, in 32-bit lanes: half of the exact sum, rounded down, and the bit that this leaves
+// over. Half an odd number is in the way of its even neighbours only when that bit alone is left, so
+//     sum 2^-(bits+1) = (half + 2^(bits-1) - 1 + (left over or odd)) >> bits
+// with the addition done on the digits below the last one, where it cannot overflow.
+template <class Form, class Kind>
+struct ScaledDownWords {
+    int scaleFactor;
+    int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), scaleFactor); }
+#if ORV_HAVE_VECTORS
+    simd::count bits{scaleFactor - 1};
+    int32_t digits = static_cast<int32_t>((1u << (scaleFactor - 1)) - 1), nearly_half = digits >> 1;
+
+    template <class V> ORV_INLINE V many(V a, V b) const
+    {
+        const V one = simd::splat<V>(1), half = Form::halved(a, b), floor = half >> bits;
+        const V up = (half & simd::splat<V>(digits)) + simd::splat<V>(nearly_half) + (((a ^ b) | floor) & one);
+        return floor + simd::as<int32_t>(simd::as<std::uint32_t>(up) >> bits);
+    }
+#endif
+};
+// By one bit, where no digits are left.
+template <class Form, class Kind>
+struct HalvedWords {
+    int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), 1); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const
+    {
+        const V half = Form::halved(a, b), up = (a ^ b) & half & simd::splat<V>(1);
+        return half + Form::unless_largest(half, up);
+    }
+#endif
 };
 
 // Products in 64-bit lanes: saturated, and scaled down.
@@ -173,6 +217,12 @@ ORV_INLINE void with_scaled_words(int scaleFactor, Loop loop)
 {
     if (scaleFactor == 0) {
         loop(Saturated<int32_t, Kind>{});
+    } else if (scaleFactor > 32) {
+        loop(Nothing<int32_t>{});
+    } else if (scaleFactor == 1) {
+        loop(HalvedWords<typename FormOfWords<Kind>::type, Kind>{});
+    } else if (scaleFactor > 0) {
+        loop(ScaledDownWords<typename FormOfWords<Kind>::type, Kind>{scaleFactor});
     } else {
         loop(scaled_in_double_by<Kind>(scaleFactor));
     }
