@@ -137,7 +137,13 @@ TEST(Elementary, VariantsNearHalves)
         const double size = round % 5 == 4 ? 100 : std::exp2(round % 5 * 2 - 2);
         for (std::size_t i = 0; i < x.size(); ++i) {
             x[i] = static_cast<float>(std::uniform_real_distribution<double>(-size, size)(g));
-            y[i] = round % 2 == 0 ? static_cast<float>(uniform(g, -1000, 1000)) : std::ldexp(x[i], uniform(g, -5, 5)) * static_cast<float>(g());
+            switch (round % 3) {
+                case 0: y[i] = static_cast<float>(uniform(g, -1000, 1000)); break;
+                case 1: y[i] = std::ldexp(x[i], uniform(g, -5, 5)) * static_cast<float>(g()); break;
+                default:  // where an arctangent's interval ends, and the digits of a number
+                    x[i] = std::ldexp(static_cast<float>(2 - uniform(g, 1, 8000) * 0x1p-23), uniform(g, -3, 3));
+                    y[i] = static_cast<float>(x[i] * ((2 * uniform(g, 0, 7) + 1) / 16.0) * (1 + uniform(g, -200, 200) * 1e-6));
+            }
         }
         std::vector<float> positive(x);
         for (float& v : positive) v = std::fabs(v) + FLT_MIN;

@@ -12,7 +12,8 @@ inline namespace ORV_LEVEL {
 //     atan(u) = atan(c) + atan(v),   v = (smaller - c larger) / (larger + c smaller),
 // whose numerator is exact, and |v| < 1/14. Octants follow from a quarter or a half turn.
 //
-// The estimate of a reciprocal, which processors of different makers tell differently, only chooses c.
+// The estimate of a reciprocal, which processors of different makers tell differently, only chooses c; it is lowered
+// by more than its error, because below 1/16 the numerator for c = 1/8 would have a digit too many.
 //
 // The error of a result is below 2^-31.5 |v|, from three roundings of v^3/3 and one of its sum with the rest
 // of v, and below 2^-36 of the result elsewhere; the formula in double errs by 2^-35 of the result.
@@ -29,7 +30,7 @@ ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
     const floats2 most = larger(size_x, size_y), least = smaller(size_y, size_x);
     const ints2 octant = shift_right<31>(bits(x)) ^ bits(less(size_x, size_y));
 
-    const ints2 eighth = bits(fused(smaller(least * reciprocal_estimate(most), 7.25f / 8), 8.0f, kRoundFloat));
+    const ints2 eighth = bits(fused(smaller(least * reciprocal_estimate(most), 7.25f / 8), 8.0f - 0x1p-8f, kRoundFloat));
     const floats2 c = pick(eighths, eighth);
     const floats2 numerator = fused_minus(least, c, most);
     const floats2 denominator = fused(c, least, most);
