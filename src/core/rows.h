@@ -221,7 +221,14 @@ ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
     __m128i* const row = reinterpret_cast<__m128i*>(pattern.row);
     if (channels != 3) {
         pattern.period = 1;
-        row[0] = row[1] = repeat(values, channels);
+        const __m128i once = repeat(values, channels);
+#if ORV_HAVE_FLOAT256
+        // One store: a load of this width would have to wait for two of them.
+        const __m256i twice = _mm256_insertf128_si256(_mm256_castsi128_si256(once), once, 1);
+        _mm256_store_si256(reinterpret_cast<__m256i*>(pattern.row), twice);
+#else
+        row[0] = row[1] = once;
+#endif
         return pattern;
     }
     if constexpr (sizeof(T) <= 4) {

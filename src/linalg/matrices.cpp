@@ -104,6 +104,7 @@ ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
     V sum[Rows][Columns];
     const ptrdiff_t inner = Inner != 0 ? Inner : p.inner;
     View<const T> a = {p.a.at(i, 0), p.a.row, p.a.column}, b = {p.b.at(0, j), p.b.row, p.b.column};
+    const View<T> dst = {p.dst.at(i, j), p.dst.row, p.dst.column};
     // Places of rows are kept: computed again in every step they would take ports from the arithmetic.
     ptrdiff_t row_at[Rows];
     for (int r = 0; r < Rows; ++r) {
@@ -127,10 +128,10 @@ ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
     step(true);
     for (ptrdiff_t k = inner; --k > 0;) step(false);
     for (int r = 0; r < Rows; ++r) {
-        T* const dst = p.dst.at(i + r, j);
+        T* const row = dst.at(r, 0);
         for (int c = 0; c < Columns; ++c) {
-            if (part != 0 && c == Columns - 1) store_part(P(), dst + c * P::N, sum[r][c], part);
-            else P::store(dst + c * P::N, sum[r][c]);
+            if (part != 0 && c == Columns - 1) store_part(P(), row + c * P::N, sum[r][c], part);
+            else P::store(row + c * P::N, sum[r][c]);
         }
     }
 }
