@@ -146,14 +146,23 @@ ORV_INLINE void strip(const Product<T>& p, ptrdiff_t j, int part)
     if (i < p.rows) tile<P, 1, Columns, 0>(p, i, j, part);
 }
 
+// A destination of one row.
+template <class P, class T>
+ORV_INLINE void one_row(const Product<T>& p)
+{
+    ptrdiff_t j = 0;
+    for (; j + 8 * P::N <= p.columns; j += 8 * P::N) tile<P, 1, 8, 0>(p, 0, j, 0);
+    for (; j + 4 * P::N <= p.columns; j += 4 * P::N) tile<P, 1, 4, 0>(p, 0, j, 0);
+    for (; j + 2 * P::N <= p.columns; j += 2 * P::N) tile<P, 1, 2, 0>(p, 0, j, 0);
+    for (; j + P::N <= p.columns; j += P::N) tile<P, 1, 1, 0>(p, 0, j, 0);
+    if (j < p.columns) tile<P, 1, 1, 0>(p, 0, j, static_cast<int>(p.columns - j));
+}
+
 template <class P, class T>
 ORV_INLINE void strips(const Product<T>& p)
 {
+    if (p.rows == 1) return one_row<P>(p);
     ptrdiff_t j = 0;
-    if (p.rows == 1) {
-        for (; j + 8 * P::N <= p.columns; j += 8 * P::N) tile<P, 1, 8, 0>(p, 0, j, 0);
-        for (; j + 4 * P::N <= p.columns; j += 4 * P::N) tile<P, 1, 4, 0>(p, 0, j, 0);
-    }
     for (; j + 2 * P::N <= p.columns; j += 2 * P::N) strip<P, 2>(p, j, 0);
     for (; j + P::N <= p.columns; j += P::N) strip<P, 1>(p, j, 0);
     if (j < p.columns) strip<P, 1>(p, j, static_cast<int>(p.columns - j));
@@ -320,6 +329,26 @@ ORV_INLINE T row_by_elements(View<const T> a, View<const T> v, ptrdiff_t i, ptrd
 
 #if ORV_HAVE_VECTORS
 
+// Rows of a matrix, walked along side by side. Addresses that are computed in every step would take ports from
+// the arithmetic: two pointers and the places of three rows beside each are kept.
+template <int Rows>
+struct RowsInStep {
+    const double* base[2];
+    ptrdiff_t place[4];
+
+    ORV_INLINE RowsInStep(View<const double> a, ptrdiff_t i)
+        : base{a.at(i, 0), a.at(Rows > 4 ? i + 4 : i, 0)}, place{0, a.row, 2 * a.row, 3 * a.row}
+    {
+        __asm__("" : "+r"(place[3]));
+    }
+    ORV_INLINE const double* row(int r) const { return View<const double>{base[r / 4], place[r % 4], 0}.at(1, 0); }
+    ORV_INLINE void advance(int elements)
+    {
+        base[0] += elements;
+        if (Rows > 4) base[1] += elements;
+    }
+};
+
 // Four sums of a row, in the registers of the level.
 template <int Rows>
 struct FourSums {
@@ -327,20 +356,20 @@ struct FourSums {
     static constexpr int kRegisters = 4 / P::N;
     P::V sum[Rows + Rows % 2][kRegisters] = {};
 
-    ORV_INLINE void add(View<const double> a, const double* v, ptrdiff_t i, ptrdiff_t k)
+    ORV_INLINE void add(const RowsInStep<Rows>& a, const double* v)
     {
         for (int c = 0; c < kRegisters; ++c) {
-            const P::V x = P::load(v + k + c * P::N);
-            for (int r = 0; r < Rows; ++r) sum[r][c] += P::load(a.at(i + r, 0) + k + c * P::N) * x;
+            const P::V x = P::load(v + c * P::N);
+            for (int r = 0; r < Rows; ++r) sum[r][c] += P::load(a.row(r) + c * P::N) * x;
         }
     }
-    ORV_INLINE void add_rest(View<const double> a, const double* v, ptrdiff_t i, ptrdiff_t k, int rest)
+    ORV_INLINE void add_rest(const RowsInStep<Rows>& a, const double* v, int rest)
     {
-        for (int c = 0; c < kRegisters && rest > 0; ++c, rest -= P::N, k += P::N) {
+        for (int c = 0; c < kRegisters && rest > 0; ++c, rest -= P::N) {
             const bool whole = rest >= P::N;
-            const P::V x = whole ? P::load(v + k) : load_part(P(), v + k, rest);
+            const P::V x = whole ? P::load(v + c * P::N) : load_part(P(), v + c * P::N, rest);
             for (int r = 0; r < Rows; ++r) {
-                const double* const row = a.at(i + r, 0) + k;
+                const double* const row = a.row(r) + c * P::N;
                 sum[r][c] += (whole ? P::load(row) : load_part(P(), row, rest)) * x;
             }
         }
@@ -364,9 +393,10 @@ template <int Rows>
 ORV_INLINE void rows_times_vector(View<const double> a, const double* v, View<double> dst, ptrdiff_t i, ptrdiff_t n)
 {
     FourSums<Rows> sums;
-    ptrdiff_t k = 0;
-    for (; k + 4 <= n; k += 4) sums.add(a, v, i, k);
-    if (k < n) sums.add_rest(a, v, i, k, static_cast<int>(n - k));
+    RowsInStep<Rows> rows(a, i);
+    ptrdiff_t left = n;
+    for (; left >= 4; left -= 4, v += 4, rows.advance(4)) sums.add(rows, v);
+    if (left > 0) sums.add_rest(rows, v, static_cast<int>(left));
     for (int r = 0; r < Rows; r += 2) {
         const Pack<double, 16>::V totals = sums.totals(r);
         _mm_store_sd(dst.at(0, i + r), totals);
@@ -556,8 +586,16 @@ Status Mul_tv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1
     if (any_below_one(src1Width, src1Height, src2Len)) return StatusBadSize;
     if (src1Height != src2Len) return StatusSizesDiffer;
     if (any_bad_stride(sizeof(double), src1Stride1, src1Stride2, src2Stride2, dstStride2)) return StatusBadStride;
-    return product<double>({{src2, 0, src2Stride2}, {src1, src1Stride1, src1Stride2}, {dst, 0, dstStride2}, 1,
-                            src1Width, src1Height});
+    const Product<double> p = {{src2, 0, src2Stride2}, {src1, src1Stride1, src1Stride2}, {dst, 0, dstStride2}, 1,
+                               src1Width, src1Height};
+    const FloatControl control;
+#if ORV_HAVE_VECTORS
+    if (p.b.has_dense_rows() && p.dst.has_dense_rows() && !touches_sources(p)) {
+        one_row<WidePack<double>>(p);
+        return StatusOk;
+    }
+#endif
+    return product_of_any_size(p);
 }
 
 Status Transpose_m_32f(const float* src, int srcStride1, int srcStride2, int width, int height, float* dst,

@@ -51,17 +51,17 @@ enum Slot { slot_a21 = 0, slot_a50 = 0, slot_a24 = 1, slot_a11 = 2 };
     TABLE(function, name, Kernel, W7, w7, SAME(cost_w7))                   \
     VECTOR_TABLES(function, name, Kernel, cost_w7, cost_g9, cost_h9)
 
-TABLES(sAtan2, Atan2_32f_A24, FloatFloat, 658.68f, 11.9f, 6.7f, 5.2f)
-TABLES(sCos, Cos_32f_A11, Float, 7.2f, 2.0f, 1.4f, 0.9f)
-TABLES(sSin, Sin_32f_A11, Float, 6.2f, 1.7f, 1.1f, 0.75f)
-TABLES(sSinCos, SinCos_32f_A11, FloatTwice, 11.8f, 3.4f, 2.2f, 1.6f)
-TABLES(dSinCos, SinCos_64f_A50, DoubleTwice, 20.4f, 10.4f, 7.4f, 5.2f)
-TABLES(sHypot, Hypot_32f_A24, FloatFloat, 5.4f, 2.7f, 2.6f, 2.6f)
-TABLES(sFloor, Floor_32f, Float, 3.1f, 0.95f, 0.25f, 0.25f)
+TABLES(sAtan2, Atan2_32f_A24, FloatFloat, 658.68f, 11.3f, 7.1f, 4.0f)
+TABLES(sCos, Cos_32f_A11, Float, 8.8f, 2.5f, 2.05f, 0.87f)
+TABLES(sSin, Sin_32f_A11, Float, 8.1f, 2.3f, 1.5f, 0.75f)
+TABLES(sSinCos, SinCos_32f_A11, FloatTwice, 10.7f, 3.3f, 2.6f, 1.2f)
+TABLES(dSinCos, SinCos_64f_A50, DoubleTwice, 22.3f, 12.4f, 8.4f, 6.3f)
+TABLES(sHypot, Hypot_32f_A24, FloatFloat, 6.0f, 3.0f, 3.0f, 1.65f)
+TABLES(sFloor, Floor_32f, Float, 3.9f, 1.1f, 0.2f, 0.2f)
 TABLE(sExp, Exp_32f_A21, Float, W7, w7, 9.35f, 11.23f, 7.2f)
-VECTOR_TABLES(sExp, Exp_32f_A21, Float, 1.9f, 1.4f, 0.9f)
-TABLE(sLn, Ln_32f_A21, Float, W7, w7, SAME(2.7f))
-VECTOR_TABLES(sLn, Ln_32f_A21, Float, 2.7f, 1.8f, 1.35f)
+VECTOR_TABLES(sExp, Exp_32f_A21, Float, 2.1f, 1.55f, 1.1f)
+TABLE(sLn, Ln_32f_A21, Float, W7, w7, SAME(3.1f))
+VECTOR_TABLES(sLn, Ln_32f_A21, Float, 3.1f, 2.0f, 1.6f)
 
 #undef TABLE
 #undef SAME
