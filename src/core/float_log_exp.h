@@ -27,7 +27,6 @@ private:
 };
 
 struct LnOfFloat : QuickLn {
-    static constexpr int kSources = 1;
     FirstLogWarning warning;
 
     ORV_INLINE void in_double(const float* const* src, int at, float* dst)
@@ -50,8 +49,6 @@ private:
 // With to_zero, results below the normal floats are zero; else they are subnormal.
 template <bool to_zero>
 struct ExpOfFloat : QuickExp {
-    static constexpr int kSources = 1;
-
     static ORV_INLINE void in_double(const float* const* src, int at, float* dst)
     {
         const doubles x = load_doubles(src[0] + at);

@@ -13,13 +13,6 @@
 
 #include "core/two_registers.h"
 
-// A formula in double that is for what a quick_ function leaves: few values, or all.
-#if ORV_HAVE_FUSED
-#define ORV_IN_DOUBLE __attribute__((noinline))
-#else
-#define ORV_IN_DOUBLE ORV_INLINE
-#endif
-
 namespace orv {
 inline namespace ORV_LEVEL {
 
@@ -42,8 +35,8 @@ ORV_INLINE auto round_pair(F high, F low, float margin)
 }
 #endif
 
-// Steps for the loops of core/maps.h, with one test for two registers. A Formula has kSources, and
-//     static Rounded2 quick(const float* const* src)               for levels that fuse
+// Steps for the loops of core/maps.h, with one test for two registers. A Formula has
+//     static constexpr int kSources, static Rounded2 quick(const float* const* src)   at levels that fuse
 //     void in_double(const float* const* src, int at, float* dst)  kDoubles values
 #if ORV_HAVE_FUSED
 template <class Formula>

@@ -65,6 +65,7 @@ ORV_INLINE Rounded2 quick_ln(floats2 x)
 
 // What is no positive normal number is not sure.
 struct QuickLn {
+    static constexpr int kSources = 1;
     static ORV_INLINE Rounded2 quick(const float* const* src)
     {
         const floats2 x = load_floats2(src[0]);
@@ -76,6 +77,7 @@ struct QuickLn {
 };
 // Nor are NaNs, and what is so far from zero that the exponential's parts need not be normal numbers.
 struct QuickExp {
+    static constexpr int kSources = 1;
     static ORV_INLINE Rounded2 quick(const float* const* src)
     {
         const floats2 x = load_floats2(src[0]);

@@ -15,7 +15,7 @@ template <class Op>
 constexpr bool takes_two_together<Op, decltype(void(Op::kTogether))> = true;
 
 #if ORV_HAVE_VECTORS
-// A load that the compiler does not repeat for every use, as GCC does when it runs short of nothing.
+// A load that the compiler does not repeat for every use of what it loads.
 template <class V, class T>
 ORV_INLINE V load_once(const T* p)
 {

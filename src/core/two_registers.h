@@ -35,6 +35,8 @@ ORV_OF_ONE(floats2, from_bits, ints2)
 ORV_OF_ONE(floats2, to_floats, ints2)
 ORV_OF_ONE(floats2, magnitude, floats2)
 ORV_OF_ONE(floats2, reciprocal_estimate, floats2)
+ORV_OF_ONE(floats2, reciprocal_root_estimate, floats2)
+ORV_OF_ONE(floats2, sqrt, floats2)
 ORV_OF_TWO(floats2, operator+, floats2)
 ORV_OF_TWO(floats2, operator-, floats2)
 ORV_OF_TWO(floats2, operator*, floats2)
@@ -46,6 +48,7 @@ ORV_OF_TWO(ints2, operator&, ints2)
 ORV_OF_TWO(ints2, operator|, ints2)
 ORV_OF_TWO(ints2, operator^, ints2)
 ORV_OF_TWO(mask2, operator&, mask2)
+ORV_OF_TWO(mask2, operator|, mask2)
 ORV_OF_TWO(floats2, larger, floats2)
 ORV_OF_TWO(floats2, smaller, floats2)
 ORV_OF_TWO(mask2, less, floats2)
@@ -53,10 +56,10 @@ ORV_OF_TWO(mask2, equal, floats2)
 ORV_OF_TWO(mask2, less_signed, ints2)
 ORV_OF_THREE(floats2, fused, floats2)
 ORV_OF_THREE(floats2, fused_minus, floats2)
+ORV_OF_THREE(floats2, fused_less, floats2)
 #undef ORV_OF_ONE
 #undef ORV_OF_TWO
 #undef ORV_OF_THREE
-ORV_INLINE floats2 and_not(mask2 m, floats2 x) { return {and_not(m.a, x.a), and_not(m.b, x.b)}; }
 ORV_INLINE floats2 pick(const float (&table)[8], ints2 i) { return {pick(table, i.a), pick(table, i.b)}; }
 ORV_INLINE floats2 pick_of_four(const float (&table)[4], ints2 i) { return {pick_of_four(table, i.a), pick_of_four(table, i.b)}; }
 template <int n> ORV_INLINE ints2 shift_left(ints2 x) { return {shift_left<n>(x.a), shift_left<n>(x.b)}; }

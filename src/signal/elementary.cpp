@@ -117,8 +117,7 @@ ORV_INLINE doubles arctangent(doubles y, doubles x)
 }
 
 struct Atan2OfFloat : QuickArctangent {
-    static constexpr int kSources = 2;
-    static ORV_IN_DOUBLE void in_double(const float* const* src, int at, float* dst)
+    static ORV_INLINE void in_double(const float* const* src, int at, float* dst)
     {
         const doubles y = load_doubles(src[0] + at), x = load_doubles(src[1] + at);
         // Infinities and two zeros would divide into NaNs.
@@ -151,32 +150,23 @@ private:
 
 using Atan2OfFloats = QuickSteps<Atan2OfFloat>;
 
-struct HypotOfFloats {
-    static constexpr int N = kFloats;
-    ORV_INLINE void step(const float* const* src, float* const* dst) const
+struct HypotOfFloat : QuickHypotenuse {
+    static ORV_INLINE void in_double(const float* const* src, int at, float* dst)
     {
-        floats quick;
-        if (quick_hypotenuse(load_floats(src[0]), load_floats(src[1]), &quick)) return store(dst[0], quick);
-        in_double(src, dst);
-    }
-
-private:
-    static ORV_IN_DOUBLE void in_double(const float* const* src, float* const* dst)
-    {
-        for (int i = 0; i < N; i += kDoubles) {
-            const doubles a = load_doubles(src[0] + i), b = load_doubles(src[1] + i);
-            const doubles sum = a * a + b * b;  // the squares are exact and far from overflow
-            doubles y = sqrt(sum);
-            if (__builtin_expect(!all_of(less(sum, __builtin_inf())), 0)) {
-                // As C has it: infinity even beside a NaN.
-                const doubles infinity = __builtin_inf();
-                y = select(unordered(sum), from_bits(words(0x7FF8000000000000)), y);
-                y = select(equal(magnitude(a), infinity) | equal(magnitude(b), infinity), infinity, y);
-            }
-            store(dst[0] + i, y);
+        const doubles a = load_doubles(src[0] + at), b = load_doubles(src[1] + at);
+        const doubles sum = a * a + b * b;  // the squares are exact and far from overflow
+        doubles y = sqrt(sum);
+        if (__builtin_expect(!all_of(less(sum, __builtin_inf())), 0)) {
+            // As C has it: infinity even beside a NaN.
+            const doubles infinity = __builtin_inf();
+            y = select(unordered(sum), from_bits(words(0x7FF8000000000000)), y);
+            y = select(equal(magnitude(a), infinity) | equal(magnitude(b), infinity), infinity, y);
         }
+        store(dst, y);
     }
 };
+
+using HypotOfFloats = QuickSteps<HypotOfFloat>;
 
 // --- Kernels --------------------------------------------------------------------------------------
 

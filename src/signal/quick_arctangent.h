@@ -63,6 +63,7 @@ ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
 }
 
 struct QuickArctangent {
+    static constexpr int kSources = 2;
     static ORV_INLINE Rounded2 quick(const float* const* src)
     {
         return quick_arctangent(load_floats2(src[0]), load_floats2(src[1]));

@@ -45,7 +45,13 @@ ORV_INLINE double root_of_squares(double re, double im)
 #if ORV_HAVE_VECTORS
 using F = simd::widest<float>;
 
-ORV_IN_DOUBLE F magnitude_in_double(const float* re, const float* im)
+// For few values or, where there is no quicker way, for all.
+#if ORV_HAVE_FUSED
+__attribute__((noinline))
+#else
+ORV_INLINE
+#endif
+F magnitude_in_double(const float* re, const float* im)
 {
     simd::pair<simd::vec<double, simd::double_widest>> x, y;
     simd::load_to(x, re);
@@ -61,7 +67,7 @@ ORV_IN_DOUBLE F magnitude_in_double(const float* re, const float* im)
 ORV_INLINE F magnitude(const float* re, const float* im)
 {
     floats quick;
-    if (quick_hypotenuse(load_floats(re), load_floats(im), &quick)) return {quick.v};
+    if (quick_magnitude(re, im, &quick)) return {quick.v};
     return magnitude_in_double(re, im);
 }
 #endif
