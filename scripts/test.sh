@@ -42,9 +42,21 @@ tests() {
 # One seed for all runs here, so that a failure is the change's and not the day's; --seed=N tries others.
 seed=--seed=7
 
+# Each chooses its own level; EPYC is another vendor's.
+processors="pentium3:px coreduo:w7 core2duo:v8 n270:s8 Penryn:p8 SandyBridge:g9 Haswell:h9 EPYC:h9"
+
+# emulate PROCESSOR:LEVEL: a run whose output and status wait in files, because several go on at a time.
+emulate() {
+    local output=$log_folder/emulated_${1%:*}
+    qemu-i386 -cpu "${1%:*}" build/i386/tests/orvane_tests --brief "$seed" --expect-level="${1#*:}" > "$output" 2>&1
+    echo $? > "$output.status"
+}
+export -f emulate
+export seed log_folder
+
 emulated() {
-    tests "tests on an emulated $1, level $2" \
-        bash -c "qemu-i386 -cpu $1 build/i386/tests/orvane_tests --brief $seed --expect-level=$2 2>&1"
+    local output=$log_folder/emulated_${1%:*}
+    tests "tests on an emulated ${1%:*}, level ${1#*:}" bash -c "cat $output; exit \$(cat $output.status)"
 }
 
 have_lapack_sources() {
@@ -73,10 +85,10 @@ elif check "build, 32 bit" build i386; then
     check "kernel symbols, 32 bit" ctest --test-dir build/i386 -R kernel_symbols
     check ".deb, 32 bit" scripts/check_archive.sh build/i386
     if command -v qemu-i386 > /dev/null; then
-        # Each chooses its own level; EPYC is another vendor's.
-        for pair in pentium3:px coreduo:w7 core2duo:v8 n270:s8 Penryn:p8 SandyBridge:g9 Haswell:h9 EPYC:h9; do
-            emulated "${pair%:*}" "${pair#*:}"
-        done
+        rm -f "$log_folder"/emulated_*
+        # shellcheck disable=SC2086
+        printf '%s\n' $processors | xargs -P "$(nproc)" -I '{}' bash -c 'emulate {}'
+        for processor in $processors; do emulated "$processor"; done
     else
         skip "emulated processors" "qemu-i386 is not there"
     fi
