@@ -69,75 +69,76 @@ void* openblas(const char* routine)
     return library != nullptr ? dlsym(library, routine) : nullptr;
 }
 
-void linear_systems(int n)
-{
-    auto a = noise<float>(n * n), b = noise<float>(n), d = noise<float>(n * n), x = noise<float>(n);
-    auto ipiv = std::make_shared<std::vector<int>>(n);
-    const std::string size = bench::square(n);
-    using Getrf = void(int*, int*, float*, int*, int*, int*);
-    using Getrs = void(char*, int*, int*, float*, int*, int*, float*, int*, int*);
-    const auto factor = [=](Getrf* routine) {
+// Calls of a LAPACK routine, ours or another's: `lengths` are those of the character arguments, where it has them.
+struct LinearSystem {
+    int n;
+    std::shared_ptr<std::vector<float>> a = noise<float>(n * n), b = noise<float>(n), d = noise<float>(n * n), x = noise<float>(n);
+    std::shared_ptr<std::vector<int>> ipiv = std::make_shared<std::vector<int>>(n);
+
+    template <class Getrf>
+    void factor(Getrf* routine) const
+    {
         int m = n, info;
         *d = *a;
         routine(&m, &m, d->data(), &m, ipiv->data(), &info);
-    };
-    const auto solve = [=](Getrs* routine) {
+    }
+    template <class Getrs, class... Lengths>
+    void solve(Getrs* routine, Lengths... lengths) const
+    {
         int m = n, one = 1, info;
         char trans = 'N';
         *x = *b;
-        routine(&trans, &m, &one, d->data(), &m, ipiv->data(), x->data(), &m, &info);
-    };
-    bench::add("Sgetrf", size, "orvane", [=] { factor(MKLWrapper::Sgetrf); });
-    if (void* const f = openblas("sgetrf_")) bench::add("Sgetrf", size, "openblas", [=] { factor(reinterpret_cast<Getrf*>(f)); });
-    bench::add("Sgetrf", size, "eigen", [=] { bench::eigen_factor(n, a->data(), d->data()); });
-    bench::add("Sgetrs", size, "orvane", [=] { factor(MKLWrapper::Sgetrf), solve(MKLWrapper::Sgetrs); });
+        routine(&trans, &m, &one, d->data(), &m, ipiv->data(), x->data(), &m, &info, lengths...);
+    }
+};
+
+template <class T>
+struct SingularValues {
+    int n;
+    std::shared_ptr<std::vector<T>> a = noise<T>(n * n), d = noise<T>(n * n), u = noise<T>(n * n), vt = noise<T>(n * n), s = noise<T>(n), work = noise<T>(100 * n);
+
+    template <class Gesvd, class... Lengths>
+    void decompose(Gesvd* routine, Lengths... lengths) const
+    {
+        int m = n, info, lwork = 100 * n;
+        char job = 'A';
+        *d = *a;
+        routine(&job, &job, &m, &m, d->data(), &m, s->data(), u->data(), &m, vt->data(), &m, work->data(), &lwork, &info, lengths...);
+    }
+};
+
+void linear_systems(int n)
+{
+    const LinearSystem system{n};
+    const std::string size = bench::square(n);
+    using Getrf = void(int*, int*, float*, int*, int*, int*);
+    bench::add("Sgetrf", size, "orvane", [=] { system.factor(MKLWrapper::Sgetrf); });
+    if (void* const f = openblas("sgetrf_")) bench::add("Sgetrf", size, "openblas", [=] { system.factor(reinterpret_cast<Getrf*>(f)); });
+    bench::add("Sgetrf", size, "eigen", [=] { bench::eigen_factor(n, system.a->data(), system.d->data()); });
+    bench::add("Sgetrs", size, "orvane", [=] { system.factor(MKLWrapper::Sgetrf), system.solve(MKLWrapper::Sgetrs); });
 }
 
 // What our entry points add to the routines that are linked in: the same calls through and without them.
 void cost_of_entry(int n)
 {
-    auto a = noise<float>(n * n), b = noise<float>(n), d = noise<float>(n * n), x = noise<float>(n);
-    auto u = noise<float>(n * n), vt = noise<float>(n * n), s = noise<float>(n), work = noise<float>(100 * n);
-    auto ipiv = std::make_shared<std::vector<int>>(n);
+    const LinearSystem system{n};
+    const SingularValues<float> values{n};
     const std::string size = bench::square(n);
-    const auto factor = [=](auto routine) {
-        int m = n, info;
-        *d = *a;
-        routine(&m, &m, d->data(), &m, ipiv->data(), &info);
-    };
-    const auto solve = [=](auto routine, auto... lengths) {
-        int m = n, one = 1, info;
-        char trans = 'N';
-        *x = *b;
-        routine(&trans, &m, &one, d->data(), &m, ipiv->data(), x->data(), &m, &info, lengths...);
-    };
-    const auto decompose = [=](auto routine, auto... lengths) {
-        int m = n, info, lwork = 100 * n;
-        char job = 'A';
-        *d = *a;
-        routine(&job, &job, &m, &m, d->data(), &m, s->data(), u->data(), &m, vt->data(), &m, work->data(), &lwork, &info, lengths...);
-    };
     using Length = orv::FortranLength;
-    bench::add("Sgetrf entry", size, "orvane", [=] { factor(MKLWrapper::Sgetrf); });
-    bench::add("Sgetrf entry", size, "linked", [=] { factor(orv::orv_lapack_sgetrf); });
-    bench::add("Sgetrs entry", size, "orvane", [=] { solve(MKLWrapper::Sgetrs); });
-    bench::add("Sgetrs entry", size, "linked", [=] { solve(orv::orv_lapack_sgetrs, Length{1}); });
-    bench::add("Sgesvd entry", size, "orvane", [=] { decompose(MKLWrapper::Sgesvd); });
-    bench::add("Sgesvd entry", size, "linked", [=] { decompose(orv::orv_lapack_sgesvd, Length{1}, Length{1}); });
+    bench::add("Sgetrf entry", size, "orvane", [=] { system.factor(MKLWrapper::Sgetrf); });
+    bench::add("Sgetrf entry", size, "linked", [=] { system.factor(orv::orv_lapack_sgetrf); });
+    bench::add("Sgetrs entry", size, "orvane", [=] { system.solve(MKLWrapper::Sgetrs); });
+    bench::add("Sgetrs entry", size, "linked", [=] { system.solve(orv::orv_lapack_sgetrs, Length{1}); });
+    bench::add("Sgesvd entry", size, "orvane", [=] { values.decompose(MKLWrapper::Sgesvd); });
+    bench::add("Sgesvd entry", size, "linked", [=] { values.decompose(orv::orv_lapack_sgesvd, Length{1}, Length{1}); });
 }
 
 template <class T, class Routine>
 void singular_values(const char* name, const char* symbol, int n, Routine* ours)
 {
-    auto a = noise<T>(n * n), d = noise<T>(n * n), u = noise<T>(n * n), vt = noise<T>(n * n), s = noise<T>(n), work = noise<T>(100 * n);
-    const auto run = [=](Routine* routine) {
-        int m = n, info, lwork = 100 * n;
-        char job = 'A';
-        *d = *a;
-        routine(&job, &job, &m, &m, d->data(), &m, s->data(), u->data(), &m, vt->data(), &m, work->data(), &lwork, &info);
-    };
-    bench::add(name, bench::square(n), "orvane", [=] { run(ours); });
-    if (void* const f = openblas(symbol)) bench::add(name, bench::square(n), "openblas", [=] { run(reinterpret_cast<Routine*>(f)); });
+    const SingularValues<T> values{n};
+    bench::add(name, bench::square(n), "orvane", [=] { values.decompose(ours); });
+    if (void* const f = openblas(symbol)) bench::add(name, bench::square(n), "openblas", [=] { values.decompose(reinterpret_cast<Routine*>(f)); });
 }
 
 const bool registered = [] {

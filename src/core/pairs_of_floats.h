@@ -25,6 +25,15 @@ struct RoundedPair {
 using Rounded = RoundedPair<floats, mask32>;
 using Rounded2 = RoundedPair<floats2, mask2>;
 
+// lowest <= x < highest, two positive floats told by their bits: signed integers from the smallest on.
+template <class F>
+ORV_INLINE auto between(F x, std::uint32_t lowest, std::uint32_t highest)
+{
+    using I = decltype(bits(x));
+    const std::uint32_t smallest = 0x80000000;
+    return less_signed(bits(x) - I(lowest - smallest), I(highest - lowest + smallest));
+}
+
 // high + low, rounded, and whether an error of `margin` times the sum leaves it so.
 template <class F>
 ORV_INLINE auto round_pair(F high, F low, float margin)

@@ -13,7 +13,6 @@ inline namespace ORV_LEVEL {
 template <class F>
 ORV_INLINE auto quick_hypotenuse(F a, F b)
 {
-    using I = decltype(bits(a));
     const F aa = a * a, bb = b * b;
     // A NaN becomes one of these two: the result is not sure then.
     const F most = larger(aa, bb), least = smaller(bb, aa);
@@ -23,8 +22,7 @@ ORV_INLINE auto quick_hypotenuse(F a, F b)
     const F square_rests = fused_less(a, a, aa) + fused_less(b, b, bb);
     const F left = fused_minus(sum, root, root) + (sum_rest + square_rests);
     auto result = round_pair(root, left * (reciprocal_root_estimate(larger(sum, 0x1p-60f)) * 0.5f), 0x1p-34f);
-    const I smallest(0x80000000), lowest(0x21800000), highest(0x7B800000);  // of signed integers; 2^-60 and 2^120
-    const auto in_range = less_signed(bits(most) - (lowest - smallest), highest - lowest + smallest);
+    const auto in_range = between(most, 0x21800000, 0x7B800000);  // 2^-60 to 2^120
     const auto zeros = equal(from_bits(bits(a) | bits(b)), 0.0f);
     result.sure = result.sure & (in_range | zeros);
     return result;

@@ -69,10 +69,8 @@ struct QuickLn {
     static ORV_INLINE Rounded2 quick(const float* const* src)
     {
         const floats2 x = load_floats2(src[0]);
-        // Signed integers from the smallest on, as the floats from 2^-126 on.
-        const ints2 smallest(0x80000000 + 0x00800000), infinity(0x7F800000);
         const Rounded2 y = quick_ln(x);
-        return {y.value, y.sure & less_signed(bits(x) - smallest, infinity - smallest)};
+        return {y.value, y.sure & between(x, 0x00800000, 0x7F800000)};
     }
 };
 // Nor are NaNs, and what is so far from zero that the exponential's parts need not be normal numbers.

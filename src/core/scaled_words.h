@@ -1,8 +1,8 @@
 // 32-bit integers under the scaling rule: sums, differences, products and quotients, on scalars and on
 // vectors.
 //
-// Vectors compute in double wherever double is exact: sums always, products as long as those beyond 2^53
-// saturate anyway, quotients as told below. The conversion back rounds to nearest, ties to even, and gives
+// Vectors scale sums down in 32-bit lanes and compute all else in double wherever double is exact: sums always,
+// products as long as those beyond 2^53 saturate anyway, quotients as told below. The conversion back rounds to nearest, ties to even, and gives
 // the smallest integer for whatever is below the range; only the upper bound needs a step of its own.
 // Kernels that use this open with a FloatControl.
 #pragma once
@@ -61,10 +61,38 @@ ORV_INLINE bool any_sign(__m256i v) { return _mm256_movemask_ps(_mm256_castsi256
 #endif
 #endif
 
-// Form has wrapped(a, b), and overflow(a, b, wrapped) with the sign where that overflows.
-template <class Form>
+// Sums and differences in 32-bit lanes: overflow() has the sign where wrapped() overflows.
+template <class Kind> struct InWords;
+template <>
+struct InWords<Sum<int32_t>> {
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE V wrapped(V a, V b) { return a + b; }
+    template <class V> static ORV_INLINE V overflow(V a, V b, V sum) { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
+    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
+    template <class V> static ORV_INLINE V halved(V a, V b) { return (a & b) + ((a ^ b) >> simd::count(1)); }
+    // Half a sum is never rounded up from the largest integer.
+    template <class V> static ORV_INLINE V unless_largest(V, V up) { return up; }
+#endif
+};
+template <>
+struct InWords<Difference<int32_t>> {
+#if ORV_HAVE_VECTORS
+    template <class V> static ORV_INLINE V wrapped(V a, V b) { return b - a; }
+    template <class V> static ORV_INLINE V overflow(V a, V b, V difference) { return simd::greater(difference, b) ^ a; }
+    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
+    // b - a is b + ~a + 1.
+    template <class V> static ORV_INLINE V halved(V a, V b) { return (b | ~a) - ((b ^ ~a) >> simd::count(1)); }
+    template <class V> static ORV_INLINE V unless_largest(V half, V up)
+    {
+        return simd::and_not(simd::equal(half, simd::splat<V>(INT32_MAX)), up);
+    }
+#endif
+};
+template <class Kind>
 struct SaturatedWords {
+    using Form = InWords<Kind>;
     static constexpr bool kTogether = true;
+    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Kind::exact(a, b)); }
 #if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
@@ -81,46 +109,16 @@ struct SaturatedWords {
     }
 #endif
 };
-struct SumOfWords {
-#if ORV_HAVE_VECTORS
-    template <class V> static ORV_INLINE V wrapped(V a, V b) { return a + b; }
-    template <class V> static ORV_INLINE V overflow(V a, V b, V sum) { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
-    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
-    template <class V> static ORV_INLINE V halved(V a, V b) { return (a & b) + ((a ^ b) >> simd::count(1)); }
-    // Half a sum is never rounded up from the largest integer.
-    template <class V> static ORV_INLINE V unless_largest(V, V up) { return up; }
-#endif
-};
-struct DifferenceOfWords {
-#if ORV_HAVE_VECTORS
-    template <class V> static ORV_INLINE V wrapped(V a, V b) { return b - a; }
-    template <class V> static ORV_INLINE V overflow(V a, V b, V difference) { return simd::greater(difference, b) ^ a; }
-    template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
-    // b - a is b + ~a + 1.
-    template <class V> static ORV_INLINE V halved(V a, V b) { return (b | ~a) - ((b ^ ~a) >> simd::count(1)); }
-    template <class V> static ORV_INLINE V unless_largest(V half, V up)
-    {
-        return simd::and_not(simd::equal(half, simd::splat<V>(INT32_MAX)), up);
-    }
-#endif
-};
-template <class Kind> struct FormOfWords { using type = SumOfWords; };
-template <> struct FormOfWords<Difference<int32_t>> { using type = DifferenceOfWords; };
-template <>
-struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<SumOfWords> {
-    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Sum<int32_t>::exact(a, b)); }
-};
-template <>
-struct Saturated<int32_t, Difference<int32_t>> : SaturatedWords<DifferenceOfWords> {
-    int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Difference<int32_t>::exact(a, b)); }
-};
+template <> struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<Sum<int32_t>> {};
+template <> struct Saturated<int32_t, Difference<int32_t>> : SaturatedWords<Difference<int32_t>> {};
 
 // Scaled down by 2 to 32 bits, in 32-bit lanes: half of the exact sum, rounded down, and the bit that this leaves
 // over. Half an odd number is in the way of its even neighbours only when that bit alone is left, so
 //     sum 2^-(bits+1) = (half + 2^(bits-1) - 1 + (left over or odd)) >> bits
 // with the addition done on the digits below the last one, where it cannot overflow.
-template <class Form, class Kind>
+template <class Kind>
 struct ScaledDownWords {
+    using Form = InWords<Kind>;
     int scaleFactor;
     int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), scaleFactor); }
 #if ORV_HAVE_VECTORS
@@ -136,8 +134,9 @@ struct ScaledDownWords {
 #endif
 };
 // By one bit, where no digits are left.
-template <class Form, class Kind>
+template <class Kind>
 struct HalvedWords {
+    using Form = InWords<Kind>;
     int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), 1); }
 #if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
@@ -220,9 +219,9 @@ ORV_INLINE void with_scaled_words(int scaleFactor, Loop loop)
     } else if (scaleFactor > 32) {
         loop(Nothing<int32_t>{});
     } else if (scaleFactor == 1) {
-        loop(HalvedWords<typename FormOfWords<Kind>::type, Kind>{});
+        loop(HalvedWords<Kind>{});
     } else if (scaleFactor > 0) {
-        loop(ScaledDownWords<typename FormOfWords<Kind>::type, Kind>{scaleFactor});
+        loop(ScaledDownWords<Kind>{scaleFactor});
     } else {
         loop(scaled_in_double_by<Kind>(scaleFactor));
     }

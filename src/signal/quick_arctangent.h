@@ -56,9 +56,7 @@ ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
     const floats2 margin = fused(magnitude(v), 0x1.8p-32f, fused(sum, 0x1p-34f, smaller(least, 0x1p-90f)));
     const floats2 value = sum + (sum_rest + margin);
     const mask2 sure = equal(value, sum + (sum_rest - margin));
-    // As signed integers from the smallest on, the floats from 2^-20 on; up to 2^60.
-    const ints2 smallest(0x80000000), lowest(0x35800000), highest(0x5D800000);
-    const mask2 in_range = less_signed(bits(most) - (lowest - smallest), highest - lowest + smallest);
+    const mask2 in_range = between(most, 0x35800000, 0x5D800000);  // 2^-20 to 2^60
     return {from_bits(bits(value) | (bits(y) & ints2(0x80000000))), sure & in_range};
 }
 
