@@ -8,6 +8,7 @@
 #include "MKLWrapper.h"
 #include "MatrixWrapper.h"
 #include "SignalProcessingWrapper.h"
+#include "core/sizes.h"
 #include "core/start_up.h"
 #include "gmock/gmock.h"
 #include "support/allocations.h"
@@ -236,6 +237,26 @@ TEST(Buffers, Vectors)
     check_vector_buffer(W::Malloc_32fc);
     W::Free(nullptr);
     EXPECT_EQ(W::Malloc_64f(0x10000000), nullptr) << "2^31 bytes";
+}
+
+TEST(Buffers, ProductsOfSizesNeverWrap)
+{
+    const long long most = 0x7FFFFFFF;
+    EXPECT_EQ(size_product(3, 5, 7), 105);
+    EXPECT_EQ(size_product(most, 1), most);
+    EXPECT_EQ(size_product(1 << 16, 1 << 15), most + 1);
+    EXPECT_EQ(size_product(most, 0, most), 0);
+    // Each of these is small, zero or negative in the low 32 or 64 bits.
+    EXPECT_EQ(size_product(1 << 16, 1 << 16), kTooLarge);
+    EXPECT_EQ(size_product(2147483642, 400000000, 12), kTooLarge);
+    EXPECT_EQ(size_product(1074003968, 2147479553, 4), kTooLarge);
+    EXPECT_EQ(size_product(most, most, most, most), kTooLarge);
+    EXPECT_EQ(size_product(1LL << 62, 4), kTooLarge);
+    for (const long long bytes : {0LL, 1LL, 63LL, 64LL, 65LL, most - 63, most - 62, most, 1LL << 62}) {
+        const long long padded = padded_to_lines(bytes);
+        EXPECT_EQ(padded % 64, 0) << bytes;
+        EXPECT_TRUE(padded == kTooLarge ? bytes > most - 63 : padded >= bytes && padded < bytes + 64) << bytes;
+    }
 }
 
 // --- Image container ------------------------------------------------------------------------------
