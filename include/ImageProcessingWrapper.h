@@ -26,8 +26,8 @@
 /// pointer, same step. Regions that overlap otherwise give unspecified pixels, though never an access
 /// outside the regions.
 ///
-/// **In place.** Methods that end in I take a temporary buffer from the heap. When memory runs out, or
-/// when the region is larger than 2^31 - 1 bytes, they return false and write nothing.
+/// **In place.** Methods that end in I take a temporary buffer from the heap. When memory runs out, or for
+/// a region whose rows, each padded to 64 bytes, exceed 2^31 - 1 bytes, they return false and write nothing.
 ///
 /// **Threads.** The methods keep no state; calls on different buffers may run at the same time.
 ///

@@ -1,7 +1,9 @@
 // The frame: features, level choice, start-up, buffers, the image container, the static-only classes.
 #include <cstring>
+#include <functional>
 #include <new>
 #include <type_traits>
+#include <vector>
 
 #include "Image.h"
 #include "ImageProcessingWrapper.h"
@@ -257,6 +259,106 @@ TEST(Buffers, ProductsOfSizesNeverWrap)
         EXPECT_EQ(padded % 64, 0) << bytes;
         EXPECT_TRUE(padded == kTooLarge ? bytes > most - 63 : padded >= bytes && padded < bytes + 64) << bytes;
     }
+}
+
+// --- In-place forms -------------------------------------------------------------------------------
+
+// Rows that overlap, so that the region is copied; it is far beyond any memory, but the bytes of its copy come
+// out negative, zero or small when they are counted in 32 or 64 bits.
+TEST(InPlace, RegionsBeyondMemoryAreRefused)
+{
+    using W = ImageProcessingWrapper;
+    std::vector<Complex32f> memory(8192, {1.f, 2.f});
+    const std::vector<Complex32f> before = memory;
+    Complex32f* const z = memory.data();
+    float* const f = &z->re;
+    unsigned char* const b = reinterpret_cast<unsigned char*>(z);
+    unsigned short* const w = reinterpret_cast<unsigned short*>(z);
+    const unsigned char bytes[4] = {1, 2, 3, 4};
+    const unsigned counts[3] = {1, 2, 3};
+    const float floats[3] = {2, 3, 4};
+
+    struct Form {
+        const char* name;
+        bool always_true;
+        std::function<bool(int, int)> call;
+    };
+    const Form forms[] = {
+        {"MulC_32f_C3IR", false, [=](int x, int y) { return W::MulC_32f_C3IR(floats, f, 4, x, y); }},
+        {"Div_32f_C3I", false, [=](int x, int y) { return W::Div_32f_C3I(f, 4, f, 4, x, y); }},
+        {"Abs_32f_C1I", false, [=](int x, int y) { return W::Abs_32f_C1I(f, 4, x, y); }},
+        {"Sqrt_32f_C1I", false, [=](int x, int y) { return W::Sqrt_32f_C1I(f, 4, x, y); }},
+        {"Ln_32f_C1I", false, [=](int x, int y) { return W::Ln_32f_C1I(f, 4, x, y); }},
+        {"Add_32f_C1I", false, [=](int x, int y) { return W::Add_32f_C1I(f, 4, f, 4, x, y); }},
+        {"AddC_8u_C4I", false, [=](int x, int y) { return W::AddC_8u_C4I(bytes, b, 4, x, y, 0); }},
+        {"Div_8u_C4I", false, [=](int x, int y) { return W::Div_8u_C4I(b, 4, b, 4, x, y, 0); }},
+        {"Mirror_8u_C4I", false, [=](int x, int y) { return W::Mirror_8u_C4I(b, 4, x, y, 2); }},
+        {"Not_8u_C4I", false, [=](int x, int y) { return W::Not_8u_C4I(b, 4, x, y); }},
+        {"LShiftC_16u_C1IR", false, [=](int x, int y) { return W::LShiftC_16u_C1IR(1, w, 4, x, y); }},
+        {"RShiftC_8u_C3IR", false, [=](int x, int y) { return W::RShiftC_8u_C3IR(counts, b, 4, x, y); }},
+        {"ThresholdLess_32f_C3IR", false, [=](int x, int y) { return W::ThresholdLess_32f_C3IR(f, 4, x, y, floats); }},
+        {"Add_32fc_C1I", true, [=](int x, int y) { return W::Add_32fc_C1I(z, 4, z, 4, x, y); }},
+    };
+    const Size sizes[] = {{2147483642, 400000000},  {2147483631, 1140000000}, {1074003968, 2147479553}, {537001984, 2147479553},
+                          {358001322, 2147479553},  {1 << 30, 1 << 30},       {1 << 16, 1 << 16},       {0x7FFFFFFF, 0x7FFFFFFF},
+                          {1, 1 << 25},             {0x7FFFFFFF, 1}};
+    for (const Form& form : forms) {
+        for (const Size& size : sizes) {
+            EXPECT_EQ(form.call(size.width, size.height), form.always_true) << form.name << ' ' << size.width << " x " << size.height;
+        }
+    }
+    EXPECT_EQ(std::memcmp(memory.data(), before.data(), memory.size() * sizeof(Complex32f)), 0);
+}
+
+// How much memory a call asks for. There is none, so it touches nothing.
+template <class Call>
+std::size_t request_of(Call call)
+{
+    static std::size_t request;
+    request = 0;
+    const AllocationFailure none_left(0);
+    orv_memory_functions.allocate = [](std::size_t bytes) -> void* {
+        request = bytes;
+        return nullptr;
+    };
+    call();
+    return request;
+}
+
+// The copy of a vector has no padding: whatever an int can count is done in place.
+TEST(InPlace, VectorsOfUpToTwoGigabytes)
+{
+    using W = SignalProcessingWrapper;
+    double element = 1;
+    void* const p = &element;
+    unsigned char* const b = static_cast<unsigned char*>(p);
+    unsigned short* const w = static_cast<unsigned short*>(p);
+    float* const f = static_cast<float*>(p);
+    struct Form {
+        const char* name;
+        int element_bytes;
+        bool copies;
+        std::function<void(int)> call;
+    };
+    const Form forms[] = {
+        {"Add_8u_I", 1, false, [=](int n) { W::Add_8u_I(b, b, n, 0); }},
+        {"AddC_16u_I", 2, false, [=](int n) { W::AddC_16u_I(1, w, n, 0); }},
+        {"Abs_32f_I", 4, false, [=](int n) { W::Abs_32f_I(f, n); }},
+        {"Ln_64f_I", 8, false, [=](int n) { W::Ln_64f_I(static_cast<double*>(p), n); }},
+        {"MulPack_32f_I", 4, true, [=](int n) { W::MulPack_32f_I(f, f, n); }},
+        {"WinHamming_32f_I", 4, true, [=](int n) { W::WinHamming_32f_I(f, n); }},
+    };
+    const int most = 0x7FFFFFFF;
+    for (const Form& form : forms) {
+        const int longest = most / form.element_bytes;
+        const std::size_t expected = form.copies ? static_cast<std::size_t>(longest) * static_cast<std::size_t>(form.element_bytes) : 64;
+        EXPECT_EQ(request_of([&] { form.call(longest); }), expected + 64 + sizeof(void*)) << form.name;
+        if (longest < most) {
+            EXPECT_EQ(request_of([&] { form.call(longest + 1); }), 0u) << form.name;
+        }
+        EXPECT_EQ(request_of([&] { form.call(0); }), 0u) << form.name;
+    }
+    EXPECT_EQ(element, 1);
 }
 
 // --- Image container ------------------------------------------------------------------------------

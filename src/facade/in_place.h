@@ -6,7 +6,7 @@
 // copied; the block that is then asked for, and refused when there is none, is a small one.
 #pragma once
 
-#include "core/memory.h"
+#include "facade/temporary.h"
 #include "image/data_movement.h"
 
 namespace orv {
@@ -20,17 +20,6 @@ struct Tile {
     int dstStep;
     Size size;
 };
-
-// Memory for a copy of the image, or a token of it; null where that is refused.
-inline void* allocate_for_copy(bool whole, int width, int height, long long pixel_bytes, int* step)
-{
-    // A copy of the whole image must fit an int; hosts see the same limit either way.
-    const long long row_bytes = (width * pixel_bytes + 63) / 64 * 64;
-    if (row_bytes * height > 0x7FFFFFFF) return nullptr;
-    if (!whole) return orv_allocate(64);
-    *step = static_cast<int>(row_bytes);
-    return orv_allocate(static_cast<int>(row_bytes * height));
-}
 
 inline bool rows_overlap(int step, int height, long long row_bytes)
 {
@@ -48,9 +37,11 @@ Status in_place(T* srcDst, int step, int width, int height, int lanes, Operation
     const long long pixel_bytes = static_cast<long long>(sizeof(T)) * lanes;
     const bool needs_copy = always_copy || rows_overlap(step, height, width * pixel_bytes);
     Tile<T> tile = {srcDst, step, srcDst, step, {width, height}};
-    void* const memory = allocate_for_copy(needs_copy, width, height, pixel_bytes, &tile.srcStep);
+    const long long copy_step = padded_to_lines(width * pixel_bytes);
+    void* const memory = allocate_for_copy(needs_copy, size_product(copy_step, height));
     if (memory == nullptr) return StatusNoMemory;
     if (needs_copy) {
+        tile.srcStep = static_cast<int>(copy_step);
         const Size bytes = {static_cast<int>(width * pixel_bytes), height};
         orv_Copy_8u_C1(reinterpret_cast<const unsigned char*>(srcDst), step, static_cast<unsigned char*>(memory),
                        tile.srcStep, bytes);

@@ -2,18 +2,15 @@
 #include "signal/elementary.h"
 
 #include "SignalProcessingWrapper.h"
-#include "facade/in_place.h"
+#include "facade/signal/in_place_vector.h"
 
 using namespace orv;
 
 #define SRC_DST(name, T) \
     bool SignalProcessingWrapper::name(const T* src, T* dst, int len) { return orv_##name(src, dst, len) == StatusOk; }
 
-// A vector is an image of one row.
-#define IN_PLACE(operation, T)                                                                          \
-    in_place(srcDst, 0, len, 1, 1, [](const auto& tile) {                                               \
-        return orv_##operation(tile.src, tile.dst, tile.size.width); \
-    })
+#define IN_PLACE(operation, T) \
+    in_place_vector(srcDst, len, [](const T* copy, T* place, Length n) { return orv_##operation(copy, place, n.count); })
 #define SRCDST(name, operation, T) \
     bool SignalProcessingWrapper::name(T* srcDst, int len) { return IN_PLACE(operation, T) == StatusOk; }
 
