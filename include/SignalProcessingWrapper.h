@@ -43,6 +43,18 @@ public:
     static void Free(void* buffer);
 
     // --------------------------------------------------------------------------------------------
+    // Filling and moving
+    //
+    // Elements are moved as they are. The vectors of a copy may overlap in any way: the destination receives
+    // what the source held before the call. Both methods are always true; with a null pointer or a len below 1
+    // they do nothing.
+
+    /// dst = 0. Always true.
+    static bool Zero_16u(unsigned short* dst, int len);
+    /// dst = src. Always true.
+    static bool Copy_16u(const unsigned short* src, unsigned short* dst, int len);
+
+    // --------------------------------------------------------------------------------------------
     // Vector arithmetic
     //
     // The second source is the left operand: src2 - src1, src2 / src1; in place, srcDst - src, srcDst / src.

@@ -37,6 +37,7 @@
 #include "signal/float_vectors.h"
 #include "signal/integer_vectors.h"
 #include "signal/spectra.h"
+#include "signal/vector_moves.h"
 #include "spectral/fft.h"
 #include "support/levels.h"
 #include "support/options.h"
@@ -313,6 +314,7 @@ void hash_registries(Hashes& hashes)
 #include "signal/float_vectors.inc"
 #include "signal/integer_vectors.inc"
 #include "signal/spectra.inc"
+#include "signal/vector_moves.inc"
 #undef KERNEL
 #define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, borders);
 #include "image/border.inc"

@@ -32,6 +32,7 @@
 #include "signal/integer_vectors.h"
 #include "signal/float_vectors.h"
 #include "signal/spectra.h"
+#include "signal/vector_moves.h"
 #include "support/image.h"
 #include "support/processor_state.h"
 
@@ -392,6 +393,13 @@ TEST(Variants, Spectra)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
 #include "signal/spectra.inc"
+#undef KERNEL
+}
+
+TEST(Variants, VectorMoves)
+{
+#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
+#include "signal/vector_moves.inc"
 #undef KERNEL
 }
 

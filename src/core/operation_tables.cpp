@@ -22,6 +22,7 @@
 #include "signal/float_vectors.h"
 #include "signal/integer_vectors.h"
 #include "signal/spectra.h"
+#include "signal/vector_moves.h"
 #include "linalg/lapack_kernels.h"
 #include "linalg/elimination.h"
 #include "linalg/matrices.h"
@@ -129,6 +130,10 @@ namespace orv {
 
 #define KERNEL(name, ...) TABLE(spectra, name, __VA_ARGS__)
 #include "signal/spectra.inc"
+#undef KERNEL
+
+#define KERNEL(name, ...) TABLE(vector_moves, name, __VA_ARGS__)
+#include "signal/vector_moves.inc"
 #undef KERNEL
 
 #define KERNEL(name, ...) TABLE(lapack_kernels, name, __VA_ARGS__)

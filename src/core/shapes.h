@@ -77,6 +77,9 @@ using SrcSrcAccumulate = Status(const From* src1, int src1Step, const From* src2
 
 // --- Vectors --------------------------------------------------------------------------------------
 
+template <class T>
+using VecFilled = Status(T* dst, Length len);
+
 template <class From, class To>
 using VecDst = Status(const From* src, To* dst, Length len);
 
