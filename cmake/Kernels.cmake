@@ -65,21 +65,30 @@ endif()
 
 # Compiles everything that is not a kernel: the lowest level, the code every processor can run.
 function(orvane_common_options target)
-  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
+  target_include_directories(${target} PRIVATE
+    ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include ${PROJECT_BINARY_DIR}/families)
   if(NOT WIN32)
     target_compile_definitions(${target} PRIVATE ORVANE_BUILDING)
   endif()
   target_compile_options(${target} PRIVATE ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_px} ${ORVANE_CHECKS})
 endfunction()
 
-# orvane_add_family(<subsystem>/<family> LEVELS <level>...)
+# orvane_add_family(<folder>/<family> LEVELS <level>... [HEADER <header>] [OPTIONS <option>...])
 #
-# Compiles src/<subsystem>/<family>.cpp once for each level. The levels are those that the family's
-# header declares; one that is missing here is a link error.
+# The one place that names a family. Compiles src/<folder>/<family>.cpp once for each level, and writes what
+# follows from the name into the build folder: the family's tables of operations (a column is the highest built
+# level at or below it) and its entry in the lists that the tests read. The registry is <family>.inc, the header
+# <family>.h unless two registries share one.
+set(ORVANE_LEVELS px w7 v8 s8 p8 g9 h9)
+
 function(orvane_add_family path)
-  cmake_parse_arguments(PARSE_ARGV 1 family "" "" "LEVELS;OPTIONS")
+  cmake_parse_arguments(PARSE_ARGV 1 family "" "HEADER" "LEVELS;OPTIONS")
   string(REPLACE "/" "_" name ${path})
   list(GET family_LEVELS -1 highest)
+  if(NOT family_HEADER)
+    set(family_HEADER ${path}.h)
+  endif()
+  orvane_write_tables(${path} ${family_HEADER} ${family_LEVELS})
   foreach(level ${family_LEVELS})
     set(target kernel_${name}_${level})
     add_library(${target} OBJECT ${PROJECT_SOURCE_DIR}/src/${path}.cpp)
@@ -99,4 +108,65 @@ function(orvane_add_family path)
     endif()
     set_property(GLOBAL APPEND PROPERTY ORVANE_KERNEL_TARGETS ${target})
   endforeach()
+endfunction()
+
+# The tables of a family's operations, and <folder>_<family>_kernels.h, which declares the kernels of all levels.
+function(orvane_write_tables path header)
+  get_filename_component(family ${path} NAME)
+  string(REPLACE "/" "_" name ${path})
+  set(declarations "")
+  set(columns "")
+  foreach(level ${ORVANE_LEVELS})
+    if(level IN_LIST ARGN)
+      set(built ${level})
+      string(APPEND declarations "namespace ${level} {\n#include \"${path}.inc\"\n}\n")
+    else()
+      string(APPEND declarations "namespace ${level} = ${built};\n")
+    endif()
+    list(APPEND columns "${family}::${level}::name")
+  endforeach()
+  list(JOIN columns ", " columns)
+  set(kernels ${name}_kernels.h)
+  set(tables ${PROJECT_BINARY_DIR}/families/${name}_tables.cpp)
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/families/${kernels} @ONLY CONTENT [[
+// Written by orvane_add_family: the kernels of every level, those that it shares among them.
+#pragma once
+
+#include "@header@"
+
+namespace orv {
+namespace @family@ {
+#define KERNEL(name, ...) __VA_ARGS__ name;
+@declarations@#undef KERNEL
+}  // namespace @family@
+}  // namespace orv
+]])
+  file(CONFIGURE OUTPUT ${tables} @ONLY CONTENT [[
+// Written by orvane_add_family: one kernel per level for each operation, in the order of the index.
+#include "@kernels@"
+
+namespace orv {
+
+#define KERNEL(name, ...) extern "C" const Operation<__VA_ARGS__> orv_##name = {{@columns@}};
+#include "@path@.inc"
+#undef KERNEL
+
+}  // namespace orv
+]])
+  set_property(GLOBAL APPEND PROPERTY ORVANE_TABLES ${tables})
+  set_property(GLOBAL APPEND PROPERTY ORVANE_FAMILY_HEADERS "#include \"${header}\"\n")
+  set_property(GLOBAL APPEND PROPERTY ORVANE_FAMILY_REGISTRIES
+    "REGISTRY_BEGIN(${name})\n#include \"${path}.inc\"\nREGISTRY_END(${name})\n")
+endfunction()
+
+# What reads every registry includes these: families.h has all headers, registries.inc all registries, each
+# between REGISTRY_BEGIN(<folder>_<family>) and REGISTRY_END, which the reader defines beside KERNEL.
+function(orvane_write_lists)
+  get_property(headers GLOBAL PROPERTY ORVANE_FAMILY_HEADERS)
+  list(REMOVE_DUPLICATES headers)
+  list(JOIN headers "" headers)
+  get_property(registries GLOBAL PROPERTY ORVANE_FAMILY_REGISTRIES)
+  list(JOIN registries "" registries)
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/families/families.h CONTENT "#pragma once\n${headers}")
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/families/registries.inc CONTENT "${registries}")
 endfunction()

@@ -14,22 +14,4 @@ using SrcCountsDst = Status(const T* src, int srcStep, const unsigned* counts, T
 #include "image/bitwise.inc"
 #undef KERNEL
 
-namespace bitwise {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/bitwise.inc"
-}
-namespace w7 {
-#include "image/bitwise.inc"
-}
-namespace h9 {
-#include "image/bitwise.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace bitwise
-
 }  // namespace orv

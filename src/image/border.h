@@ -16,22 +16,4 @@ using ReplicateBorder = Status(const T* src, int srcStep, Size srcSize, T* dst, 
 #include "image/border.inc"
 #undef KERNEL
 
-namespace border {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/border.inc"
-}
-namespace w7 {
-#include "image/border.inc"
-}
-namespace h9 {
-#include "image/border.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace border
-
 }  // namespace orv

@@ -21,24 +21,4 @@ using ComparisonWithValues = Status(const T* src, int srcStep, const T* values, 
 #include "image/comparison.inc"
 #undef KERNEL
 
-namespace comparison {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/comparison.inc"
-}
-namespace w7 {
-#include "image/comparison.inc"
-}
-namespace v8 {
-#include "image/comparison.inc"
-}
-namespace h9 {
-#include "image/comparison.inc"
-}
-#undef KERNEL
-namespace s8 = v8;
-namespace p8 = v8;
-namespace g9 = v8;
-}  // namespace comparison
-
 }  // namespace orv

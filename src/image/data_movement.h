@@ -10,25 +10,4 @@ namespace orv {
 #include "image/data_movement.inc"
 #undef KERNEL
 
-namespace data_movement {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/data_movement.inc"
-}
-namespace w7 {
-#include "image/data_movement.inc"
-}
-namespace v8 {
-#include "image/data_movement.inc"
-}
-namespace h9 {
-#include "image/data_movement.inc"
-}
-#undef KERNEL
-
-namespace s8 = v8;
-namespace p8 = v8;
-namespace g9 = v8;
-}  // namespace data_movement
-
 }  // namespace orv

@@ -25,40 +25,4 @@ using BufferSizeOfMask = Status(Size roi, int mask, int* bytes);
 #include "image/filters_integer.inc"
 #undef KERNEL
 
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace filters_float {
-namespace px {
-#include "image/filters_float.inc"
-}
-namespace w7 {
-#include "image/filters_float.inc"
-}
-namespace g9 {
-#include "image/filters_float.inc"
-}
-namespace h9 {
-#include "image/filters_float.inc"
-}
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace filters_float
-
-namespace filters_integer {
-namespace px {
-#include "image/filters_integer.inc"
-}
-namespace w7 {
-#include "image/filters_integer.inc"
-}
-namespace h9 {
-#include "image/filters_integer.inc"
-}
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace filters_integer
-#undef KERNEL
-
 }  // namespace orv

@@ -9,24 +9,4 @@ namespace orv {
 #include "image/float_elementary.inc"
 #undef KERNEL
 
-namespace float_elementary {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/float_elementary.inc"
-}
-namespace w7 {
-#include "image/float_elementary.inc"
-}
-namespace g9 {
-#include "image/float_elementary.inc"
-}
-namespace h9 {
-#include "image/float_elementary.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace float_elementary
-
 }  // namespace orv

@@ -13,22 +13,4 @@ constexpr int kHintAccurate = 2;
 #include "image/float_sums.inc"
 #undef KERNEL
 
-namespace float_sums {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/float_sums.inc"
-}
-namespace w7 {
-#include "image/float_sums.inc"
-}
-namespace g9 {
-#include "image/float_sums.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace h9 = g9;
-}  // namespace float_sums
-
 }  // namespace orv

@@ -9,18 +9,4 @@ namespace orv {
 #include "image/histogram.inc"
 #undef KERNEL
 
-namespace histogram {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/histogram.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace v8 = px;
-namespace s8 = px;
-namespace p8 = px;
-namespace g9 = px;
-namespace h9 = px;
-}  // namespace histogram
-
 }  // namespace orv

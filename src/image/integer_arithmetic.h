@@ -9,24 +9,4 @@ namespace orv {
 #include "image/integer_arithmetic.inc"
 #undef KERNEL
 
-namespace integer_arithmetic {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/integer_arithmetic.inc"
-}
-namespace w7 {
-#include "image/integer_arithmetic.inc"
-}
-namespace p8 {
-#include "image/integer_arithmetic.inc"
-}
-namespace h9 {
-#include "image/integer_arithmetic.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace g9 = p8;
-}  // namespace integer_arithmetic
-
 }  // namespace orv

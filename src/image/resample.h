@@ -42,22 +42,4 @@ using Resample = Status(const T* src, Size srcSize, int srcStep, Rectangle srcRo
 #include "image/resample.inc"
 #undef KERNEL
 
-namespace resample {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/resample.inc"
-}
-namespace w7 {
-#include "image/resample.inc"
-}
-namespace h9 {
-#include "image/resample.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace resample
-
 }  // namespace orv

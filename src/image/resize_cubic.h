@@ -9,22 +9,4 @@ namespace orv {
 #include "image/resize_cubic.inc"
 #undef KERNEL
 
-namespace resize_cubic {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/resize_cubic.inc"
-}
-namespace w7 {
-#include "image/resize_cubic.inc"
-}
-namespace h9 {
-#include "image/resize_cubic.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace resize_cubic
-
 }  // namespace orv

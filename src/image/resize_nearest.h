@@ -9,22 +9,4 @@ namespace orv {
 #include "image/resize_nearest.inc"
 #undef KERNEL
 
-namespace resize_nearest {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/resize_nearest.inc"
-}
-namespace v8 {
-#include "image/resize_nearest.inc"
-}
-namespace h9 {
-#include "image/resize_nearest.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace s8 = v8;
-namespace p8 = v8;
-namespace g9 = v8;
-}  // namespace resize_nearest
-
 }  // namespace orv

@@ -59,22 +59,4 @@ using ResizeApplyBorder = Status(const T* src, int srcStep, T* dst, int dstStep,
 #include "image/resize_plan.inc"
 #undef KERNEL
 
-namespace resize_plan {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/resize_plan.inc"
-}
-namespace w7 {
-#include "image/resize_plan.inc"
-}
-namespace h9 {
-#include "image/resize_plan.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace resize_plan
-
 }  // namespace orv

@@ -24,24 +24,4 @@ using ThresholdBothEach = Status(const T* src, int srcStep, T* dst, int dstStep,
 #include "image/threshold.inc"
 #undef KERNEL
 
-namespace threshold {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/threshold.inc"
-}
-namespace w7 {
-#include "image/threshold.inc"
-}
-namespace p8 {
-#include "image/threshold.inc"
-}
-namespace h9 {
-#include "image/threshold.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace g9 = p8;
-}  // namespace threshold
-
 }  // namespace orv

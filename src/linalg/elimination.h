@@ -20,24 +20,4 @@ using Inversion = Status(const T* src, int srcStride1, int srcStride2, T* buffer
 #include "linalg/elimination.inc"
 #undef KERNEL
 
-namespace elimination {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "linalg/elimination.inc"
-}
-namespace w7 {
-#include "linalg/elimination.inc"
-}
-namespace g9 {
-#include "linalg/elimination.inc"
-}
-namespace h9 {
-#include "linalg/elimination.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace elimination
-
 }  // namespace orv

@@ -47,24 +47,4 @@ using TriangleSolution = Status(int columns, const T* l, int ldl, T* b, int ldb)
 #include "linalg/lapack_kernels.inc"
 #undef KERNEL
 
-namespace lapack_kernels {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "linalg/lapack_kernels.inc"
-}
-namespace w7 {
-#include "linalg/lapack_kernels.inc"
-}
-namespace g9 {
-#include "linalg/lapack_kernels.inc"
-}
-namespace h9 {
-#include "linalg/lapack_kernels.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace lapack_kernels
-
 }  // namespace orv

@@ -31,22 +31,4 @@ using MatricesSrcDst = Status(const T* src, int srcStride0, int srcStride1, int 
 #include "linalg/matrices.inc"
 #undef KERNEL
 
-namespace matrices {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "linalg/matrices.inc"
-}
-namespace w7 {
-#include "linalg/matrices.inc"
-}
-namespace g9 {
-#include "linalg/matrices.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace h9 = g9;
-}  // namespace matrices
-
 }  // namespace orv

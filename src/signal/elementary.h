@@ -9,24 +9,4 @@ namespace orv {
 #include "signal/elementary.inc"
 #undef KERNEL
 
-namespace elementary {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "signal/elementary.inc"
-}
-namespace w7 {
-#include "signal/elementary.inc"
-}
-namespace g9 {
-#include "signal/elementary.inc"
-}
-namespace h9 {
-#include "signal/elementary.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace elementary
-
 }  // namespace orv

@@ -3,9 +3,10 @@
 //
 // A table has three implementations, one for each accuracy slot, and three relative costs. Every level has
 // one implementation of a function, so all slots hold the same. s8 goes through the tables of v8; those of
-// h9 are named S9. Who takes an entry point above the processor's level is on his own.
+// h9 are named S9. An entry point above the processor's level
+// ends in an invalid instruction: choosing it is the caller's business.
 #include "Export.h"
-#include "signal/elementary.h"
+#include "signal_elementary_kernels.h"
 
 // On 32-bit Windows entry points remove their arguments themselves.
 #if defined(_WIN32) && !defined(_WIN64)

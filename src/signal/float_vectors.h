@@ -9,24 +9,4 @@ namespace orv {
 #include "signal/float_vectors.inc"
 #undef KERNEL
 
-namespace float_vectors {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "signal/float_vectors.inc"
-}
-namespace w7 {
-#include "signal/float_vectors.inc"
-}
-namespace g9 {
-#include "signal/float_vectors.inc"
-}
-namespace h9 {
-#include "signal/float_vectors.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace float_vectors
-
 }  // namespace orv

@@ -9,24 +9,4 @@ namespace orv {
 #include "signal/integer_vectors.inc"
 #undef KERNEL
 
-namespace integer_vectors {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "signal/integer_vectors.inc"
-}
-namespace w7 {
-#include "signal/integer_vectors.inc"
-}
-namespace p8 {
-#include "signal/integer_vectors.inc"
-}
-namespace h9 {
-#include "signal/integer_vectors.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace g9 = p8;
-}  // namespace integer_vectors
-
 }  // namespace orv

@@ -10,24 +10,4 @@ namespace orv {
 #include "signal/spectra.inc"
 #undef KERNEL
 
-namespace spectra {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "signal/spectra.inc"
-}
-namespace w7 {
-#include "signal/spectra.inc"
-}
-namespace g9 {
-#include "signal/spectra.inc"
-}
-namespace h9 {
-#include "signal/spectra.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace spectra
-
 }  // namespace orv

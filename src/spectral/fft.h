@@ -39,22 +39,4 @@ Status orv_fft2_sizes(int orderX, int orderY, int flag, int hint, int* spec, int
 int orv_fft_order(int length);
 }
 
-namespace fft {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "spectral/fft.inc"
-}
-namespace w7 {
-#include "spectral/fft.inc"
-}
-namespace g9 {
-#include "spectral/fft.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace h9 = g9;
-}  // namespace fft
-
 }  // namespace orv

@@ -27,24 +27,4 @@ ORV_INTERNAL void orv_delete_random_stream(RandomStream* stream);
 #include "spectral/random_numbers.inc"
 #undef KERNEL
 
-namespace random_numbers {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "spectral/random_numbers.inc"
-}
-namespace w7 {
-#include "spectral/random_numbers.inc"
-}
-namespace g9 {
-#include "spectral/random_numbers.inc"
-}
-namespace h9 {
-#include "spectral/random_numbers.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-}  // namespace random_numbers
-
 }  // namespace orv
