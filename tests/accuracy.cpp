@@ -17,7 +17,7 @@
 #include <random>
 #include <vector>
 
-#include "image/float_elementary.h"
+#include "image/arithmetic/float_elementary.h"
 #include "signal/elementary.h"
 
 namespace {

@@ -17,18 +17,18 @@
 #include "core/features.h"
 #include "core/start_up.h"
 #include "gmock/gmock.h"
-#include "image/bitwise.h"
-#include "image/comparison.h"
-#include "image/data_movement.h"
-#include "image/float_elementary.h"
-#include "image/extremes.h"
-#include "image/float_sums.h"
-#include "image/histogram.h"
-#include "image/integer_arithmetic.h"
-#include "image/sums.h"
-#include "image/threshold.h"
-#include "image/float_arithmetic.h"
-#include "image/complex_arithmetic.h"
+#include "image/bits/bitwise.h"
+#include "image/bits/comparison.h"
+#include "image/moving/data_movement.h"
+#include "image/arithmetic/float_elementary.h"
+#include "image/statistics/extremes.h"
+#include "image/statistics/float_sums.h"
+#include "image/statistics/histogram.h"
+#include "image/arithmetic/integer_arithmetic.h"
+#include "image/statistics/sums.h"
+#include "image/bits/threshold.h"
+#include "image/arithmetic/float_arithmetic.h"
+#include "image/arithmetic/complex_arithmetic.h"
 #include "signal/integer_vectors.h"
 #include "signal/float_vectors.h"
 #include "signal/spectra.h"
@@ -312,66 +312,66 @@ void check(const char* name, const orv::Operation<Status(Args...)>& operation, A
 TEST(Variants, DataMovement)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::not_promised);
-#include "image/data_movement.inc"
+#include "image/moving/data_movement.inc"
 #undef KERNEL
 }
 
 TEST(Variants, FloatElementary)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/float_elementary.inc"
+#include "image/arithmetic/float_elementary.inc"
 #undef KERNEL
 }
 
 TEST(Variants, IntegerArithmetic)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/integer_arithmetic.inc"
+#include "image/arithmetic/integer_arithmetic.inc"
 #undef KERNEL
 }
 
 TEST(Variants, Statistics)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::not_promised);
-#include "image/extremes.inc"
-#include "image/float_sums.inc"
-#include "image/histogram.inc"
-#include "image/sums.inc"
+#include "image/statistics/extremes.inc"
+#include "image/statistics/float_sums.inc"
+#include "image/statistics/histogram.inc"
+#include "image/statistics/sums.inc"
 #undef KERNEL
 }
 
 TEST(Variants, Bitwise)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/bitwise.inc"
+#include "image/bits/bitwise.inc"
 #undef KERNEL
 }
 
 TEST(Variants, Comparison)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/comparison.inc"
+#include "image/bits/comparison.inc"
 #undef KERNEL
 }
 
 TEST(Variants, Threshold)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/threshold.inc"
+#include "image/bits/threshold.inc"
 #undef KERNEL
 }
 
 TEST(Variants, FloatArithmetic)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/float_arithmetic.inc"
+#include "image/arithmetic/float_arithmetic.inc"
 #undef KERNEL
 }
 
 TEST(Variants, ComplexArithmetic)
 {
 #define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/complex_arithmetic.inc"
+#include "image/arithmetic/complex_arithmetic.inc"
 #undef KERNEL
 }
 

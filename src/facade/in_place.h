@@ -7,7 +7,7 @@
 #pragma once
 
 #include "facade/temporary.h"
-#include "image/data_movement.h"
+#include "image/moving/data_movement.h"
 
 namespace orv {
 

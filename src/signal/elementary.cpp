@@ -3,13 +3,13 @@
 #include <cstdint>
 
 #include "core/checks.h"
-#include "core/float_log_exp.h"
-#include "core/maps.h"
-#include "core/quick_hypotenuse.h"
-#include "core/sine.h"
-#include "signal/angles_11_bits.h"
-#include "signal/log_exp_21_bits.h"
-#include "signal/quick_arctangent.h"
+#include "math/float_log_exp.h"
+#include "math/maps.h"
+#include "math/quick_hypotenuse.h"
+#include "math/sine.h"
+#include "math/angles_11_bits.h"
+#include "math/log_exp_21_bits.h"
+#include "math/quick_arctangent.h"
 
 namespace orv {
 namespace elementary {

@@ -3,9 +3,9 @@
 #include <cstdint>
 
 #include "core/checks.h"
-#include "core/float_arithmetic.h"
+#include "elementwise/float_arithmetic.h"
 #include "core/float_control.h"
-#include "core/rows.h"
+#include "elementwise/rows.h"
 
 namespace orv {
 namespace float_vectors {

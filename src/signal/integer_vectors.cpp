@@ -4,11 +4,11 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
-#include "core/quotients.h"
-#include "core/rows.h"
-#include "core/rows_together.h"
-#include "core/scaled_arithmetic.h"
-#include "core/scaled_words.h"
+#include "elementwise/quotients.h"
+#include "elementwise/rows.h"
+#include "elementwise/rows_together.h"
+#include "elementwise/scaled_arithmetic.h"
+#include "signal/scaled_words.h"
 
 namespace orv {
 namespace integer_vectors {

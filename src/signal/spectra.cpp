@@ -3,10 +3,10 @@
 #include <cstdint>
 
 #include "core/checks.h"
-#include "core/complex_arithmetic.h"
-#include "core/float_arithmetic.h"
+#include "elementwise/complex_arithmetic.h"
+#include "elementwise/float_arithmetic.h"
 #include "core/float_control.h"
-#include "core/quick_hypotenuse.h"
+#include "math/quick_hypotenuse.h"
 
 namespace orv {
 namespace spectra {

@@ -10,18 +10,4 @@ namespace orv {
 #include "signal/vector_moves.inc"
 #undef KERNEL
 
-namespace vector_moves {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "signal/vector_moves.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace v8 = px;
-namespace s8 = px;
-namespace p8 = px;
-namespace g9 = px;
-namespace h9 = px;
-}  // namespace vector_moves
-
 }  // namespace orv

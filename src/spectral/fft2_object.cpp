@@ -1,7 +1,6 @@
 #include "spectral/fft2_object.h"
 
 #include "core/memory.h"
-#include "image/data_movement.h"
 #include "spectral/fft.h"
 
 namespace orv {
@@ -84,8 +83,11 @@ void orv_fft2_forward_in_place(const Fft2Record* record, float* srcDst, int step
     float* const scratch = static_cast<float*>(orv_allocate_checked(bytes));
     if (scratch == nullptr) return;
     __builtin_memset(scratch, 0, static_cast<decltype(sizeof(0))>(bytes));
-    orv_Copy_8u_C1(reinterpret_cast<const unsigned char*>(srcDst), step, reinterpret_cast<unsigned char*>(scratch),
-                   scratch_step, Size{row_bytes, orderY});
+    for (int y = 0; y < orderY; ++y) {
+        const long long row = y;
+        __builtin_memcpy(reinterpret_cast<char*>(scratch) + row * scratch_step,
+                         reinterpret_cast<const char*>(srcDst) + row * step, static_cast<unsigned>(row_bytes));
+    }
     orv_Fft2Forward_32f(scratch, scratch_step, srcDst, step, record->spec, record->work);
     orv_release(scratch);
 }

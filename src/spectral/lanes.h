@@ -6,7 +6,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
-#include "core/simd/vec.h"
+#include "simd/vec.h"
 
 // Loops over the elements of a butterfly: unrolled, so that the elements live in registers.
 #if defined(__clang__)

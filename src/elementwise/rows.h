@@ -1,0 +1,314 @@
+// The loops that every element-wise family shares: rows, planes, and planes with a constant.
+//
+// An operation is an object with
+//     T one(T a, T b)                   its meaning, on scalars (here with two sources)
+//     template <class V> V many(V a, V b)   the same on vectors of any width
+// and, if it needs some, state: counts, flags. At the plain level only one() exists to the loops. Loops
+// work on a local copy of the operation: pixels that are stored might else be part of it, and its
+// constants would be loaded again for every vector.
+//
+// A row of at least one vector runs full vectors from its start and one that ends with the row. That
+// last one overlaps its neighbour, so it is computed before anything is stored: a call whose source
+// and destination are the same buffer must not see its own results. Shorter rows run the same way
+// on 128, 64 or 32 bits. Nothing outside the row is read or written.
+#pragma once
+
+#include <cstdint>
+
+#include "core/checks.h"
+#include "simd/vec.h"
+
+namespace orv {
+inline namespace ORV_LEVEL {
+
+// Operations of one instruction ask for two vectors a round, by a member kTwoAtATime: counting would cost
+// them a quarter of their speed.
+template <class Op, class = void>
+constexpr bool two_at_a_time = false;
+template <class Op>
+constexpr bool two_at_a_time<Op, decltype(void(Op::kTwoAtATime))> = true;
+
+#if ORV_HAVE_VECTORS
+template <class V, class Compute, class T>
+ORV_INLINE void row_of_vectors(T* dst, std::ptrdiff_t n, Compute compute)
+{
+    const V last = compute.template at<V>(n - V::N);
+    std::ptrdiff_t i = 0;
+    if constexpr (two_at_a_time<Compute>) {
+        for (; i < n - 2 * V::N; i += 2 * V::N) {
+            const V first = compute.template at<V>(i), second = compute.template at<V>(i + V::N);
+            simd::store(dst + i, first);
+            simd::store(dst + i + V::N, second);
+        }
+    }
+    for (; i < n - V::N; i += V::N) simd::store(dst + i, compute.template at<V>(i));
+    simd::store(dst + n - V::N, last);
+}
+
+template <class T, class Compute>
+ORV_INLINE void short_row(T* dst, std::ptrdiff_t n, Compute compute)
+{
+    using Half = simd::half<T>;
+    constexpr int size = sizeof(T);
+    if (n >= Half::N) {
+        row_of_vectors<Half>(dst, n, compute);
+    } else if (size == 8 || n * size >= 8) {
+        simd::store_ends<Half, 8>(dst, n, compute.template ends<Half, 8>(n));
+    } else if constexpr (size < 8) {
+        if (size == 4 || n * size >= 4) {
+            simd::store_ends<Half, 4>(dst, n, compute.template ends<Half, 4>(n));
+        } else if constexpr (size < 4) {
+            for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
+        }
+    }
+}
+#endif
+
+// An operation with its operands exchanged: value - src, value / src.
+template <class Op>
+struct Reversed : Op {
+    template <class T> ORV_INLINE T one(T a, T b) { return Op::one(b, a); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) { return Op::many(b, a); }
+#endif
+};
+
+// What a loop computes at a position, for one and for two sources.
+template <class Op, bool two = two_at_a_time<Op>>
+struct Pace {};
+template <class Op>
+struct Pace<Op, true> { static constexpr bool kTwoAtATime = true; };
+
+template <class T, class Op>
+struct FromOne : Pace<Op> {
+    ORV_INLINE FromOne(const T* source, Op* operation) : a(source), op(operation) {}
+    const T* a;
+    Op* op;
+    ORV_INLINE T one(std::ptrdiff_t i) const { return op->one(get(a + i)); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V at(std::ptrdiff_t i) const { return op->many(simd::load<V>(a + i)); }
+    template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const
+    {
+        return op->many(simd::load_ends<V, Bytes>(a, n));
+    }
+#endif
+};
+
+template <class T, class Op>
+struct FromTwo : Pace<Op> {
+    ORV_INLINE FromTwo(const T* first, const T* second, Op* operation) : a(first), b(second), op(operation) {}
+    const T* a;
+    const T* b;
+    Op* op;
+    ORV_INLINE T one(std::ptrdiff_t i) const { return op->one(get(a + i), get(b + i)); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V at(std::ptrdiff_t i) const
+    {
+        return op->many(simd::load<V>(a + i), simd::load<V>(b + i));
+    }
+    template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const
+    {
+        return op->many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n));
+    }
+#endif
+};
+
+template <class T, class Compute>
+ORV_INLINE void run_row(T* dst, std::ptrdiff_t n, Compute compute)
+{
+#if ORV_HAVE_VECTORS
+    using Wide = simd::widest<T>;
+    if (n >= Wide::N) {
+        row_of_vectors<Wide>(dst, n, compute);
+    } else {
+        short_row(dst, n, compute);
+    }
+#else
+    for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
+#endif
+}
+
+// A region as rows of elements. Rows that follow each other without a gap become one long row:
+// that is where small images spend their time.
+struct Rows {
+    std::ptrdiff_t n;  // elements in a row
+    int count;
+
+    ORV_INLINE Rows(Size roi, int channels) : n(static_cast<std::ptrdiff_t>(roi.width) * channels), count(roi.height) {}
+
+    // For images whose elements all have `element_bytes`.
+    template <class... Steps>
+    ORV_INLINE Rows(Size roi, int channels, int element_bytes, Steps... steps) : Rows(roi, channels)
+    {
+        merge(((steps == n * element_bytes) && ...));
+    }
+
+    ORV_INLINE void merge(bool no_gaps)
+    {
+        constexpr std::int64_t limit = 0x8000000;  // keeps a merged row within 32 bits
+        if (no_gaps && std::int64_t{n} * count <= limit) {
+            n *= count;
+            count = 1;
+        }
+    }
+};
+
+// Returns the operation with the state that it ends in.
+template <class T, class Op>
+inline Op plane(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels, Op op)
+{
+    const Rows rows(roi, channels, sizeof(T), srcStep, dstStep);
+    for (int y = 0; y < rows.count; ++y) {
+        run_row(row_at(dst, dstStep, y), rows.n, FromOne<T, Op>{row_at(src, srcStep, y), &op});
+    }
+    return op;
+}
+
+template <class T, class Op>
+inline void plane(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep,
+                  Size roi, int channels, Op& op)
+{
+    const Rows rows(roi, channels, sizeof(T), src1Step, src2Step, dstStep);
+    Op local = op;
+    for (int y = 0; y < rows.count; ++y) {
+        run_row(row_at(dst, dstStep, y), rows.n,
+                FromTwo<T, Op>{row_at(src1, src1Step, y), row_at(src2, src2Step, y), &local});
+    }
+    op = local;
+}
+
+// --- Constants ------------------------------------------------------------------------------------
+//
+// One, two or four constants of 1, 2 or 4 bytes, or one of 8, repeat in memory with a period that
+// divides one vector; three repeat with one that divides three vectors. A row of constants in memory, a little longer than
+// three vectors, serves as the first operand wherever a loop may start; long rows keep the three
+// vectors in registers.
+
+template <class T>
+struct Pattern {
+    static constexpr int kBytes = 160;  // three of the widest vectors and two more
+    alignas(32) T row[kBytes / sizeof(T)];
+    int period;  // in elements: 3, or 1 where every vector is the same
+
+    // The element at a position of the endless row; a vector may be read from there.
+    ORV_INLINE const T* at(std::ptrdiff_t i) const { return row + (period == 3 ? i % 3 : 0); }
+};
+
+#if ORV_HAVE_VECTORS
+// One, two or four constants over 128 bits: the bits of them, whatever they mean.
+template <class T>
+ORV_INLINE __m128i repeat(const T* values, int channels)
+{
+    __m128i pixel = _mm_setzero_si128();
+    if constexpr (sizeof(T) <= 2) {
+        if (channels == 1) return simd::splat<simd::vec<T, simd::int128>>(values[0]).v;
+        std::memcpy(&pixel, values, 4 * sizeof(T));
+        return sizeof(T) == 1 ? _mm_shuffle_epi32(pixel, 0) : _mm_unpacklo_epi64(pixel, pixel);
+    } else if constexpr (sizeof(T) == 4) {
+        std::memcpy(&pixel, values, channels == 4 ? 16 : channels == 2 ? 8 : 4);
+        if (channels == 1) return _mm_shuffle_epi32(pixel, 0);
+        return channels == 2 ? _mm_unpacklo_epi64(pixel, pixel) : pixel;
+    } else {
+        std::memcpy(&pixel, values, 8);
+        return _mm_unpacklo_epi64(pixel, pixel);
+    }
+}
+
+template <class T>
+ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
+{
+    Pattern<T> pattern;
+    __m128i* const row = reinterpret_cast<__m128i*>(pattern.row);
+    if (channels != 3) {
+        pattern.period = 1;
+        const __m128i once = repeat(values, channels);
+#if ORV_HAVE_FLOAT256
+        // One store: a load of this width would have to wait for two of them.
+        const __m256i twice = _mm256_insertf128_si256(_mm256_castsi128_si256(once), once, 1);
+        _mm256_store_si256(reinterpret_cast<__m256i*>(pattern.row), twice);
+#else
+        row[0] = row[1] = once;
+#endif
+        return pattern;
+    }
+    if constexpr (sizeof(T) <= 4) {
+        constexpr int period = 12 / static_cast<int>(sizeof(T));  // the elements of three 32-bit words
+        T elements[period];
+        for (int i = 0; i < period; ++i) std::memcpy(elements + i, values + i % 3, sizeof(T));
+        int word[3];
+        std::memcpy(word, elements, sizeof(word));
+        const __m128i vectors[3] = {_mm_setr_epi32(word[0], word[1], word[2], word[0]),
+                                    _mm_setr_epi32(word[1], word[2], word[0], word[1]),
+                                    _mm_setr_epi32(word[2], word[0], word[1], word[2])};
+        pattern.period = 3;
+        for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) row[i] = vectors[i % 3];
+    }
+    return pattern;
+}
+#endif
+
+#if ORV_HAVE_VECTORS
+// A long row with the pattern in registers. Period is 1 or 3 vectors.
+template <int Period, class T, class Op>
+ORV_INLINE void pattern_row(const Pattern<T>& pattern, const T* src, T* dst, std::ptrdiff_t n, Op& op)
+{
+    using V = simd::widest<T>;
+    const V last = op.many(simd::load<V>(pattern.at(n - V::N)), simd::load<V>(src + n - V::N));
+    const V k0 = simd::load<V>(pattern.row);
+    if (Period == 1) {
+        for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) {
+            simd::store(dst + i, op.many(k0, simd::load<V>(src + i)));
+        }
+    } else {
+        const V k1 = simd::load<V>(pattern.row + V::N);
+        const V k2 = simd::load<V>(pattern.row + 2 * V::N);
+        std::ptrdiff_t i = 0;
+        for (; i < n - 3 * V::N; i += 3 * V::N) {
+            simd::store(dst + i, op.many(k0, simd::load<V>(src + i)));
+            simd::store(dst + i + V::N, op.many(k1, simd::load<V>(src + i + V::N)));
+            simd::store(dst + i + 2 * V::N, op.many(k2, simd::load<V>(src + i + 2 * V::N)));
+        }
+        if (i < n - V::N) simd::store(dst + i, op.many(k0, simd::load<V>(src + i)));
+        i += V::N;
+        if (i < n - V::N) simd::store(dst + i, op.many(k1, simd::load<V>(src + i)));
+    }
+    simd::store(dst + n - V::N, last);
+}
+#endif
+
+// dst = op(constant of the channel, src). There are 1 to 4 channels.
+template <class T, class Op>
+inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, int dstStep, Size roi,
+                           int channels, Op& op)
+{
+    const Rows rows(roi, channels, sizeof(T), srcStep, dstStep);
+#if ORV_HAVE_VECTORS
+    const Pattern<T> pattern = make_pattern(values, channels);
+    Op local = op;
+    for (int y = 0; y < rows.count; ++y) {
+        const T* const s = row_at(src, srcStep, y);
+        T* const d = row_at(dst, dstStep, y);
+        if (rows.n < simd::widest<T>::N) {
+            short_row(d, rows.n, FromTwo<T, Op>{pattern.row, s, &local});
+        } else if (channels == 3) {
+            pattern_row<3>(pattern, s, d, rows.n, local);
+        } else {
+            pattern_row<1>(pattern, s, d, rows.n, local);
+        }
+    }
+    op = local;
+#else
+    for (int y = 0; y < rows.count; ++y) {
+        const T* const s = row_at(src, srcStep, y);
+        T* const d = row_at(dst, dstStep, y);
+        int channel = 0;
+        for (std::ptrdiff_t i = 0; i < rows.n; ++i) {
+            put(d + i, op.one(get(values + channel), get(s + i)));
+            if (++channel == channels) channel = 0;
+        }
+    }
+#endif
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace orv

@@ -1,0 +1,182 @@
+// Resizing: by plans, by factor and shift, by zoom and pan.
+#include "ImageProcessingWrapper.h"
+#include "core/memory.h"
+#include "image/resize/resample.h"
+#include "image/resize/resize_cubic.h"
+#include "image/resize/resize_linear.h"
+#include "image/resize/resize_nearest.h"
+#include "image/resize/resize_plan.h"
+
+using namespace orv;
+
+namespace {
+
+// The blocks of a call. Released in the reverse order of their allocation.
+struct PlanBlocks {
+    void* plan = nullptr;
+    void* init = nullptr;
+    void* work = nullptr;
+    ~PlanBlocks()
+    {
+        orv_release(work);
+        orv_release(init);
+        orv_release(plan);
+    }
+};
+
+Status initialise(int interpolation, Size source, Size destination, PlanBlocks& blocks)
+{
+    switch (interpolation) {
+        case kResizeNearest: return orv_ResizeNearestInit(source, destination, blocks.plan);
+        case kResizeLinear: return orv_ResizeLinearInit(source, destination, blocks.plan);
+        default: return orv_ResizeCubicInit(source, destination, 0.f, 0.5f, blocks.plan, blocks.init);
+    }
+}
+
+// Plan, work buffer, apply; all of it lives as long as the call. What could not be allocated stays null, which
+// the next step refuses.
+template <class Apply>
+Status with_plan(int interpolation, Size source, Size destination, int channels, Apply apply)
+{
+    PlanBlocks blocks;
+    int plan_size = 0, init_size = 0, work_size = 0;
+    if (const Status bad = orv_ResizeGetSize(source, destination, interpolation, 0, &plan_size, &init_size)) return bad;
+    blocks.plan = orv_allocate(plan_size);
+    if (interpolation == kResizeCubic) blocks.init = orv_allocate(init_size);
+    if (const Status bad = initialise(interpolation, source, destination, blocks)) return bad;
+    if (const Status bad = orv_ResizeGetBufferSize(blocks.plan, destination, channels, &work_size)) return bad;
+    blocks.work = orv_allocate(work_size);
+    return apply(blocks.plan, blocks.work);
+}
+
+// Zoom and pan. What goes wrong is nobody's business: these methods are always true, which hosts rely on.
+template <class T, class Operation>
+void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size source, T* dst, int dstStep, Size destination,
+                  int channels, float zoom, int panX, int panY, bool smooth)
+{
+    SquareMapping mapping;
+    orv_ZoomMapping(source, destination.width, zoom, panX, panY, smooth, &mapping);
+    const Rectangle from = {0, 0, source.width, source.height}, to = {0, 0, destination.width, destination.height};
+    int size = 0;
+    if (orv_ResizeGetBufSize(from, to, channels, mapping.interpolation, &size) != StatusOk) return;
+    void* const buffer = orv_allocate(size);
+    if (buffer == nullptr) return;
+    operation(src, source, srcStep, from, dst, dstStep, to, mapping.factor, mapping.factor, mapping.xShift, mapping.yShift,
+              mapping.interpolation, buffer);
+    orv_release(buffer);
+}
+
+}  // namespace
+
+// The factors are never read: the sizes alone make the scale.
+#define NEAREST(name, operation, T, channels)                                                                      \
+    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
+                                      int dstWidth, int dstHeight, double, double)                                 \
+    {                                                                                                              \
+        const Size destination = {dstWidth, dstHeight};                                                            \
+        return with_plan(kResizeNearest, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
+                   return operation(src, srcStep, dst, dstStep, 0, 0, destination, plan, work);                    \
+               }) == StatusOk;                                                                                     \
+    }
+
+#define INTERPOLATED(name, operation, interpolation, T, channels)                                                  \
+    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
+                                      int dstWidth, int dstHeight, double, double)                                 \
+    {                                                                                                              \
+        const Size destination = {dstWidth, dstHeight};                                                            \
+        return with_plan(interpolation, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
+                   return operation(src, srcStep, dst, dstStep, 0, 0, destination, kBorderReplicate, nullptr, plan, work); \
+               }) == StatusOk;                                                                                     \
+    }
+
+#define CENTER_NEAREST(name, operation, T, channels)                                                               \
+    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
+                                      int dstWidth, int dstHeight, double, double, double centerX, double centerY) \
+    {                                                                                                              \
+        const Size destination = {dstWidth, dstHeight};                                                            \
+        return with_plan(kResizeNearest, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
+                   int x = 0, y = 0;                                                                               \
+                   orv_ResizeCenterOffset(destination, centerX, centerY, &x, &y);                                  \
+                   return operation(src, srcStep, dst, dstStep, x, y, destination, plan, work);                    \
+               }) == StatusOk;                                                                                     \
+    }
+
+#define CENTER_INTERPOLATED(name, operation, interpolation, T, channels)                                           \
+    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
+                                      int dstWidth, int dstHeight, double, double, double centerX, double centerY) \
+    {                                                                                                              \
+        const Size destination = {dstWidth, dstHeight};                                                            \
+        return with_plan(interpolation, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
+                   int x = 0, y = 0;                                                                               \
+                   orv_ResizeCenterOffset(destination, centerX, centerY, &x, &y);                                  \
+                   return operation(src, srcStep, dst, dstStep, x, y, destination, kBorderReplicate, nullptr, plan, work); \
+               }) == StatusOk;                                                                                     \
+    }
+
+NEAREST(ResizeNN_16u_C1R, orv_ResizeNearest_16u_C1, unsigned short, 1)
+NEAREST(ResizeNN_8u_C3R, orv_ResizeNearest_8u_C3, unsigned char, 3)
+NEAREST(ResizeNN_8u_C4R, orv_ResizeNearest_8u_C4, unsigned char, 4)
+
+INTERPOLATED(ResizeCubic_16u_C1R, orv_ResizeCubic_16u_C1, kResizeCubic, unsigned short, 1)
+INTERPOLATED(ResizeCubic_8u_C3R, orv_ResizeCubic_8u_C3, kResizeCubic, unsigned char, 3)
+INTERPOLATED(ResizeCubic_8u_C4R, orv_ResizeCubic_8u_C4, kResizeCubic, unsigned char, 4)
+
+// Intended: linear, although its name says nearest neighbour. Hosts depend on what it computes.
+CENTER_INTERPOLATED(ResizeCenterNN_16u_C1R, orv_ResizeLinear_16u_C1, kResizeLinear, unsigned short, 1)
+CENTER_NEAREST(ResizeCenterNN_8u_C3R, orv_ResizeNearest_8u_C3, unsigned char, 3)
+CENTER_NEAREST(ResizeCenterNN_8u_C4R, orv_ResizeNearest_8u_C4, unsigned char, 4)
+
+CENTER_INTERPOLATED(ResizeCenterCubic_16u_C1R, orv_ResizeCubic_16u_C1, kResizeCubic, unsigned short, 1)
+CENTER_INTERPOLATED(ResizeCenterCubic_8u_C3R, orv_ResizeCubic_8u_C3, kResizeCubic, unsigned char, 3)
+CENTER_INTERPOLATED(ResizeCenterCubic_8u_C4R, orv_ResizeCubic_8u_C4, kResizeCubic, unsigned char, 4)
+
+#undef NEAREST
+#undef INTERPOLATED
+#undef CENTER_NEAREST
+#undef CENTER_INTERPOLATED
+
+bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
+                                              int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
+                                              int interpolation, int* size)
+{
+    return orv_ResizeGetBufSize({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight},
+                                channels, interpolation, size) == StatusOk;
+}
+
+bool ImageProcessingWrapper::ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                                    int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
+                                                    unsigned short* dst, int dstStep, int dstRoiX, int dstRoiY,
+                                                    int dstRoiWidth, int dstRoiHeight, double xFactor, double yFactor,
+                                                    double xShift, double yShift, int interpolation,
+                                                    unsigned char* buffer)
+{
+    return orv_ResizeSqrPixel_16u_C1(src, {srcWidth, srcHeight}, srcStep, {srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst,
+                                     dstStep, {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, xFactor, yFactor, xShift, yShift,
+                                     interpolation, buffer) == StatusOk;
+}
+
+#define ALWAYS_TRUE_ZOOM(name, operation, T, channels)                                                                 \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, int srcWidth, int srcHeight, T* dst, int dstStep,     \
+                                      int dstWidth, int dstHeight, float zoom, int panX, int panY, bool smooth)        \
+    {                                                                                                                  \
+        zoom_and_pan(operation, src, srcStep, {srcWidth, srcHeight}, dst, dstStep, {dstWidth, dstHeight}, channels,    \
+                     zoom, panX, panY, smooth);                                                                        \
+        return true;                                                                                                   \
+    }
+
+// Intended: true whatever happens.
+ALWAYS_TRUE_ZOOM(Resize_8u_C3, orv_ResizeSqrPixel_8u_C3, unsigned char, 3)
+ALWAYS_TRUE_ZOOM(Resize_8u_C4, orv_ResizeSqrPixel_8u_C4, unsigned char, 4)
+ALWAYS_TRUE_ZOOM(Resize_16u_C1, orv_ResizeSqrPixel_16u_C1, unsigned short, 1)
+ALWAYS_TRUE_ZOOM(Resize_32f_C1, orv_ResizeSqrPixel_32f_C1, float, 1)
+
+#undef ALWAYS_TRUE_ZOOM
+
+void ImageProcessingWrapper::CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
+                                            double& xShift, double& yShift)
+{
+    SquareMapping mapping;
+    orv_ZoomMapping({srcWidth, srcHeight}, dstWidth, zoom, panX, panY, false, &mapping);
+    xShift = mapping.xShift;
+    yShift = mapping.yShift;
+}

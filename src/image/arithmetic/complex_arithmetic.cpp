@@ -1,0 +1,126 @@
+#include "image/arithmetic/complex_arithmetic.h"
+
+#include "core/checks.h"
+#include "elementwise/complex_arithmetic.h"
+#include "core/float_control.h"
+#include "elementwise/rows.h"
+
+namespace orv {
+namespace complex_arithmetic {
+namespace ORV_LEVEL {
+namespace {
+
+// Sums and differences are those of the parts: of a float image with two channels.
+template <class T> const float* parts(const T* p) { return reinterpret_cast<const float*>(p); }
+template <class T> float* parts(T* p) { return reinterpret_cast<float*>(p); }
+
+template <class Op>
+Status by_parts(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
+                int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    const FloatControl control;
+    Op op;
+    plane(lanes(parts(src1)), src1Step, lanes(parts(src2)), src2Step, lanes(parts(dst)), dstStep, roi, 2, op);
+    return StatusOk;
+}
+
+template <class Op>
+Status constant_by_parts(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep,
+                         Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    const FloatControl control;
+    Op op;
+    constant_plane(lanes(parts<Complex32f>(&value)), lanes(parts(src)), srcStep, lanes(parts(dst)), dstStep, roi, 2, op);
+    return StatusOk;
+}
+
+template <class Op>
+void complex_plane(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
+                   int dstStep, Size roi, Op& op)
+{
+    const Rows rows(roi, 1, sizeof(Complex32f), src1Step, src2Step, dstStep);
+    Op local = op;
+    for (int y = 0; y < rows.count; ++y) {
+        complex_row(ComplexVector{parts(row_at(src1, src1Step, y))}, ComplexVector{parts(row_at(src2, src2Step, y))},
+                    parts(row_at(dst, dstStep, y)), rows.n, local);
+    }
+    op = local;
+}
+
+void multiply(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
+{
+    const Rows rows(roi, 1, sizeof(Complex32f), srcStep, dstStep);
+    const ComplexConstant factor = {{static_cast<double>(value.re), static_cast<double>(value.im)}};
+    ComplexProduct op;
+    for (int y = 0; y < rows.count; ++y) {
+        complex_row(factor, ComplexVector{parts(row_at(src, srcStep, y))}, parts(row_at(dst, dstStep, y)), rows.n, op);
+    }
+}
+
+}  // namespace
+
+#define TWO_IMAGES(name, ...)                                                                            \
+    Status name(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst, \
+                int dstStep, Size roi)                                                                   \
+    {                                                                                                    \
+        return __VA_ARGS__(src1, src1Step, src2, src2Step, dst, dstStep, roi);                           \
+    }
+#define ONE_CONSTANT(name, ...)                                                                          \
+    Status name(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi) \
+    {                                                                                                    \
+        return __VA_ARGS__(src, srcStep, value, dst, dstStep, roi);                                      \
+    }
+
+TWO_IMAGES(Add_32fc_C1, by_parts<FloatSum<float>>)
+TWO_IMAGES(Sub_32fc_C1, by_parts<FloatDifference<float>>)
+ONE_CONSTANT(AddC_32fc_C1, constant_by_parts<FloatSum<float>>)
+ONE_CONSTANT(SubC_32fc_C1, constant_by_parts<FloatDifference<float>>)
+
+Status Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
+                   int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    const FloatControl control;
+    ComplexProduct op;
+    complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
+    return StatusOk;
+}
+
+Status Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
+                   int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    const FloatControl control;
+    ComplexQuotient op;
+    complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
+    return op.zeros ? StatusDivideByZero : StatusOk;
+}
+
+Status MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    const FloatControl control;
+    multiply(src, srcStep, value, dst, dstStep, roi);
+    return StatusOk;
+}
+
+// Multiplication by the reciprocal of the value, itself rounded to float.
+Status DivC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    const FloatControl control;
+    const double p = static_cast<double>(value.re), q = static_cast<double>(value.im);
+    const double m = rounded(rounded(p * p) + rounded(q * q));
+    if (m == 0) return StatusDivideByZeroError;
+    const double r = rounded(1.0 / m);
+    const Complex32f inverse = {rounded(static_cast<float>(rounded(p * r))),
+                                rounded(static_cast<float>(rounded(-q * r)))};
+    multiply(src, srcStep, inverse, dst, dstStep, roi);
+    return StatusOk;
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace complex_arithmetic
+}  // namespace orv

@@ -1,0 +1,227 @@
+#include "image/arithmetic/float_arithmetic.h"
+
+#include <cstdint>
+
+#include "core/checks.h"
+#include "elementwise/float_arithmetic.h"
+#include "core/float_control.h"
+#include "elementwise/rows.h"
+
+namespace orv {
+namespace float_arithmetic {
+namespace ORV_LEVEL {
+namespace {
+
+using std::uint16_t;
+using std::uint32_t;
+
+// --- Loops ----------------------------------------------------------------------------------------
+
+template <class Op>
+Status two_images(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
+                  Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    const FloatControl control;
+    Op op;
+    plane(lanes(src1), src1Step, lanes(src2), src2Step, lanes(dst), dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+Status division(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
+                Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
+    const FloatControl control;
+    FloatQuotient<float> op;
+    plane(lanes(src1), src1Step, lanes(src2), src2Step, lanes(dst), dstStep, roi, channels, op);
+    return op.zeros ? StatusDivideByZero : StatusOk;
+}
+
+template <class Op>
+Status constant(const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi,
+                int channels)
+{
+    if (const Status bad = check_image(roi, src, values, dst)) return bad;
+    const FloatControl control;
+    Op op;
+    constant_plane(lanes(values), lanes(src), srcStep, lanes(dst), dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+Status division_by_constant(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                            Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src, values, dst)) return bad;
+    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    const FloatControl control;
+    float reciprocals[3];
+    for (int c = 0; c < channels; ++c) {
+        if (values[c] == 0) return StatusDivideByZeroError;
+        reciprocals[c] = reciprocal(values[c]);
+    }
+    FloatProduct<float> op;
+    constant_plane(lanes(reciprocals), lanes(src), srcStep, lanes(dst), dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+// Bits are cleared, nothing is computed: the floating-point environment does not matter.
+Status absolute(const float* src, int srcStep, float* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    plane(lanes(src), srcStep, lanes(dst), dstStep, roi, channels, WithoutSign<float>{});
+    return StatusOk;
+}
+
+template <class Op>
+Status extreme(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, srcDst)) return bad;
+    if (any_below_one(srcStep, srcDstStep)) return StatusBadStep;
+    const FloatControl control;  // subnormals must not be taken for zeros
+    Op op;
+    plane(lanes(src), srcStep, lanes<float>(srcDst), srcDstStep, lanes(srcDst), srcDstStep, roi, 1, op);
+    return StatusOk;
+}
+
+// --- Accumulated products of 16-bit pixels ----------------------------------------------------------
+//
+// The product and the sum in double, rounded to float once. A NaN in the image stays as it is, made quiet.
+
+ORV_INLINE uint32_t accumulated(uint16_t a, uint16_t b, uint32_t sum)
+{
+    if (is_nan_bits<float>(sum)) return sum | Bits<float>::kQuiet;
+    const double product = static_cast<double>(static_cast<uint32_t>(a) * b);
+    return bits_of<float>(rounded(static_cast<float>(rounded(static_cast<double>(value_of<float>(sum)) + product))));
+}
+
+#if ORV_HAVE_VECTORS
+// Four accumulated products. a and b hold four 16-bit values in their lower halves.
+ORV_INLINE __m128 accumulated(__m128i a, __m128i b, __m128 sum)
+{
+    // 2^52 + n has the integer n in its lower half.
+    const __m128i high = _mm_set1_epi32(0x43300000);
+    const __m128i products = _mm_unpacklo_epi16(_mm_mullo_epi16(a, b), _mm_mulhi_epu16(a, b));
+#if ORV_HAVE_FLOAT256
+    const __m256d raised = _mm256_castsi256_pd(_mm256_insertf128_si256(
+        _mm256_castsi128_si256(_mm_unpacklo_epi32(products, high)), _mm_unpackhi_epi32(products, high), 1));
+    const __m256d product = _mm256_sub_pd(raised, _mm256_set1_pd(4503599627370496.0));
+    return _mm256_cvtpd_ps(_mm256_add_pd(_mm256_cvtps_pd(sum), product));
+#else
+    const __m128d offset = _mm_set1_pd(4503599627370496.0);
+    const __m128d low = _mm_sub_pd(_mm_castsi128_pd(_mm_unpacklo_epi32(products, high)), offset);
+    const __m128d up = _mm_sub_pd(_mm_castsi128_pd(_mm_unpackhi_epi32(products, high)), offset);
+    return _mm_movelh_ps(_mm_cvtpd_ps(_mm_add_pd(_mm_cvtps_pd(sum), low)),
+                         _mm_cvtpd_ps(_mm_add_pd(_mm_cvtps_pd(_mm_movehl_ps(sum, sum)), up)));
+#endif
+}
+
+ORV_INLINE __m128 accumulated(const uint16_t* a, const uint16_t* b, const float* sum)
+{
+    return accumulated(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(a)),
+                       _mm_loadl_epi64(reinterpret_cast<const __m128i*>(b)), _mm_loadu_ps(sum));
+}
+#endif
+
+ORV_INLINE void accumulate_row(const uint16_t* a, const uint16_t* b, float* sum, std::ptrdiff_t n)
+{
+    std::ptrdiff_t i = 0;
+#if ORV_HAVE_VECTORS
+    if (n >= 4) {
+        const __m128 last = accumulated(a + n - 4, b + n - 4, sum + n - 4);
+        for (; i < n - 4; i += 4) _mm_storeu_ps(sum + i, accumulated(a + i, b + i, sum + i));
+        _mm_storeu_ps(sum + n - 4, last);
+        return;
+    }
+#endif
+    uint32_t* const bits = reinterpret_cast<uint32_t*>(sum);
+    for (; i < n; ++i) put(bits + i, accumulated(get(a + i), get(b + i), get(bits + i)));
+}
+
+}  // namespace
+
+Status AddProduct_16u32f_C1(const uint16_t* src1, int src1Step, const uint16_t* src2, int src2Step,
+                            float* srcDst, int srcDstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src1, src2, srcDst)) return bad;
+    const std::int64_t pairs = std::int64_t{2} * roi.width;
+    if (src1Step < pairs || src2Step < pairs || srcDstStep < 2 * pairs) return StatusBadStep;
+    if ((src1Step | src2Step) % 2 != 0 || srcDstStep % 4 != 0) return StatusUnevenStep;
+    const FloatControl control;
+    Rows rows(roi, 1);
+    rows.merge(src1Step == pairs && src2Step == pairs && srcDstStep == 2 * pairs);
+    for (int y = 0; y < rows.count; ++y) {
+        accumulate_row(row_at(src1, src1Step, y), row_at(src2, src2Step, y), row_at(srcDst, srcDstStep, y), rows.n);
+    }
+    return StatusOk;
+}
+
+// The steps are rounded down to whole elements, on purpose: rows of an image with an odd step start up to
+// three bytes before the place that the step gives.
+Status Sqrt_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    const FloatControl control;
+    const auto op = plane(lanes(src), srcStep & ~3, lanes(dst), dstStep & ~3, roi, 1, SquareRoot<float>{});
+    return op.negatives ? StatusSqrtOfNegative : StatusOk;
+}
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+#define TWO_IMAGES(name, channels, ...)                                                                 \
+    Status name(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep, \
+                Size roi)                                                                               \
+    {                                                                                                   \
+        return __VA_ARGS__(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);                \
+    }
+#define ONE_CONSTANT(name, ...)                                                                         \
+    Status name(const float* src, int srcStep, float value, float* dst, int dstStep, Size roi)          \
+    {                                                                                                   \
+        return __VA_ARGS__(src, srcStep, &value, dst, dstStep, roi, 1);                                 \
+    }
+#define CONSTANT_PER_CHANNEL(name, ...)                                                                 \
+    Status name(const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi)  \
+    {                                                                                                   \
+        return __VA_ARGS__(src, srcStep, values, dst, dstStep, roi, 3);                                 \
+    }
+#define ONE_IMAGE(name, channels, ...)                                                                  \
+    Status name(const float* src, int srcStep, float* dst, int dstStep, Size roi)                       \
+    {                                                                                                   \
+        return __VA_ARGS__(src, srcStep, dst, dstStep, roi, channels);                                  \
+    }
+
+TWO_IMAGES(Add_32f_C1, 1, two_images<FloatSum<float>>)
+TWO_IMAGES(Add_32f_C3, 3, two_images<FloatSum<float>>)
+TWO_IMAGES(Sub_32f_C1, 1, two_images<FloatDifference<float>>)
+TWO_IMAGES(Sub_32f_C3, 3, two_images<FloatDifference<float>>)
+TWO_IMAGES(Mul_32f_C1, 1, two_images<FloatProduct<float>>)
+TWO_IMAGES(Mul_32f_C3, 3, two_images<FloatProduct<float>>)
+TWO_IMAGES(Div_32f_C1, 1, division)
+TWO_IMAGES(Div_32f_C3, 3, division)
+
+ONE_CONSTANT(AddC_32f_C1, constant<FloatSum<float>>)
+CONSTANT_PER_CHANNEL(AddC_32f_C3, constant<FloatSum<float>>)
+ONE_CONSTANT(SubC_32f_C1, constant<FloatDifference<float>>)
+CONSTANT_PER_CHANNEL(SubC_32f_C3, constant<FloatDifference<float>>)
+ONE_CONSTANT(MulC_32f_C1, constant<FloatProduct<float>>)
+CONSTANT_PER_CHANNEL(MulC_32f_C3, constant<FloatProduct<float>>)
+ONE_CONSTANT(DivC_32f_C1, division_by_constant)
+CONSTANT_PER_CHANNEL(DivC_32f_C3, division_by_constant)
+
+ONE_IMAGE(Abs_32f_C1, 1, absolute)
+ONE_IMAGE(Abs_32f_C3, 3, absolute)
+
+Status MaxEvery_32f_C1(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
+{
+    return extreme<Larger>(src, srcStep, srcDst, srcDstStep, roi);
+}
+Status MinEvery_32f_C1(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
+{
+    return extreme<Smaller>(src, srcStep, srcDst, srcDstStep, roi);
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace float_arithmetic
+}  // namespace orv

@@ -1,0 +1,281 @@
+#include "image/bits/bitwise.h"
+
+#include <cstdint>
+
+#include "core/checks.h"
+#include "elementwise/rows.h"
+
+namespace orv {
+namespace bitwise {
+namespace ORV_LEVEL {
+namespace {
+
+using std::int16_t;
+using std::int32_t;
+using std::uint16_t;
+using std::uint32_t;
+using std::uint64_t;
+using std::uint8_t;
+
+// --- Logic ----------------------------------------------------------------------------------------
+
+struct And {
+    template <class T> ORV_INLINE T one(T a, T b) const { return static_cast<T>(a & b); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const { return a & b; }
+#endif
+};
+struct Or {
+    template <class T> ORV_INLINE T one(T a, T b) const { return static_cast<T>(a | b); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const { return a | b; }
+#endif
+};
+struct Xor {
+    template <class T> ORV_INLINE T one(T a, T b) const { return static_cast<T>(a ^ b); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const { return a ^ b; }
+#endif
+};
+struct Not {
+    ORV_INLINE uint8_t one(uint8_t a) const { return static_cast<uint8_t>(~a); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a) const { return ~a; }
+#endif
+};
+
+// Bits know no pixel type: two images are combined byte by byte.
+template <class Op, class T>
+Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
+        return bad;
+    }
+    Op op;
+    plane(reinterpret_cast<const uint8_t*>(src1), src1Step, reinterpret_cast<const uint8_t*>(src2), src2Step,
+          reinterpret_cast<uint8_t*>(dst), dstStep, roi, channels * static_cast<int>(sizeof(T)), op);
+    return StatusOk;
+}
+
+template <class Op, class T>
+Status with_constant(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    Op op;
+    constant_plane(values, src, srcStep, dst, dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+// --- Shifts ---------------------------------------------------------------------------------------
+//
+// Bits that leave the type are lost. Counts that would shift out everything are first brought to the
+// smallest one that does: the width of the type, or one less where the sign is what remains.
+
+template <class T>
+ORV_INLINE int effective(unsigned count, int most)
+{
+    return count > static_cast<unsigned>(most) ? most : static_cast<int>(count);
+}
+
+template <class T>
+struct Left {
+    int bits;
+    explicit ORV_INLINE Left(unsigned count) : bits(effective<T>(count, 8 * sizeof(T))) {}
+    ORV_INLINE T one(T a) const { return static_cast<T>(static_cast<uint64_t>(a) << bits); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a) const { return a << simd::count(bits); }
+#endif
+};
+
+template <class T>
+struct Right {
+    static constexpr bool kSigned = T(-1) < T(0);
+    int bits;
+    explicit ORV_INLINE Right(unsigned count) : bits(effective<T>(count, 8 * static_cast<int>(sizeof(T)) - (kSigned ? 1 : 0))) {}
+    ORV_INLINE T one(T a) const { return static_cast<T>(a >> bits); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a) const { return a >> simd::count(bits); }
+#endif
+};
+
+// Bytes are shifted in words; what comes over from the neighbour is cut off.
+template <>
+struct Left<uint8_t> {
+    int bits;
+    explicit ORV_INLINE Left(unsigned count) : bits(effective<uint8_t>(count, 8)) {}
+    ORV_INLINE uint8_t one(uint8_t a) const { return static_cast<uint8_t>(a << bits); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a) const
+    {
+        const V kept = simd::splat<V>(static_cast<uint8_t>(255 << bits));
+        return simd::as<uint8_t>(simd::as<uint16_t>(a) << simd::count(bits)) & kept;
+    }
+#endif
+};
+template <>
+struct Right<uint8_t> {
+    int bits;
+    explicit ORV_INLINE Right(unsigned count) : bits(effective<uint8_t>(count, 8)) {}
+    ORV_INLINE uint8_t one(uint8_t a) const { return static_cast<uint8_t>(a >> bits); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a) const
+    {
+        const V kept = simd::splat<V>(static_cast<uint8_t>(255 >> bits));
+        return simd::as<uint8_t>(simd::as<uint16_t>(a) >> simd::count(bits)) & kept;
+    }
+#endif
+};
+
+// Channels with different counts. There is no shift by a vector of bytes or words, so the shifts are
+// multiplications: to the left by 2^count, to the right by 2^(7-count) and then by seven bits. The
+// factor is 0 for counts above 7.
+struct LeftByFactor {
+    static ORV_INLINE uint8_t factor(unsigned count) { return static_cast<uint8_t>(count > 7 ? 0 : 1 << count); }
+    ORV_INLINE uint8_t one(uint8_t k, uint8_t a) const { return static_cast<uint8_t>(a * k); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V k, V a) const
+    {
+        using Words = simd::vec<uint16_t, typename V::reg>;
+        const Words low = simd::splat<Words>(0x00FF);
+        const Words factors = simd::as<uint16_t>(k), words = simd::as<uint16_t>(a);
+        const Words even = mul_low(words, factors & low) & low;
+        const Words odd = mul_low(and_not(low, words), factors >> simd::count(8));
+        return simd::as<uint8_t>(even | odd);
+    }
+#endif
+};
+struct RightByFactor {
+    static ORV_INLINE uint8_t factor(unsigned count) { return static_cast<uint8_t>(count > 7 ? 0 : 128 >> count); }
+    ORV_INLINE uint8_t one(uint8_t k, uint8_t a) const { return static_cast<uint8_t>(a * k >> 7); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V k, V a) const
+    {
+        using Words = simd::vec<uint16_t, typename V::reg>;
+        const simd::count byte(8), bit(1);
+        const Words low = simd::splat<Words>(0x00FF);
+        const Words factors = simd::as<uint16_t>(k), words = simd::as<uint16_t>(a);
+        // Twice the factors, so that the result begins where a byte does.
+        const Words even = mul_high(words << byte, (factors & low) << bit);
+        const Words odd = and_not(low, mul_low(words >> byte, (factors >> byte) << bit));
+        return simd::as<uint8_t>(even | odd);
+    }
+#endif
+};
+
+template <template <class> class Shift, class T>
+Status shift(const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    plane(src, srcStep, dst, dstStep, roi, channels, Shift<T>(count));
+    return StatusOk;
+}
+
+template <template <class> class Shift, class ByFactor>
+Status shift_channels(const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi, int channels)
+{
+    if (const Status bad = check_steps_before_size(any_null(src, counts, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    bool all_equal = true;
+    uint8_t factors[4];
+    for (int c = 0; c < channels; ++c) {
+        factors[c] = ByFactor::factor(counts[c]);
+        if (counts[c] != counts[0]) all_equal = false;
+    }
+    if (all_equal) return shift<Shift>(src, srcStep, counts[0], dst, dstStep, roi, channels);
+    ByFactor op;
+    constant_plane(factors, src, srcStep, dst, dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+}  // namespace
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+#define TWO_IMAGES(name, T, channels, Op)                                                                 \
+    Status name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi)  \
+    {                                                                                                     \
+        return two_images<Op>(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);               \
+    }
+#define ONE_CONSTANT(name, T, Op)                                                                         \
+    Status name(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi)                        \
+    {                                                                                                     \
+        return with_constant<Op>(src, srcStep, &value, dst, dstStep, roi, 1);                             \
+    }
+#define CONSTANT_PER_CHANNEL(name, T, channels, Op)                                                       \
+    Status name(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi)                \
+    {                                                                                                     \
+        return with_constant<Op>(src, srcStep, values, dst, dstStep, roi, channels);                      \
+    }
+#define SHIFT(name, T, Shift)                                                                             \
+    Status name(const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi)                 \
+    {                                                                                                     \
+        return shift<Shift>(src, srcStep, count, dst, dstStep, roi, 1);                                   \
+    }
+#define SHIFT_CHANNELS(name, channels, Shift)                                                             \
+    Status name(const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi) \
+    {                                                                                                     \
+        return shift_channels<Shift, Shift##ByFactor>(src, srcStep, counts, dst, dstStep, roi, channels); \
+    }
+
+TWO_IMAGES(And_8u_C1, uint8_t, 1, And)
+TWO_IMAGES(And_8u_C3, uint8_t, 3, And)
+TWO_IMAGES(And_8u_C4, uint8_t, 4, And)
+TWO_IMAGES(And_16u_C1, uint16_t, 1, And)
+TWO_IMAGES(And_32s_C1, int32_t, 1, And)
+
+TWO_IMAGES(Or_8u_C1, uint8_t, 1, Or)
+TWO_IMAGES(Or_8u_C3, uint8_t, 3, Or)
+TWO_IMAGES(Or_8u_C4, uint8_t, 4, Or)
+TWO_IMAGES(Or_16u_C1, uint16_t, 1, Or)
+TWO_IMAGES(Or_32s_C1, int32_t, 1, Or)
+
+TWO_IMAGES(Xor_8u_C1, uint8_t, 1, Xor)
+TWO_IMAGES(Xor_8u_C3, uint8_t, 3, Xor)
+TWO_IMAGES(Xor_8u_C4, uint8_t, 4, Xor)
+TWO_IMAGES(Xor_16u_C1, uint16_t, 1, Xor)
+TWO_IMAGES(Xor_32s_C1, int32_t, 1, Xor)
+
+ONE_CONSTANT(AndC_8u_C1, uint8_t, And)
+CONSTANT_PER_CHANNEL(AndC_8u_C3, uint8_t, 3, And)
+CONSTANT_PER_CHANNEL(AndC_8u_C4, uint8_t, 4, And)
+ONE_CONSTANT(AndC_16u_C1, uint16_t, And)
+ONE_CONSTANT(AndC_32s_C1, int32_t, And)
+
+ONE_CONSTANT(OrC_8u_C1, uint8_t, Or)
+CONSTANT_PER_CHANNEL(OrC_8u_C3, uint8_t, 3, Or)
+CONSTANT_PER_CHANNEL(OrC_8u_C4, uint8_t, 4, Or)
+ONE_CONSTANT(OrC_16u_C1, uint16_t, Or)
+ONE_CONSTANT(OrC_32s_C1, int32_t, Or)
+
+ONE_CONSTANT(XorC_8u_C1, uint8_t, Xor)
+CONSTANT_PER_CHANNEL(XorC_8u_C3, uint8_t, 3, Xor)
+CONSTANT_PER_CHANNEL(XorC_8u_C4, uint8_t, 4, Xor)
+ONE_CONSTANT(XorC_16u_C1, uint16_t, Xor)
+ONE_CONSTANT(XorC_32s_C1, int32_t, Xor)
+
+#define NOT(name, channels)                                                                               \
+    Status name(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi)                     \
+    {                                                                                                     \
+        if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi)) return bad; \
+        plane(src, srcStep, dst, dstStep, roi, channels, Not());                                          \
+        return StatusOk;                                                                                  \
+    }
+NOT(Not_8u_C1, 1)
+NOT(Not_8u_C3, 3)
+NOT(Not_8u_C4, 4)
+
+SHIFT(LShiftC_8u_C1, uint8_t, Left)
+SHIFT_CHANNELS(LShiftC_8u_C3, 3, Left)
+SHIFT_CHANNELS(LShiftC_8u_C4, 4, Left)
+SHIFT(LShiftC_16u_C1, uint16_t, Left)
+SHIFT(LShiftC_32s_C1, int32_t, Left)
+
+SHIFT(RShiftC_8u_C1, uint8_t, Right)
+SHIFT_CHANNELS(RShiftC_8u_C3, 3, Right)
+SHIFT_CHANNELS(RShiftC_8u_C4, 4, Right)
+SHIFT(RShiftC_16u_C1, uint16_t, Right)
+SHIFT(RShiftC_16s_C1, int16_t, Right)
+SHIFT(RShiftC_32s_C1, int32_t, Right)
+
+}  // namespace ORV_LEVEL
+}  // namespace bitwise
+}  // namespace orv

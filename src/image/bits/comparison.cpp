@@ -1,0 +1,138 @@
+#include "image/bits/comparison.h"
+
+#include <cstdint>
+
+#include "core/checks.h"
+#include "core/float_control.h"
+#include "image/bits/mask_rows.h"
+
+namespace orv {
+namespace comparison {
+namespace ORV_LEVEL {
+namespace {
+
+using std::int16_t;
+using std::uint16_t;
+using std::uint8_t;
+
+// --- Tests ----------------------------------------------------------------------------------------
+//
+// Floats compare as IEEE 754 has it: false for a NaN, whatever the relation. So greater_eq is not the
+// opposite of less, but it is less_eq with the operands exchanged.
+
+struct Equal {
+    template <class T> ORV_INLINE bool one(T a, T b) const { return a == b; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V holds(V a, V b) const { return equal(a, b); }
+    template <class V> ORV_INLINE V fails(V a, V b) const { return a ^ b; }
+#endif
+};
+struct GreaterEqual {
+    template <class T> ORV_INLINE bool one(T a, T b) const { return a >= b; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V holds(V a, V b) const { return greater_equal(a, b); }
+    template <class V> ORV_INLINE V fails(V a, V b) const { return sub_saturate(b, a); }
+#endif
+};
+struct Greater {
+    template <class T> ORV_INLINE bool one(T a, T b) const { return a > b; }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V holds(V a, V b) const { return greater(a, b); }
+    template <class V> ORV_INLINE V fails(V a, V b) const { return greater_equal(b, a); }
+#endif
+};
+
+template <class T, int Channels, class A, class B>
+void compare(int relation, A a, B b, uint8_t* dst, int dstStep, Size roi)
+{
+    switch (relation) {
+        case relation_less: return mask_plane<T, Channels>(Greater(), b, a, dst, dstStep, roi);
+        case relation_less_eq: return mask_plane<T, Channels>(GreaterEqual(), b, a, dst, dstStep, roi);
+        case relation_eq: return mask_plane<T, Channels>(Equal(), a, b, dst, dstStep, roi);
+        case relation_greater_eq: return mask_plane<T, Channels>(GreaterEqual(), a, b, dst, dstStep, roi);
+        case relation_greater: return mask_plane<T, Channels>(Greater(), a, b, dst, dstStep, roi);
+        default: return;
+    }
+}
+
+// Floats need the environment in which denormals are not zeros; integers do not wait for it.
+template <class T> struct Environment { Environment() {} };
+template <> struct Environment<float> { const FloatControl control; };
+
+#if ORV_HAVE_VECTORS
+// What a constant is repeated as.
+template <class T> struct word { using type = T; };
+template <> struct word<float> { using type = std::int32_t; };
+#endif
+
+template <int Channels, class T>
+Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep, Size roi, int relation)
+{
+    if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
+        return bad;
+    }
+    const Environment<T> environment;
+    using Image = ImageOperand<T, Channels>;
+    compare<T, Channels>(relation, Image{src1, src1Step}, Image{src2, src2Step}, dst, dstStep, roi);
+    return StatusOk;
+}
+
+template <int Channels, class T>
+Status with_constant(const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation)
+{
+    if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    const Environment<T> environment;
+    const ImageOperand<T, Channels> image{src, srcStep};
+#if ORV_HAVE_VECTORS
+    using Word = typename word<T>::type;
+    Word words[Channels];
+    __builtin_memcpy(words, values, sizeof(words));
+    const Pattern<Word> pattern = make_pattern(words, Channels);
+    const ConstantOperand<T, Channels> constants{reinterpret_cast<const T*>(pattern.row)};
+#else
+    const ConstantOperand<T, Channels> constants{values};
+#endif
+    compare<T, Channels>(relation, image, constants, dst, dstStep, roi);
+    return StatusOk;
+}
+
+}  // namespace
+
+// --- Kernels --------------------------------------------------------------------------------------
+
+#define TWO_IMAGES(name, T, channels)                                                                     \
+    Status name(const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep,      \
+                Size roi, int relation)                                                                   \
+    {                                                                                                     \
+        return two_images<channels>(src1, src1Step, src2, src2Step, dst, dstStep, roi, relation);         \
+    }
+#define ONE_CONSTANT(name, T)                                                                             \
+    Status name(const T* src, int srcStep, T value, uint8_t* dst, int dstStep, Size roi, int relation)    \
+    {                                                                                                     \
+        return with_constant<1>(src, srcStep, &value, dst, dstStep, roi, relation);                       \
+    }
+#define CONSTANT_PER_CHANNEL(name, T, channels)                                                           \
+    Status name(const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation) \
+    {                                                                                                     \
+        return with_constant<channels>(src, srcStep, values, dst, dstStep, roi, relation);                \
+    }
+
+TWO_IMAGES(Compare_8u_C1, uint8_t, 1)
+TWO_IMAGES(Compare_8u_C3, uint8_t, 3)
+TWO_IMAGES(Compare_8u_C4, uint8_t, 4)
+TWO_IMAGES(Compare_16u_C1, uint16_t, 1)
+TWO_IMAGES(Compare_16s_C1, int16_t, 1)
+TWO_IMAGES(Compare_32f_C1, float, 1)
+TWO_IMAGES(Compare_32f_C3, float, 3)
+
+ONE_CONSTANT(CompareC_8u_C1, uint8_t)
+CONSTANT_PER_CHANNEL(CompareC_8u_C3, uint8_t, 3)
+CONSTANT_PER_CHANNEL(CompareC_8u_C4, uint8_t, 4)
+ONE_CONSTANT(CompareC_16u_C1, uint16_t)
+ONE_CONSTANT(CompareC_16s_C1, int16_t)
+ONE_CONSTANT(CompareC_32f_C1, float)
+CONSTANT_PER_CHANNEL(CompareC_32f_C3, float, 3)
+
+}  // namespace ORV_LEVEL
+}  // namespace comparison
+}  // namespace orv

@@ -1,0 +1,45 @@
+// Resampling by explicit factors and shifts: the source point (x, y) lands on
+// (xFactor x + xShift, yFactor y + yShift).
+#pragma once
+
+#include "core/shapes.h"
+
+namespace orv {
+
+// In pixels, relative to the first pixel of an image.
+struct Rectangle {
+    int x, y, width, height;
+};
+
+// Interpolation codes, which kSmoothEdges may be combined with.
+constexpr int kNearest = 1;
+constexpr int kLinear = 2;
+constexpr int kCubic = 4;         // cubic convolution with a = -1/2, the same as Catmull-Rom
+constexpr int kBSpline = 5;       // B = 1, C = 0
+constexpr int kCatmullRom = 6;    // B = 0, C = 1/2
+constexpr int kCubicB05C03 = 7;   // B = 1/2, C = 3/10
+constexpr int kSupersampling = 8; // area average
+constexpr int kLanczos = 16;      // three lobes
+constexpr unsigned kFlags = 0xE0000000u;
+constexpr unsigned kSmoothEdges = 0x80000000u;
+
+// What a zoom comes to.
+struct SquareMapping {
+    double factor;  // of both axes
+    double xShift, yShift;
+    int interpolation;
+};
+
+using ResampleBufferSize = Status(Rectangle srcRoi, Rectangle dstRoi, int channels, int interpolation, int* size);
+
+using Zoom = Status(Size source, int dstWidth, float zoom, int panX, int panY, bool smooth, SquareMapping* mapping);
+
+template <class T>
+using Resample = Status(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep, Rectangle dstRoi,
+                        double xFactor, double yFactor, double xShift, double yShift, int interpolation, void* buffer);
+
+#define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
+#include "image/resize/resample.inc"
+#undef KERNEL
+
+}  // namespace orv
