@@ -296,8 +296,8 @@ public:
     //   Sqrt_64f           correctly rounded
     //   Exp_32f            0.5001 u: computed in double, rounded once
     //   Exp_64f, Ln_64f    below 1 u
-    //   A11 functions      a relative error below 2^-11 (Sin and Cos: 2^-12.8; SinCos: 2^-11.1), also near
-    //                      their zeros
+    //   A11 functions      a relative error below 2^-11 (Sin and Cos: 2^-12.9; SinCos: 2^-11.04), also near
+    //                      their zeros and of subnormal angles
     //   A24 functions      0.501 u
     //   A50 functions      a relative error below 2^-50, for every finite angle
     // Angles are in radians. All floats and doubles are reduced rightly, but angles beyond 800 (A11) and
