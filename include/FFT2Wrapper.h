@@ -13,7 +13,8 @@ struct Fft2Record;
 /// **Sizes.** A transform of a width x height image works on its top left W x H block, where W and H
 /// are the largest powers of two not above width and height: a 100 x 60 image is transformed as 64 x
 /// 32. The rest of the destination is not written. A transform is prepared for one size and kept until
-/// a call names another. Width and height of at least 2 are needed; W H is at most 2^28.
+/// a call names another. Width and height of at least 2 are needed; W is at most 2^26, H at most 2^24 and
+/// W H at most 2^28: larger transforms would need more than 2 GiB of work memory.
 ///
 /// **Packed spectrum.** For a real image F[v][u] = conj(F[(H-v) % H][(W-u) % W]), so W x H real numbers
 /// hold it. Columns 2u-1 and 2u of row v are the real and imaginary part of F[v][u], for u = 1 to
@@ -27,7 +28,8 @@ struct Fft2Record;
 /// image.
 ///
 /// **Accuracy.** Single precision; the relative error (root mean square) is below 2^-24 sqrt(log2(W H)).
-/// All processors give the same bits.
+/// A result that fits into a float comes out whatever its size, a larger one is infinite. All processors
+/// give the same bits.
 ///
 /// **Failures.** No method reports one: without a prepared transform (sizes below 2, no memory) and with
 /// null pointers or steps below 1 nothing is written.
@@ -66,7 +68,6 @@ public:
 
 private:
     void Cleanup();
-    void prepare(int width, int height);
 
     bool flag_;
     int width_;   // of the prepared transform, as given

@@ -14,7 +14,7 @@ struct PsdRecord;
 /// nothing is planned or allocated in between.
 ///
 /// **Lengths.** The transform uses the first 2^order samples of a block, where order is the integer
-/// part of log2(n): all of them for a power of two, 64 of 100. Orders go up to 28.
+/// part of log2(n): all of them for a power of two, 64 of 100. n is below 2^28, so orders go up to 27.
 ///
 /// **Units.** The powers are squared magnitudes of the unscaled transform. They are divided neither by
 /// the length nor by the energy of the window, neither side is doubled and no logarithm is taken.

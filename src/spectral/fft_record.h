@@ -116,8 +116,9 @@ constexpr int kSlack = 64;
 static inline constexpr long long columns_of_lines(int orderX) { return orderX <= 4 ? 1 : 1LL << (orderX - 4); }
 // One more line than rows: columns would otherwise meet in the same sets of the caches.
 static inline constexpr long long column_lines(int orderY) { return (1LL << orderY) + 1; }
-constexpr int kRows = 8;  // row spectra that are kept before they go into columns
 static inline constexpr long long row_bytes_ccs(int orderX) { return padded(4 * ((1LL << orderX) + 2)) + 64; }
+// Row spectra that are kept before they go into columns: eight, or as many as 256 MB hold.
+static inline constexpr int kept_rows(int orderX) { return orderX <= 23 ? 8 : orderX <= 26 ? 8 >> (orderX - 23) : 1; }
 
 struct FftSizes {
     long long spec, init, work;
@@ -140,8 +141,8 @@ static inline constexpr FftSizes fft2_sizes(int orderX, int orderY)
     FftSizes s = {};
     s.spec = padded(sizeof(Fft2Spec)) + row_plan_bytes(orderX) + line_plan_bytes(orderY) + kSlack;
     s.init = longer > kTableFreeOrder ? root_table_bytes(longer) + kSlack : 0;
-    s.work = columns_of_lines(orderX) * column_lines(orderY) * kLineFloats * 4 + kRows * row_bytes_ccs(orderX) +
-             padded(real_work_bytes(orderX)) + kSlack;
+    s.work = columns_of_lines(orderX) * column_lines(orderY) * kLineFloats * 4 +
+             kept_rows(orderX) * row_bytes_ccs(orderX) + padded(real_work_bytes(orderX)) + kSlack;
     return s;
 }
 

@@ -27,6 +27,10 @@ ORV_INLINE One operator+(One a, One b) { return {rounded(a.v + b.v)}; }
 ORV_INLINE One operator-(One a, One b) { return {rounded(a.v - b.v)}; }
 ORV_INLINE One operator*(One a, One b) { return {rounded(a.v * b.v)}; }
 ORV_INLINE One negated(One a) { return {-a.v}; }
+ORV_INLINE One magnitude(One a) { return {__builtin_fabsf(a.v)}; }
+// The second where the first is a NaN.
+ORV_INLINE One larger(One a, One b) { return a.v > b.v ? a : b; }
+ORV_INLINE bool any_reaches(One a, One limit) { return a.v >= limit.v; }
 ORV_INLINE void store_lanes(float* p, One a) { put(p, a.v); }
 
 #if ORV_HAVE_VECTORS
@@ -34,12 +38,18 @@ using Four = simd::vec<float, simd::float128>;
 
 ORV_INLINE void store_lanes(float* p, Four a) { simd::store(p, a); }
 ORV_INLINE Four negated(Four a) { return {_mm_xor_ps(a.v, _mm_set1_ps(-0.0f))}; }
+ORV_INLINE Four magnitude(Four a) { return {_mm_andnot_ps(_mm_set1_ps(-0.0f), a.v)}; }
+ORV_INLINE Four larger(Four a, Four b) { return simd::max(a, b); }
+ORV_INLINE bool any_reaches(Four a, Four limit) { return simd::any(simd::greater_equal(a, limit)); }
 #endif
 #if ORV_HAVE_FLOAT256
 using Eight = simd::vec<float, simd::float256>;
 
 ORV_INLINE void store_lanes(float* p, Eight a) { simd::store(p, a); }
 ORV_INLINE Eight negated(Eight a) { return {_mm256_xor_ps(a.v, _mm256_set1_ps(-0.0f))}; }
+ORV_INLINE Eight magnitude(Eight a) { return {_mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v)}; }
+ORV_INLINE Eight larger(Eight a, Eight b) { return simd::max(a, b); }
+ORV_INLINE bool any_reaches(Eight a, Eight limit) { return simd::any(simd::greater_equal(a, limit)); }
 #endif
 
 template <class V> struct Lanes

@@ -18,13 +18,14 @@ class NarrowRows {
 public:
     explicit NarrowRows(const RealPlan& plan) : plan_(plan), width_(1 << plan.order), half_(width_ / 2) {}
 
-    // Rows of `src` -> their spectra, doubled: X[0] and X[W/2] as the complex value u = 0, then the
+    // Rows of `src` times `factor` -> their spectra, doubled: X[0] and X[W/2] as the complex value u = 0, then the
     // others. line(c, r) is where the frequencies 8c to 8c + 7 of row r go; unused lanes are zero.
     template <class Line>
-    void forward(const float* src, int step, int rows, Line line)
+    void forward(const float* src, int step, int rows, float factor, Line line)
     {
         const float* at[kLanes];
-        for (int r = 0; r < kLanes; ++r) at[r] = padded_row(src, step, r < rows ? r : rows - 1);
+        for (int r = 0; r < rows; ++r) at[r] = padded_row(src, step, r, factor);
+        for (int r = rows; r < kLanes; ++r) at[r] = at[rows - 1];
         for (int x = 0; x < width_; x += kLanes) {
             for (int r = 0; r < kLanes; r += V::N) {
                 V samples[kLanes];
@@ -97,13 +98,15 @@ private:
 
     float* frequency(int k) { return lines_[plan_.lines.position[k]]; }
 
-    // A row with at least eight samples to load.
-    const float* padded_row(const float* src, int step, int r)
+    // A row times the factor, with at least eight samples to load.
+    const float* padded_row(const float* src, int step, int r, float factor)
     {
         const float* const row = row_at(src, step, r);
-        if (width_ >= kLanes) return row;
+        if (width_ >= kLanes && factor == 1.0f) return row;
         __builtin_memset(rows_[r], 0, kLanes * sizeof(float));
         __builtin_memcpy(rows_[r], row, static_cast<std::size_t>(width_) * sizeof(float));
+        if (factor == 1.0f) return rows_[r];
+        for (int x = 0; x < width_; ++x) store_lanes(rows_[r] + x, Lanes<One>::load(rows_[r] + x) * One{factor});
         return rows_[r];
     }
 

@@ -10,7 +10,7 @@ struct FftSpec;
 
 struct PsdRecord {
     FftSpec* spec;         // on the boundary where the aligned allocator put its memory
-    Complex32f* spectrum;  // n values
+    Complex32f* spectrum;  // n values, of which a block fills the first half, CCS
     unsigned char* work;
     float* windowed;  // n values
     int n;

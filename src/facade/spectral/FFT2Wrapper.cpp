@@ -3,6 +3,16 @@
 #include "facade/object_memory.h"
 #include "spectral/fft2_object.h"
 
+namespace {
+
+// Whether a record holds the transform of a size; the last two are what it was prepared for.
+bool is_for(const orv::Fft2Record* record, int width, int height, int prepared_width, int prepared_height)
+{
+    return record != nullptr && record->spec != nullptr && width == prepared_width && height == prepared_height;
+}
+
+}  // namespace
+
 FFT2Wrapper::FFT2Wrapper(bool flag) : flag_(flag), width_(0), height_(0), record_(orv::orv_fft2_create()) {}
 FFT2Wrapper::FFT2Wrapper(int width, int height, bool flag) : FFT2Wrapper(flag) { Init(width, height, flag); }
 FFT2Wrapper::~FFT2Wrapper() { orv::orv_fft2_destroy(record_); }
@@ -22,32 +32,27 @@ bool FFT2Wrapper::Init(int width, int height, bool)
 
 void FFT2Wrapper::Cleanup() { orv::orv_fft2_cleanup(record_); }
 
-void FFT2Wrapper::prepare(int width, int height)
-{
-    if (record_ == nullptr || record_->spec == nullptr || width != width_ || height != height_) Init(width, height, flag_);
-}
-
 void FFT2Wrapper::Forward(const float* src, int srcStep, float* dst, int dstStep, int width, int height)
 {
-    prepare(width, height);
+    if (!is_for(record_, width, height, width_, height_)) Init(width, height, flag_);
     orv::orv_fft2_forward(record_, src, srcStep, dst, dstStep);
 }
 
 void FFT2Wrapper::Forward(float* srcDst, int step, int width, int height)
 {
-    prepare(width, height);
+    if (!is_for(record_, width, height, width_, height_)) Init(width, height, flag_);
     orv::orv_fft2_forward_in_place(record_, srcDst, step, width, height);
 }
 
 void FFT2Wrapper::Inverse(const float* src, int srcStep, float* dst, int dstStep, int width, int height)
 {
-    prepare(width, height);
+    if (!is_for(record_, width, height, width_, height_)) Init(width, height, flag_);
     orv::orv_fft2_inverse(record_, src, srcStep, dst, dstStep);
 }
 
 void FFT2Wrapper::Inverse(float* srcDst, int step, int width, int height)
 {
-    prepare(width, height);
+    if (!is_for(record_, width, height, width_, height_)) Init(width, height, flag_);
     orv::orv_fft2_inverse_in_place(record_, srcDst, step, width, height);
 }
 
