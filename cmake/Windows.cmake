@@ -10,11 +10,15 @@ find_program(ORVANE_LLD_LINK NAMES lld-link lld-link-14 REQUIRED)
 find_program(ORVANE_NM i686-w64-mingw32-nm REQUIRED)
 find_program(ORVANE_DLLTOOL i686-w64-mingw32-dlltool REQUIRED)
 
+# Debug information names every input as the command line does, so all inputs of the build are given relative to
+# the folder that the commands run in, and the same sources give the same bytes in every folder.
+
 # orvane_windows_dll(OBJECTS <object expressions> FACADE <sources, relative to src>)
 function(orvane_windows_dll)
   cmake_parse_arguments(PARSE_ARGV 0 dll "" "" "OBJECTS;FACADE")
-  set(folder ${CMAKE_CURRENT_BINARY_DIR}/dll)
+  set(folder dll)
   set(sources ${PROJECT_SOURCE_DIR}/src)
+  file(RELATIVE_PATH from_here ${CMAKE_CURRENT_BINARY_DIR} ${PROJECT_SOURCE_DIR})
 
   # The Microsoft side.
   set(microsoft_objects "")
@@ -24,8 +28,8 @@ function(orvane_windows_dll)
     add_custom_command(OUTPUT ${object}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
       COMMAND ${ORVANE_CLANG} --target=i686-pc-windows-msvc -ffreestanding -fno-exceptions -fno-rtti -std=c++17
-        -O2 -gcodeview -march=i686 -Wall -Wextra -Werror -DORVANE_BUILDING -I${sources} -I${PROJECT_SOURCE_DIR}/include
-        -MD -MF ${object}.d -c ${sources}/${source} -o ${object}
+        -O2 -gcodeview -march=i686 -Wall -Wextra -Werror -DORVANE_BUILDING -I${from_here}/src -I${from_here}/include
+        -fdebug-compilation-dir=. -MD -MF ${object}.d -c ${from_here}/src/${source} -o ${object}
       DEPENDS ${sources}/${source} DEPFILE ${object}.d VERBATIM)
     list(APPEND microsoft_objects ${object})
   endforeach()
@@ -46,17 +50,19 @@ function(orvane_windows_dll)
   set(libraries /usr/i686-w64-mingw32/lib)
   # The version of the file, for those who look at its properties.
   configure_file(${sources}/facade/windows/orvane.rc.in ${folder}/orvane.rc @ONLY)
-  add_library(orvane_windows_version OBJECT ${folder}/orvane.rc)
+  add_library(orvane_windows_version OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${folder}/orvane.rc)
 
   set(response ${folder}/objects.rsp)
-  file(GENERATE OUTPUT ${response} CONTENT
-    "$<JOIN:${dll_OBJECTS},\n>\n$<JOIN:${mingw_objects},\n>\n$<JOIN:${microsoft_objects},\n>\n$<TARGET_OBJECTS:orvane_windows_version>\n")
-  # /Brepro and /pdbaltpath: no time stamp and no folder in the file, so that a rebuild gives the same bytes.
+  set(inputs "${dll_OBJECTS};${mingw_objects};$<TARGET_OBJECTS:orvane_windows_version>")
+  set(inputs "$<PATH:RELATIVE_PATH,${inputs},${CMAKE_CURRENT_BINARY_DIR}>;${microsoft_objects}")
+  file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${response} CONTENT "$<JOIN:${inputs},\n>\n")
+  # /Brepro, /pdbaltpath and /pdbsourcepath: no time stamp and no folder in the file.
   # /alternatename: both C++ ABIs see one variable.
   set(variable ?nImageProcessingWrapper@@3HA)
   add_custom_command(OUTPUT ${folder}/orvane.dll ${folder}/orvane.pdb ${folder}/orvane.lib ${folder}/liborvane.dll.a
     COMMAND ${ORVANE_LLD_LINK} /dll /machine:x86 /safeseh:no /nodefaultlib /Brepro /entry:orv_dll_entry
       /dynamicbase /nxcompat /opt:ref /debug /pdb:${folder}/orvane.pdb /pdbaltpath:orvane.pdb
+      /pdbsourcepath:/orvane
       /alternatename:${variable}=_nImageProcessingWrapper /export:${variable},DATA
       /def:${definitions} /out:${folder}/orvane.dll /implib:${folder}/orvane.lib @${response}
       ${libgcc} ${libraries}/libmsvcrt.a ${libraries}/libkernel32.a

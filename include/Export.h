@@ -1,4 +1,4 @@
-// Marks what the library exports.
+// Marks what the library exports, and how it is called.
 #ifndef ORVANE_EXPORT_H
 #define ORVANE_EXPORT_H
 
@@ -12,6 +12,13 @@
 #endif
 #else
 #define ORVANE_API __attribute__((visibility("default")))
+#endif
+
+// Static methods and free functions, whatever convention the host's compiler takes by default (/Gz, /Gv).
+#if defined(_WIN32) && !defined(_WIN64)
+#define ORVANE_CALL __cdecl
+#else
+#define ORVANE_CALL
 #endif
 
 #endif

@@ -48,29 +48,29 @@ public:
     // below 2^31 bytes. Release with Free().
 
     /// Allocates an image of 1 byte per pixel.
-    static unsigned char* Malloc_8u_C1(int width, int height, int* step);
+    static unsigned char* ORVANE_CALL Malloc_8u_C1(int width, int height, int* step);
     /// Allocates an image of 3 bytes per pixel.
-    static unsigned char* Malloc_8u_C3(int width, int height, int* step);
+    static unsigned char* ORVANE_CALL Malloc_8u_C3(int width, int height, int* step);
     /// Allocates an image of 4 bytes per pixel.
-    static unsigned char* Malloc_8u_C4(int width, int height, int* step);
+    static unsigned char* ORVANE_CALL Malloc_8u_C4(int width, int height, int* step);
     /// Allocates an image of 4 bytes per pixel.
-    static unsigned char* Malloc_8u_AC4(int width, int height, int* step);
+    static unsigned char* ORVANE_CALL Malloc_8u_AC4(int width, int height, int* step);
     /// Allocates an image of 2 bytes per pixel.
-    static unsigned short* Malloc_16u_C1(int width, int height, int* step);
+    static unsigned short* ORVANE_CALL Malloc_16u_C1(int width, int height, int* step);
     /// Allocates an image of 2 bytes per pixel.
-    static short* Malloc_16s_C1(int width, int height, int* step);
+    static short* ORVANE_CALL Malloc_16s_C1(int width, int height, int* step);
     /// Allocates an image of 4 bytes per pixel.
-    static int* Malloc_32s_C1(int width, int height, int* step);
+    static int* ORVANE_CALL Malloc_32s_C1(int width, int height, int* step);
     /// Allocates an image of 4 bytes per pixel.
-    static float* Malloc_32f_C1(int width, int height, int* step);
+    static float* ORVANE_CALL Malloc_32f_C1(int width, int height, int* step);
     /// Allocates an image of 12 bytes per pixel.
-    static float* Malloc_32f_C3(int width, int height, int* step);
+    static float* ORVANE_CALL Malloc_32f_C3(int width, int height, int* step);
     /// Allocates an image of 16 bytes per pixel.
-    static float* Malloc_32f_C4(int width, int height, int* step);
+    static float* ORVANE_CALL Malloc_32f_C4(int width, int height, int* step);
     /// Allocates an image of 8 bytes per pixel.
-    static Complex32f* Malloc_32fc_C1(int width, int height, int* step);
+    static Complex32f* ORVANE_CALL Malloc_32fc_C1(int width, int height, int* step);
     /// Releases what a Malloc method returned; does nothing for null.
-    static void Free(void* buffer);
+    static void ORVANE_CALL Free(void* buffer);
 
     // --------------------------------------------------------------------------------------------
     // Copy and set
@@ -79,55 +79,55 @@ public:
     // Checks: null pointer, width or height below 1. Steps are not checked.
 
     /// dst = src
-    static bool Copy_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Copy_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                       int width, int height);
     /// dst = src
-    static bool Copy_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Copy_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                       int width, int height);
     /// dst = src
-    static bool Copy_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Copy_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                       int width, int height);
     /// dst = src
-    static bool Copy_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst, int dstStep,
-                            int width, int height);
+    static bool ORVANE_CALL Copy_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst, int dstStep,
+                                        int width, int height);
     /// dst = src
-    static bool Copy_16s_C1(const short* src, int srcStep, short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Copy_16s_C1(const short* src, int srcStep, short* dst, int dstStep, int width, int height);
     /// dst = src
-    static bool Copy_32s_C1(const int* src, int srcStep, int* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Copy_32s_C1(const int* src, int srcStep, int* dst, int dstStep, int width, int height);
     /// dst = src
-    static bool Copy_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Copy_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
     /// dst = src
-    static bool Copy_32f_C3(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Copy_32f_C3(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
     /// dst = src
-    static bool Copy_32f_C4(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Copy_32f_C4(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
     /// dst = src. Always true; nothing is copied for a null pointer or a size below 1.
-    static bool Copy_32fc_C1(const Complex32f* src, int srcStep, Complex32f* dst, int dstStep, int width,
-                             int height);
+    static bool ORVANE_CALL Copy_32fc_C1(const Complex32f* src, int srcStep, Complex32f* dst, int dstStep, int width,
+                                         int height);
 
     /// dst = value
-    static bool Set_8u_C1(unsigned char value, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_8u_C1(unsigned char value, unsigned char* dst, int dstStep, int width, int height);
     /// dst = value
-    static bool Set_16u_C1(unsigned short value, unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_16u_C1(unsigned short value, unsigned short* dst, int dstStep, int width, int height);
     /// dst = value
-    static bool Set_16s_C1(short value, short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_16s_C1(short value, short* dst, int dstStep, int width, int height);
     /// dst = value
-    static bool Set_32s_C1(int value, int* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_32s_C1(int value, int* dst, int dstStep, int width, int height);
     /// dst = value
-    static bool Set_32f_C1(float value, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_32f_C1(float value, float* dst, int dstStep, int width, int height);
     /// dst = values, one for each of the three channels
-    static bool Set_8u_C3(const unsigned char* values, unsigned char* dst, int dstStep, int width,
-                          int height);
+    static bool ORVANE_CALL Set_8u_C3(const unsigned char* values, unsigned char* dst, int dstStep, int width,
+                                      int height);
     /// dst = values, one for each of the four channels
-    static bool Set_8u_C4(const unsigned char* values, unsigned char* dst, int dstStep, int width,
-                          int height);
+    static bool ORVANE_CALL Set_8u_C4(const unsigned char* values, unsigned char* dst, int dstStep, int width,
+                                      int height);
     /// dst = values, one for each of the three channels
-    static bool Set_32s_C3(const int* values, int* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_32s_C3(const int* values, int* dst, int dstStep, int width, int height);
     /// dst = values, one for each of the four channels
-    static bool Set_32s_C4(const int* values, int* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_32s_C4(const int* values, int* dst, int dstStep, int width, int height);
     /// dst = values, one for each of the three channels
-    static bool Set_32f_C3(const float* values, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_32f_C3(const float* values, float* dst, int dstStep, int width, int height);
     /// dst = values, one for each of the four channels
-    static bool Set_32f_C4(const float* values, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Set_32f_C4(const float* values, float* dst, int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Conversion
@@ -138,23 +138,23 @@ public:
     // below 1, a step below 1.
 
     /// dst = src
-    static bool Convert_8u16u_C1(const unsigned char* src, int srcStep, unsigned short* dst, int dstStep,
-                                 int width, int height);
+    static bool ORVANE_CALL Convert_8u16u_C1(const unsigned char* src, int srcStep, unsigned short* dst, int dstStep,
+                                             int width, int height);
     /// dst = src
-    static bool Convert_8u32f_C1(const unsigned char* src, int srcStep, float* dst, int dstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL Convert_8u32f_C1(const unsigned char* src, int srcStep, float* dst, int dstStep, int width,
+                                             int height);
     /// dst = src
-    static bool Convert_8u32f_C3(const unsigned char* src, int srcStep, float* dst, int dstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL Convert_8u32f_C3(const unsigned char* src, int srcStep, float* dst, int dstStep, int width,
+                                             int height);
     /// dst = src
-    static bool Convert_16u32f_C1(const unsigned short* src, int srcStep, float* dst, int dstStep,
-                                  int width, int height);
+    static bool ORVANE_CALL Convert_16u32f_C1(const unsigned short* src, int srcStep, float* dst, int dstStep,
+                                              int width, int height);
     /// dst = round(src) in 0 ... 65535
-    static bool Convert_32f16u_C1(const float* src, int srcStep, unsigned short* dst, int dstStep,
-                                  int width, int height);
+    static bool ORVANE_CALL Convert_32f16u_C1(const float* src, int srcStep, unsigned short* dst, int dstStep,
+                                              int width, int height);
     /// dst = round(src) in 0 ... 255
-    static bool Convert_32f8u_C3(const float* src, int srcStep, unsigned char* dst, int dstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL Convert_32f8u_C3(const float* src, int srcStep, unsigned char* dst, int dstStep, int width,
+                                             int height);
 
     // --------------------------------------------------------------------------------------------
     // Channel order
@@ -165,11 +165,11 @@ public:
     // form directly.
 
     /// srcDst[k] = srcDst[order[k]], k = 0 ... 2
-    static bool SwapChannels_8u_C3IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                     const int* order);
+    static bool ORVANE_CALL SwapChannels_8u_C3IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                 const int* order);
     /// srcDst[k] = srcDst[order[k]], k = 0 ... 3
-    static bool SwapChannels_8u_C4IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                     const int* order);
+    static bool ORVANE_CALL SwapChannels_8u_C4IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                 const int* order);
 
     // --------------------------------------------------------------------------------------------
     // Transposition and mirroring
@@ -184,22 +184,22 @@ public:
     // row cannot be turned upside down.
 
     /// dst(x, y) = src(y, x)
-    static bool Transpose_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                  int height);
+    static bool ORVANE_CALL Transpose_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                              int height);
     /// srcDst mirrored about the axis
-    static bool Mirror_16u_C1I(unsigned short* srcDst, int srcDstStep, int width, int height, int axis);
+    static bool ORVANE_CALL Mirror_16u_C1I(unsigned short* srcDst, int srcDstStep, int width, int height, int axis);
     /// srcDst mirrored about the axis
-    static bool Mirror_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis);
+    static bool ORVANE_CALL Mirror_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis);
     /// srcDst mirrored about the axis
-    static bool Mirror_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis);
+    static bool ORVANE_CALL Mirror_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis);
     /// srcDst with top and bottom exchanged
-    static bool MirrorHorizontal_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MirrorHorizontal_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
     /// srcDst with top and bottom exchanged, alpha kept
-    static bool MirrorHorizontal_8u_AC4IR(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MirrorHorizontal_8u_AC4IR(unsigned char* srcDst, int srcDstStep, int width, int height);
     /// srcDst with left and right exchanged, alpha kept
-    static bool MirrorVertical_8u_AC4IR(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MirrorVertical_8u_AC4IR(unsigned char* srcDst, int srcDstStep, int width, int height);
     /// srcDst with both exchanged, alpha kept
-    static bool MirrorBoth_8u_AC4IR(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MirrorBoth_8u_AC4IR(unsigned char* srcDst, int srcDstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Integer arithmetic with scaling
@@ -226,249 +226,249 @@ public:
     // AddC_8u_C1I multiplies, and DivC_16u_C1I subtracts.
 
     /// dst = scaled(src2 + src1)
-    static bool Add_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 + src1)
-    static bool Add_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 + src1)
-    static bool Add_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 + src1)
-    static bool Add_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                           int src2Step, unsigned short* dst, int dstStep, int width, int height,
-                           int scaleFactor);
+    static bool ORVANE_CALL Add_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                       int src2Step, unsigned short* dst, int dstStep, int width, int height,
+                                       int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                            int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                        int width, int height, int scaleFactor);
     /// dst = scaled(src2 + src1)
-    static bool Add_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Add_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL Add_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - src)
-    static bool Sub_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - src)
-    static bool Sub_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - src)
-    static bool Sub_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                           int src2Step, unsigned short* dst, int dstStep, int width, int height,
-                           int scaleFactor);
+    static bool ORVANE_CALL Sub_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                       int src2Step, unsigned short* dst, int dstStep, int width, int height,
+                                       int scaleFactor);
     /// srcDst = scaled(srcDst - src)
-    static bool Sub_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                            int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                        int width, int height, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - src)
-    static bool Sub_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL Sub_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * src)
-    static bool Mul_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * src)
-    static bool Mul_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * src)
-    static bool Mul_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                           int src2Step, unsigned short* dst, int dstStep, int width, int height,
-                           int scaleFactor);
+    static bool ORVANE_CALL Mul_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                       int src2Step, unsigned short* dst, int dstStep, int width, int height,
+                                       int scaleFactor);
     /// srcDst = scaled(srcDst * src)
-    static bool Mul_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                            int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                        int width, int height, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * src)
-    static bool Mul_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL Mul_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / src)
-    static bool Div_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / src)
-    static bool Div_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / src)
-    static bool Div_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height, int scaleFactor);
     /// dst = scaled(src2 / src1), rounded in fixed point
-    static bool Div_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                           int src2Step, unsigned short* dst, int dstStep, int width, int height,
-                           int scaleFactor);
+    static bool ORVANE_CALL Div_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                       int src2Step, unsigned short* dst, int dstStep, int width, int height,
+                                       int scaleFactor);
     /// srcDst = scaled(srcDst / src), rounded in fixed point
-    static bool Div_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                            int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                        int width, int height, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL Div_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step, short* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / src)
-    static bool Div_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL Div_16s_C1I(const short* src, int srcStep, short* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src + value)
-    static bool AddC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * value): multiplies, as MulC_8u_C1I does
-    static bool AddC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src + values)
-    static bool AddC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + values)
-    static bool AddC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src + values)
-    static bool AddC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + values)
-    static bool AddC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src + value)
-    static bool AddC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                            unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst + value)
-    static bool AddC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
-                             int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
+                                         int height, int scaleFactor);
     /// dst = scaled(src + value)
-    static bool AddC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL AddC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
+                                        int height, int scaleFactor);
     /// srcDst = scaled(srcDst + value)
-    static bool AddC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
-                             int scaleFactor);
+    static bool ORVANE_CALL AddC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
+                                         int scaleFactor);
     /// dst = scaled(src - value)
-    static bool SubC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - value)
-    static bool SubC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src - values)
-    static bool SubC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - values)
-    static bool SubC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src - values)
-    static bool SubC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - values)
-    static bool SubC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src - value)
-    static bool SubC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                            unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - value)
-    static bool SubC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
-                             int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
+                                         int height, int scaleFactor);
     /// dst = scaled(src - value)
-    static bool SubC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL SubC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
+                                        int height, int scaleFactor);
     /// srcDst = scaled(srcDst - value)
-    static bool SubC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
-                             int scaleFactor);
+    static bool ORVANE_CALL SubC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
+                                         int scaleFactor);
     /// dst = scaled(src * value)
-    static bool MulC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * value)
-    static bool MulC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src * values)
-    static bool MulC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * values)
-    static bool MulC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src * values)
-    static bool MulC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * values)
-    static bool MulC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src * value)
-    static bool MulC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                            unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst * value)
-    static bool MulC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
-                             int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
+                                         int height, int scaleFactor);
     /// dst = scaled(src * value)
-    static bool MulC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL MulC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
+                                        int height, int scaleFactor);
     /// srcDst = scaled(srcDst * value)
-    static bool MulC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
-                             int scaleFactor);
+    static bool ORVANE_CALL MulC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
+                                         int scaleFactor);
     /// dst = scaled(src / value)
-    static bool DivC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                           int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                       int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / value)
-    static bool DivC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_C1I(unsigned char value, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src / values)
-    static bool DivC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / values)
-    static bool DivC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src / values)
-    static bool DivC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst / values)
-    static bool DivC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height, int scaleFactor);
     /// dst = scaled(src / value)
-    static bool DivC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                            unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned short* dst, int dstStep, int width, int height, int scaleFactor);
     /// srcDst = scaled(srcDst - value): subtracts, as SubC_16u_C1I does
-    static bool DivC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
-                             int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_16u_C1I(unsigned short value, unsigned short* srcDst, int srcDstStep, int width,
+                                         int height, int scaleFactor);
     /// dst = scaled(src / value)
-    static bool DivC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
-                            int height, int scaleFactor);
+    static bool ORVANE_CALL DivC_16s_C1(const short* src, int srcStep, short value, short* dst, int dstStep, int width,
+                                        int height, int scaleFactor);
     /// srcDst = scaled(srcDst / value)
-    static bool DivC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
-                             int scaleFactor);
+    static bool ORVANE_CALL DivC_16s_C1I(short value, short* srcDst, int srcDstStep, int width, int height,
+                                         int scaleFactor);
 
     // --------------------------------------------------------------------------------------------
     // Float and complex arithmetic
@@ -505,161 +505,161 @@ public:
     // subtracts. MulC_32f_C3IR multiplies.
 
     /// dst = src2 + src1
-    static bool Add_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Add_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst + src
-    static bool Add_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Add_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 + src1
-    static bool Add_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Add_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst + src
-    static bool Add_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Add_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 + src1. Always true.
-    static bool Add_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
-                            Complex32f* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Add_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                                        Complex32f* dst, int dstStep, int width, int height);
     /// srcDst = srcDst + src. Always true.
-    static bool Add_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
-                             int width, int height);
+    static bool ORVANE_CALL Add_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                                         int width, int height);
     /// dst = src2 - src1
-    static bool Sub_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Sub_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst - src
-    static bool Sub_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Sub_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 - src1
-    static bool Sub_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Sub_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// dst = src2 - src1: the same as Sub_32f_C3
-    static bool Sub_32f_C3R(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                            int dstStep, int width, int height);
+    static bool ORVANE_CALL Sub_32f_C3R(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                        int dstStep, int width, int height);
     /// srcDst = srcDst - src
-    static bool Sub_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Sub_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 - src1. Always true.
-    static bool Sub_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
-                            Complex32f* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Sub_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                                        Complex32f* dst, int dstStep, int width, int height);
     /// srcDst = srcDst - src. Always true.
-    static bool Sub_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
-                             int width, int height);
+    static bool ORVANE_CALL Sub_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                                         int width, int height);
     /// dst = src2 * src1
-    static bool Mul_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Mul_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst * src
-    static bool Mul_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Mul_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 * src1
-    static bool Mul_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Mul_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst * src
-    static bool Mul_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Mul_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 * src1. Always true.
-    static bool Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
-                            Complex32f* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                                        Complex32f* dst, int dstStep, int width, int height);
     /// srcDst = srcDst * src. Always true.
-    static bool Mul_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
-                             int width, int height);
+    static bool ORVANE_CALL Mul_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                                         int width, int height);
     /// dst = src2 / src1
-    static bool Div_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Div_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst / src
-    static bool Div_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Div_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 / src1
-    static bool Div_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Div_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst / src
-    static bool Div_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Div_32f_C3I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src2 / src1. Always true.
-    static bool Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
-                            Complex32f* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                                        Complex32f* dst, int dstStep, int width, int height);
     /// srcDst = srcDst / src. Always true.
-    static bool Div_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
-                             int width, int height);
+    static bool ORVANE_CALL Div_32fc_C1I(const Complex32f* src, int srcStep, Complex32f* srcDst, int srcDstStep,
+                                         int width, int height);
     /// dst = src + value
-    static bool AddC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
-                            int height);
+    static bool ORVANE_CALL AddC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                                        int height);
     /// srcDst = srcDst + value
-    static bool AddC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL AddC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src + values[channel]
-    static bool AddC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
-                            int width, int height);
+    static bool ORVANE_CALL AddC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                                        int width, int height);
     /// srcDst = srcDst + values[channel]
-    static bool AddC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL AddC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src + value. Always true.
-    static bool AddC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
-                             int dstStep, int width, int height);
+    static bool ORVANE_CALL AddC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                                         int dstStep, int width, int height);
     /// srcDst = srcDst + value. Always true.
-    static bool AddC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL AddC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
     /// dst = src - value
-    static bool SubC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
-                            int height);
+    static bool ORVANE_CALL SubC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                                        int height);
     /// srcDst = srcDst - value
-    static bool SubC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL SubC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src - values[channel]
-    static bool SubC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
-                            int width, int height);
+    static bool ORVANE_CALL SubC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                                        int width, int height);
     /// srcDst = srcDst - values[channel]
-    static bool SubC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL SubC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src - value. Always true.
-    static bool SubC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
-                             int dstStep, int width, int height);
+    static bool ORVANE_CALL SubC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                                         int dstStep, int width, int height);
     /// srcDst = srcDst - value. Always true.
-    static bool SubC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL SubC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
     /// dst = src * value
-    static bool MulC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
-                            int height);
+    static bool ORVANE_CALL MulC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                                        int height);
     /// srcDst = srcDst * value
-    static bool MulC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MulC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src * values[channel]
-    static bool MulC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
-                            int width, int height);
+    static bool ORVANE_CALL MulC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                                        int width, int height);
     /// srcDst = srcDst - values[channel]: it subtracts, on purpose
-    static bool MulC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MulC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
     /// srcDst = srcDst * values[channel]
-    static bool MulC_32f_C3IR(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MulC_32f_C3IR(const float* values, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src * value. Always true.
-    static bool MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
-                             int dstStep, int width, int height);
+    static bool ORVANE_CALL MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                                         int dstStep, int width, int height);
     /// srcDst = srcDst * value. Always true.
-    static bool MulC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL MulC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
     /// dst = src * (1 / value)
-    static bool DivC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
-                            int height);
+    static bool ORVANE_CALL DivC_32f_C1(const float* src, int srcStep, float value, float* dst, int dstStep, int width,
+                                        int height);
     /// srcDst = srcDst * (1 / value)
-    static bool DivC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL DivC_32f_C1I(float value, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src * (1 / values[channel])
-    static bool DivC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
-                            int width, int height);
+    static bool ORVANE_CALL DivC_32f_C3(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                                        int width, int height);
     /// srcDst = srcDst * (1 / values[channel])
-    static bool DivC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL DivC_32f_C3I(const float* values, float* srcDst, int srcDstStep, int width, int height);
     /// dst = src / value. Always true.
-    static bool DivC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
-                             int dstStep, int width, int height);
+    static bool ORVANE_CALL DivC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst,
+                                         int dstStep, int width, int height);
     /// srcDst = srcDst / value. Always true.
-    static bool DivC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL DivC_32fc_C1I(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, int height);
     /// dst = |src|
-    static bool Abs_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Abs_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
     /// srcDst = |srcDst|
-    static bool Abs_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Abs_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
     /// dst = |src|
-    static bool Abs_32f_C3(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Abs_32f_C3(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
     /// srcDst = |srcDst|
-    static bool Abs_32f_C3I(float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Abs_32f_C3I(float* srcDst, int srcDstStep, int width, int height);
     /// srcDst = sqrt(srcDst)
-    static bool Sqrt_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Sqrt_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
     /// srcDst = max(src, srcDst), without a temporary
-    static bool MaxEvery_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL MaxEvery_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                             int height);
     /// srcDst = min(src, srcDst), without a temporary
-    static bool MinEvery_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL MinEvery_32f_C1I(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                             int height);
     /// srcDst = srcDst + src1 * src2, without a temporary
-    static bool AddProduct_16u32f_C1I(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                                      int src2Step, float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL AddProduct_16u32f_C1I(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                                  int src2Step, float* srcDst, int srcDstStep, int width, int height);
 
     // Logarithm and exponential: computed in double and rounded once, at most 0.5001 units in the last
     // place (largest errors over all floats: docs/accuracy.md). Checks: null pointer, width or height below
@@ -671,9 +671,9 @@ public:
     // 2^-126, the quiet NaN for NaNs; none of that is a warning.
 
     /// srcDst = ln(srcDst)
-    static bool Ln_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Ln_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
     /// dst = e^src
-    static bool Exp_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Exp_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Bitwise operations and shifts
@@ -691,260 +691,259 @@ public:
     // Checks: null pointer (an array of constants or counts included), a step below 1, width or height below 1.
 
     /// dst = src1 & src2
-    static bool And_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL And_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & src
-    static bool And_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL And_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 & src2
-    static bool And_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL And_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & src
-    static bool And_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL And_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 & src2
-    static bool And_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL And_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & src
-    static bool And_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL And_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 & src2
-    static bool And_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                           int src2Step, unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL And_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                       int src2Step, unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & src
-    static bool And_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                            int width, int height);
+    static bool ORVANE_CALL And_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                        int width, int height);
     /// dst = src1 & src2
-    static bool And_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL And_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst & src
-    static bool And_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL And_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src1 | src2
-    static bool Or_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                         unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Or_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                     unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | src
-    static bool Or_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                          int width, int height);
+    static bool ORVANE_CALL Or_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                      int width, int height);
     /// dst = src1 | src2
-    static bool Or_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                         unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Or_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                     unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | src
-    static bool Or_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                          int width, int height);
+    static bool ORVANE_CALL Or_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                      int width, int height);
     /// dst = src1 | src2
-    static bool Or_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                         unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Or_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                     unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | src
-    static bool Or_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                          int width, int height);
+    static bool ORVANE_CALL Or_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                      int width, int height);
     /// dst = src1 | src2
-    static bool Or_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                          int src2Step, unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Or_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                      int src2Step, unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | src
-    static bool Or_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Or_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 | src2
-    static bool Or_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
-                          int dstStep, int width, int height);
+    static bool ORVANE_CALL Or_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
+                                      int dstStep, int width, int height);
     /// srcDst = srcDst | src
-    static bool Or_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
-                           int height);
+    static bool ORVANE_CALL Or_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width, int height);
     /// dst = src1 ^ src2
-    static bool Xor_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Xor_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ src
-    static bool Xor_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Xor_8u_C1I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 ^ src2
-    static bool Xor_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Xor_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ src
-    static bool Xor_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Xor_8u_C3I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 ^ src2
-    static bool Xor_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Xor_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ src
-    static bool Xor_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
-                           int width, int height);
+    static bool ORVANE_CALL Xor_8u_C4I(const unsigned char* src, int srcStep, unsigned char* srcDst, int srcDstStep,
+                                       int width, int height);
     /// dst = src1 ^ src2
-    static bool Xor_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                           int src2Step, unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL Xor_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                       int src2Step, unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ src
-    static bool Xor_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
-                            int width, int height);
+    static bool ORVANE_CALL Xor_16u_C1I(const unsigned short* src, int srcStep, unsigned short* srcDst, int srcDstStep,
+                                        int width, int height);
     /// dst = src1 ^ src2
-    static bool Xor_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL Xor_32s_C1(const int* src1, int src1Step, const int* src2, int src2Step, int* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst ^ src
-    static bool Xor_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL Xor_32s_C1I(const int* src, int srcStep, int* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src & value
-    static bool AndC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL AndC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst & value (the value follows the step)
-    static bool AndC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
-                            int height);
+    static bool ORVANE_CALL AndC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
+                                        int height);
     /// dst = src & values
-    static bool AndC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL AndC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & values
-    static bool AndC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL AndC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src & values
-    static bool AndC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL AndC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & values
-    static bool AndC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL AndC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src & value
-    static bool AndC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                            unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL AndC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst & value (the value follows the step)
-    static bool AndC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
-                             int height);
+    static bool ORVANE_CALL AndC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
+                                         int height);
     /// dst = src & value
-    static bool AndC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
-                            int height);
+    static bool ORVANE_CALL AndC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
+                                        int height);
     /// srcDst = srcDst & value (the value follows the step)
-    static bool AndC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
+    static bool ORVANE_CALL AndC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
     /// dst = src | value
-    static bool OrC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                          int dstStep, int width, int height);
+    static bool ORVANE_CALL OrC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                      int dstStep, int width, int height);
     /// srcDst = srcDst | value (the value follows the step)
-    static bool OrC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
-                           int height);
+    static bool ORVANE_CALL OrC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
+                                       int height);
     /// dst = src | values
-    static bool OrC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL OrC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | values
-    static bool OrC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                           int height);
+    static bool ORVANE_CALL OrC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                       int height);
     /// dst = src | values
-    static bool OrC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL OrC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | values
-    static bool OrC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                           int height);
+    static bool ORVANE_CALL OrC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                       int height);
     /// dst = src | value
-    static bool OrC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                           unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL OrC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                       unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst | value (the value follows the step)
-    static bool OrC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
-                            int height);
+    static bool ORVANE_CALL OrC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
+                                        int height);
     /// dst = src | value
-    static bool OrC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
-                           int height);
+    static bool ORVANE_CALL OrC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
+                                       int height);
     /// srcDst = srcDst | value (the value follows the step)
-    static bool OrC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
+    static bool ORVANE_CALL OrC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
     /// dst = src ^ value
-    static bool XorC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
-                           int dstStep, int width, int height);
+    static bool ORVANE_CALL XorC_8u_C1(const unsigned char* src, int srcStep, unsigned char value, unsigned char* dst,
+                                       int dstStep, int width, int height);
     /// srcDst = srcDst ^ value (the value follows the step)
-    static bool XorC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
-                            int height);
+    static bool ORVANE_CALL XorC_8u_C1I(unsigned char* srcDst, int srcDstStep, unsigned char value, int width,
+                                        int height);
     /// dst = src ^ values
-    static bool XorC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL XorC_8u_C3(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ values
-    static bool XorC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL XorC_8u_C3I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src ^ values
-    static bool XorC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
-                           unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL XorC_8u_C4(const unsigned char* src, int srcStep, const unsigned char* values,
+                                       unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ values
-    static bool XorC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
-                            int height);
+    static bool ORVANE_CALL XorC_8u_C4I(const unsigned char* values, unsigned char* srcDst, int srcDstStep, int width,
+                                        int height);
     /// dst = src ^ value
-    static bool XorC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
-                            unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL XorC_16u_C1(const unsigned short* src, int srcStep, unsigned short value,
+                                        unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst ^ value (the value follows the step)
-    static bool XorC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
-                             int height);
+    static bool ORVANE_CALL XorC_16u_C1I(unsigned short* srcDst, int srcDstStep, unsigned short value, int width,
+                                         int height);
     /// dst = src ^ value
-    static bool XorC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
-                            int height);
+    static bool ORVANE_CALL XorC_32s_C1(const int* src, int srcStep, int value, int* dst, int dstStep, int width,
+                                        int height);
     /// srcDst = srcDst ^ value (the value follows the step)
-    static bool XorC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
+    static bool ORVANE_CALL XorC_32s_C1I(int* srcDst, int srcDstStep, int value, int width, int height);
     /// dst = ~src
-    static bool Not_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                          int width, int height);
+    static bool ORVANE_CALL Not_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                      int width, int height);
     /// srcDst = ~srcDst
-    static bool Not_8u_C1I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Not_8u_C1I(unsigned char* srcDst, int srcDstStep, int width, int height);
     /// dst = ~src
-    static bool Not_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                          int width, int height);
+    static bool ORVANE_CALL Not_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                      int width, int height);
     /// srcDst = ~srcDst
-    static bool Not_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Not_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
     /// dst = ~src
-    static bool Not_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                          int width, int height);
+    static bool ORVANE_CALL Not_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                      int width, int height);
     /// srcDst = ~srcDst
-    static bool Not_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL Not_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height);
     /// dst = src << count
-    static bool LShiftC_8u_C1R(const unsigned char* src, int srcStep, unsigned int count,
-                               unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LShiftC_8u_C1R(const unsigned char* src, int srcStep, unsigned int count,
+                                           unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst << count
-    static bool LShiftC_8u_C1IR(unsigned int count, unsigned char* srcDst, int srcDstStep, int width,
-                                int height);
+    static bool ORVANE_CALL LShiftC_8u_C1IR(unsigned int count, unsigned char* srcDst, int srcDstStep, int width,
+                                            int height);
     /// dst = src << counts
-    static bool LShiftC_8u_C3R(const unsigned char* src, int srcStep, const unsigned int* counts,
-                               unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LShiftC_8u_C3R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                                           unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst << counts
-    static bool LShiftC_8u_C3IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
-                                int width, int height);
+    static bool ORVANE_CALL LShiftC_8u_C3IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                            int width, int height);
     /// dst = src << counts
-    static bool LShiftC_8u_C4R(const unsigned char* src, int srcStep, const unsigned int* counts,
-                               unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LShiftC_8u_C4R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                                           unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst << counts
-    static bool LShiftC_8u_C4IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
-                                int width, int height);
+    static bool ORVANE_CALL LShiftC_8u_C4IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                            int width, int height);
     /// dst = src << count
-    static bool LShiftC_16u_C1R(const unsigned short* src, int srcStep, unsigned int count,
-                                unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LShiftC_16u_C1R(const unsigned short* src, int srcStep, unsigned int count,
+                                            unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst << count
-    static bool LShiftC_16u_C1IR(unsigned int count, unsigned short* srcDst, int srcDstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL LShiftC_16u_C1IR(unsigned int count, unsigned short* srcDst, int srcDstStep, int width,
+                                             int height);
     /// dst = src << count
-    static bool LShiftC_32s_C1R(const int* src, int srcStep, unsigned int count, int* dst, int dstStep,
-                                int width, int height);
+    static bool ORVANE_CALL LShiftC_32s_C1R(const int* src, int srcStep, unsigned int count, int* dst, int dstStep,
+                                            int width, int height);
     /// srcDst = srcDst << count
-    static bool LShiftC_32s_C1IR(unsigned int count, int* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL LShiftC_32s_C1IR(unsigned int count, int* srcDst, int srcDstStep, int width, int height);
     /// dst = src >> count
-    static bool RShiftC_8u_C1R(const unsigned char* src, int srcStep, unsigned int count,
-                               unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL RShiftC_8u_C1R(const unsigned char* src, int srcStep, unsigned int count,
+                                           unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst >> count
-    static bool RShiftC_8u_C1IR(unsigned int count, unsigned char* srcDst, int srcDstStep, int width,
-                                int height);
+    static bool ORVANE_CALL RShiftC_8u_C1IR(unsigned int count, unsigned char* srcDst, int srcDstStep, int width,
+                                            int height);
     /// dst = src >> counts
-    static bool RShiftC_8u_C3R(const unsigned char* src, int srcStep, const unsigned int* counts,
-                               unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL RShiftC_8u_C3R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                                           unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst >> counts
-    static bool RShiftC_8u_C3IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
-                                int width, int height);
+    static bool ORVANE_CALL RShiftC_8u_C3IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                            int width, int height);
     /// dst = src >> counts
-    static bool RShiftC_8u_C4R(const unsigned char* src, int srcStep, const unsigned int* counts,
-                               unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL RShiftC_8u_C4R(const unsigned char* src, int srcStep, const unsigned int* counts,
+                                           unsigned char* dst, int dstStep, int width, int height);
     /// srcDst = srcDst >> counts
-    static bool RShiftC_8u_C4IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
-                                int width, int height);
+    static bool ORVANE_CALL RShiftC_8u_C4IR(const unsigned int* counts, unsigned char* srcDst, int srcDstStep,
+                                            int width, int height);
     /// dst = src >> count
-    static bool RShiftC_16u_C1R(const unsigned short* src, int srcStep, unsigned int count,
-                                unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL RShiftC_16u_C1R(const unsigned short* src, int srcStep, unsigned int count,
+                                            unsigned short* dst, int dstStep, int width, int height);
     /// srcDst = srcDst >> count
-    static bool RShiftC_16u_C1IR(unsigned int count, unsigned short* srcDst, int srcDstStep, int width,
-                                 int height);
+    static bool ORVANE_CALL RShiftC_16u_C1IR(unsigned int count, unsigned short* srcDst, int srcDstStep, int width,
+                                             int height);
     /// dst = src >> count
-    static bool RShiftC_16s_C1R(const short* src, int srcStep, unsigned int count, short* dst, int dstStep,
-                                int width, int height);
+    static bool ORVANE_CALL RShiftC_16s_C1R(const short* src, int srcStep, unsigned int count, short* dst, int dstStep,
+                                            int width, int height);
     /// srcDst = srcDst >> count
-    static bool RShiftC_16s_C1IR(unsigned int count, short* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL RShiftC_16s_C1IR(unsigned int count, short* srcDst, int srcDstStep, int width, int height);
     /// dst = src >> count
-    static bool RShiftC_32s_C1R(const int* src, int srcStep, unsigned int count, int* dst, int dstStep,
-                                int width, int height);
+    static bool ORVANE_CALL RShiftC_32s_C1R(const int* src, int srcStep, unsigned int count, int* dst, int dstStep,
+                                            int width, int height);
     /// srcDst = srcDst >> count
-    static bool RShiftC_32s_C1IR(unsigned int count, int* srcDst, int srcDstStep, int width, int height);
+    static bool ORVANE_CALL RShiftC_32s_C1IR(unsigned int count, int* srcDst, int srcDstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Comparison
@@ -958,222 +957,221 @@ public:
     // Checks: null pointer (an array of constants included), a step below 1, width or height below 1.
 
     /// dst = 255 where src1 < src2, else 0
-    static bool CompareLess_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                              int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2, else 0
-    static bool CompareLessEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                    int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2, else 0
-    static bool CompareEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                            int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2, else 0
-    static bool CompareGreaterEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                       int src2Step, unsigned char* dst, int dstStep, int width,
-                                       int height);
+    static bool ORVANE_CALL CompareGreaterEq_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                   int src2Step, unsigned char* dst, int dstStep, int width,
+                                                   int height);
     /// dst = 255 where src1 > src2, else 0
-    static bool CompareGreater_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreater_8u_C1(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                 int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 < src2 in every channel, else 0
-    static bool CompareLess_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                              int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2 in every channel, else 0
-    static bool CompareLessEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                    int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2 in every channel, else 0
-    static bool CompareEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                            int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2 in every channel, else 0
-    static bool CompareGreaterEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                       int src2Step, unsigned char* dst, int dstStep, int width,
-                                       int height);
+    static bool ORVANE_CALL CompareGreaterEq_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                   int src2Step, unsigned char* dst, int dstStep, int width,
+                                                   int height);
     /// dst = 255 where src1 > src2 in every channel, else 0
-    static bool CompareGreater_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreater_8u_C3(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                 int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 < src2 in every channel, else 0
-    static bool CompareLess_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                              int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2 in every channel, else 0
-    static bool CompareLessEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                    int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2 in every channel, else 0
-    static bool CompareEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                            int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2 in every channel, else 0
-    static bool CompareGreaterEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                       int src2Step, unsigned char* dst, int dstStep, int width,
-                                       int height);
+    static bool ORVANE_CALL CompareGreaterEq_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                   int src2Step, unsigned char* dst, int dstStep, int width,
+                                                   int height);
     /// dst = 255 where src1 > src2 in every channel, else 0
-    static bool CompareGreater_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
-                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreater_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                                 int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 < src2, else 0
-    static bool CompareLess_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                                   int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                               int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2, else 0
-    static bool CompareLessEq_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                                     int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                                 int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2, else 0
-    static bool CompareEq_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                                 int src2Step, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                             int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2, else 0
-    static bool CompareGreaterEq_16u_C1(const unsigned short* src1, int src1Step,
-                                        const unsigned short* src2, int src2Step, unsigned char* dst,
-                                        int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreaterEq_16u_C1(const unsigned short* src1, int src1Step,
+                                                    const unsigned short* src2, int src2Step, unsigned char* dst,
+                                                    int dstStep, int width, int height);
     /// dst = 255 where src1 > src2, else 0
-    static bool CompareGreater_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
-                                      int src2Step, unsigned char* dst, int dstStep, int width,
-                                      int height);
+    static bool ORVANE_CALL CompareGreater_16u_C1(const unsigned short* src1, int src1Step, const unsigned short* src2,
+                                                  int src2Step, unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 < src2, else 0
-    static bool CompareLess_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
-                                   unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                               unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2, else 0
-    static bool CompareLessEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
-                                     unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                                 unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2, else 0
-    static bool CompareEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
-                                 unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                             unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2, else 0
-    static bool CompareGreaterEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
-                                        unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreaterEq_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                                    unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 > src2, else 0
-    static bool CompareGreater_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
-                                      unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreater_16s_C1(const short* src1, int src1Step, const short* src2, int src2Step,
+                                                  unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 < src2, else 0
-    static bool CompareLess_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
-                                   unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                               unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2, else 0
-    static bool CompareLessEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
-                                     unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                 unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2, else 0
-    static bool CompareEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
-                                 unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                             unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2, else 0
-    static bool CompareGreaterEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
-                                        unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreaterEq_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                    unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 > src2, else 0
-    static bool CompareGreater_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
-                                      unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreater_32f_C1(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                  unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 < src2 in every channel, else 0
-    static bool CompareLess_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
-                                   unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLess_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                               unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 <= src2 in every channel, else 0
-    static bool CompareLessEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
-                                     unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareLessEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                 unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 == src2 in every channel, else 0
-    static bool CompareEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
-                                 unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                             unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 >= src2 in every channel, else 0
-    static bool CompareGreaterEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
-                                        unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreaterEq_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                    unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src1 > src2 in every channel, else 0
-    static bool CompareGreater_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
-                                      unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareGreater_32f_C3(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                  unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src < value, else 0
-    static bool CompareCLess_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
-                                    unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                                unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src <= value, else 0
-    static bool CompareCLessEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
-                                      unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                                  unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src == value, else 0
-    static bool CompareCEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
-                                  unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                              unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src >= value, else 0
-    static bool CompareCGreaterEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
-                                         unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                                     unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src > value, else 0
-    static bool CompareCGreater_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
-                                       unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_8u_C1R(const unsigned char* src, int srcStep, unsigned char value,
+                                                   unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src < values in every channel, else 0
-    static bool CompareCLess_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                    unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                                unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src <= values in every channel, else 0
-    static bool CompareCLessEq_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                      unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                                  unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src == values in every channel, else 0
-    static bool CompareCEq_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                  unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                              unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src >= values in every channel, else 0
-    static bool CompareCGreaterEq_8u_C3R(const unsigned char* src, int srcStep,
-                                         const unsigned char* values, unsigned char* dst, int dstStep,
-                                         int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_8u_C3R(const unsigned char* src, int srcStep,
+                                                     const unsigned char* values, unsigned char* dst, int dstStep,
+                                                     int width, int height);
     /// dst = 255 where src > values in every channel, else 0
-    static bool CompareCGreater_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                       unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_8u_C3R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                                   unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src < values in every channel, else 0
-    static bool CompareCLess_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                    unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                                unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src <= values in every channel, else 0
-    static bool CompareCLessEq_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                      unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                                  unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src == values in every channel, else 0
-    static bool CompareCEq_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                  unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                              unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src >= values in every channel, else 0
-    static bool CompareCGreaterEq_8u_C4R(const unsigned char* src, int srcStep,
-                                         const unsigned char* values, unsigned char* dst, int dstStep,
-                                         int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_8u_C4R(const unsigned char* src, int srcStep,
+                                                     const unsigned char* values, unsigned char* dst, int dstStep,
+                                                     int width, int height);
     /// dst = 255 where src > values in every channel, else 0
-    static bool CompareCGreater_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
-                                       unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_8u_C4R(const unsigned char* src, int srcStep, const unsigned char* values,
+                                                   unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src < value, else 0
-    static bool CompareCLess_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
-                                     unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                                 unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src <= value, else 0
-    static bool CompareCLessEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
-                                       unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                                   unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src == value, else 0
-    static bool CompareCEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
-                                   unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                               unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src >= value, else 0
-    static bool CompareCGreaterEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
-                                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                                      unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src > value, else 0
-    static bool CompareCGreater_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
-                                        unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_16u_C1R(const unsigned short* src, int srcStep, unsigned short value,
+                                                    unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src < value, else 0
-    static bool CompareCLess_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
-                                     int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                                 int dstStep, int width, int height);
     /// dst = 255 where src <= value, else 0
-    static bool CompareCLessEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
-                                       int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                                   int dstStep, int width, int height);
     /// dst = 255 where src == value, else 0
-    static bool CompareCEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
-                                   int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                               int dstStep, int width, int height);
     /// dst = 255 where src >= value, else 0
-    static bool CompareCGreaterEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
-                                          int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                                      int dstStep, int width, int height);
     /// dst = 255 where src > value, else 0
-    static bool CompareCGreater_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
-                                        int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_16s_C1R(const short* src, int srcStep, short value, unsigned char* dst,
+                                                    int dstStep, int width, int height);
     /// dst = 255 where src < value, else 0
-    static bool CompareCLess_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
-                                     int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                                 int dstStep, int width, int height);
     /// dst = 255 where src <= value, else 0
-    static bool CompareCLessEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
-                                       int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                                   int dstStep, int width, int height);
     /// dst = 255 where src == value, else 0
-    static bool CompareCEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
-                                   int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                               int dstStep, int width, int height);
     /// dst = 255 where src >= value, else 0
-    static bool CompareCGreaterEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
-                                          int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                                      int dstStep, int width, int height);
     /// dst = 255 where src > value, else 0
-    static bool CompareCGreater_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
-                                        int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_32f_C1R(const float* src, int srcStep, float value, unsigned char* dst,
+                                                    int dstStep, int width, int height);
     /// dst = 255 where src < values in every channel, else 0
-    static bool CompareCLess_32f_C3R(const float* src, int srcStep, const float* values,
-                                     unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLess_32f_C3R(const float* src, int srcStep, const float* values,
+                                                 unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src <= values in every channel, else 0
-    static bool CompareCLessEq_32f_C3R(const float* src, int srcStep, const float* values,
-                                       unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCLessEq_32f_C3R(const float* src, int srcStep, const float* values,
+                                                   unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src == values in every channel, else 0
-    static bool CompareCEq_32f_C3R(const float* src, int srcStep, const float* values, unsigned char* dst,
-                                   int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCEq_32f_C3R(const float* src, int srcStep, const float* values, unsigned char* dst,
+                                               int dstStep, int width, int height);
     /// dst = 255 where src >= values in every channel, else 0
-    static bool CompareCGreaterEq_32f_C3R(const float* src, int srcStep, const float* values,
-                                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreaterEq_32f_C3R(const float* src, int srcStep, const float* values,
+                                                      unsigned char* dst, int dstStep, int width, int height);
     /// dst = 255 where src > values in every channel, else 0
-    static bool CompareCGreater_32f_C3R(const float* src, int srcStep, const float* values,
-                                        unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL CompareCGreater_32f_C3R(const float* src, int srcStep, const float* values,
+                                                    unsigned char* dst, int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Thresholding
@@ -1193,160 +1191,157 @@ public:
     // a step below 1; with two thresholds also a lower one above the upper one in any channel (as numbers).
 
     /// dst = src < threshold ? threshold : src
-    static bool ThresholdLess_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                      int height, float threshold);
+    static bool ORVANE_CALL ThresholdLess_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                  int height, float threshold);
     /// srcDst = srcDst < threshold ? threshold : srcDst
-    static bool ThresholdLess_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
-                                       float threshold);
+    static bool ORVANE_CALL ThresholdLess_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                                   float threshold);
     /// dst = src < thresholds ? thresholds : src, channel by channel
-    static bool ThresholdLess_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                      int height, const float* thresholds);
+    static bool ORVANE_CALL ThresholdLess_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                  int height, const float* thresholds);
     /// srcDst = srcDst < thresholds ? thresholds : srcDst, channel by channel
-    static bool ThresholdLess_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
-                                       const float* thresholds);
+    static bool ORVANE_CALL ThresholdLess_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                                   const float* thresholds);
     /// dst = src < threshold ? value : src
-    static bool ThresholdLess_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                          int width, int height, float threshold, float value);
+    static bool ORVANE_CALL ThresholdLess_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                      int width, int height, float threshold, float value);
     /// dst = src < threshold ? value : src
-    static bool ThresholdLess_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                         int dstStep, int width, int height, unsigned char threshold,
-                                         unsigned char value);
+    static bool ORVANE_CALL ThresholdLess_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                     int dstStep, int width, int height, unsigned char threshold,
+                                                     unsigned char value);
     /// srcDst = srcDst < threshold ? value : srcDst
-    static bool ThresholdLess_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                          unsigned char threshold, unsigned char value);
+    static bool ORVANE_CALL ThresholdLess_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                      unsigned char threshold, unsigned char value);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                        int height, float threshold);
+    static bool ORVANE_CALL ThresholdLessEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                    int height, float threshold);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
-                                         float threshold);
+    static bool ORVANE_CALL ThresholdLessEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                                     float threshold);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                        int height, const float* thresholds);
+    static bool ORVANE_CALL ThresholdLessEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                    int height, const float* thresholds);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
-                                         const float* thresholds);
+    static bool ORVANE_CALL ThresholdLessEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                                     const float* thresholds);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                            int width, int height, float threshold, float value);
+    static bool ORVANE_CALL ThresholdLessEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                        int width, int height, float threshold, float value);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                           int dstStep, int width, int height, unsigned char threshold,
-                                           unsigned char value);
+    static bool ORVANE_CALL ThresholdLessEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                       int dstStep, int width, int height, unsigned char threshold,
+                                                       unsigned char value);
     /// Refused: false, nothing written
-    static bool ThresholdLessEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                            unsigned char threshold, unsigned char value);
+    static bool ORVANE_CALL ThresholdLessEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                        unsigned char threshold, unsigned char value);
     /// Refused: false, nothing written
-    static bool ThresholdEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                    int height, float threshold);
+    static bool ORVANE_CALL ThresholdEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height, float threshold);
     /// Refused: false, nothing written
-    static bool ThresholdEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
-                                     float threshold);
+    static bool ORVANE_CALL ThresholdEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height, float threshold);
     /// Refused: false, nothing written
-    static bool ThresholdEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                    int height, const float* thresholds);
+    static bool ORVANE_CALL ThresholdEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height, const float* thresholds);
     /// Refused: false, nothing written
-    static bool ThresholdEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
-                                     const float* thresholds);
+    static bool ORVANE_CALL ThresholdEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                                 const float* thresholds);
     /// Refused: false, nothing written
-    static bool ThresholdEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                        int height, float threshold, float value);
+    static bool ORVANE_CALL ThresholdEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                    int height, float threshold, float value);
     /// Refused: false, nothing written
-    static bool ThresholdEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                       int dstStep, int width, int height, unsigned char threshold,
-                                       unsigned char value);
+    static bool ORVANE_CALL ThresholdEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                   int dstStep, int width, int height, unsigned char threshold,
+                                                   unsigned char value);
     /// Refused: false, nothing written
-    static bool ThresholdEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                        unsigned char threshold, unsigned char value);
+    static bool ORVANE_CALL ThresholdEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                    unsigned char threshold, unsigned char value);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                           int width, int height, float threshold);
+    static bool ORVANE_CALL ThresholdGreaterEq_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                       int width, int height, float threshold);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
-                                            float threshold);
+    static bool ORVANE_CALL ThresholdGreaterEq_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                                        float threshold);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep,
-                                           int width, int height, const float* thresholds);
+    static bool ORVANE_CALL ThresholdGreaterEq_32f_C3R(const float* src, int srcStep, float* dst, int dstStep,
+                                                       int width, int height, const float* thresholds);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
-                                            const float* thresholds);
+    static bool ORVANE_CALL ThresholdGreaterEq_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                                        const float* thresholds);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                               int width, int height, float threshold, float value);
+    static bool ORVANE_CALL ThresholdGreaterEq_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                           int width, int height, float threshold, float value);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                              int dstStep, int width, int height, unsigned char threshold,
-                                              unsigned char value);
+    static bool ORVANE_CALL ThresholdGreaterEq_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                          int dstStep, int width, int height, unsigned char threshold,
+                                                          unsigned char value);
     /// Refused: false, nothing written
-    static bool ThresholdGreaterEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width,
-                                               int height, unsigned char threshold, unsigned char value);
+    static bool ORVANE_CALL ThresholdGreaterEq_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width,
+                                                           int height, unsigned char threshold, unsigned char value);
     /// dst = src > threshold ? threshold : src
-    static bool ThresholdGreater_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height, float threshold);
+    static bool ORVANE_CALL ThresholdGreater_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height, float threshold);
     /// srcDst = srcDst > threshold ? threshold : srcDst
-    static bool ThresholdGreater_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
-                                          float threshold);
+    static bool ORVANE_CALL ThresholdGreater_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                                      float threshold);
     /// dst = src > thresholds ? thresholds : src, channel by channel
-    static bool ThresholdGreater_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height, const float* thresholds);
+    static bool ORVANE_CALL ThresholdGreater_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height, const float* thresholds);
     /// srcDst = srcDst > thresholds ? thresholds : srcDst, channel by channel
-    static bool ThresholdGreater_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
-                                          const float* thresholds);
+    static bool ORVANE_CALL ThresholdGreater_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                                      const float* thresholds);
     /// dst = src > threshold ? value : src
-    static bool ThresholdGreater_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                             int width, int height, float threshold, float value);
+    static bool ORVANE_CALL ThresholdGreater_Val_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                         int width, int height, float threshold, float value);
     /// dst = src > threshold ? value : src
-    static bool ThresholdGreater_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                            int dstStep, int width, int height, unsigned char threshold,
-                                            unsigned char value);
+    static bool ORVANE_CALL ThresholdGreater_Val_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                        int dstStep, int width, int height, unsigned char threshold,
+                                                        unsigned char value);
     /// srcDst = srcDst > threshold ? value : srcDst
-    static bool ThresholdGreater_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                             unsigned char threshold, unsigned char value);
+    static bool ORVANE_CALL ThresholdGreater_Val_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                         unsigned char threshold, unsigned char value);
     /// dst = src > threshold ? threshold : src
-    static bool Threshold_GT_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                    int height, float threshold);
+    static bool ORVANE_CALL Threshold_GT_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height, float threshold);
     /// srcDst = srcDst > threshold ? threshold : srcDst
-    static bool Threshold_GT_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
-                                     float threshold);
+    static bool ORVANE_CALL Threshold_GT_32f_C1I(float* srcDst, int srcDstStep, int width, int height, float threshold);
     /// dst = src < threshold ? threshold : src
-    static bool Threshold_LT_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                    int height, float threshold);
+    static bool ORVANE_CALL Threshold_LT_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height, float threshold);
     /// srcDst = srcDst < threshold ? threshold : srcDst
-    static bool Threshold_LT_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
-                                     float threshold);
+    static bool ORVANE_CALL Threshold_LT_32f_C1I(float* srcDst, int srcDstStep, int width, int height, float threshold);
     /// dst = src > threshold ? value : src
-    static bool Threshold_GTVal_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                       int height, float threshold, float value);
+    static bool ORVANE_CALL Threshold_GTVal_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                   int height, float threshold, float value);
     /// srcDst = srcDst > threshold ? value : srcDst
-    static bool Threshold_GTVal_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
-                                        float threshold, float value);
+    static bool ORVANE_CALL Threshold_GTVal_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
+                                                    float threshold, float value);
     /// dst = src > threshold ? value : src
-    static bool Threshold_GTVal_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst,
-                                       int dstStep, int width, int height, unsigned short threshold,
-                                       unsigned short value);
+    static bool ORVANE_CALL Threshold_GTVal_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst,
+                                                   int dstStep, int width, int height, unsigned short threshold,
+                                                   unsigned short value);
     /// dst = src < threshold ? value : src
-    static bool Threshold_LTVal_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                       int height, float threshold, float value);
+    static bool ORVANE_CALL Threshold_LTVal_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                   int height, float threshold, float value);
     /// srcDst = srcDst < threshold ? value : srcDst
-    static bool Threshold_LTVal_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
-                                        float threshold, float value);
+    static bool ORVANE_CALL Threshold_LTVal_32f_C1I(float* srcDst, int srcDstStep, int width, int height,
+                                                    float threshold, float value);
     /// dst = src > thresholdGT ? valueGT : src < thresholdLT ? valueLT : src
-    static bool Threshold_LTValGTVal_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                             int width, int height, float thresholdLT, float valueLT,
-                                             float thresholdGT, float valueGT);
+    static bool ORVANE_CALL Threshold_LTValGTVal_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                         int width, int height, float thresholdLT, float valueLT,
+                                                         float thresholdGT, float valueGT);
     /// srcDst = srcDst > thresholdGT ? valueGT : srcDst < thresholdLT ? valueLT : srcDst
-    static bool Threshold_LTValGTVal_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
-                                              float thresholdLT, float valueLT, float thresholdGT,
-                                              float valueGT);
+    static bool ORVANE_CALL Threshold_LTValGTVal_32f_C1IR(float* srcDst, int srcDstStep, int width, int height,
+                                                          float thresholdLT, float valueLT, float thresholdGT,
+                                                          float valueGT);
     /// dst = src > thresholdGT ? valueGT : src < thresholdLT ? valueLT : src, channel by channel
-    static bool Threshold_LTValGTVal_32f_C3R(const float* src, int srcStep, float* dst, int dstStep,
-                                             int width, int height, const float* thresholdLT,
-                                             const float* valueLT, const float* thresholdGT,
-                                             const float* valueGT);
+    static bool ORVANE_CALL Threshold_LTValGTVal_32f_C3R(const float* src, int srcStep, float* dst, int dstStep,
+                                                         int width, int height, const float* thresholdLT,
+                                                         const float* valueLT, const float* thresholdGT,
+                                                         const float* valueGT);
     /// srcDst = srcDst > thresholdGT ? valueGT : srcDst < thresholdLT ? valueLT : srcDst, channel by channel
-    static bool Threshold_LTValGTVal_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
-                                              const float* thresholdLT, const float* valueLT,
-                                              const float* thresholdGT, const float* valueGT);
+    static bool ORVANE_CALL Threshold_LTValGTVal_32f_C3IR(float* srcDst, int srcDstStep, int width, int height,
+                                                          const float* thresholdLT, const float* valueLT,
+                                                          const float* thresholdGT, const float* valueGT);
 
     // --------------------------------------------------------------------------------------------
     // Border extension
@@ -1364,62 +1359,62 @@ public:
     // or left below 0, and dst narrower than left + srcWidth or lower than top + srcHeight.
 
     /// dst(x, y) = src(x - left, y - top), or value outside src
-    static bool CopyConstBorder_8u_C1(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
-                                      unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                      int top, int left, unsigned char value);
+    static bool ORVANE_CALL CopyConstBorder_8u_C1(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                                  unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                                  int top, int left, unsigned char value);
     /// dst(x, y) = src(x - left, y - top), or values outside src
-    static bool CopyConstBorder_8u_C3(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
-                                      unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                      int top, int left, const unsigned char* values);
+    static bool ORVANE_CALL CopyConstBorder_8u_C3(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                                  unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                                  int top, int left, const unsigned char* values);
     /// dst(x, y) = src(x - left, y - top), or values outside src
-    static bool CopyConstBorder_8u_C4(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
-                                      unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                      int top, int left, const unsigned char* values);
+    static bool ORVANE_CALL CopyConstBorder_8u_C4(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                                  unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                                  int top, int left, const unsigned char* values);
     /// dst(x, y) = src(x - left, y - top), or value outside src
-    static bool CopyConstBorder_16u_C1(const unsigned short* src, int srcStep, int srcWidth, int srcHeight,
-                                       unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
-                                       int top, int left, unsigned short value);
+    static bool ORVANE_CALL CopyConstBorder_16u_C1(const unsigned short* src, int srcStep, int srcWidth, int srcHeight,
+                                                   unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                                   int top, int left, unsigned short value);
     /// dst(x, y) = src(x - left, y - top), or value outside src
-    static bool CopyConstBorder_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight,
-                                       float* dst, int dstStep, int dstWidth, int dstHeight, int top,
-                                       int left, float value);
+    static bool ORVANE_CALL CopyConstBorder_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                                   float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                                   int left, float value);
     /// dst(x, y) = src(x - left, y - top), or values outside src
-    static bool CopyConstBorder_32f_C3(const float* src, int srcStep, int srcWidth, int srcHeight,
-                                       float* dst, int dstStep, int dstWidth, int dstHeight, int top,
-                                       int left, const float* values);
+    static bool ORVANE_CALL CopyConstBorder_32f_C3(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                                   float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                                   int left, const float* values);
     /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
-    static bool CopyReplicateBorder_8u_C1(const unsigned char* src, int srcStep, int srcWidth,
-                                          int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
-                                          int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_8u_C1(const unsigned char* src, int srcStep, int srcWidth,
+                                                      int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
+                                                      int dstHeight, int top, int left);
     /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
-    static bool CopyReplicateBorder_8u_C3(const unsigned char* src, int srcStep, int srcWidth,
-                                          int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
-                                          int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_8u_C3(const unsigned char* src, int srcStep, int srcWidth,
+                                                      int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
+                                                      int dstHeight, int top, int left);
     /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
-    static bool CopyReplicateBorder_8u_C4(const unsigned char* src, int srcStep, int srcWidth,
-                                          int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
-                                          int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_8u_C4(const unsigned char* src, int srcStep, int srcWidth,
+                                                      int srcHeight, unsigned char* dst, int dstStep, int dstWidth,
+                                                      int dstHeight, int top, int left);
     /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
-    static bool CopyReplicateBorder_16u_C1(const unsigned short* src, int srcStep, int srcWidth,
-                                           int srcHeight, unsigned short* dst, int dstStep, int dstWidth,
-                                           int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_16u_C1(const unsigned short* src, int srcStep, int srcWidth,
+                                                       int srcHeight, unsigned short* dst, int dstStep, int dstWidth,
+                                                       int dstHeight, int top, int left);
     /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
-    static bool CopyReplicateBorder_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight,
-                                           float* dst, int dstStep, int dstWidth, int dstHeight, int top,
-                                           int left);
+    static bool ORVANE_CALL CopyReplicateBorder_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                                       float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                                       int left);
     /// dst(x, y) = the pixel of src nearest to (x - left, y - top)
-    static bool CopyReplicateBorder_32f_C3(const float* src, int srcStep, int srcWidth, int srcHeight,
-                                           float* dst, int dstStep, int dstWidth, int dstHeight, int top,
-                                           int left);
+    static bool ORVANE_CALL CopyReplicateBorder_32f_C3(const float* src, int srcStep, int srcWidth, int srcHeight,
+                                                       float* dst, int dstStep, int dstWidth, int dstHeight, int top,
+                                                       int left);
     /// srcDst(x, y) = the pixel nearest to (x - left, y - top) of what srcDst held
-    static bool CopyReplicateBorder_8u_C1I(unsigned char* srcDst, int srcDstStep, int srcWidth,
-                                           int srcHeight, int dstWidth, int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_8u_C1I(unsigned char* srcDst, int srcDstStep, int srcWidth,
+                                                       int srcHeight, int dstWidth, int dstHeight, int top, int left);
     /// srcDst(x, y) = the pixel nearest to (x - left, y - top) of what srcDst held
-    static bool CopyReplicateBorder_16u_C1I(unsigned short* srcDst, int srcDstStep, int srcWidth,
-                                            int srcHeight, int dstWidth, int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_16u_C1I(unsigned short* srcDst, int srcDstStep, int srcWidth,
+                                                        int srcHeight, int dstWidth, int dstHeight, int top, int left);
     /// srcDst(x, y) = the pixel nearest to (x - left, y - top) of what srcDst held
-    static bool CopyReplicateBorder_32f_C1I(float* srcDst, int srcDstStep, int srcWidth, int srcHeight,
-                                            int dstWidth, int dstHeight, int top, int left);
+    static bool ORVANE_CALL CopyReplicateBorder_32f_C1I(float* srcDst, int srcDstStep, int srcWidth, int srcHeight,
+                                                        int dstWidth, int dstHeight, int top, int left);
 
     // --------------------------------------------------------------------------------------------
     // Resize
@@ -1449,59 +1444,56 @@ public:
     // Source and destination must not overlap.
 
     /// dst = the nearest pixel of src
-    static bool ResizeNN_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
-                                 unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
-                                 double xFactor, double yFactor);
+    static bool ORVANE_CALL ResizeNN_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                             unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                             double xFactor, double yFactor);
     /// dst = the nearest pixel of src
-    static bool ResizeNN_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
-                                unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                double xFactor, double yFactor);
+    static bool ORVANE_CALL ResizeNN_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                            unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                            double xFactor, double yFactor);
     /// dst = the nearest pixel of src
-    static bool ResizeNN_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
-                                unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                double xFactor, double yFactor);
+    static bool ORVANE_CALL ResizeNN_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                            unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                            double xFactor, double yFactor);
     /// dst = src by cubic interpolation
-    static bool ResizeCubic_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
-                                    unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
-                                    double xFactor, double yFactor);
+    static bool ORVANE_CALL ResizeCubic_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                                unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                                double xFactor, double yFactor);
     /// dst = src by cubic interpolation
-    static bool ResizeCubic_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
-                                   unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                   double xFactor, double yFactor);
+    static bool ORVANE_CALL ResizeCubic_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                               unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                               double xFactor, double yFactor);
     /// dst = src by cubic interpolation
-    static bool ResizeCubic_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
-                                   unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
-                                   double xFactor, double yFactor);
+    static bool ORVANE_CALL ResizeCubic_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                               unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                               double xFactor, double yFactor);
     /// dst = src by linear interpolation (not the nearest pixel), from the offset on
-    static bool ResizeCenterNN_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
-                                       int srcStep, unsigned short* dst, int dstStep, int dstWidth,
-                                       int dstHeight, double xFactor, double yFactor, double centerX,
-                                       double centerY);
+    static bool ORVANE_CALL ResizeCenterNN_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                                   unsigned short* dst, int dstStep, int dstWidth, int dstHeight,
+                                                   double xFactor, double yFactor, double centerX, double centerY);
     /// dst = the nearest pixel of src, from the offset on
-    static bool ResizeCenterNN_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight,
-                                      int srcStep, unsigned char* dst, int dstStep, int dstWidth,
-                                      int dstHeight, double xFactor, double yFactor, double centerX,
-                                      double centerY);
+    static bool ORVANE_CALL ResizeCenterNN_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                                  unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                                  double xFactor, double yFactor, double centerX, double centerY);
     /// dst = the nearest pixel of src, from the offset on
-    static bool ResizeCenterNN_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight,
-                                      int srcStep, unsigned char* dst, int dstStep, int dstWidth,
-                                      int dstHeight, double xFactor, double yFactor, double centerX,
-                                      double centerY);
+    static bool ORVANE_CALL ResizeCenterNN_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                                  unsigned char* dst, int dstStep, int dstWidth, int dstHeight,
+                                                  double xFactor, double yFactor, double centerX, double centerY);
     /// dst = src by cubic interpolation, from the offset on
-    static bool ResizeCenterCubic_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
-                                          int srcStep, unsigned short* dst, int dstStep, int dstWidth,
-                                          int dstHeight, double xFactor, double yFactor, double centerX,
-                                          double centerY);
+    static bool ORVANE_CALL ResizeCenterCubic_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
+                                                      int srcStep, unsigned short* dst, int dstStep, int dstWidth,
+                                                      int dstHeight, double xFactor, double yFactor, double centerX,
+                                                      double centerY);
     /// dst = src by cubic interpolation, from the offset on
-    static bool ResizeCenterCubic_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight,
-                                         int srcStep, unsigned char* dst, int dstStep, int dstWidth,
-                                         int dstHeight, double xFactor, double yFactor, double centerX,
-                                         double centerY);
+    static bool ORVANE_CALL ResizeCenterCubic_8u_C3R(const unsigned char* src, int srcWidth, int srcHeight,
+                                                     int srcStep, unsigned char* dst, int dstStep, int dstWidth,
+                                                     int dstHeight, double xFactor, double yFactor, double centerX,
+                                                     double centerY);
     /// dst = src by cubic interpolation, from the offset on
-    static bool ResizeCenterCubic_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight,
-                                         int srcStep, unsigned char* dst, int dstStep, int dstWidth,
-                                         int dstHeight, double xFactor, double yFactor, double centerX,
-                                         double centerY);
+    static bool ORVANE_CALL ResizeCenterCubic_8u_C4R(const unsigned char* src, int srcWidth, int srcHeight,
+                                                     int srcStep, unsigned char* dst, int dstStep, int dstWidth,
+                                                     int dstHeight, double xFactor, double yFactor, double centerX,
+                                                     double centerY);
 
     // --------------------------------------------------------------------------------------------
     // Resize by factor and shift
@@ -1545,32 +1537,32 @@ public:
     // size below 1, a zoom that is not above 0, no memory) leaves the destination as it was.
 
     /// Receives the size in bytes of the work buffer for resampling srcRoi into dstRoi
-    static bool ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
-                                 int dstRoiX, int dstRoiY, int dstRoiWidth, int dstRoiHeight,
-                                 int channels, int interpolation, int* size);
+    static bool ORVANE_CALL ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
+                                             int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
+                                             int interpolation, int* size);
     /// dst(X, Y) = src((X + 1/2 - xShift) / xFactor, (Y + 1/2 - yShift) / yFactor), interpolated
-    static bool ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight,
-                                       int srcStep, int srcRoiX, int srcRoiY, int srcRoiWidth,
-                                       int srcRoiHeight, unsigned short* dst, int dstStep, int dstRoiX,
-                                       int dstRoiY, int dstRoiWidth, int dstRoiHeight, double xFactor,
-                                       double yFactor, double xShift, double yShift, int interpolation,
-                                       unsigned char* buffer);
+    static bool ORVANE_CALL ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
+                                                   int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
+                                                   unsigned short* dst, int dstStep, int dstRoiX, int dstRoiY,
+                                                   int dstRoiWidth, int dstRoiHeight, double xFactor, double yFactor,
+                                                   double xShift, double yShift, int interpolation,
+                                                   unsigned char* buffer);
     /// dst = src zoomed around its centre and panned; always true
-    static bool Resize_8u_C3(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
-                             unsigned char* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
-                             int panX, int panY, bool smooth);
+    static bool ORVANE_CALL Resize_8u_C3(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                         unsigned char* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
+                                         int panX, int panY, bool smooth);
     /// dst = src zoomed around its centre and panned; always true
-    static bool Resize_8u_C4(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
-                             unsigned char* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
-                             int panX, int panY, bool smooth);
+    static bool ORVANE_CALL Resize_8u_C4(const unsigned char* src, int srcStep, int srcWidth, int srcHeight,
+                                         unsigned char* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
+                                         int panX, int panY, bool smooth);
     /// dst = src zoomed around its centre and panned; always true
-    static bool Resize_16u_C1(const unsigned short* src, int srcStep, int srcWidth, int srcHeight,
-                              unsigned short* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
-                              int panX, int panY, bool smooth);
+    static bool ORVANE_CALL Resize_16u_C1(const unsigned short* src, int srcStep, int srcWidth, int srcHeight,
+                                          unsigned short* dst, int dstStep, int dstWidth, int dstHeight, float zoom,
+                                          int panX, int panY, bool smooth);
     /// dst = src zoomed around its centre and panned; always true
-    static bool Resize_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight, float* dst,
-                              int dstStep, int dstWidth, int dstHeight, float zoom, int panX, int panY,
-                              bool smooth);
+    static bool ORVANE_CALL Resize_32f_C1(const float* src, int srcStep, int srcWidth, int srcHeight, float* dst,
+                                          int dstStep, int dstWidth, int dstHeight, float zoom, int panX, int panY,
+                                          bool smooth);
 
     // --------------------------------------------------------------------------------------------
     // Fixed-kernel filters
@@ -1607,71 +1599,71 @@ public:
     // Checks: null pointer, width or height below 1, a step below 1.
 
     /// dst = mean of 3x3 pixels, rounded to nearest
-    static bool FilterLowpass3x3_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                        int dstStep, int width, int height);
+    static bool ORVANE_CALL FilterLowpass3x3_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                    int dstStep, int width, int height);
     /// dst = mean of 5x5 pixels, rounded to nearest
-    static bool FilterLowpass5x5_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
-                                        int dstStep, int width, int height);
+    static bool ORVANE_CALL FilterLowpass5x5_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                    int dstStep, int width, int height);
     /// dst = mean of 3x3 pixels, rounded to nearest
-    static bool FilterLowpass3x3_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
-                                         int dstStep, int width, int height);
+    static bool ORVANE_CALL FilterLowpass3x3_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                                     int dstStep, int width, int height);
     /// dst = mean of 5x5 pixels, rounded to nearest
-    static bool FilterLowpass5x5_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
-                                         int dstStep, int width, int height);
+    static bool ORVANE_CALL FilterLowpass5x5_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                                     int dstStep, int width, int height);
     /// dst = 0.1111111f * sum of 3x3 pixels
-    static bool FilterLowpass3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height);
+    static bool ORVANE_CALL FilterLowpass3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height);
     /// dst = 0.04f * sum of 5x5 pixels
-    static bool FilterLowpass5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height);
+    static bool ORVANE_CALL FilterLowpass5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height);
     /// dst = 0.1111111f * sum of 3x3 pixels
-    static bool FilterLowpass3x3_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height);
+    static bool ORVANE_CALL FilterLowpass3x3_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height);
     /// dst = 0.04f * sum of 5x5 pixels
-    static bool FilterLowpass5x5_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height);
+    static bool ORVANE_CALL FilterLowpass5x5_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height);
     /// dst = 9 * src - sum of 3x3 pixels
-    static bool FilterHipass3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                        int height);
+    static bool ORVANE_CALL FilterHipass3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                    int height);
     /// dst = 25 * src - sum of 5x5 pixels
-    static bool FilterHipass5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                        int height);
+    static bool ORVANE_CALL FilterHipass5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                    int height);
     /// dst = 9 * src - sum of 3x3 pixels: the same as FilterHipass3x3_32f_C1R
-    static bool FilterLaplace3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height);
+    static bool ORVANE_CALL FilterLaplace3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height);
     /// dst = 5x5 Laplacian, kernel above
-    static bool FilterLaplace5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                         int height);
+    static bool ORVANE_CALL FilterLaplace5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                     int height);
     /// dst = second cross derivative, 3x3 kernel above
-    static bool FilterSobelCross3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                            int height);
+    static bool ORVANE_CALL FilterSobelCross3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                        int width, int height);
     /// dst = second cross derivative, 5x5 kernel above
-    static bool FilterSobelCross5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
-                                            int height);
+    static bool ORVANE_CALL FilterSobelCross5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                        int width, int height);
     /// dst = weighted sum of 3x3 pixels / 16, rounded to nearest, ties to even
-    static bool FilterGauss3x3_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
-                                       int dstStep, int width, int height);
+    static bool ORVANE_CALL FilterGauss3x3_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                                   int dstStep, int width, int height);
     /// dst = weighted sum of 5x5 pixels / 571, rounded to nearest
-    static bool FilterGauss5x5_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
-                                       int dstStep, int width, int height);
+    static bool ORVANE_CALL FilterGauss5x5_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst,
+                                                   int dstStep, int width, int height);
     /// dst = 0.1111111f * sum of 3x3 pixels; pixels outside the image are the nearest ones of its edge
-    static bool FilterLowpassBorder3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                               int width, int height, unsigned char* buffer);
+    static bool ORVANE_CALL FilterLowpassBorder3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                           int width, int height, unsigned char* buffer);
     /// dst = 0.04f * sum of 5x5 pixels; pixels outside the image are the nearest ones of its edge
-    static bool FilterLowpassBorder5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                               int width, int height, unsigned char* buffer);
+    static bool ORVANE_CALL FilterLowpassBorder5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                           int width, int height, unsigned char* buffer);
     /// dst = 0.1111111f * sum of 3x3 pixels; pixels outside the image are `value`
-    static bool FilterLowpassBorderConst3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                                    int width, int height, float value,
-                                                    unsigned char* buffer);
+    static bool ORVANE_CALL FilterLowpassBorderConst3x3_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                                int width, int height, float value,
+                                                                unsigned char* buffer);
     /// dst = 0.04f * sum of 5x5 pixels; pixels outside the image are `value`
-    static bool FilterLowpassBorderConst5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
-                                                    int width, int height, float value,
-                                                    unsigned char* buffer);
+    static bool ORVANE_CALL FilterLowpassBorderConst5x5_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                                int width, int height, float value,
+                                                                unsigned char* buffer);
     /// *size = bytes that `buffer` of the 3x3 border forms needs for a region of this size
-    static bool FilterLowpassGetBufferSize3x3_32f_C1R(int width, int height, int* size);
+    static bool ORVANE_CALL FilterLowpassGetBufferSize3x3_32f_C1R(int width, int height, int* size);
     /// *size = bytes that `buffer` of the 5x5 border forms needs for a region of this size
-    static bool FilterLowpassGetBufferSize5x5_32f_C1R(int width, int height, int* size);
+    static bool ORVANE_CALL FilterLowpassGetBufferSize5x5_32f_C1R(int width, int height, int* size);
 
     // --------------------------------------------------------------------------------------------
     // Statistics
@@ -1706,115 +1698,113 @@ public:
     // fewer than 2 levels.
 
     /// sum = sum of src
-    static bool Sum_8u_C1R(const unsigned char* src, int srcStep, int width, int height, double* sum);
+    static bool ORVANE_CALL Sum_8u_C1R(const unsigned char* src, int srcStep, int width, int height, double* sum);
     /// sum[c] = sum of src[c]
-    static bool Sum_8u_C3R(const unsigned char* src, int srcStep, int width, int height, double* sum);
+    static bool ORVANE_CALL Sum_8u_C3R(const unsigned char* src, int srcStep, int width, int height, double* sum);
     /// sum[c] = sum of src[c]
-    static bool Sum_8u_C4R(const unsigned char* src, int srcStep, int width, int height, double* sum);
+    static bool ORVANE_CALL Sum_8u_C4R(const unsigned char* src, int srcStep, int width, int height, double* sum);
     /// sum = sum of src
-    static bool Sum_16u_C1R(const unsigned short* src, int srcStep, int width, int height, double* sum);
+    static bool ORVANE_CALL Sum_16u_C1R(const unsigned short* src, int srcStep, int width, int height, double* sum);
     /// sum = sum of src
-    static bool Sum_16s_C1R(const short* src, int srcStep, int width, int height, double* sum);
+    static bool ORVANE_CALL Sum_16s_C1R(const short* src, int srcStep, int width, int height, double* sum);
     /// sum = sum of src
-    static bool Sum_32f_C1R(const float* src, int srcStep, int width, int height, double* sum, bool fast);
+    static bool ORVANE_CALL Sum_32f_C1R(const float* src, int srcStep, int width, int height, double* sum, bool fast);
     /// sum[c] = sum of src[c]
-    static bool Sum_32f_C3R(const float* src, int srcStep, int width, int height, double* sum, bool fast);
+    static bool ORVANE_CALL Sum_32f_C3R(const float* src, int srcStep, int width, int height, double* sum, bool fast);
     /// mean = sum of src / (width * height)
-    static bool Mean_8u_C1R(const unsigned char* src, int srcStep, int width, int height, double* mean);
+    static bool ORVANE_CALL Mean_8u_C1R(const unsigned char* src, int srcStep, int width, int height, double* mean);
     /// mean[c] = sum of src[c] / (width * height)
-    static bool Mean_8u_C3R(const unsigned char* src, int srcStep, int width, int height, double* mean);
+    static bool ORVANE_CALL Mean_8u_C3R(const unsigned char* src, int srcStep, int width, int height, double* mean);
     /// mean[c] = sum of src[c] / (width * height)
-    static bool Mean_8u_C4R(const unsigned char* src, int srcStep, int width, int height, double* mean);
+    static bool ORVANE_CALL Mean_8u_C4R(const unsigned char* src, int srcStep, int width, int height, double* mean);
     /// mean = sum of src / (width * height)
-    static bool Mean_16u_C1R(const unsigned short* src, int srcStep, int width, int height, double* mean);
+    static bool ORVANE_CALL Mean_16u_C1R(const unsigned short* src, int srcStep, int width, int height, double* mean);
     /// mean = sum of src / (width * height)
-    static bool Mean_16s_C1R(const short* src, int srcStep, int width, int height, double* mean);
+    static bool ORVANE_CALL Mean_16s_C1R(const short* src, int srcStep, int width, int height, double* mean);
     /// mean = sum of src / (width * height)
-    static bool Mean_32f_C1R(const float* src, int srcStep, int width, int height,
-                             double* mean, bool fast);
+    static bool ORVANE_CALL Mean_32f_C1R(const float* src, int srcStep, int width, int height, double* mean, bool fast);
     /// mean[c] = sum of src[c] / (width * height)
-    static bool Mean_32f_C3R(const float* src, int srcStep, int width, int height,
-                             double* mean, bool fast);
+    static bool ORVANE_CALL Mean_32f_C3R(const float* src, int srcStep, int width, int height, double* mean, bool fast);
 
     /// mean = sum of src / n, stdDev = sqrt(|sum of src^2 / n - mean^2|), n = width * height
-    static bool Mean_StdDev_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
-                                   double* mean, double* stdDev);
+    static bool ORVANE_CALL Mean_StdDev_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
+                                               double* mean, double* stdDev);
     /// mean = sum of src / n, stdDev = sqrt(|sum of src^2 / n - mean^2|), n = width * height
-    static bool Mean_StdDev_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
-                                    double* mean, double* stdDev);
+    static bool ORVANE_CALL Mean_StdDev_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
+                                                double* mean, double* stdDev);
 
     /// minimum = least of src
-    static bool Min_8u_C1(const unsigned char* src, int srcStep, int width, int height,
-                          unsigned char* minimum);
+    static bool ORVANE_CALL Min_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                                      unsigned char* minimum);
     /// minimum[c] = least of src[c]
-    static bool Min_8u_C3(const unsigned char* src, int srcStep, int width, int height,
-                          unsigned char* minimum);
+    static bool ORVANE_CALL Min_8u_C3(const unsigned char* src, int srcStep, int width, int height,
+                                      unsigned char* minimum);
     /// minimum = least of src
-    static bool Min_16u_C1(const unsigned short* src, int srcStep, int width, int height,
-                           unsigned short* minimum);
+    static bool ORVANE_CALL Min_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                                       unsigned short* minimum);
     /// minimum = least of src
-    static bool Min_16s_C1(const short* src, int srcStep, int width, int height, short* minimum);
+    static bool ORVANE_CALL Min_16s_C1(const short* src, int srcStep, int width, int height, short* minimum);
     /// minimum = least of src
-    static bool Min_32f_C1(const float* src, int srcStep, int width, int height, float* minimum);
+    static bool ORVANE_CALL Min_32f_C1(const float* src, int srcStep, int width, int height, float* minimum);
     /// minimum[c] = least of src[c]
-    static bool Min_32f_C3(const float* src, int srcStep, int width, int height, float* minimum);
+    static bool ORVANE_CALL Min_32f_C3(const float* src, int srcStep, int width, int height, float* minimum);
     /// maximum = greatest of src
-    static bool Max_8u_C1(const unsigned char* src, int srcStep, int width, int height,
-                          unsigned char* maximum);
+    static bool ORVANE_CALL Max_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                                      unsigned char* maximum);
     /// maximum[c] = greatest of src[c]
-    static bool Max_8u_C4(const unsigned char* src, int srcStep, int width, int height,
-                          unsigned char* maximum);
+    static bool ORVANE_CALL Max_8u_C4(const unsigned char* src, int srcStep, int width, int height,
+                                      unsigned char* maximum);
     /// maximum = greatest of src
-    static bool Max_16u_C1(const unsigned short* src, int srcStep, int width, int height,
-                           unsigned short* maximum);
+    static bool ORVANE_CALL Max_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                                       unsigned short* maximum);
     /// maximum = greatest of src
-    static bool Max_16s_C1(const short* src, int srcStep, int width, int height, short* maximum);
+    static bool ORVANE_CALL Max_16s_C1(const short* src, int srcStep, int width, int height, short* maximum);
     /// maximum = greatest of src
-    static bool Max_32f_C1(const float* src, int srcStep, int width, int height, float* maximum);
+    static bool ORVANE_CALL Max_32f_C1(const float* src, int srcStep, int width, int height, float* maximum);
     /// maximum[c] = greatest of src[c]
-    static bool Max_32f_C3(const float* src, int srcStep, int width, int height, float* maximum);
+    static bool ORVANE_CALL Max_32f_C3(const float* src, int srcStep, int width, int height, float* maximum);
     /// minimum = least, maximum = greatest of src
-    static bool MinMax_8u_C1(const unsigned char* src, int srcStep, int width, int height,
-                             unsigned char* minimum, unsigned char* maximum);
+    static bool ORVANE_CALL MinMax_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                                         unsigned char* minimum, unsigned char* maximum);
     /// minimum[c] = least, maximum[c] = greatest of src[c]
-    static bool MinMax_8u_C3(const unsigned char* src, int srcStep, int width, int height,
-                             unsigned char* minimum, unsigned char* maximum);
+    static bool ORVANE_CALL MinMax_8u_C3(const unsigned char* src, int srcStep, int width, int height,
+                                         unsigned char* minimum, unsigned char* maximum);
     /// minimum[c] = least, maximum[c] = greatest of src[c]
-    static bool MinMax_8u_C4(const unsigned char* src, int srcStep, int width, int height,
-                             unsigned char* minimum, unsigned char* maximum);
+    static bool ORVANE_CALL MinMax_8u_C4(const unsigned char* src, int srcStep, int width, int height,
+                                         unsigned char* minimum, unsigned char* maximum);
     /// minimum = least, maximum = greatest of src
-    static bool MinMax_16u_C1(const unsigned short* src, int srcStep, int width, int height,
-                              unsigned short* minimum, unsigned short* maximum);
+    static bool ORVANE_CALL MinMax_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                                          unsigned short* minimum, unsigned short* maximum);
     /// minimum = least, maximum = greatest of src
-    static bool MinMax_16s_C1(const short* src, int srcStep, int width, int height,
-                              short* minimum, short* maximum);
+    static bool ORVANE_CALL MinMax_16s_C1(const short* src, int srcStep, int width, int height, short* minimum,
+                                          short* maximum);
     /// minimum = least, maximum = greatest of src
-    static bool MinMax_32f_C1(const float* src, int srcStep, int width, int height,
-                              float* minimum, float* maximum);
+    static bool ORVANE_CALL MinMax_32f_C1(const float* src, int srcStep, int width, int height, float* minimum,
+                                          float* maximum);
     /// minimum[c] = least, maximum[c] = greatest of src[c]
-    static bool MinMax_32f_C3(const float* src, int srcStep, int width, int height,
-                              float* minimum, float* maximum);
+    static bool ORVANE_CALL MinMax_32f_C3(const float* src, int srcStep, int width, int height, float* minimum,
+                                          float* maximum);
     /// minimum = src(column, row), the first of the least pixels
-    static bool MinIndx_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
-                               unsigned char* minimum, int* column, int* row);
+    static bool ORVANE_CALL MinIndx_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
+                                           unsigned char* minimum, int* column, int* row);
     /// minimum = src(column, row), the first of the least pixels
-    static bool MinIndx_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
-                                unsigned short* minimum, int* column, int* row);
+    static bool ORVANE_CALL MinIndx_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
+                                            unsigned short* minimum, int* column, int* row);
     /// maximum = src(column, row), the first of the greatest pixels
-    static bool MaxIndx_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
-                               unsigned char* maximum, int* column, int* row);
+    static bool ORVANE_CALL MaxIndx_8u_C1R(const unsigned char* src, int srcStep, int width, int height,
+                                           unsigned char* maximum, int* column, int* row);
     /// maximum = src(column, row), the first of the greatest pixels
-    static bool MaxIndx_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
-                                unsigned short* maximum, int* column, int* row);
+    static bool ORVANE_CALL MaxIndx_16u_C1R(const unsigned short* src, int srcStep, int width, int height,
+                                            unsigned short* maximum, int* column, int* row);
 
     /// histogram[k] = number of pixels with levels[k] <= src < levels[k + 1]
-    static bool HistogramEven_8u_C1(const unsigned char* src, int srcStep, int width, int height,
-                                    int* histogram, int* levels, int levelCount, int lowerLevel,
-                                    int upperLevel);
+    static bool ORVANE_CALL HistogramEven_8u_C1(const unsigned char* src, int srcStep, int width, int height,
+                                                int* histogram, int* levels, int levelCount, int lowerLevel,
+                                                int upperLevel);
     /// histogram[k] = number of pixels with levels[k] <= src < levels[k + 1]
-    static bool HistogramEven_16u_C1(const unsigned short* src, int srcStep, int width, int height,
-                                     int* histogram, int* levels, int levelCount, int lowerLevel,
-                                     int upperLevel);
+    static bool ORVANE_CALL HistogramEven_16u_C1(const unsigned short* src, int srcStep, int width, int height,
+                                                 int* histogram, int* levels, int levelCount, int lowerLevel,
+                                                 int upperLevel);
 
     // --------------------------------------------------------------------------------------------
     // Small matrices
@@ -1824,14 +1814,18 @@ public:
     // strides. Copies move bits as they are, also those of NaNs.
 
     /// dst = src1 * src2: the same operation as MatrixWrapper::Mul_mm_32f
-    static bool Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const float* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
+    static bool ORVANE_CALL Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width,
+                                       int src1Height, const float* src2, int src2Stride1, int src2Stride2,
+                                       int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
     /// dst = src, for each of the `count` matrices, which lie stride0 bytes apart
-    static bool Copy_ma_32f_SS(const float* src, int srcStride0, int srcStride1, int srcStride2, float* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+    static bool ORVANE_CALL Copy_ma_32f_SS(const float* src, int srcStride0, int srcStride1, int srcStride2,
+                                           float* dst, int dstStride0, int dstStride1, int dstStride2, int width,
+                                           int height, int count);
 
 private:
     /// The shifts of a zoom, as the methods of zoom and pan compute them
-    static void CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
-                               double& xShift, double& yShift);
+    static void ORVANE_CALL CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
+                                           double& xShift, double& yShift);
 
 protected:
     /// Does nothing: the class has no instances.
@@ -1840,7 +1834,7 @@ protected:
 };
 
 /// Returns 42.
-ORVANE_API int fnImageProcessingWrapper();
+ORVANE_API int ORVANE_CALL fnImageProcessingWrapper();
 
 /// Starts as 0; the library neither reads nor writes it.
 extern ORVANE_API int nImageProcessingWrapper;

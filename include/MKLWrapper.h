@@ -40,9 +40,11 @@ public:
     // info > 0: that many superdiagonals did not converge.
 
     /// Decomposes a float matrix (SGESVD).
-    static void Sgesvd(char* jobu, char* jobvt, int* m, int* n, float* a, int* lda, float* s, float* u, int* ldu, float* vt, int* ldvt, float* work, int* lwork, int* info);
+    static void ORVANE_CALL Sgesvd(char* jobu, char* jobvt, int* m, int* n, float* a, int* lda, float* s, float* u,
+                                   int* ldu, float* vt, int* ldvt, float* work, int* lwork, int* info);
     /// Decomposes a double matrix (DGESVD).
-    static void Dgesvd(char* jobu, char* jobvt, int* m, int* n, double* a, int* lda, double* s, double* u, int* ldu, double* vt, int* ldvt, double* work, int* lwork, int* info);
+    static void ORVANE_CALL Dgesvd(char* jobu, char* jobvt, int* m, int* n, double* a, int* lda, double* s, double* u,
+                                   int* ldu, double* vt, int* ldvt, double* work, int* lwork, int* info);
 
     // --------------------------------------------------------------------------------------------
     // Linear systems
@@ -50,9 +52,10 @@ public:
     // To solve A * X = B, factorise A, then solve with the same a, lda and ipiv.
 
     /// A = P * L * U in place; info = i > 0: U(i, i) is exactly 0, the factors are complete (SGETRF)
-    static void Sgetrf(int* m, int* n, float* a, int* lda, int* ipiv, int* info);
+    static void ORVANE_CALL Sgetrf(int* m, int* n, float* a, int* lda, int* ipiv, int* info);
     /// Solves A * X = B (trans 'N') or transpose(A) * X = B ('T', 'C') in place of b, n x nrhs (SGETRS).
-    static void Sgetrs(char* trans, int* n, int* nrhs, float* a, int* lda, int* ipiv, float* b, int* ldb, int* info);
+    static void ORVANE_CALL Sgetrs(char* trans, int* n, int* nrhs, float* a, int* lda, int* ipiv, float* b, int* ldb,
+                                   int* info);
 
 protected:
     /// Does nothing: the class has no instances.

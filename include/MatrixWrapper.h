@@ -42,11 +42,16 @@ public:
     // Both operands and the result are width x height.
 
     /// dst = src1 + src2
-    static bool Add_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2, int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2, int width, int height);
+    static bool ORVANE_CALL Add_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2,
+                                       int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2,
+                                       int width, int height);
     /// dst = src1 - src2: the first operand is the minuend, unlike in the subtractions of images and vectors
-    static bool Sub_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2, int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2, int width, int height);
+    static bool ORVANE_CALL Sub_mm_32f(const float* src1, int src1Stride1, int src1Stride2, const float* src2,
+                                       int src2Stride1, int src2Stride2, float* dst, int dstStride1, int dstStride2,
+                                       int width, int height);
     /// dst = value * src
-    static bool Mul_mc_32f(const float* src, int srcStride1, int srcStride2, float value, float* dst, int dstStride1, int dstStride2, int width, int height);
+    static bool ORVANE_CALL Mul_mc_32f(const float* src, int srcStride1, int srcStride2, float value, float* dst,
+                                       int dstStride1, int dstStride2, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Products
@@ -55,13 +60,21 @@ public:
     // columns.
 
     /// dst = src1 * src2, src1Height rows by src2Width columns; src1Width must be src2Height
-    static bool Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const float* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
+    static bool ORVANE_CALL Mul_mm_32f(const float* src1, int src1Stride1, int src1Stride2, int src1Width,
+                                       int src1Height, const float* src2, int src2Stride1, int src2Stride2,
+                                       int src2Width, int src2Height, float* dst, int dstStride1, int dstStride2);
     /// dst = transpose(src1) * src2, src1Width rows by src2Width columns; src1Height must be src2Height
-    static bool Mul_tm_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const double* src2, int src2Stride1, int src2Stride2, int src2Width, int src2Height, double* dst, int dstStride1, int dstStride2);
+    static bool ORVANE_CALL Mul_tm_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width,
+                                       int src1Height, const double* src2, int src2Stride1, int src2Stride2,
+                                       int src2Width, int src2Height, double* dst, int dstStride1, int dstStride2);
     /// dst = src1 * src2, src1Height elements; src1Width must be src2Len
-    static bool Mul_mv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const double* src2, int src2Stride2, int src2Len, double* dst, int dstStride2);
+    static bool ORVANE_CALL Mul_mv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width,
+                                       int src1Height, const double* src2, int src2Stride2, int src2Len, double* dst,
+                                       int dstStride2);
     /// dst = transpose(src1) * src2, src1Width elements; src1Height must be src2Len
-    static bool Mul_tv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width, int src1Height, const double* src2, int src2Stride2, int src2Len, double* dst, int dstStride2);
+    static bool ORVANE_CALL Mul_tv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1Width,
+                                       int src1Height, const double* src2, int src2Stride2, int src2Len, double* dst,
+                                       int dstStride2);
 
     // --------------------------------------------------------------------------------------------
     // Transposition
@@ -69,7 +82,8 @@ public:
     // Bits are moved as they are, also those of NaNs.
 
     /// dst(j, i) = src(i, j); src has `width` columns and `height` rows, dst the reverse
-    static bool Transpose_m_32f(const float* src, int srcStride1, int srcStride2, int width, int height, float* dst, int dstStride1, int dstStride2);
+    static bool ORVANE_CALL Transpose_m_32f(const float* src, int srcStride1, int srcStride2, int width, int height,
+                                            float* dst, int dstStride1, int dstStride2);
 
     // --------------------------------------------------------------------------------------------
     // Elimination
@@ -99,19 +113,25 @@ public:
     // Singular matrices, and those whose pivots or determinant are not finite, give false and write nothing.
 
     /// dst = L (below the diagonal, which is 1 and not stored) and U of the row-exchanged src; dstIndex[k] = the row, counted from 0, that step k exchanged with row k
-    static bool LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst, int dstStride1, int dstStride2, int widthHeight);
+    static bool ORVANE_CALL LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst,
+                                           int dstStride1, int dstStride2, int widthHeight);
     /// solves A * dstX = srcB with the factors and the index of A from LUDecomp_m_32f; srcIndex is only read
-    static bool LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, int* srcIndex, const float* srcB, int srcBStride2, float* dstX, int dstXStride2, int widthHeight);
+    static bool ORVANE_CALL LUBackSubst_mv_32f(const float* srcLU, int srcLUStride1, int srcLUStride2, int* srcIndex,
+                                               const float* srcB, int srcBStride2, float* dstX, int dstXStride2,
+                                               int widthHeight);
     /// dst = inverse(src)
-    static bool Invert_m_32f(const float* src, int srcStride1, int srcStride2, float* dst, int dstStride1, int dstStride2, int widthHeight);
+    static bool ORVANE_CALL Invert_m_32f(const float* src, int srcStride1, int srcStride2, float* dst, int dstStride1,
+                                         int dstStride2, int widthHeight);
     /// dst = inverse(src)
-    static bool Invert_m_64f(const double* src, int srcStride1, int srcStride2, double* dst, int dstStride1, int dstStride2, int widthHeight);
+    static bool ORVANE_CALL Invert_m_64f(const double* src, int srcStride1, int srcStride2, double* dst,
+                                         int dstStride1, int dstStride2, int widthHeight);
 
     // --------------------------------------------------------------------------------------------
     // Arrays of matrices
 
     /// each of the `count` matrices = ones on the diagonal, zeros elsewhere
-    static bool LoadIdentity_ma_32f(float* dst, int dstStride0, int dstStride1, int dstStride2, int width, int height, int count);
+    static bool ORVANE_CALL LoadIdentity_ma_32f(float* dst, int dstStride0, int dstStride1, int dstStride2, int width,
+                                                int height, int count);
 
 protected:
     /// Does nothing: the class has no instances.

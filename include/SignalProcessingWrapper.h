@@ -28,19 +28,19 @@ public:
     // Free().
 
     /// Allocates len elements of 1 byte.
-    static unsigned char* Malloc_8u(int len);
+    static unsigned char* ORVANE_CALL Malloc_8u(int len);
     /// Allocates len elements of 2 bytes.
-    static unsigned short* Malloc_16u(int len);
+    static unsigned short* ORVANE_CALL Malloc_16u(int len);
     /// Allocates len elements of 4 bytes.
-    static int* Malloc_32s(int len);
+    static int* ORVANE_CALL Malloc_32s(int len);
     /// Allocates len elements of 4 bytes.
-    static float* Malloc_32f(int len);
+    static float* ORVANE_CALL Malloc_32f(int len);
     /// Allocates len elements of 8 bytes.
-    static double* Malloc_64f(int len);
+    static double* ORVANE_CALL Malloc_64f(int len);
     /// Allocates len elements of 8 bytes.
-    static Complex32f* Malloc_32fc(int len);
+    static Complex32f* ORVANE_CALL Malloc_32fc(int len);
     /// Releases what a Malloc method returned; does nothing for null.
-    static void Free(void* buffer);
+    static void ORVANE_CALL Free(void* buffer);
 
     // --------------------------------------------------------------------------------------------
     // Filling and moving
@@ -50,9 +50,9 @@ public:
     // they do nothing.
 
     /// dst = 0. Always true.
-    static bool Zero_16u(unsigned short* dst, int len);
+    static bool ORVANE_CALL Zero_16u(unsigned short* dst, int len);
     /// dst = src. Always true.
-    static bool Copy_16u(const unsigned short* src, unsigned short* dst, int len);
+    static bool ORVANE_CALL Copy_16u(const unsigned short* src, unsigned short* dst, int len);
 
     // --------------------------------------------------------------------------------------------
     // Vector arithmetic
@@ -85,204 +85,204 @@ public:
     // constant I forms differs, too.
 
     /// dst = scaled(src2 + src1)
-    static bool Add_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
-                       int scaleFactor);
+    static bool ORVANE_CALL Add_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
+                                   int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Add_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
-                       int scaleFactor);
+    static bool ORVANE_CALL Sub_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
+                                   int scaleFactor);
     /// srcDst = scaled(srcDst - src)
-    static bool Sub_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Sub_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
-                       int scaleFactor);
+    static bool ORVANE_CALL Mul_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
+                                   int scaleFactor);
     /// srcDst = scaled(srcDst * src). Inverted: true on failure, false on success.
-    static bool Mul_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Mul_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
-                       int scaleFactor);
+    static bool ORVANE_CALL Div_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
+                                   int scaleFactor);
     /// srcDst = scaled(srcDst / src). Inverted: true on failure, false on success.
-    static bool Div_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Div_8u_I(const unsigned char* src, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(src + value)
-    static bool AddC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
-                        int scaleFactor);
+    static bool ORVANE_CALL AddC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
+                                    int scaleFactor);
     /// srcDst = scaled(srcDst + value)
-    static bool AddC_8u_I(unsigned char* srcDst, unsigned char value, int len, int scaleFactor);
+    static bool ORVANE_CALL AddC_8u_I(unsigned char* srcDst, unsigned char value, int len, int scaleFactor);
     /// dst = scaled(src - value)
-    static bool SubC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
-                        int scaleFactor);
+    static bool ORVANE_CALL SubC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
+                                    int scaleFactor);
     /// srcDst = scaled(srcDst - value). Inverted: true on failure, false on success.
-    static bool SubC_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubC_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(value - src)
-    static bool SubCRev_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
-                           int scaleFactor);
+    static bool ORVANE_CALL SubCRev_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
+                                       int scaleFactor);
     /// srcDst = scaled(value - srcDst)
-    static bool SubCRev_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubCRev_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(src * value)
-    static bool MulC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
-                        int scaleFactor);
+    static bool ORVANE_CALL MulC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
+                                    int scaleFactor);
     /// srcDst = scaled(srcDst * value). Inverted: true on failure, false on success.
-    static bool MulC_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL MulC_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
     /// dst = scaled(src / value)
-    static bool DivC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
-                        int scaleFactor);
+    static bool ORVANE_CALL DivC_8u(const unsigned char* src, unsigned char value, unsigned char* dst, int len,
+                                    int scaleFactor);
     /// srcDst = scaled(srcDst / value). Inverted: true on failure, false on success.
-    static bool DivC_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL DivC_8u_I(unsigned char value, unsigned char* srcDst, int len, int scaleFactor);
 
     /// dst = scaled(src2 + src1)
-    static bool Add_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
-                        int len, int scaleFactor);
+    static bool ORVANE_CALL Add_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
+                                    int len, int scaleFactor);
     /// srcDst = scaled(srcDst + src). Inverted: true on failure, false on success.
-    static bool Add_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Add_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
-                        int len, int scaleFactor);
+    static bool ORVANE_CALL Sub_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
+                                    int len, int scaleFactor);
     /// srcDst = scaled(srcDst - src). Inverted: true on failure, false on success.
-    static bool Sub_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Sub_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
-                        int len, int scaleFactor);
+    static bool ORVANE_CALL Mul_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
+                                    int len, int scaleFactor);
     /// srcDst = scaled(srcDst * src). Inverted: true on failure, false on success.
-    static bool Mul_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Mul_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
-                        int len, int scaleFactor);
+    static bool ORVANE_CALL Div_16u(const unsigned short* src1, const unsigned short* src2, unsigned short* dst,
+                                    int len, int scaleFactor);
     /// srcDst = scaled(srcDst / src). Inverted: true on failure, false on success.
-    static bool Div_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Div_16u_I(const unsigned short* src, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src + value)
-    static bool AddC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
-                         int scaleFactor);
+    static bool ORVANE_CALL AddC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
+                                     int scaleFactor);
     /// srcDst = scaled(srcDst + value). Inverted: true on failure, false on success.
-    static bool AddC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL AddC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src - value)
-    static bool SubC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
-                         int scaleFactor);
+    static bool ORVANE_CALL SubC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
+                                     int scaleFactor);
     /// srcDst = scaled(srcDst - value). Inverted: true on failure, false on success.
-    static bool SubC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(value - src)
-    static bool SubCRev_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
-                            int scaleFactor);
+    static bool ORVANE_CALL SubCRev_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
+                                        int scaleFactor);
     /// srcDst = scaled(value - srcDst)
-    static bool SubCRev_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubCRev_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src * value)
-    static bool MulC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
-                         int scaleFactor);
+    static bool ORVANE_CALL MulC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
+                                     int scaleFactor);
     /// srcDst = scaled(srcDst * value). Inverted: true on failure, false on success.
-    static bool MulC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL MulC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = scaled(src / value)
-    static bool DivC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
-                         int scaleFactor);
+    static bool ORVANE_CALL DivC_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len,
+                                     int scaleFactor);
     /// srcDst = scaled(srcDst / value). Inverted: true on failure, false on success.
-    static bool DivC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL DivC_16u_I(unsigned short value, unsigned short* srcDst, int len, int scaleFactor);
     /// dst = value / src, rounded in fixed point, no scale factor
-    static bool DivCRev_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len);
+    static bool ORVANE_CALL DivCRev_16u(const unsigned short* src, unsigned short value, unsigned short* dst, int len);
     /// srcDst = value / srcDst, rounded in fixed point, no scale factor. Inverted: true on failure, false on success.
-    static bool DivCRev_16u_I(unsigned short value, unsigned short* srcDst, int len);
+    static bool ORVANE_CALL DivCRev_16u_I(unsigned short value, unsigned short* srcDst, int len);
 
     /// dst = scaled(src2 + src1)
-    static bool Add_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL Add_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst + src)
-    static bool Add_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Add_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 - src1)
-    static bool Sub_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL Sub_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst - src). Inverted: true on failure, false on success.
-    static bool Sub_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Sub_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 * src1)
-    static bool Mul_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL Mul_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst * src). Always true.
-    static bool Mul_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Mul_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(src2 / src1)
-    static bool Div_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL Div_32s(const int* src1, const int* src2, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst / src). Inverted: true on failure, false on success.
-    static bool Div_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL Div_32s_I(const int* src, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(src + value)
-    static bool AddC_32s(const int* src, int value, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL AddC_32s(const int* src, int value, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst + value). Inverted: true on failure, false on success.
-    static bool AddC_32s_I(int value, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL AddC_32s_I(int value, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(src - value)
-    static bool SubC_32s(const int* src, int value, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubC_32s(const int* src, int value, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst - value). Inverted: true on failure, false on success.
-    static bool SubC_32s_I(int value, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubC_32s_I(int value, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(value - src)
-    static bool SubCRev_32s(const int* src, int value, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubCRev_32s(const int* src, int value, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(value - srcDst)
-    static bool SubCRev_32s_I(int value, int* srcDst, int len, int scaleFactor);
+    static bool ORVANE_CALL SubCRev_32s_I(int value, int* srcDst, int len, int scaleFactor);
     /// dst = scaled(src * value)
-    static bool MulC_32s(const int* src, int value, int* dst, int len, int scaleFactor);
+    static bool ORVANE_CALL MulC_32s(const int* src, int value, int* dst, int len, int scaleFactor);
     /// srcDst = scaled(srcDst * value). Always true.
-    static bool MulC_32s_I(int* srcDst, int value, int len, int scaleFactor);
+    static bool ORVANE_CALL MulC_32s_I(int* srcDst, int value, int len, int scaleFactor);
 
     /// dst = src2 + src1
-    static bool Add_32f(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL Add_32f(const float* src1, const float* src2, float* dst, int len);
     /// srcDst = srcDst + src
-    static bool Add_32f_I(const float* src, float* srcDst, int len);
+    static bool ORVANE_CALL Add_32f_I(const float* src, float* srcDst, int len);
     /// dst = src2 - src1
-    static bool Sub_32f(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL Sub_32f(const float* src1, const float* src2, float* dst, int len);
     /// srcDst = srcDst - src
-    static bool Sub_32f_I(const float* src, float* srcDst, int len);
+    static bool ORVANE_CALL Sub_32f_I(const float* src, float* srcDst, int len);
     /// dst = src2 * src1
-    static bool Mul_32f(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL Mul_32f(const float* src1, const float* src2, float* dst, int len);
     /// srcDst = srcDst * src
-    static bool Mul_32f_I(const float* src, float* srcDst, int len);
+    static bool ORVANE_CALL Mul_32f_I(const float* src, float* srcDst, int len);
     /// dst = src2 / src1
-    static bool Div_32f(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL Div_32f(const float* src1, const float* src2, float* dst, int len);
     /// srcDst = srcDst / src. Always true.
-    static bool Div_32f_I(const float* src, float* srcDst, int len);
+    static bool ORVANE_CALL Div_32f_I(const float* src, float* srcDst, int len);
     /// dst = src + value
-    static bool AddC_32f(const float* src, float value, float* dst, int len);
+    static bool ORVANE_CALL AddC_32f(const float* src, float value, float* dst, int len);
     /// srcDst = srcDst + value
-    static bool AddC_32f_I(float* srcDst, float value, int len);
+    static bool ORVANE_CALL AddC_32f_I(float* srcDst, float value, int len);
     /// dst = src - value
-    static bool SubC_32f(const float* src, float value, float* dst, int len);
+    static bool ORVANE_CALL SubC_32f(const float* src, float value, float* dst, int len);
     /// srcDst = srcDst - value
-    static bool SubC_32f_I(float* srcDst, float value, int len);
+    static bool ORVANE_CALL SubC_32f_I(float* srcDst, float value, int len);
     /// dst = value - src
-    static bool SubCRev_32f(const float* src, float value, float* dst, int len);
+    static bool ORVANE_CALL SubCRev_32f(const float* src, float value, float* dst, int len);
     /// srcDst = value - srcDst
-    static bool SubCRev_32f_I(float value, float* srcDst, int len);
+    static bool ORVANE_CALL SubCRev_32f_I(float value, float* srcDst, int len);
     /// dst = src * value
-    static bool MulC_32f(const float* src, float value, float* dst, int len);
+    static bool ORVANE_CALL MulC_32f(const float* src, float value, float* dst, int len);
     /// srcDst = srcDst * value
-    static bool MulC_32f_I(float* srcDst, float value, int len);
+    static bool ORVANE_CALL MulC_32f_I(float* srcDst, float value, int len);
     /// dst = src * (1 / value)
-    static bool DivC_32f(const float* src, float value, float* dst, int len);
+    static bool ORVANE_CALL DivC_32f(const float* src, float value, float* dst, int len);
     /// srcDst = srcDst * (1 / value)
-    static bool DivC_32f_I(float* srcDst, float value, int len);
+    static bool ORVANE_CALL DivC_32f_I(float* srcDst, float value, int len);
     /// dst = value / src
-    static bool DivCRev_32f(const float* src, float value, float* dst, int len);
+    static bool ORVANE_CALL DivCRev_32f(const float* src, float value, float* dst, int len);
     /// srcDst = value / srcDst
-    static bool DivCRev_32f_I(float* srcDst, float value, int len);
+    static bool ORVANE_CALL DivCRev_32f_I(float* srcDst, float value, int len);
 
     /// dst = src2 + src1
-    static bool Add_64f(const double* src1, const double* src2, double* dst, int len);
+    static bool ORVANE_CALL Add_64f(const double* src1, const double* src2, double* dst, int len);
     /// srcDst = srcDst + src
-    static bool Add_64f_I(const double* src, double* srcDst, int len);
+    static bool ORVANE_CALL Add_64f_I(const double* src, double* srcDst, int len);
     /// dst = src2 * src1
-    static bool Mul_64f(const double* src1, const double* src2, double* dst, int len);
+    static bool ORVANE_CALL Mul_64f(const double* src1, const double* src2, double* dst, int len);
     /// srcDst = srcDst * src
-    static bool Mul_64f_I(const double* src, double* srcDst, int len);
+    static bool ORVANE_CALL Mul_64f_I(const double* src, double* srcDst, int len);
     /// dst = src2 / src1
-    static bool Div_64f(const double* src1, const double* src2, double* dst, int len);
+    static bool ORVANE_CALL Div_64f(const double* src1, const double* src2, double* dst, int len);
     /// srcDst = srcDst / src
-    static bool Div_64f_I(const double* src, double* srcDst, int len);
+    static bool ORVANE_CALL Div_64f_I(const double* src, double* srcDst, int len);
     /// dst = src + value; a copy for a value of 0
-    static bool AddC_64f(const double* src, double value, double* dst, int len);
+    static bool ORVANE_CALL AddC_64f(const double* src, double value, double* dst, int len);
     /// srcDst = srcDst + value; a copy for a value of 0
-    static bool AddC_64f_I(double* srcDst, double value, int len);
+    static bool ORVANE_CALL AddC_64f_I(double* srcDst, double value, int len);
     /// dst = src * value
-    static bool MulC_64f(const double* src, double value, double* dst, int len);
+    static bool ORVANE_CALL MulC_64f(const double* src, double value, double* dst, int len);
     /// srcDst = srcDst * value
-    static bool MulC_64f_I(double* srcDst, double value, int len);
+    static bool ORVANE_CALL MulC_64f_I(double* srcDst, double value, int len);
     /// dst = src * (1 / value)
-    static bool DivC_64f(const double* src, double value, double* dst, int len);
+    static bool ORVANE_CALL DivC_64f(const double* src, double value, double* dst, int len);
     /// srcDst = srcDst * (1 / value)
-    static bool DivC_64f_I(double* srcDst, double value, int len);
+    static bool ORVANE_CALL DivC_64f_I(double* srcDst, double value, int len);
 
     /// srcDst = srcDst + src1 * src2
-    static bool AddProduct_32f(const float* src1, const float* src2, float* srcDst, int len);
+    static bool ORVANE_CALL AddProduct_32f(const float* src1, const float* src2, float* srcDst, int len);
     /// srcDst = srcDst + src * value
-    static bool AddProductC_32f(const float* src, float value, float* srcDst, int len);
+    static bool ORVANE_CALL AddProductC_32f(const float* src, float value, float* srcDst, int len);
 
     // --------------------------------------------------------------------------------------------
     // Elementary functions
@@ -320,39 +320,39 @@ public:
     // Exp_64f_I return true whatever happens.
 
     /// dst = |src|
-    static bool Abs_32f(const float* src, float* dst, int len);
+    static bool ORVANE_CALL Abs_32f(const float* src, float* dst, int len);
     /// srcDst = |srcDst|
-    static bool Abs_32f_I(float* srcDst, int len);
+    static bool ORVANE_CALL Abs_32f_I(float* srcDst, int len);
     /// dst = e^src
-    static bool Exp_32f(const float* src, float* dst, int len);
+    static bool ORVANE_CALL Exp_32f(const float* src, float* dst, int len);
     /// srcDst = e^srcDst; always true
-    static bool Exp_32f_I(float* srcDst, int len);
+    static bool ORVANE_CALL Exp_32f_I(float* srcDst, int len);
     /// dst = e^src
-    static bool Exp_64f(const double* src, double* dst, int len);
+    static bool ORVANE_CALL Exp_64f(const double* src, double* dst, int len);
     /// srcDst = e^srcDst; always true
-    static bool Exp_64f_I(double* srcDst, int len);
+    static bool ORVANE_CALL Exp_64f_I(double* srcDst, int len);
     /// dst = ln(src)
-    static bool Ln_64f(const double* src, double* dst, int len);
+    static bool ORVANE_CALL Ln_64f(const double* src, double* dst, int len);
     /// srcDst = ln(srcDst)
-    static bool Ln_64f_I(double* srcDst, int len);
+    static bool ORVANE_CALL Ln_64f_I(double* srcDst, int len);
     /// dst = sqrt(src)
-    static bool Sqrt_64f(const double* src, double* dst, int len);
+    static bool ORVANE_CALL Sqrt_64f(const double* src, double* dst, int len);
     /// srcDst = sqrt(srcDst)
-    static bool Sqrt_64f_I(double* srcDst, int len);
+    static bool ORVANE_CALL Sqrt_64f_I(double* srcDst, int len);
     /// dst = sin(src), 11 bits
-    static bool Sin_32f_A11(const float* src, float* dst, int len);
+    static bool ORVANE_CALL Sin_32f_A11(const float* src, float* dst, int len);
     /// dst = cos(src), 11 bits
-    static bool Cos_32f_A11(const float* src, float* dst, int len);
+    static bool ORVANE_CALL Cos_32f_A11(const float* src, float* dst, int len);
     /// dstSin = sin(src), dstCos = cos(src), 11 bits
-    static bool SinCos_32f_A11(const float* src, float* dstSin, float* dstCos, int len);
+    static bool ORVANE_CALL SinCos_32f_A11(const float* src, float* dstSin, float* dstCos, int len);
     /// dstSin = sin(src), dstCos = cos(src), 50 bits
-    static bool SinCos_64f_A50(const double* src, double* dstSin, double* dstCos, int len);
+    static bool ORVANE_CALL SinCos_64f_A50(const double* src, double* dstSin, double* dstCos, int len);
     /// dst = the angle of the point (src2, src1): the arctangent of src1 / src2 in the right quadrant
-    static bool Atan2_32f_A24(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL Atan2_32f_A24(const float* src1, const float* src2, float* dst, int len);
     /// dst = sqrt(src1^2 + src2^2)
-    static bool Hypot_32f_A24(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL Hypot_32f_A24(const float* src1, const float* src2, float* dst, int len);
     /// dst = the largest integer that is not above src
-    static bool Floor_32f(float* src, float* dst, int len);
+    static bool ORVANE_CALL Floor_32f(float* src, float* dst, int len);
 
     // --------------------------------------------------------------------------------------------
     // Vector spectra and windows
@@ -373,19 +373,19 @@ public:
     // runs out.
 
     /// dst = src1 * src2, packed spectra
-    static bool MulPack_32f(const float* src1, const float* src2, float* dst, int len);
+    static bool ORVANE_CALL MulPack_32f(const float* src1, const float* src2, float* dst, int len);
     /// srcDst = src * srcDst, packed spectra. Inverted: true on failure, false on success.
-    static bool MulPack_32f_I(const float* src, float* srcDst, int len);
+    static bool ORVANE_CALL MulPack_32f_I(const float* src, float* srcDst, int len);
     /// srcDst = src * conj(srcDst), packed spectra: the conjugate is that of the operand in place
-    static bool MulPackConj_32f_I(const float* src, float* srcDst, int len);
+    static bool ORVANE_CALL MulPackConj_32f_I(const float* src, float* srcDst, int len);
     /// dst = sqrt(re^2 + im^2)
-    static bool Magnitude_32f(const float* re, const float* im, float* dst, int len);
+    static bool ORVANE_CALL Magnitude_32f(const float* re, const float* im, float* dst, int len);
     /// dst = (re, im), bit by bit; one of re and im may be null, that part is then 0
-    static bool RealToCplx_32f(const float* re, const float* im, Complex32f* dst, int len);
+    static bool ORVANE_CALL RealToCplx_32f(const float* re, const float* im, Complex32f* dst, int len);
     /// dst = src * Hamming window
-    static bool WinHamming_32f(const float* src, float* dst, int len);
+    static bool ORVANE_CALL WinHamming_32f(const float* src, float* dst, int len);
     /// srcDst = srcDst * Hamming window
-    static bool WinHamming_32f_I(float* srcDst, int len);
+    static bool ORVANE_CALL WinHamming_32f_I(float* srcDst, int len);
 
 protected:
     /// Does nothing: the class has no instances.

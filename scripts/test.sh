@@ -107,7 +107,7 @@ elif check "build, Windows" build windows; then
         tests/check_kernel_symbols.sh $(find build/windows/src -path '*kernel_*' -name '*.obj')
     if scripts/wine.sh --set-up > "$log_folder/wine.log" 2>&1; then
         tests "tests, Windows" bash -c "scripts/wine.sh build/windows/tests/orvane_tests.exe --brief $seed 2>&1 | tr -d '\r'"
-        for host in microsoft loader mingw hello; do
+        for host in microsoft stdcall vectorcall loader mingw hello; do
             check "$host host on Windows" scripts/check_windows_hosts.sh build/windows "$host"
         done
         check "package, Windows" scripts/check_archive.sh build/windows

@@ -1,6 +1,6 @@
 #!/bin/sh
-# The form of the DLL: size, imports, hardening, relocations, version, and that linking it again gives the
-# same bytes.
+# The form of the DLL: size, imports, hardening, relocations, version, shared bodies, and that linking it again
+# gives the same bytes, in any folder: those depend on what the debug information holds.
 # Usage: check_dll.sh FOLDER
 dll=$1/orvane.dll
 fail=0
@@ -13,6 +13,18 @@ expect imports "$(echo "$headers" | sed -n 's/.*DLL Name: //p' | sort | tr '\n' 
 expect hardening "$(echo "$headers" | grep -cE '^[[:space:]]*(DYNAMIC_BASE|NX_COMPAT)')" 2
 expect relocations "$(i686-w64-mingw32-objdump -h "$dll" | grep -c ' \.reloc ')" 1
 expect "version resource" "$(i686-w64-mingw32-objdump -h "$dll" | grep -c ' \.rsrc ')" 1
+# Copy, assignment and destruction of the four classes without instances: one body each, for either ABI.
+shared='(ImageProcessing|SignalProcessing|Matrix|MKL)Wrapper(@@(IAE|QAEAAV0)@|C[12]ERKS_$|aSERKS_$|D[12]Ev$)'
+bodies=$(echo "$headers" | awk '/^\t\[ *[0-9]+\]/ {
+    line = $0
+    sub(/^\t\[ */, "", line)
+    i = line + 0
+    if (line ~ /Export RVA$/) address[i] = $(NF - 2)
+    else print address[i], $NF
+}' | grep -E "$shared" | cut -d ' ' -f 1)
+expect "members that the static-only classes share" "$(echo "$bodies" | wc -l)" 32
+expect "bodies of them" "$(echo "$bodies" | sort -u | wc -l)" 6
+expect "folders in the debug information" "$(grep -acF "$(pwd)/" "$1/orvane.pdb")" 0
 first=$(sha256sum < "$dll")
 rm "$dll"
 cmake --build "$1/../.." --target orvane_dll > /dev/null

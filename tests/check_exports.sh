@@ -1,7 +1,9 @@
 #!/bin/sh
 # Compares what the library shows to the outside with the list kept in the tree. Copy, assignment and destruction
-# of the four classes without instances are one body each.
+# of the four classes without instances are one body each, and every static method names its calling convention.
 # Usage: check_exports.sh LIBRARY [--update]
+unsaid=$(grep -nE '^( +static|ORVANE_API) .*\(' "$(dirname "$0")"/../include/*.h | grep -v ORVANE_CALL)
+[ -z "$unsaid" ] || { echo "without ORVANE_CALL:"; echo "$unsaid"; exit 1; }
 case "$1" in
 *.dll)
     list=$(dirname "$0")/exports_windows.txt

@@ -3,14 +3,14 @@
 #pragma once
 
 extern "C" {
-__declspec(dllimport) int printf(const char* format, ...);
-__declspec(dllimport) void* malloc(unsigned bytes);
-__declspec(dllimport) void free(void* block);
-__declspec(dllimport) unsigned _msize(void* block);
-__declspec(dllimport) void* memset(void* block, int value, unsigned bytes);
-__declspec(dllimport) void* memcpy(void* to, const void* from, unsigned bytes);
-__declspec(dllimport) int memcmp(const void* a, const void* b, unsigned bytes);
-__declspec(dllimport) void exit(int code);
+__declspec(dllimport) int __cdecl printf(const char* format, ...);
+__declspec(dllimport) void* __cdecl malloc(unsigned bytes);
+__declspec(dllimport) void __cdecl free(void* block);
+__declspec(dllimport) unsigned __cdecl _msize(void* block);
+__declspec(dllimport) void* __cdecl memset(void* block, int value, unsigned bytes);
+__declspec(dllimport) void* __cdecl memcpy(void* to, const void* from, unsigned bytes);
+__declspec(dllimport) int __cdecl memcmp(const void* a, const void* b, unsigned bytes);
+__declspec(dllimport) void __cdecl exit(int code);
 
 __declspec(dllimport) void* __stdcall LoadLibraryA(const char* name);
 __declspec(dllimport) int __stdcall FreeLibrary(void* library);
