@@ -53,9 +53,11 @@ function(orvane_windows_dll)
   add_library(orvane_windows_version OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${folder}/orvane.rc)
 
   set(response ${folder}/objects.rsp)
-  set(inputs "${dll_OBJECTS};${mingw_objects};$<TARGET_OBJECTS:orvane_windows_version>")
-  set(inputs "$<PATH:RELATIVE_PATH,${inputs},${CMAKE_CURRENT_BINARY_DIR}>;${microsoft_objects}")
-  file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${response} CONTENT "$<JOIN:${inputs},\n>\n")
+  set(inputs "${dll_OBJECTS};${mingw_objects};${microsoft_objects};$<TARGET_OBJECTS:orvane_windows_version>")
+  file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${folder}/inputs.txt CONTENT "$<JOIN:${inputs},\n>\n")
+  add_custom_command(OUTPUT ${response}
+    COMMAND sed -e s,^${CMAKE_CURRENT_BINARY_DIR}/,, -e s,^${CMAKE_BINARY_DIR}/,../, ${folder}/inputs.txt > ${response}
+    DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/${folder}/inputs.txt VERBATIM)
   # /Brepro, /pdbaltpath and /pdbsourcepath: no time stamp and no folder in the file.
   # /alternatename: both C++ ABIs see one variable.
   set(variable ?nImageProcessingWrapper@@3HA)
