@@ -65,12 +65,14 @@ ORV_INLINE T absolute(T x)
     return x < 0 ? -x : x;
 }
 
-// The first of the elements of largest absolute value; NaNs do not count.
+// The first of the elements of largest absolute value. As in the reference's search, a NaN in the first place is
+// never surpassed, and NaNs anywhere else do not count.
 template <class T>
 ORV_INLINE ptrdiff_t largest(const T* x, ptrdiff_t n)
 {
     using R = Register<T>;
     using V = typename R::V;
+    if (x[0] != x[0]) return 0;
     V best[4] = {};
     ptrdiff_t i = 0;
     for (; i + 4 * R::N <= n; i += 4 * R::N) {

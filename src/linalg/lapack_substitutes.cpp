@@ -216,29 +216,65 @@ void exchange_rows(int columns, float* a, int lda, int first, int last, const in
     __wrap_slaswp_(&columns, a, &lda, &k1, &last, ipiv, &step);
 }
 
-// By halves of the columns, down to panels. Returns the number of the first pivot that is zero, or 0.
+// How the factorisation by halves of the columns goes on: down to panels of our own, or, where NaNs must spread as
+// they do in the reference's routine, down to single columns and by the reference's own steps, which pass over
+// zeros of the right-hand side where a product would make NaNs of them.
+struct OurSteps {
+    static constexpr int kPanel = orv::kPanelColumns;
+    static void solve_unit_lower(int rows, int columns, const float* a, float* b, int lda)
+    {
+        solve({false, false, true, a, lda}, rows, columns, b, lda);
+    }
+    static constexpr auto multiply = __wrap_sgemm_;
+};
+struct ReferenceSteps {
+    static constexpr int kPanel = 1;
+    static void solve_unit_lower(int rows, int columns, const float* a, float* b, int lda)
+    {
+        const float one = 1;
+        __real_strsm_("L", "L", "N", "U", &rows, &columns, &one, a, &lda, b, &lda, 1, 1, 1, 1);
+    }
+    static constexpr auto multiply = __real_sgemm_;
+};
+
+// Returns the number of the first pivot that is zero, or 0.
+template <class Steps>
 int factor(int m, int n, float* a, int lda, int* ipiv)
 {
-    if (n <= orv::kPanelColumns) {
+    if (n <= Steps::kPanel || m == 1) {
         int first_zero = 0;
-        orv::orv_factor_panel_32f(m, n, a, lda, ipiv, &first_zero);
+        orv::orv_factor_panel_32f(m, m == 1 ? 1 : n, a, lda, ipiv, &first_zero);
         return first_zero;
     }
-    const int least = m < n ? m : n, half = (least / 2 + orv::kPanelColumns - 1) / orv::kPanelColumns * orv::kPanelColumns;
-    const int left = half < orv::kPanelColumns ? orv::kPanelColumns : half, right = n - left, done = m < left ? m : left;
+    const int least = m < n ? m : n, half = (least / 2 + Steps::kPanel - 1) / Steps::kPanel * Steps::kPanel;
+    const int left = half < Steps::kPanel ? Steps::kPanel : half, right = n - left, done = m < left ? m : left;
     float* const beside = a + ptrdiff_t{left} * lda;
-    const int upper_zero = factor(m, left, a, lda, ipiv);
+    const int upper_zero = factor<Steps>(m, left, a, lda, ipiv);
     exchange_rows(right, beside, lda, 0, done, ipiv);
-    solve({false, false, true, a, lda}, done, right, beside, lda);
+    Steps::solve_unit_lower(done, right, a, beside, lda);
     if (m <= left) return upper_zero;
 
     const int below = m - left;
     const float minus_one = -1, one = 1;
-    __wrap_sgemm_("N", "N", &below, &right, &left, &minus_one, a + left, &lda, beside, &lda, &one, beside + left, &lda, 1, 1);
-    const int lower_zero = factor(below, right, beside + left, lda, ipiv + left);
+    Steps::multiply("N", "N", &below, &right, &left, &minus_one, a + left, &lda, beside, &lda, &one, beside + left, &lda, 1, 1);
+    const int lower_zero = factor<Steps>(below, right, beside + left, lda, ipiv + left);
     for (int i = left; i < least; ++i) ipiv[i] += left;
     exchange_rows(left, a, lda, left, least, ipiv);
     return upper_zero != 0 ? upper_zero : lower_zero != 0 ? lower_zero + left : 0;
+}
+
+// Bits, not floats: the compiler may look at several of them at once.
+bool all_finite(int m, int n, const float* a, ptrdiff_t lda)
+{
+    unsigned top = 0;
+    for (ptrdiff_t j = 0; j < n; ++j) {
+        for (ptrdiff_t i = 0; i < m; ++i) {
+            unsigned bits;
+            std::memcpy(&bits, a + i + j * lda, 4);
+            top |= (bits & 0x7FFFFFFF) + 0x00800000;
+        }
+    }
+    return (top >> 31) == 0;
 }
 
 }  // namespace
@@ -256,7 +292,8 @@ void __wrap_strsm_(ORV_TRSM_ARGUMENTS(float))
 
 void __wrap_sgetrf2_(ORV_GETRF_ARGUMENTS(float))
 {
-    *info = *m < 1 || *n < 1 ? 0 : factor(*m, *n, a, *lda, ipiv);
+    if (*m < 1 || *n < 1) *info = 0;
+    else *info = all_finite(*m, *n, a, *lda) ? factor<OurSteps>(*m, *n, a, *lda, ipiv) : factor<ReferenceSteps>(*m, *n, a, *lda, ipiv);
 }
 
 }  // extern "C"

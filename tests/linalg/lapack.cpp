@@ -211,6 +211,95 @@ TEST(Lapack, FactorsOfRectanglesAndSingularMatrices)
     }
 }
 
+// --- NaNs and infinities ------------------------------------------------------------------------------
+
+// The standard's recursive factorisation, on the rows and columns from `at` on: a search for the pivot that a NaN in the
+// first place ends and that passes over NaNs elsewhere, and triangular solutions that pass over zeros.
+struct Reference {
+    Columns<float>& a;
+    std::vector<int>& ipiv;
+
+    int column(int at, int m)
+    {
+        int p = at;
+        for (int i = at + 1; i < at + m; ++i) p = std::fabs(a(i, at)) > std::fabs(a(p, at)) ? i : p;
+        ipiv[static_cast<std::size_t>(at)] = p + 1;
+        if (a(p, at) == 0) return 1;
+        std::swap(a(at, at), a(p, at));
+        for (int i = at + 1; i < at + m; ++i) a(i, at) /= a(at, at);
+        return 0;
+    }
+    void exchange(int column, int first, int last)
+    {
+        for (int k = first; k < last; ++k) std::swap(a(k, column), a(ipiv[static_cast<std::size_t>(k)] - 1, column));
+    }
+    int factor(int at, int m, int n)
+    {
+        if (m == 1) {
+            ipiv[static_cast<std::size_t>(at)] = at + 1;
+            return a(at, at) == 0 ? 1 : 0;
+        }
+        if (n == 1) return column(at, m);
+        const int left = std::min(m, n) / 2, middle = at + left, least = std::min(m, n);
+        const int upper = factor(at, m, left);
+        for (int j = middle; j < at + n; ++j) {
+            exchange(j, at, middle);
+            for (int k = at; k < middle; ++k) {
+                for (int i = k + 1; i < middle && a(k, j) != 0; ++i) a(i, j) -= a(k, j) * a(i, k);
+            }
+            for (int k = at; k < middle; ++k) {
+                for (int i = middle; i < at + m; ++i) a(i, j) -= a(k, j) * a(i, k);
+            }
+        }
+        const int lower = factor(middle, m - left, n - left);
+        for (int j = at; j < middle; ++j) exchange(j, middle, at + least);
+        return upper != 0 ? upper : lower != 0 ? lower + left : 0;
+    }
+};
+
+TEST(Lapack, NansSpreadAsTheStandardHasIt)
+{
+    std::mt19937 g = make_generator("NaNs in factors");
+    at_every_level([&] {
+        for (int c = 0; c < (options().brief ? 200 : 2000); ++c) {
+            // First a column that is zero but for a NaN, at its head or further down; then matrices with columns and rows
+            // of zeros. (Zeros elsewhere would make pivots that are zero but for rounding.)
+            int m = c < 3 ? 3 : uniform(g, 1, 24), n = c < 3 ? 3 : uniform(g, 1, 24), info = -99;
+            Columns<float> a = random_columns<float>(m, n, 1, g);
+            for (int j = 0; j < n; ++j) {
+                const bool none = c < 3 ? j == 0 : uniform(g, 0, 5) == 0;
+                for (int i = 0; none && i < m; ++i) a(i, j) = 0;
+            }
+            for (int i = 0; i < m && c >= 3; ++i) {
+                const bool none = uniform(g, 0, 5) == 0;
+                for (int j = 0; none && j < n; ++j) a(i, j) = 0;
+            }
+            for (int i = 0; i <= c % 3 && c >= 3; ++i) a(uniform(g, 0, m - 1), uniform(g, 0, n - 1)) = uniform(g, 0, 3) == 0 ? INFINITY : NAN;
+            if (c < 3) a(c, 0) = NAN;
+            auto lu = a;
+            const auto size = static_cast<std::size_t>(std::min(m, n));
+            std::vector<int> ipiv(size), expected_ipiv(size);
+            const int expected = Reference{a, expected_ipiv}.factor(0, m, n);
+            int lda = lu.ld;
+            M::Sgetrf(&m, &n, lu.v.data(), &lda, ipiv.data(), &info);
+            ASSERT_EQ(info, expected) << m << " x " << n;
+            ASSERT_EQ(ipiv, expected_ipiv);
+            for (std::size_t i = 0; i < lu.v.size(); ++i) {
+                ASSERT_EQ(std::isnan(lu.v[i]), std::isnan(a.v[i])) << i;
+                ASSERT_EQ(std::isinf(lu.v[i]), std::isinf(a.v[i])) << i;
+            }
+            if (c > 0) continue;
+            EXPECT_EQ(info, 0);
+            EXPECT_EQ(ipiv[0], 1);
+            float b[3] = {1, 2, 3};
+            int columns = 1, ldb = 3;
+            char trans = 'N';
+            M::Sgetrs(&trans, &n, &columns, lu.v.data(), &lda, ipiv.data(), b, &ldb, &info);
+            for (float x : b) EXPECT_TRUE(std::isnan(x));
+        }
+    });
+}
+
 // --- Arguments that are refused, and what the process sees of it -------------------------------------
 
 TEST(Lapack, RefusesBadArguments)
