@@ -25,7 +25,8 @@
 /// **Aliasing.** The destination may be a source in every operation: a product, a transposition, a
 /// decomposition, a substitution or an inversion gives the same result then as with separate memory.
 /// Products and transpositions whose destination shares memory with a source work in a temporary matrix
-/// (false if memory runs out, nothing written). In sums, differences, products with a constant and
+/// (false if memory runs out or the matrix would be 2^31 bytes or more, nothing written); so do decompositions of
+/// more than 32 rows, unless destination and source are the same elements in the same places. In sums, differences, products with a constant and
 /// copies the destination must be exactly a source or lie apart.
 ///
 /// **Accuracy.** Sums of products run in the order of the inner index, every step rounded to the element
@@ -97,20 +98,24 @@ public:
     //
     // The substitution gives false, and writes nothing, for factors that no decomposition has written: a
     // pivot below that bound, an index outside the rows that remained at its step. Its error is that of
-    // the factors: |A x - b| is about widthHeight * 2^-24 * |L| * |U| * |x|.
+    // the factors: |A x - b| is about widthHeight * 2^-24 * |L| * |U| * |x|. Above 1024 rows it allocates
+    // widthHeight elements, false when memory runs out.
     //
-    // The inversion allocates widthHeight * (widthHeight + 1) elements, false when memory runs out or when
-    // that is 2^31 bytes or more. Up to 4 x 4 floats it computes cofactors in double precision, which
-    // gives the inverse of the given floats almost to the last bit; a matrix is singular there when its
-    // determinant is no more than its own rounding error (16 * 2^-53 of the sum of its absolute
-    // products). Larger ones, and doubles, are decomposed as above, and solved for the identity; a
-    // matrix is singular there when rounding errors alone may have left a pivot u(k,k), that is, when it
-    // is at most epsilon * |y| |L| |U| |x| with y L = e(k) and U x = u(k,k) e(k) (the first-order change of
-    // the pivot when every element of A changes by epsilon * |L| |U|; beyond the 512th step, n * epsilon *
-    // (|L| |U|)(k,k)); the measure does not depend on how rows or columns are scaled. Epsilon is 2^-23 for
-    // floats, 2^-52 for doubles. The residual |A X - 1| is within
+    // The inversion allocates widthHeight * (widthHeight + 1) elements, and above 32 rows as many again for
+    // the result; false when memory runs out or when that is 2^31 bytes or more. Up to 4 x 4 floats it
+    // computes cofactors in double precision, which gives the inverse of the given floats almost to the last
+    // bit; a matrix is singular there when its determinant is no more than its own rounding error (16 * 2^-53
+    // of the sum of its absolute products). Larger ones, and doubles, are decomposed as above, but to the last
+    // pivot that is not zero, and solved for the identity; a matrix is singular there when the rounding errors
+    // of its factors alone may have made it regular, that is, when the spectral radius of
+    // epsilon * |X| |L| |U| is not below 1, X being the inverse that was found (a change of A by
+    // epsilon * |L| |U|, element by element, could make it singular then). Epsilon is 2^-23 for floats, 2^-52
+    // for doubles. Singular matrices are told up to a few dozen rows, and matrices with a condition below 10^5
+    // (10^12 for doubles) are inverted. The measure does not depend on how columns are scaled; rows of very
+    // different size lead to poor pivots, which count against the matrix. The residual |A X - 1| is within
     // 10 * n * epsilon * cond(A). A 1 x 1 matrix is singular unless |a| > 2 * 1.1754944e-38.
-    // Singular matrices, and those whose pivots or determinant are not finite, give false and write nothing.
+    // Singular matrices, those whose pivots or determinant are not finite, and those whose inverse would hold
+    // an infinity give false and write nothing.
 
     /// dst = L (below the diagonal, which is 1 and not stored) and U of the row-exchanged src; dstIndex[k] = the row, counted from 0, that step k exchanged with row k
     static bool ORVANE_CALL LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst,

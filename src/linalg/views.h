@@ -5,6 +5,7 @@
 
 #include "core/checks.h"
 #include "core/memory.h"
+#include "core/sizes.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -35,15 +36,30 @@ struct View {
     ORV_INLINE View transposed() const { return {base, column, row}; }
 };
 
+template <class T>
+ORV_INLINE std::uint64_t first_byte(View<T> v)
+{
+    return reinterpret_cast<std::size_t>(v.base);
+}
+
+// The bytes from the first to the last, at most 2^63: sizes and strides are positive ints. In 64 bits everywhere, as
+// sizes may be too large for the memory that there is.
+template <class T>
+ORV_INLINE std::uint64_t extent(View<T> v, std::ptrdiff_t rows, std::ptrdiff_t columns)
+{
+    const auto bytes = [](std::ptrdiff_t count, std::ptrdiff_t stride) {
+        return static_cast<std::uint64_t>(count) * static_cast<std::uint64_t>(stride);
+    };
+    return bytes(rows - 1, v.row) + bytes(columns - 1, v.column) + sizeof(T);
+}
+
 // May the bytes of the two lie among each other? Interleaved matrices count as overlapping.
 template <class T, class U>
 ORV_INLINE bool overlap(View<T> a, std::ptrdiff_t a_rows, std::ptrdiff_t a_columns, View<U> b, std::ptrdiff_t b_rows,
                         std::ptrdiff_t b_columns)
 {
-    const auto begin_a = reinterpret_cast<std::size_t>(a.base), begin_b = reinterpret_cast<std::size_t>(b.base);
-    const auto last_a = reinterpret_cast<std::size_t>(a.at(a_rows - 1, a_columns - 1));
-    const auto last_b = reinterpret_cast<std::size_t>(b.at(b_rows - 1, b_columns - 1));
-    return begin_a < last_b + sizeof(U) && begin_b < last_a + sizeof(T);
+    const auto begin_a = first_byte(a), begin_b = first_byte(b);
+    return begin_a < begin_b + extent(b, b_rows, b_columns) && begin_b < begin_a + extent(a, a_rows, a_columns);
 }
 
 // A dense matrix that stands in for a destination among the sources: on the stack while it is small.
@@ -52,9 +68,8 @@ class Substitute {
 public:
     ORV_INLINE Substitute(std::ptrdiff_t rows, std::ptrdiff_t columns) : columns_(columns)
     {
-        const bool small = std::int64_t{rows} * columns <= kSmall;
-        const bool large = std::int64_t{rows} * columns > 0x7FFFFFFF / static_cast<int>(sizeof(T));
-        if (!small && !large) heap_ = orv_allocate_checked(std::int64_t{rows} * columns * static_cast<int>(sizeof(T)));
+        const bool small = size_product(rows, columns) <= kSmall;
+        if (!small) heap_ = orv_allocate_checked(size_product(rows, columns, sizeof(T)));
         memory_ = small ? local_ : static_cast<T*>(heap_);
     }
     ORV_INLINE ~Substitute()
