@@ -107,13 +107,13 @@ public:
     // bit; a matrix is singular there when its determinant is no more than its own rounding error (16 * 2^-53
     // of the sum of its absolute products). Larger ones, and doubles, are decomposed as above, but to the last
     // pivot that is not zero, and solved for the identity; a matrix is singular there when the rounding errors
-    // of its factors alone may have made it regular, that is, when the spectral radius of
-    // epsilon * |X| |L| |U| is not below 1, X being the inverse that was found (a change of A by
-    // epsilon * |L| |U|, element by element, could make it singular then). Epsilon is 2^-23 for floats, 2^-52
-    // for doubles. Singular matrices are told up to a few dozen rows, and matrices with a condition below 10^5
-    // (10^12 for doubles) are inverted. The measure does not depend on how columns are scaled; rows of very
+    // of its factors alone may have made it regular, that is, when the spectral radius of e * |X| |L| |U| is
+    // not below 1, X being the inverse that was found (a change of A by e * |L| |U|, element by element, could
+    // make it singular then). In units of roundoff (2^-24 for floats, 2^-53 for doubles) e is n = widthHeight
+    // up to 8, then 64 / n, from 32 on 2. Up to 32 rows floats with a condition below 10^5
+    // (doubles: 10^12) are inverted. The measure does not depend on how columns are scaled; rows of very
     // different size lead to poor pivots, which count against the matrix. The residual |A X - 1| is within
-    // 10 * n * epsilon * cond(A). A 1 x 1 matrix is singular unless |a| > 2 * 1.1754944e-38.
+    // 10 * n * 2^-23 * cond(A) (doubles: 2^-52). A 1 x 1 matrix is singular unless |a| > 2 * 1.1754944e-38.
     // Singular matrices, those whose pivots or determinant are not finite, and those whose inverse would hold
     // an infinity give false and write nothing.
 

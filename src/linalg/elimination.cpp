@@ -251,18 +251,25 @@ ORV_INLINE bool decompose_for_substitution(View<float> m, ptrdiff_t n, int* inde
 
 // --- Inversion --------------------------------------------------------------------------------------
 //
-// The factors are those of a matrix that is off by some E, |E| <= epsilon |L| |U| element by element. If the
-// given matrix is singular, A v = 0 for some v, then L U v = E v, so |v| <= epsilon |X| |L| |U| |v| for the inverse
-// X of L U: the spectral radius of epsilon |X| |L| |U| is 1 or more. A radius below 1 proves a matrix regular; any
-// other is singular as far as its arithmetic can tell. The radius does not change when columns are scaled, nor
-// when rows are, as long as the pivots stay the same.
-//
-// Epsilon is two units of roundoff. That is the proven bound for two steps only, but as rounding errors of more
-// steps add up like the root of their number while |L| |U| grows like the number itself, it holds with room to
-// spare: of 10^5 singular matrices of integers one comes as far as to half of it, none to all of it.
+// The factors are those of a matrix that is off by some E, |E| <= e |L| |U| element by element. If the given matrix
+// is singular, A v = 0 for some v, then L U v = E v, so |v| <= e |X| |L| |U| |v| for the inverse X of L U: the
+// spectral radius of e |X| |L| |U| is 1 or more. A radius below 1 proves a matrix regular; any other is singular as
+// far as its arithmetic can tell. The radius does not change when columns are scaled, nor when rows are, as long as
+// the pivots stay the same.
 
-template <class T> constexpr double kEpsilon = 1.0 / (1 << 23);
-template <> constexpr double kEpsilon<double> = 1.0 / (1LL << 52);
+template <class T> constexpr double kUnitRoundoff = 1.0 / (1 << 24);
+template <> constexpr double kUnitRoundoff<double> = 1.0 / (1LL << 53);
+
+// The bound e: n units of roundoff (N. Higham, "Accuracy and Stability of Numerical Algorithms", theorem 9.3). In
+// larger matrices rounding errors mostly cancel and come nowhere near it, while it would refuse floats of a
+// condition of 10^5; so it falls again there. (Two units are reached by one singular matrix of integers in 400,000
+// of size 5, a quarter of one by one in 1,000 of size 12.)
+template <class T>
+ORV_INLINE double error_of_factors(ptrdiff_t n)
+{
+    const double size = static_cast<double>(n);
+    return (n <= 8 ? size : n < 32 ? rounded(64 / size) : 2) * kUnitRoundoff<T>;
+}
 
 ORV_INLINE float absolute(float x) { return __builtin_fabsf(x); }
 ORV_INLINE double absolute(double x) { return __builtin_fabs(x); }
@@ -305,9 +312,10 @@ ORV_INLINE double multiply_weights(View<T> lu, View<T> x, ptrdiff_t n, double* w
 template <class T>
 __attribute__((noinline)) bool is_regular(View<T> lu, View<T> x, ptrdiff_t n, double* weights)
 {
+    const double error = error_of_factors<T>(n);
     for (ptrdiff_t i = 0; i < n; ++i) weights[i] = 1;
     for (int round = 0; round < 3; ++round) {
-        if (rounded(multiply_weights(lu, x, n, weights, weights + n) * kEpsilon<T>) < 1) return true;
+        if (rounded(multiply_weights(lu, x, n, weights, weights + n) * error) < 1) return true;
     }
     return false;
 }
@@ -318,7 +326,7 @@ __attribute__((noinline)) bool is_regular(View<T> lu, View<T> x, ptrdiff_t n, do
 template <class T>
 ORV_INLINE T limit_of_sums(ptrdiff_t n)
 {
-    return static_cast<T>(0.5 / (static_cast<double>(n) * kEpsilon<T>));
+    return rounded(static_cast<T>(0.5 / rounded(static_cast<double>(n) * error_of_factors<T>(n))));
 }
 
 #if ORV_HAVE_VECTORS
@@ -765,8 +773,8 @@ ORV_INLINE void substitute(View<const float> lu, const int* index, View<float> x
 
 // The whole of it. The solution is kept apart from its sources, which it may share memory with, until it is done.
 template <int fixed>
-ORV_INLINE void substitute_apart(View<const float> lu, const int* index, View<const float> b, View<float> x, float* local,
-                                 int n)
+ORV_INLINE void substitute_apart(View<const float> lu, const int* index, View<const float> b, View<float> x,
+                                 float* local, int n)
 {
     if (fixed != 0) n = fixed;
     for (int i = 0; i < n; ++i) __builtin_memcpy(local + i, b.at(0, i), sizeof(float));
@@ -783,8 +791,8 @@ ORV_INLINE Status substitute_on_stack(View<const float> lu, const int* index, Vi
 }
 
 // Out of line, so that the usual sizes do not set up its frame.
-__attribute__((noinline)) Status substitute_any(View<const float> lu, const int* index, View<const float> b, View<float> x,
-                                                int n)
+__attribute__((noinline)) Status substitute_any(View<const float> lu, const int* index, View<const float> b,
+                                                View<float> x, int n)
 {
     Substitute<float> apart(1, n);
     float* const local = apart.view().base;

@@ -246,8 +246,10 @@ int factor(int m, int n, float* a, int lda, int* ipiv)
         orv::orv_factor_panel_32f(m, m == 1 ? 1 : n, a, lda, ipiv, &first_zero);
         return first_zero;
     }
-    const int least = m < n ? m : n, half = (least / 2 + Steps::kPanel - 1) / Steps::kPanel * Steps::kPanel;
-    const int left = half < Steps::kPanel ? Steps::kPanel : half, right = n - left, done = m < left ? m : left;
+    const int least = m < n ? m : n;
+    const int half = (least / 2 + Steps::kPanel - 1) / Steps::kPanel * Steps::kPanel;
+    const int left = half < Steps::kPanel ? Steps::kPanel : half;
+    const int right = n - left, done = m < left ? m : left;
     float* const beside = a + ptrdiff_t{left} * lda;
     const int upper_zero = factor<Steps>(m, left, a, lda, ipiv);
     exchange_rows(right, beside, lda, 0, done, ipiv);
@@ -256,7 +258,8 @@ int factor(int m, int n, float* a, int lda, int* ipiv)
 
     const int below = m - left;
     const float minus_one = -1, one = 1;
-    Steps::multiply("N", "N", &below, &right, &left, &minus_one, a + left, &lda, beside, &lda, &one, beside + left, &lda, 1, 1);
+    Steps::multiply("N", "N", &below, &right, &left, &minus_one, a + left, &lda, beside, &lda, &one, beside + left,
+                    &lda, 1, 1);
     const int lower_zero = factor<Steps>(below, right, beside + left, lda, ipiv + left);
     for (int i = left; i < least; ++i) ipiv[i] += left;
     exchange_rows(left, a, lda, left, least, ipiv);
@@ -293,7 +296,8 @@ void __wrap_strsm_(ORV_TRSM_ARGUMENTS(float))
 void __wrap_sgetrf2_(ORV_GETRF_ARGUMENTS(float))
 {
     if (*m < 1 || *n < 1) *info = 0;
-    else *info = all_finite(*m, *n, a, *lda) ? factor<OurSteps>(*m, *n, a, *lda, ipiv) : factor<ReferenceSteps>(*m, *n, a, *lda, ipiv);
+    else if (all_finite(*m, *n, a, *lda)) *info = factor<OurSteps>(*m, *n, a, *lda, ipiv);
+    else *info = factor<ReferenceSteps>(*m, *n, a, *lda, ipiv);
 }
 
 }  // extern "C"
