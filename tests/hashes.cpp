@@ -1,7 +1,7 @@
 // One hash per operation over a fixed set of arguments: equal for every compiler, optimisation, word size, system
 // and processor level, and from one version to the next. hashes.inc has them; --write-hashes=FILE makes it anew.
 //
-// The arguments are made from integers alone, of the operation's signature, as variants.cpp does it:
+// The arguments are made from integers alone, of the operation's signature, as in support/compare_levels.cpp:
 //     const T*, int     a source image with its step        T*, int     a destination
 //     const T*          one value per channel               T           a value
 //     T* after Size     results                             int         a parameter, by its domain
@@ -18,27 +18,9 @@
 #include "ImageProcessingWrapper.h"
 #include "MatrixWrapper.h"
 #include "RandomNumberGenerator.h"
+#include "families.h"
 #include "gmock/gmock.h"
-#include "image/bits/bitwise.h"
-#include "image/moving/border.h"
-#include "image/bits/comparison.h"
-#include "image/arithmetic/complex_arithmetic.h"
-#include "image/moving/data_movement.h"
-#include "image/statistics/extremes.h"
-#include "image/filters/filters.h"
-#include "image/arithmetic/float_arithmetic.h"
-#include "image/arithmetic/float_elementary.h"
-#include "image/statistics/float_sums.h"
-#include "image/statistics/histogram.h"
-#include "image/arithmetic/integer_arithmetic.h"
-#include "image/statistics/sums.h"
-#include "image/bits/threshold.h"
-#include "signal/elementary.h"
-#include "signal/float_vectors.h"
-#include "signal/integer_vectors.h"
-#include "signal/spectra.h"
-#include "signal/vector_moves.h"
-#include "spectral/fft.h"
+#include "support/arguments.h"
 #include "support/levels.h"
 #include "support/options.h"
 
@@ -94,17 +76,6 @@ private:
     std::uint64_t state_ = 0xCBF29CE484222325u;
 };
 
-enum Element { e_u8, e_u16, e_s16, e_s32, e_u32, e_f32, e_f64, e_none };
-template <class T> constexpr Element element = e_none;
-template <> constexpr Element element<unsigned char> = e_u8;
-template <> constexpr Element element<unsigned short> = e_u16;
-template <> constexpr Element element<short> = e_s16;
-template <> constexpr Element element<int> = e_s32;
-template <> constexpr Element element<unsigned> = e_u32;
-template <> constexpr Element element<float> = e_f32;
-template <> constexpr Element element<Complex32f> = e_f32;
-template <> constexpr Element element<double> = e_f64;
-
 // Numbers near 1, numbers of all magnitudes, small whole ones; neither infinities nor NaNs.
 enum Content { near_one, any_size, whole, contents };
 
@@ -134,6 +105,7 @@ std::uint64_t double_bits(Words& words, Content content)
 void fill(void* to, std::size_t bytes, Element e, Content content, Words& words)
 {
     auto* p = static_cast<unsigned char*>(to);
+    if (e == e_c32) e = e_f32;
     const bool any_word = e < e_f32 && content == near_one && bytes % 8 == 0;
     const std::size_t size = any_word || e == e_f64 ? 8 : e == e_u8 ? 1 : e == e_u16 || e == e_s16 ? 2 : 4;
     for (; bytes >= size; bytes -= size, p += size) {
@@ -160,31 +132,6 @@ using Hashes = std::map<std::string, std::uint64_t>;
 // How the arguments of a family are to be read.
 enum Family { images, vectors, borders };
 
-struct Kind {
-    enum { value, source, target, size, length, memory } what;
-    Element element;
-};
-template <class A> struct kind_of { static constexpr Kind kind = {Kind::value, std::is_enum<A>::value ? e_s32 : element<A>}; };
-template <class T> struct kind_of<T*> { static constexpr Kind kind = {Kind::target, element<T>}; };
-template <class T> struct kind_of<const T*> { static constexpr Kind kind = {Kind::source, element<T>}; };
-template <> struct kind_of<void*> { static constexpr Kind kind = {Kind::memory, e_none}; };
-template <> struct kind_of<Size> { static constexpr Kind kind = {Kind::size, e_none}; };
-template <> struct kind_of<Length> { static constexpr Kind kind = {Kind::length, e_none}; };
-
-struct Slot {
-    alignas(8) unsigned char bytes[16];
-    template <class A> void set(A value) { std::memcpy(bytes, &value, sizeof(value)); }
-    template <class A>
-    A get() const
-    {
-        A value;
-        std::memcpy(&value, bytes, sizeof(value));
-        return value;
-    }
-};
-
-bool begins_with(const std::string& name, const char* start) { return name.rfind(start, 0) == 0; }
-
 // The arguments of one call, in buffers that are the same for all.
 class Arguments {
 public:
@@ -208,7 +155,7 @@ public:
             switch (kinds[i].what) {
                 case Kind::source: slots[i].set<const void*>(before_int || family_ == vectors ? buffer(kinds[i].element) : constants(kinds[i].element)); break;
                 case Kind::target: slots[i].set<void*>(buffer(kinds[i].element)); break;
-                case Kind::memory: slots[i].set<void*>(work_.data()); break;  // what it holds is nobody's business
+                case Kind::memory: slots[i].set<void*>(work_.data()); break;  // its contents do not matter
                 case Kind::length: slots[i].set(Length{roi_.width}); break;
                 case Kind::size:
                     slots[i].set(sized ? Size{roi_.width + 7, roi_.height + 5} : roi_);
@@ -229,7 +176,7 @@ public:
     }
 
 private:
-    int rows() const { return begins_with(name_, "Transpose") ? 70 : roi_.height + 6; }
+    int rows() const { return begins_with(name_.c_str(), "Transpose") ? 70 : roi_.height + 6; }
     void* buffer(Element e)
     {
         buffers_.emplace_back(static_cast<std::size_t>(rows() * kStep + 2 * kMargin));
@@ -242,18 +189,18 @@ private:
         fill(constants_.back().data(), 32, e, content_, words_);
         for (int c = 0; c < 4; ++c) {
             const int order = words_.below(3), count = words_.below(34);
-            if (begins_with(name_, "SwapChannels")) std::memcpy(constants_.back().data() + 4 * c, &order, 4);
+            if (begins_with(name_.c_str(), "SwapChannels")) std::memcpy(constants_.back().data() + 4 * c, &order, 4);
             if (name_.find("ShiftC") != std::string::npos) std::memcpy(constants_.back().data() + 4 * c, &count, 4);
         }
         return constants_.back().data();
     }
     int parameter(int which)
     {
-        if (begins_with(name_, "Mirror")) return number_ % 3;
-        if (begins_with(name_, "Filter")) return which == 0 ? number_ % 2 * 22 + 33 : number_ / 2 % 2;
-        if (begins_with(name_, "Histogram")) return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
-        if (begins_with(name_, "Compare")) return number_ % 5;
-        if (begins_with(name_, "Threshold")) return number_ % 2 * 4;
+        if (begins_with(name_.c_str(), "Mirror")) return number_ % 3;
+        if (begins_with(name_.c_str(), "Filter")) return which == 0 ? number_ % 2 * 22 + 33 : number_ / 2 % 2;
+        if (begins_with(name_.c_str(), "Histogram")) return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
+        if (begins_with(name_.c_str(), "Compare")) return number_ % 5;
+        if (begins_with(name_.c_str(), "Threshold")) return number_ % 2 * 4;
         if (family_ == borders) return 2 + which;
         return words_.below(number_ % 4 == 0 ? 1 : 20) - number_ % 4;
     }
@@ -268,57 +215,36 @@ private:
     std::vector<unsigned char> work_ = std::vector<unsigned char>(1 << 16);
 };
 
-template <class... Args, std::size_t... I>
-Status call(Status (*kernel)(Args...), const Slot* slots, std::index_sequence<I...>)
+void hash_operation(Hashes& hashes, const Subject& subject, Family family)
 {
-    return kernel(slots[I].get<Args>()...);
-}
-
-template <class... Args>
-void hash_operation(Hashes& hashes, const char* name, const orv::Operation<Status(Args...)>& operation, Family family)
-{
-    if (std::strstr(name, "GetBufferSize") != nullptr) return;  // may depend on the size of a pointer
-    static constexpr Kind kinds[] = {kind_of<Args>::kind...};
-    constexpr int n = sizeof...(Args);
+    if (contains(subject.name, "GetBufferSize")) return;  // may depend on the size of a pointer
     Hash hash;
     for (int i = 0; i < 24; ++i) {
-        Arguments arguments(name, family, i);
-        Slot slots[n];
-        arguments.make(kinds, n, slots);
-        hash.add(static_cast<std::uint64_t>(call(operation.variant[orv::orv_variant_index], slots, std::make_index_sequence<sizeof...(Args)>())));
+        Arguments arguments(subject.name, family, i);
+        Slot slots[16];
+        arguments.make(subject.kinds, subject.count, slots);
+        hash.add(static_cast<std::uint64_t>(subject.invoke(subject.variant[orv::orv_variant_index], slots)));
         arguments.add_to(hash);
     }
-    hashes[name] = hash.value();
+    hashes[subject.name] = hash.value();
 }
 
+// Those whose arguments follow from the signature; the others go through the exported methods, below.
 void hash_registries(Hashes& hashes)
 {
-#define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, images);
-#include "image/bits/bitwise.inc"
-#include "image/bits/comparison.inc"
-#include "image/arithmetic/complex_arithmetic.inc"
-#include "image/moving/data_movement.inc"
-#include "image/statistics/extremes.inc"
-#include "image/filters/filters_float.inc"
-#include "image/filters/filters_integer.inc"
-#include "image/arithmetic/float_arithmetic.inc"
-#include "image/arithmetic/float_elementary.inc"
-#include "image/statistics/float_sums.inc"
-#include "image/statistics/histogram.inc"
-#include "image/arithmetic/integer_arithmetic.inc"
-#include "image/statistics/sums.inc"
-#include "image/bits/threshold.inc"
+    const auto hash = [&](const Subject& subject) {
+        const bool vector = begins_with(subject.family, "signal_");
+        if (!vector && (!begins_with(subject.family, "image_") || contains(subject.family, "_resize_"))) return;
+        ASSERT_TRUE(subject.is_plain()) << subject.name;
+        hash_operation(hashes, subject, vector ? vectors : contains(subject.family, "border") ? borders : images);
+    };
+#define REGISTRY_BEGIN(family) { const char* const folder = #family;
+#define KERNEL(name, ...) hash(subject(folder, #name, orv::orv_##name));
+#define REGISTRY_END(family) }
+#include "registries.inc"
+#undef REGISTRY_BEGIN
 #undef KERNEL
-#define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, vectors);
-#include "signal/elementary.inc"
-#include "signal/float_vectors.inc"
-#include "signal/integer_vectors.inc"
-#include "signal/spectra.inc"
-#include "signal/vector_moves.inc"
-#undef KERNEL
-#define KERNEL(name, ...) hash_operation(hashes, #name, orv::orv_##name, borders);
-#include "image/moving/border.inc"
-#undef KERNEL
+#undef REGISTRY_END
 }
 
 // --- The others -----------------------------------------------------------------------------------

@@ -1,407 +1,636 @@
-// Every operation of every registry, at every level that this processor runs, against the plain
-// variant: the same bytes, in and around the destination, and the same status.
+// Every operation of every registry, at every level that this processor runs, against the plain variant: the same
+// bytes, in and around the destination, the same status, and the processor's state as it was.
 //
-// The arguments are made from the operation's own signature, so a new operation of the kinds known
-// here needs no line of test code:
-//     const T*, int     a source image with its step        T*, int     a destination
-//     const T*          one value per channel               T           a value
-//     Size              the region                          int         a parameter, by its domain
-//     T* after Size     results, compared like images
-//     Length            the length: with it in the list, const T* and T* are vectors
-#include <algorithm>
+// Most arguments follow from the signature (support/compare_levels.cpp), so a new operation of the kinds known
+// there needs no line of test code; one with plans, records or strides gets an overload of check() here. A family
+// that is not read does not exist: the list is CMake's.
 #include <climits>
-#include <iostream>
-#include <set>
-#include <tuple>
+#include <cmath>
 
-#include "core/features.h"
-#include "core/start_up.h"
+#include "families.h"
 #include "gmock/gmock.h"
-#include "image/bits/bitwise.h"
-#include "image/bits/comparison.h"
-#include "image/moving/data_movement.h"
-#include "image/arithmetic/float_elementary.h"
-#include "image/statistics/extremes.h"
-#include "image/statistics/float_sums.h"
-#include "image/statistics/histogram.h"
-#include "image/arithmetic/integer_arithmetic.h"
-#include "image/statistics/sums.h"
-#include "image/bits/threshold.h"
-#include "image/arithmetic/float_arithmetic.h"
-#include "image/arithmetic/complex_arithmetic.h"
-#include "signal/integer_vectors.h"
-#include "signal/float_vectors.h"
-#include "signal/spectra.h"
-#include "signal/vector_moves.h"
-#include "support/image.h"
-#include "support/processor_state.h"
+#include "support/compare_levels.h"
+#include "support/guarded_block.h"
 
 namespace test {
 namespace {
 
-using orv::Length;
+using orv::Operation;
+using orv::Rectangle;
 using orv::Size;
 using orv::Status;
 
-const char* const kTags[] = {"px", "w7", "v8", "s8", "p8", "g9", "h9"};
-
-struct Tally {
-    long checked = 0, shared = 0, skipped = 0;
-};
-Tally tally;
-
-class ReportTally : public testing::Environment {
-public:
-    void TearDown() override
-    {
-        std::cout << "variants: " << tally.checked << " checked, " << tally.shared << " shared with a lower level, "
-                  << tally.skipped << " skipped (above this processor's level)\n";
-    }
-};
-const auto* const report_tally = testing::AddGlobalTestEnvironment(new ReportTally);
-
-// May the destination be a source?
-enum class Aliasing { allowed, not_promised };
-
-bool begins_with(const std::string& name, const char* start) { return name.rfind(start, 0) == 0; }
-bool contains(const std::string& name, const char* part) { return name.find(part) != std::string::npos; }
-
-int channels_of(const std::string& name)
-{
-    return contains(name, "_C3") ? 3 : contains(name, "C4") ? 4 : 1;
-}
-
-// The elements of a result array.
-constexpr int kMostResults = 300;
-
-// Trailing integer parameters, by what the operation makes of them.
-int random_parameter(const std::string& name, std::mt19937& g)
-{
-    if (begins_with(name, "Mirror")) return uniform(g, -1, 3);
-    // The level count and either level: results hold that many.
-    if (begins_with(name, "Histogram")) return uniform(g, 0, 9) == 0 ? -1 : uniform(g, 0, kMostResults);
-    if (begins_with(name, "Compare")) return uniform(g, 0, 5);
-    if (begins_with(name, "Threshold")) return uniform(g, 0, 9) == 0 ? uniform(g, -1, 5) : 4 * uniform(g, 0, 1);
-    if (contains(name, "C_32s")) return random_value<int>(g, static_cast<Fill>(uniform(g, 0, 3)));
-    // Scale factors: mostly those that matter, now and then anything.
-    static const int far[] = {INT_MIN, INT_MIN + 1, -100, -64, -33, 33, 63, 64, 100, INT_MAX};
-    if (uniform(g, 0, 9) == 0) return far[uniform(g, 0, 9)];
-    return uniform(g, 0, 3) == 0 ? 0 : uniform(g, -18, 20);
-}
-
-template <class T>
-T random_constant(const std::string& name, std::mt19937& g)
-{
-    if constexpr (std::is_same<T, int>::value) {
-        if (begins_with(name, "SwapChannels")) return uniform(g, 0, uniform(g, 0, 9) == 0 ? 4 : channels_of(name) - 1);
-    }
-    if constexpr (std::is_same<T, unsigned>::value) {
-        if (contains(name, "ShiftC") && uniform(g, 0, 3) != 0) return static_cast<unsigned>(uniform(g, 0, 33));
-    }
-    return random_value<T>(g, static_cast<Fill>(uniform(g, 0, static_cast<int>(Fill::kinds) - 1)));
-}
-
-template <class T> struct pointee { static constexpr bool is_pointer = false; };
-template <class T>
-struct pointee<T*> {
-    static constexpr bool is_pointer = true;
-    static constexpr bool is_source = std::is_const<T>::value;
-    using type = typename std::remove_const<T>::type;
-};
-
 template <class... Args>
-class Case {
+void check(const char* family, const char* name, const Operation<Status(Args...)>& operation)
+{
+    compare_levels(subject(family, name, operation));
+}
+
+// --- Calls with memory of their own making --------------------------------------------------------
+
+// Blocks that end or start at a page that cannot be touched, and a call that uses them.
+class TypedTrial : public Trial {
 public:
-    using Tuple = std::tuple<Args...>;
-    static constexpr std::size_t kCount = sizeof...(Args);
-    template <std::size_t I> using Arg = typename std::tuple_element<I, Tuple>::type;
-    static constexpr bool kVectors = (std::is_same<Args, Length>::value || ...);
+    explicit TypedTrial(std::mt19937& g) : g_(g) {}
 
-    Case(const std::string& name, bool alias, std::mt19937& g) : name_(name), alias_(alias), g_(g)
+    template <class T>
+    T* block(std::ptrdiff_t count, Fill fill)
     {
-        const bool large = uniform(g, 0, 19) == 0;
-        roi_ = {large ? uniform(g, 100, 300) : uniform(g, 1, 69), kVectors ? 1 : uniform(g, 1, 3)};
-        build(std::make_index_sequence<kCount>());
+        const auto n = static_cast<std::size_t>(count);
+        blocks_.push_back({std::make_unique<GuardedBlock>(n * sizeof(T), uniform(g_, 0, 3) != 0), n * sizeof(T), {}});
+        T* const p = blocks_.back().memory->as<T>();
+        for (std::size_t i = 0; i < n; ++i) p[i] = random_value<T>(g_, fill);
+        return p;
+    }
+    template <class Run>
+    std::unique_ptr<Trial> done(std::unique_ptr<Trial> self, Run run)
+    {
+        run_ = run;
+        for (Block& b : blocks_) b.before.assign(b.memory->as<>(), b.memory->as<>() + b.bytes);
+        return self;
+    }
+    // A result that is no block.
+    template <class T>
+    void report(T value)
+    {
+        const auto* const p = reinterpret_cast<const unsigned char*>(&value);
+        reported_.insert(reported_.end(), p, p + sizeof(T));
     }
 
-    Tuple& arguments() { return arguments_; }
-    Size roi() const { return roi_; }
-
-    // Restores all images, so that every variant starts from the same bytes.
-    void reset()
+    Status call(Kernel kernel) override { return run_(kernel); }
+    void reset() override
     {
-        for (Operand& o : operands_) o.image->restore(o.before);
-        for (auto& result : results_) result.assign(result.size(), 0xA5);
+        reported_.clear();
+        for (Block& b : blocks_) std::memcpy(b.memory->as<>(), b.before.data(), b.bytes);
     }
-    // Every byte of every image: destinations with their surroundings, and the sources, too.
-    std::vector<unsigned char> outcome()
+    Bytes outcome() override
     {
-        std::vector<unsigned char> all;
-        for (Operand& o : operands_) {
-            const auto bytes = o.image->bytes();
-            all.insert(all.end(), bytes.begin(), bytes.end());
-        }
-        for (const auto& result : results_) all.insert(all.end(), result.begin(), result.end());
+        Bytes all = reported_;
+        for (const Block& b : blocks_) all.insert(all.end(), b.memory->as<>(), b.memory->as<>() + b.bytes);
         return all;
-    }
-    // With the destination in the place of a source: false where their types or shapes differ.
-    bool has_alias() const { return alias_made_; }
-    std::vector<unsigned char> destination_rows()
-    {
-        std::vector<unsigned char> rows;
-        Image& image = *operands_.back().image;
-        for (int y = 0; y < image.height(); ++y) rows.insert(rows.end(), image.row(y), image.row(y) + image.row_bytes());
-        return rows;
     }
 
 private:
-    struct Operand {
-        std::shared_ptr<Image> image;
-        std::vector<unsigned char> before;
-        std::size_t element_bytes;
+    struct Block {
+        std::unique_ptr<GuardedBlock> memory;
+        std::size_t bytes;
+        Bytes before;
     };
-
-    template <std::size_t... I>
-    void build(std::index_sequence<I...>)
-    {
-        (build_one<I>(), ...);
-        for (Operand& o : operands_) o.before = o.image->bytes();
-    }
-
-    template <std::size_t I>
-    static constexpr bool followed_by_int()
-    {
-        if constexpr (I + 1 < kCount) return std::is_same<Arg<I + 1>, int>::value;
-        return false;
-    }
-
-    template <std::size_t I>
-    static constexpr bool follows_size()
-    {
-        if constexpr (I > 0) return std::is_same<Arg<I - 1>, Size>::value || follows_size<I - 1>();
-        return false;
-    }
-
-    template <std::size_t I>
-    void build_one()
-    {
-        using A = Arg<I>;
-        auto& argument = std::get<I>(arguments_);
-        if constexpr (pointee<A>::is_pointer && follows_size<I>() && !std::is_const<typename std::remove_pointer<A>::type>::value) {
-            using T = typename pointee<A>::type;
-            results_.emplace_back((kMostResults + 1) * sizeof(T), static_cast<unsigned char>(0xA5));
-            argument = reinterpret_cast<T*>(results_.back().data());
-        } else if constexpr (pointee<A>::is_pointer && (kVectors || followed_by_int<I>())) {
-            argument = make_image<typename pointee<A>::type>(pointee<A>::is_source)->template pixels<typename pointee<A>::type>();
-        } else if constexpr (pointee<A>::is_pointer) {
-            using T = typename pointee<A>::type;
-            constants_.emplace_back(4 * sizeof(T));
-            T* const values = reinterpret_cast<T*>(constants_.back().data());
-            for (int c = 0; c < 4; ++c) values[c] = random_constant<T>(name_, g_);
-            if (uniform(g_, 0, 3) == 0) values[1] = values[2] = values[3] = values[0];
-            argument = values;
-        } else if constexpr (std::is_same<A, Size>::value) {
-            argument = roi_;
-        } else if constexpr (std::is_same<A, Length>::value) {
-            argument = {roi_.width};
-        } else if constexpr (std::is_same<A, int>::value) {
-            if constexpr (I > 0) {
-                if constexpr (pointee<Arg<I - 1>>::is_pointer && !follows_size<I>()) {
-                    argument = operands_.back().image->step();
-                    return;
-                }
-            }
-            argument = random_parameter(name_, g_);
-        } else {
-            argument = random_constant<A>(name_, g_);
-        }
-    }
-
-    template <class T>
-    std::shared_ptr<Image> make_image(bool source)
-    {
-        const bool transposed = !source && begins_with(name_, "Transpose");
-        const int width = transposed ? roi_.height : roi_.width, height = transposed ? roi_.width : roi_.height;
-        const bool mask = !source && begins_with(name_, "Compare");
-        const int row_bytes = width * (mask ? 1 : channels_of(name_)) * static_cast<int>(sizeof(T));
-        if (!source && alias_ && !operands_.empty()) {
-            const Operand twin = operands_[static_cast<std::size_t>(uniform(g_, 0, static_cast<int>(operands_.size()) - 1))];
-            if (twin.element_bytes == sizeof(T) && twin.image->row_bytes() == row_bytes) {
-                alias_made_ = true;
-                operands_.push_back(twin);
-                return twin.image;
-            }
-        }
-        Placement where = {};
-        where.fenced = row_bytes <= FencedRows::kRowBytes && height <= FencedRows::kRows && uniform(g_, 0, 1) == 0;
-        where.flush_right = uniform(g_, 0, 3) != 0;
-        const int padding = uniform(g_, 0, 3) == 0 ? 0 : uniform(g_, 0, 70);
-        where.step = row_bytes + padding;
-        if (uniform(g_, 0, 7) == 0) where.step = -where.step;
-        if (source && uniform(g_, 0, 15) == 0) where.step = 0;
-        where.offset = uniform(g_, 0, 7) * static_cast<int>(sizeof(T));
-        auto image = std::make_shared<Image>(row_bytes, height, where, g_);
-        image->template fill<T>(g_, static_cast<Fill>(uniform(g_, 0, static_cast<int>(Fill::kinds) - 1)));
-        operands_.push_back({image, {}, sizeof(T)});
-        return image;
-    }
-
-    std::string name_;
-    bool alias_;
-    bool alias_made_ = false;
     std::mt19937& g_;
-    Size roi_;
-    Tuple arguments_;
-    std::vector<Operand> operands_;
-    std::vector<std::vector<unsigned char>> constants_, results_;
+    std::vector<Block> blocks_;
+    std::function<Status(Kernel)> run_;
+    Bytes reported_;
 };
 
-template <class... Args>
-void check(const char* name, const orv::Operation<Status(Args...)>& operation, Aliasing aliasing)
+// make(trial, g) allocates the blocks and returns the call, a function of the typed kernel.
+template <class TrialType = TypedTrial, class... Args, class Make>
+void compare(const char* name, const Operation<Status(Args...)>& operation, Make make)
 {
-    if (!options().operation.empty() && options().operation != name) return;
-    std::set<const void*> seen;
-    for (int level = 0; level < orv::kLevels; ++level) {
-        auto* const kernel = operation.variant[level];
-        if (!seen.insert(reinterpret_cast<const void*>(kernel)).second) {
-            ++tally.shared;
-            continue;
-        }
-        if (level > orv::orv_variant_index) {
-            ++tally.skipped;
-            continue;
-        }
-        if (options().level >= 0 && options().level != level) continue;
-        ++tally.checked;
+    Kernel variant[orv::kLevels];
+    for (int level = 0; level < orv::kLevels; ++level) variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
+    compare_levels(name, variant, [&](std::mt19937& g, int) {
+        auto trial = std::make_unique<TrialType>(g);
+        TrialType& t = *trial;
+        auto call = make(t, g);
+        return t.done(std::move(trial), [call](Kernel kernel) { return call(reinterpret_cast<Status (*)(Args...)>(kernel)); });
+    });
+}
 
-        std::mt19937 g = make_generator(name);
-        const int cases = options().brief ? 30 : 400;
-        for (int i = 0; i < cases; ++i) {
-            const bool alias = aliasing == Aliasing::allowed && i % 4 == 3;
-            const std::mt19937 same_case = g;
-            Case<Args...> c(name, false, g);
-            const Status expected_status = std::apply(operation.variant[0], c.arguments());
-            const auto expected = c.outcome();
-            c.reset();
-            const ProcessorState before;
-            const Status status = std::apply(kernel, c.arguments());
-            { SCOPED_TRACE(name); before.expect_kept(); }
-            ASSERT_EQ(status, expected_status) << name << " " << kTags[level] << " case " << i;
-            const auto actual = c.outcome();
-            if (actual != expected) {
-                const auto at = std::mismatch(actual.begin(), actual.end(), expected.begin()).first - actual.begin();
-                FAIL() << name << " at " << kTags[level] << " differs from px: case " << i << ", " << c.roi().width
-                       << " x " << c.roi().height << ", byte " << at << " is " << int{actual[static_cast<std::size_t>(at)]}
-                       << " instead of " << int{expected[static_cast<std::size_t>(at)]};
-            }
-            if (!alias) continue;
+// --- Matrices -------------------------------------------------------------------------------------
 
-            // The same kernel on separate buffers is the oracle for the destination that is a source.
-            g = same_case;
-            Case<Args...> overlaid(name, true, g);
-            if (!overlaid.has_alias()) continue;
-            const Status plain_status = std::apply(operation.variant[0], overlaid.arguments());
-            const auto plain = overlaid.destination_rows();
-            overlaid.reset();
-            ASSERT_EQ(std::apply(kernel, overlaid.arguments()), plain_status) << name << " " << kTags[level];
-            ASSERT_EQ(overlaid.destination_rows(), plain) << name << " in place at " << kTags[level] << ", case " << i;
+// Rows or columns without a gap, or with one.
+template <class T>
+struct Matrix {
+    T* base;
+    int stride1, stride2, width, height;
+
+    Matrix(TypedTrial& t, std::mt19937& g, int columns, int rows, Fill fill = Fill::uniform) : width(columns), height(rows)
+    {
+        const int e = sizeof(T), gap = uniform(g, 0, 2) == 0 ? e * uniform(g, 1, 3) : 0;
+        stride1 = e * width + gap, stride2 = e;
+        if (uniform(g, 0, 3) == 0) stride1 = e, stride2 = e * height + gap;
+        base = t.block<T>(((height - 1) * std::ptrdiff_t{stride1} + (width - 1) * std::ptrdiff_t{stride2}) / e + 1, fill);
+    }
+};
+int random_side(std::mt19937& g) { return uniform(g, 0, 9) == 0 ? uniform(g, 20, 70) : uniform(g, 1, 19); }
+Fill random_number_fill(std::mt19937& g) { return uniform(g, 0, 1) == 0 ? Fill::uniform : Fill::near_low; }
+
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatrixMatrixDst<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int w = random_side(g), h = random_side(g);
+        const Matrix<T> a(t, g, w, h), b(t, g, w, h), d(t, g, w, h);
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, b.base, b.stride1, b.stride2, d.base, d.stride1, d.stride2, w, h); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatrixValueDst<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int w = random_side(g), h = random_side(g);
+        const Matrix<T> a(t, g, w, h), d(t, g, w, h);
+        const T value = random_value<T>(g, Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, value, d.base, d.stride1, d.stride2, w, h); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatrixProduct<T>>& operation)
+{
+    const bool transposed = contains(name, "_tm_");
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const int inner = random_side(g), h = random_side(g), w = random_side(g);
+        const Fill fill = random_number_fill(g);
+        const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h, fill), b(t, g, w, inner, fill), d(t, g, w, h);
+        return [=](auto* kernel) {
+            return kernel(a.base, a.stride1, a.stride2, a.width, a.height, b.base, b.stride1, b.stride2, b.width, b.height, d.base, d.stride1, d.stride2);
+        };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatrixVectorProduct<T>>& operation)
+{
+    const bool transposed = contains(name, "_tv_");
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2, e = sizeof(T) * gap;
+        const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h);
+        const T* const x = t.block<T>((inner - 1) * gap + 1, Fill::uniform);
+        T* const y = t.block<T>((h - 1) * gap + 1, Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, a.width, a.height, x, e, inner, y, e); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatrixDst<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int w = random_side(g), h = random_side(g);
+        const Matrix<T> a(t, g, w, h, Fill::near_high), d(t, g, h, w);
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, w, h, d.base, d.stride1, d.stride2); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatricesDst<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T), apart = e * (w * h + uniform(g, 0, 2));
+        T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
+        return [=](auto* kernel) { return kernel(d, apart, e * w, e, w, h, count); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::MatricesSrcDst<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T), apart = e * (w * h + uniform(g, 0, 2));
+        const T* const s = t.block<T>((count - 1) * apart / e + w * h, Fill::near_high);
+        T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
+        return [=](auto* kernel) { return kernel(s, apart, e * w, e, d, apart, e * w, e, w, h, count); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Decomposition<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int n = random_side(g);
+        const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
+        int* const index = t.block<int>(n, Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, index, d.base, d.stride1, d.stride2, n); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Substitution<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int n = random_side(g), e = sizeof(T);
+        const Matrix<T> a(t, g, n, n);
+        int* const index = t.block<int>(n, Fill::uniform);
+        for (int i = 0; i < n; ++i) index[i] = uniform(g, 0, 19) == 0 ? uniform(g, -2, n + 2) : uniform(g, i, n - 1);
+        const T* const b = t.block<T>(n, Fill::uniform);
+        T* const x = t.block<T>(n, Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, index, b, e, x, e, n); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Inversion<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int n = random_side(g);
+        const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
+        const auto work = std::make_shared<std::vector<T>>(static_cast<std::size_t>(n) * static_cast<std::size_t>(n + 1));
+        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, work->data(), d.base, d.stride1, d.stride2, n); };
+    });
+}
+
+// --- LAPACK's kernels: fused where the processor can, so equal but for rounding ---------------------
+
+template <class T>
+class NearlyEqual : public TypedTrial {
+public:
+    using TypedTrial::TypedTrial;
+    bool agrees(const Bytes& actual, const Bytes& expected) const override
+    {
+        if (actual.size() != expected.size() || actual.size() % sizeof(T) != 0) return false;
+        const double tolerance = 4096 * static_cast<double>(std::numeric_limits<T>::epsilon());
+        for (std::size_t i = 0; i < actual.size(); i += sizeof(T)) {
+            T a, b;
+            std::memcpy(&a, &actual[i], sizeof(T));
+            std::memcpy(&b, &expected[i], sizeof(T));
+            const double error = std::fabs(static_cast<double>(a) - static_cast<double>(b));
+            if (!(error <= tolerance * (1 + std::fabs(static_cast<double>(b)))) && std::memcmp(&a, &b, sizeof(T)) != 0) return false;
+        }
+        return true;
+    }
+};
+// Numbers around 1: sums of some dozen products of them stay near 1, too.
+template <class T>
+T* unit_block(TypedTrial& t, std::mt19937& g, int count)
+{
+    T* const p = t.block<T>(count, Fill::near_low);
+    for (int i = 0; i < count; ++i) p[i] = static_cast<T>(uniform(g, -1000, 1000)) / 1024;
+    return p;
+}
+
+template <class T>
+void check(const char*, const char* name, const Operation<orv::ProductUpdate<T>>& operation)
+{
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int rows = random_side(g), columns = random_side(g), inner = random_side(g);
+        const T* const a = unit_block<T>(t, g, rows * inner);
+        const T* const b = unit_block<T>(t, g, inner * columns);
+        T* const c = unit_block<T>(t, g, rows * columns);
+        const bool ta = uniform(g, 0, 1) == 0, tb = uniform(g, 0, 1) == 0;
+        return [=](auto* kernel) {
+            return kernel(rows, columns, inner, T{-1}, a, ta ? inner : 1, ta ? 1 : rows, b, tb ? columns : 1, tb ? 1 : inner, c, rows);
+        };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::VectorProductUpdate<T>>& operation)
+{
+    const bool dots = begins_with(name, "add_dot");
+    compare<NearlyEqual<T>>(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const int rows = random_side(g), columns = random_side(g), stride = uniform(g, 1, 2);
+        const T* const a = unit_block<T>(t, g, rows * columns);
+        const T* const x = unit_block<T>(t, g, dots ? rows : (columns - 1) * stride + 1);
+        T* const y = unit_block<T>(t, g, dots ? (columns - 1) * stride + 1 : rows);
+        return [=](auto* kernel) { return kernel(rows, columns, T{2}, a, rows, x, stride, y); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::OuterProductUpdate<T>>& operation)
+{
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int rows = random_side(g), columns = random_side(g), stride = uniform(g, 1, 2);
+        const T* const x = unit_block<T>(t, g, rows);
+        const T* const y = unit_block<T>(t, g, (columns - 1) * stride + 1);
+        T* const a = unit_block<T>(t, g, rows * columns);
+        return [=](auto* kernel) { return kernel(rows, columns, T{-1}, x, y, stride, a, rows); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Rotations<T>>& operation)
+{
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int rows = 1 + random_side(g), columns = 1 + random_side(g), pairs = std::max(rows, columns);
+        T* const c = t.block<T>(pairs, Fill::uniform);
+        T* const s = t.block<T>(pairs, Fill::uniform);
+        for (int i = 0; i < pairs; ++i) {
+            const double angle = uniform(g, -314, 314) / 100.0;
+            c[i] = static_cast<T>(std::cos(angle)), s[i] = static_cast<T>(std::sin(angle));
+        }
+        T* const a = unit_block<T>(t, g, rows * columns);
+        const bool backward = uniform(g, 0, 1) == 0;
+        return [=](auto* kernel) { return kernel(rows, columns, backward, c, s, a, rows); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::PanelFactors<T>>& operation)
+{
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int columns = uniform(g, 1, orv::kPanelColumns), rows = columns + random_side(g);
+        T* const a = unit_block<T>(t, g, rows * columns);
+        for (int i = 0; i < columns; ++i) a[i * rows + i] += 4;  // pivots that rounding does not choose
+        return [=, &t](auto* kernel) {
+            std::vector<int> pivot(static_cast<std::size_t>(columns));
+            int zero = 0;
+            const Status status = kernel(rows, columns, a, rows, pivot.data(), &zero);
+            for (const int p : pivot) t.report(static_cast<T>(p));
+            t.report(static_cast<T>(zero));
+            return status;
+        };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::TriangleSolution<T>>& operation)
+{
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int columns = random_side(g);
+        T* const l = unit_block<T>(t, g, orv::kTriangle * orv::kTriangle);
+        for (int i = 0; i < orv::kTriangle * orv::kTriangle; ++i) l[i] /= 8;
+        T* const b = unit_block<T>(t, g, orv::kTriangle * columns);
+        return [=](auto* kernel) { return kernel(columns, l, orv::kTriangle, b, orv::kTriangle); };
+    });
+}
+
+// --- Resizing -------------------------------------------------------------------------------------
+
+Size random_size(std::mt19937& g) { return {uniform(g, 1, 60), uniform(g, 1, 40)}; }
+int interpolation_of(const char* name)
+{
+    return contains(name, "Nearest") ? orv::kResizeNearest : contains(name, "Linear") ? orv::kResizeLinear : orv::kResizeCubic;
+}
+int channels_of(const char* name) { return contains(name, "C3") ? 3 : contains(name, "C4") ? 4 : 1; }
+
+// Enough for every level: how much memory a level works in is its own affair.
+template <class... Args, class... Given>
+std::shared_ptr<Bytes> buffer_for_all(const Operation<Status(Args...)>& size_of, Given... given)
+{
+    int most = 0;
+    for (int level = 0; level <= orv::orv_variant_index; ++level) {
+        int bytes = 0;
+        size_of.variant[level](given..., &bytes);
+        most = std::max(most, bytes);
+    }
+    return std::make_shared<Bytes>(static_cast<std::size_t>(most) + 64);
+}
+
+// Sizes of a plan's memory; {0, 0} for a pair of sizes that it refuses.
+struct PlanBytes {
+    int plan = 0, buffer = 0;
+    PlanBytes(Size from, Size to, int interpolation) { orv::orv_ResizeGetSize(from, to, interpolation, 0, &plan, &buffer); }
+};
+unsigned char* plan_for(TypedTrial& t, Size from, Size to, int interpolation)
+{
+    const PlanBytes bytes(from, to, interpolation);
+    unsigned char* const plan = t.block<unsigned char>(bytes.plan + 64, Fill::uniform);
+    std::vector<unsigned char> buffer(static_cast<std::size_t>(bytes.buffer) + 64);
+    if (interpolation == orv::kResizeNearest) orv::orv_ResizeNearestInit(from, to, plan);
+    else if (interpolation == orv::kResizeLinear) orv::orv_ResizeLinearInit(from, to, plan);
+    else orv::orv_ResizeCubicInit(from, to, 0, 0.5f, plan, buffer.data());
+    return plan;
+}
+
+void check(const char*, const char* name, const Operation<orv::PlanInit>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Size from = random_size(g), to = random_size(g);
+        unsigned char* const plan = t.block<unsigned char>(PlanBytes(from, to, interpolation_of(name)).plan + 64, Fill::uniform);
+        return [=](auto* kernel) { return kernel(from, to, plan); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::PlanInitCubic>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Size from = random_size(g), to = random_size(g);
+        const PlanBytes bytes(from, to, orv::kResizeCubic);
+        unsigned char* const plan = t.block<unsigned char>(bytes.plan + 64, Fill::uniform);
+        const auto buffer = std::make_shared<Bytes>(static_cast<std::size_t>(bytes.buffer) + 64);
+        const float B = static_cast<float>(uniform(g, 0, 4)) / 4, C = static_cast<float>(uniform(g, 0, 4)) / 5;
+        return [=](auto* kernel) { return kernel(from, to, B, C, plan, buffer->data()); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::PlanBufferSize>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        static const int kinds[] = {orv::kResizeNearest, orv::kResizeLinear, orv::kResizeCubic};
+        const Size from = random_size(g), to = random_size(g);
+        const void* const plan = plan_for(t, from, to, kinds[uniform(g, 0, 2)]);
+        const int channels = uniform(g, 0, 5);
+        return [=, &t](auto* kernel) {
+            int size = -1;
+            const Status status = kernel(plan, to, channels, &size);
+            t.report(size > 0);
+            return status;
+        };
+    });
+}
+// What both apply steps share: a source that ends at a page's end, a tile of the destination, a plan, a buffer.
+template <class T>
+struct Applied {
+    Size from, to, tile;
+    int x0, y0, srcStep, dstStep;
+    T *src, *dst;
+    const void* plan;
+    std::shared_ptr<Bytes> buffer;
+
+    Applied(TypedTrial& t, std::mt19937& g, const char* name) : from(random_size(g)), to(random_size(g))
+    {
+        const int pixel = channels_of(name);
+        x0 = uniform(g, 0, to.width - 1), y0 = uniform(g, 0, to.height - 1);
+        tile = {uniform(g, 1, to.width - x0), uniform(g, 1, to.height - y0)};
+        if (uniform(g, 0, 2) == 0) x0 = y0 = 0, tile = to;
+        const int srcRow = from.width * pixel + uniform(g, 0, 5), dstRow = tile.width * pixel + uniform(g, 0, 5);
+        src = t.block<T>((from.height - 1) * srcRow + from.width * pixel, Fill::uniform);
+        dst = t.block<T>((tile.height - 1) * dstRow + tile.width * pixel, Fill::uniform);
+        srcStep = srcRow * static_cast<int>(sizeof(T)), dstStep = dstRow * static_cast<int>(sizeof(T));
+        plan = plan_for(t, from, to, interpolation_of(name));
+        buffer = buffer_for_all(orv::orv_ResizeGetBufferSize, plan, to, pixel);
+    }
+};
+template <class T>
+void check(const char*, const char* name, const Operation<orv::ResizeApply<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Applied<T> a(t, g, name);
+        return [=](auto* kernel) { return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, a.plan, a.buffer->data()); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::ResizeApplyBorder<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Applied<T> a(t, g, name);
+        return [=](auto* kernel) {
+            return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, orv::kBorderReplicate, nullptr, a.plan, a.buffer->data());
+        };
+    });
+}
+
+Rectangle random_rectangle(std::mt19937& g)
+{
+    return {uniform(g, -9, 9), uniform(g, -9, 9), uniform(g, 1, 50), uniform(g, 1, 40)};
+}
+int random_interpolation(std::mt19937& g)
+{
+    static const int codes[] = {1, 2, 4, 5, 6, 7, 8, 16};
+    return codes[uniform(g, 0, 7)] | (uniform(g, 0, 3) == 0 ? static_cast<int>(orv::kSmoothEdges) : 0);
+}
+void check(const char*, const char* name, const Operation<orv::ResampleBufferSize>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        Rectangle from = random_rectangle(g), to = random_rectangle(g);
+        if (uniform(g, 0, 3) == 0) from.width = INT_MAX - uniform(g, 0, 9);
+        if (uniform(g, 0, 3) == 0) to.height = INT_MAX - uniform(g, 0, 9);
+        const int channels = uniform(g, 0, 5), interpolation = uniform(g, 0, 9) == 0 ? 3 : random_interpolation(g);
+        return [=, &t](auto* kernel) {
+            int size = -1;
+            const Status status = kernel(from, to, channels, interpolation, &size);
+            t.report(size > 0);
+            return status;
+        };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::Zoom>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Size from = random_size(g);
+        const int width = uniform(g, 1, 100), x = uniform(g, -50, 50), y = uniform(g, -50, 50);
+        const float zoom = uniform(g, 0, 2) == 0 ? random_value<float>(g, Fill::special) : static_cast<float>(uniform(g, 1, 50)) / 8;
+        const bool smooth = uniform(g, 0, 1) == 0;
+        return [=, &t](auto* kernel) {
+            orv::SquareMapping mapping = {-1, -1, -1, -1};
+            const Status status = kernel(from, width, zoom, x, y, smooth, &mapping);
+            t.report(mapping.factor), t.report(mapping.xShift), t.report(mapping.yShift), t.report(mapping.interpolation);
+            return status;
+        };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Resample<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const int pixel = channels_of(name), e = sizeof(T);
+        const Size from = random_size(g), canvas = random_size(g);
+        const Rectangle srcRoi = random_rectangle(g), dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
+        const T* const src = t.block<T>(from.width * from.height * pixel, Fill::uniform);
+        T* const dst = t.block<T>((canvas.width + 3) * (canvas.height + 3) * pixel, Fill::uniform);
+        const int srcStep = from.width * pixel * e, dstStep = (canvas.width + 3) * pixel * e;
+        static const double factors[] = {0.25, 0.3, 0.5, 1, 1.7, 2, 3.25};
+        const double fx = factors[uniform(g, 0, 6)], fy = factors[uniform(g, 0, 6)];
+        const double sx = uniform(g, -40, 40) / 4.0, sy = uniform(g, -40, 40) / 4.0;
+        const int interpolation = random_interpolation(g);
+        const auto buffer = buffer_for_all(orv::orv_ResizeGetBufSize, srcRoi, dstRoi, pixel, interpolation);
+        return [=](auto* kernel) {
+            return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation, buffer->data());
+        };
+    });
+}
+
+// --- Transforms and random numbers ----------------------------------------------------------------
+
+// Records hold pointers, so what a record is good for is compared: its transform at the plain level.
+struct FftMemory {
+    int bytes[3] = {};
+    std::shared_ptr<Bytes> spec, init, work;
+
+    void allocate()
+    {
+        for (auto* const memory : {&spec, &init, &work}) {
+            const auto size = static_cast<std::size_t>(bytes[memory - &spec]) + 64;
+            *memory = std::make_shared<Bytes>(size);
         }
     }
+    FftMemory(int order, int flag) { orv::orv_fft_sizes(order, flag, 1, bytes, bytes + 1, bytes + 2), allocate(); }
+    FftMemory(int x, int y, int flag) { orv::orv_fft2_sizes(x, y, flag, 1, bytes, bytes + 1, bytes + 2), allocate(); }
+};
+
+void check(const char*, const char* name, const Operation<orv::InitFft>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int order = uniform(g, 0, 12), flag = 1 << uniform(g, 0, 3), n = 1 << order;
+        const FftMemory m(order, flag);
+        const float* const src = t.block<float>(n, Fill::uniform);
+        float* const dst = t.block<float>(n + 2, Fill::uniform);
+        return [=](auto* kernel) {
+            orv::FftSpec* spec = nullptr;
+            const Status status = kernel(&spec, order, flag, 1, m.spec->data(), m.init->data());
+            if (status == orv::StatusOk) orv::orv_FftForward_32f.variant[0](src, dst, spec, m.work->data());
+            return status;
+        };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::RunFft>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int order = uniform(g, 0, 12), flag = 1 << uniform(g, 0, 3), n = 1 << order;
+        const FftMemory m(order, flag);
+        orv::FftSpec* spec = nullptr;
+        orv::orv_FftInit(&spec, order, flag, 1, m.spec->data(), m.init->data());
+        float* const dst = t.block<float>(n + 2, Fill::uniform);
+        const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(n, Fill::uniform);
+        return [=](auto* kernel) { return static_cast<void>(m.spec), kernel(src, dst, spec, m.work->data()); };
+    });
+}
+struct PlaneSides {
+    int x, y, step;
+    explicit PlaneSides(std::mt19937& g) : x(uniform(g, 1, 8)), y(uniform(g, 1, 7)), step(4 * ((1 << x) + uniform(g, 0, 3))) {}
+    int floats() const { return ((1 << y) - 1) * step / 4 + (1 << x); }
+};
+void check(const char*, const char* name, const Operation<orv::InitFft2>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const PlaneSides side(g);
+        const int flag = 1 << uniform(g, 0, 3);
+        const FftMemory m(side.x, side.y, flag);
+        const float* const src = t.block<float>(side.floats(), Fill::uniform);
+        float* const dst = t.block<float>(side.floats(), Fill::uniform);
+        return [=](auto* kernel) {
+            orv::Fft2Spec* spec = nullptr;
+            const Status status = kernel(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
+            if (status == orv::StatusOk) orv::orv_Fft2Forward_32f.variant[0](src, side.step, dst, side.step, spec, m.work->data());
+            return status;
+        };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::RunFft2>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const PlaneSides side(g);
+        const int flag = 1 << uniform(g, 0, 3);
+        const FftMemory m(side.x, side.y, flag);
+        orv::Fft2Spec* spec = nullptr;
+        orv::orv_Fft2Init(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
+        float* const dst = t.block<float>(side.floats(), Fill::uniform);
+        const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(side.floats(), Fill::uniform);
+        return [=](auto* kernel) { return static_cast<void>(m.spec), kernel(src, side.step, dst, side.step, spec, m.work->data()); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::ExpandSpectrum>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int n = 1 << uniform(g, 0, 10);
+        const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::near_high);
+        Complex32f* const dst = t.block<Complex32f>(n, Fill::uniform);
+        return [=](auto* kernel) { return kernel(src, dst, n); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::SpectrumToPower>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int order = uniform(g, 0, 10), n = 1 << order, length = n + uniform(g, 0, n - 1);
+        const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::uniform);
+        float* const dst = t.block<float>(length, Fill::uniform);
+        return [=](auto* kernel) { return kernel(src, dst, order, length); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::FillFromStream>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const int n = uniform(g, 1, 700);
+        double* const r = t.block<double>(n, Fill::uniform);
+        orv::RandomStream* const made = orv::orv_create_random_stream(uniform(g, INT_MIN, INT_MAX));
+        const orv::RandomStream start = *made;
+        orv::orv_delete_random_stream(made);
+        const double mean = uniform(g, -9, 9), sigma = uniform(g, 0, 9) / 4.0;
+        return [=, &t](auto* kernel) {
+            orv::RandomStream stream = start;
+            const Status status = kernel(&stream, n, r, mean, sigma);
+            t.report(stream);
+            return status;
+        };
+    });
 }
 
-TEST(Variants, DataMovement)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::not_promised);
-#include "image/moving/data_movement.inc"
+#define REGISTRY_BEGIN(family)        \
+    TEST(Variants, family)            \
+    {                                 \
+        const char* const folder = #family;
+#define KERNEL(name, ...) check(folder, #name, orv::orv_##name);
+#define REGISTRY_END(family) }
+#include "registries.inc"
+#undef REGISTRY_BEGIN
 #undef KERNEL
-}
-
-TEST(Variants, FloatElementary)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/arithmetic/float_elementary.inc"
-#undef KERNEL
-}
-
-TEST(Variants, IntegerArithmetic)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/arithmetic/integer_arithmetic.inc"
-#undef KERNEL
-}
-
-TEST(Variants, Statistics)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::not_promised);
-#include "image/statistics/extremes.inc"
-#include "image/statistics/float_sums.inc"
-#include "image/statistics/histogram.inc"
-#include "image/statistics/sums.inc"
-#undef KERNEL
-}
-
-TEST(Variants, Bitwise)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/bits/bitwise.inc"
-#undef KERNEL
-}
-
-TEST(Variants, Comparison)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/bits/comparison.inc"
-#undef KERNEL
-}
-
-TEST(Variants, Threshold)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/bits/threshold.inc"
-#undef KERNEL
-}
-
-TEST(Variants, FloatArithmetic)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/arithmetic/float_arithmetic.inc"
-#undef KERNEL
-}
-
-TEST(Variants, ComplexArithmetic)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "image/arithmetic/complex_arithmetic.inc"
-#undef KERNEL
-}
-
-TEST(Variants, IntegerVectors)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "signal/integer_vectors.inc"
-#undef KERNEL
-}
-
-TEST(Variants, FloatVectors)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "signal/float_vectors.inc"
-#undef KERNEL
-}
-
-TEST(Variants, Spectra)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "signal/spectra.inc"
-#undef KERNEL
-}
-
-TEST(Variants, VectorMoves)
-{
-#define KERNEL(name, ...) check(#name, orv::orv_##name, Aliasing::allowed);
-#include "signal/vector_moves.inc"
-#undef KERNEL
-}
+#undef REGISTRY_END
 
 }  // namespace
 }  // namespace test
