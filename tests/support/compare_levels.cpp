@@ -96,7 +96,7 @@ class PlainTrial : public Trial {
 public:
     PlainTrial(const Subject& subject, std::mt19937& g, int number) : s_(subject), g_(g)
     {
-        mode_ = number % 8 == 3 || number % 8 == 7 ? in_place_mode : number % 8 == 5 ? overlapping : number % 8 == 6 ? constants_inside : separate;
+        mode_ = number % 8 == 3 || number % 8 == 7 ? in_place_mode : number % 8 == 5 ? overlapping : number % 8 == 6 && kConstantsInside ? constants_inside : separate;
         if ((mode_ == in_place_mode && !may_be_in_place(s_)) || (mode_ == overlapping && !has_overlap(s_))) mode_ = separate;
         vectors_ = is_vector_operation();
         const bool large = uniform(g, 0, 19) == 0;
@@ -148,6 +148,7 @@ public:
 
 private:
     static constexpr int kMostArguments = 16;
+    static constexpr bool kConstantsInside = false;
     enum Mode { separate, in_place_mode, overlapping, constants_inside };
     static constexpr int kSlack = 8;  // rows above and below a source that the destination overlaps
     struct Operand {
