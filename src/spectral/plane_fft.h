@@ -86,7 +86,10 @@ private:
     bool is_narrow() const { return rows_.order <= kNarrowOrder; }
     int rows_from(int y) const { return height_ - y < kLanes ? height_ - y : kLanes; }
 
-    int end_of_block(int first) const { return first + kBlock < columns_of_lines_ ? first + kBlock : columns_of_lines_; }
+    int end_of_block(int first) const
+    {
+        return first + kBlock < columns_of_lines_ ? first + kBlock : columns_of_lines_;
+    }
 
     // Multiplied by this, no sum of all numbers is above 2^126, and none of the few that are formed doubled or as a
     // real plus an imaginary part above 2^128.
@@ -115,7 +118,8 @@ private:
     {
         NarrowRows rows(rows_);
         for (int y = 0; y < height_; y += kLanes) {
-            rows.forward(row_at(src, srcStep, y), srcStep, rows_from(y), factor, [=](int c, int r) { return line(c, y + r); });
+            rows.forward(row_at(src, srcStep, y), srcStep, rows_from(y), factor,
+                         [=](int c, int r) { return line(c, y + r); });
         }
         for (int c = 0; c < columns_of_lines_; ++c) transform_lines<false>(columns_, line(c, 0), line(c, 0));
         part_real_columns();
@@ -196,8 +200,8 @@ private:
         if (!is_narrow()) return inverse_wide_rows(dst, dstStep, factor);
         NarrowRows rows(rows_);
         for (int y = 0; y < height_; y += kLanes) {
-            rows.inverse([=](int c, int r) { return line(c, columns_.position[y + r]); }, row_at(dst, dstStep, y), dstStep,
-                         rows_from(y), factor);
+            rows.inverse([=](int c, int r) { return line(c, columns_.position[y + r]); }, row_at(dst, dstStep, y),
+                         dstStep, rows_from(y), factor);
         }
     }
     void inverse_wide_rows(float* dst, int dstStep, float factor) const
