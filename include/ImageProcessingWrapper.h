@@ -1500,9 +1500,11 @@ public:
     //
     // The source point (x, y) lands on (xFactor x + xShift, yFactor y + yShift). Points and rectangles are
     // relative to the first pixels of the images, to which src and dst point; pixel k covers [k, k + 1). The
-    // pixel X of dstRoi comes from s = (X + 1/2 - shift) / factor; where s lies outside srcRoi, the pixel is
-    // left as it was. Nothing outside srcRoi is read: taps beyond it take its edge pixels. Of srcRoi, the part in
-    // the source counts, of dstRoi the part without negative coordinates.
+    // pixel X of dstRoi comes from s = (X + 1/2 - shift) / factor. Where s lies outside srcRoi, the pixel is left
+    // as it was, also if the image covers a part of it: of images side by side, one alone writes each pixel. With
+    // smooth edges (below) the image writes every pixel that it covers at all. Nothing outside srcRoi is read:
+    // taps beyond it take its edge pixels. Of srcRoi, the part in the source counts, of dstRoi the part without
+    // negative coordinates.
     //
     // Interpolation, with t = s - 1/2, the position among pixel centres:
     //     1   nearest neighbour: pixel floor(s)
@@ -1520,8 +1522,8 @@ public:
     // 0x7FC00000 (nearest: moved as it is).
     //
     // One of three flags may be added: 0x80000000 smooths the edges, 0x40000000 and 0x20000000 have no effect.
-    // Smooth edges: a pixel that the image of srcRoi covers only in part (less than 1023/1024 per axis) becomes
-    // old + (new - old) part.
+    // Smooth edges: a pixel that the image of srcRoi covers only in part (from 1/1024 to 1023/1024 per axis)
+    // becomes old + (new - old) part; where its centre lies outside, s is the nearest edge of srcRoi.
     //
     // ResizeGetBufSize checks: null pointer, a width or height below 1, channels other than 1, 3 and 4, an
     // unknown interpolation or two flags at once, 2^31 bytes or more. The size does for every factor and shift.
@@ -1586,8 +1588,10 @@ public:
     //
     // Rounding of floats. Lowpass and Hipass: the sum of each row, from left to right, is formed in double
     // and rounded to single; these are added from top to bottom in double, and the result is rounded
-    // once. Laplace 5x5: of each row the sums src(x-2) + src(x+2) and src(x-1) + src(x+1) are rounded to
-    // single; everything else is in double, rounded once. SobelCross: every difference and sum is
+    // once. Laplace 5x5: of each row the sum weighted with the kernel's row is formed in double from
+    // o = src(x-2) + src(x+2), i = 3 * (src(x-1) + src(x+1)) and c = src(x), and rounded to single:
+    // (-o - i) - 4c, 6c - 3o or (20c - 4o) + 2i; these are added from top to bottom in double, and the result is
+    // rounded once. A row's sum beyond the range of floats is infinite. SobelCross: every difference and sum is
     // rounded to single; 3x3 takes d(r, x) = src(x-1, r) - src(x+1, r) of the rows, then d(y+1) - d(y-1); 5x5
     // takes (src(y+2) - src(y-2)) + 2 * (src(y+1) - src(y-1)) of the columns, then the same of these from
     // x-2, x-1, x+1, x+2 with the sign turned. A result that is not a number has all bits set.

@@ -1,5 +1,6 @@
 // Vector arithmetic.
 #include "SignalProcessingWrapper.h"
+#include "facade/in_memory.h"
 #include "facade/signal/in_place_vector.h"
 #include "signal/float_vectors.h"
 #include "signal/integer_vectors.h"
@@ -48,8 +49,9 @@ static bool always(Status) { return true; }
         }));                                                                                     \
     }
 #define WITH_VALUE(operation, T, result)                                                         \
-    return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) {     \
-        return orv_##operation(copy, value, place, n);                                           \
+    const T& kept = in_memory(value);                                                            \
+    return result(in_place_vector(srcDst, len, [=, &kept](const T* copy, T* place, Length n) {   \
+        return orv_##operation(copy, kept, place, n);                                            \
     }));
 #define WITH_VALUE_SCALED(operation, T, result)                                                  \
     return result(in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) {     \

@@ -22,55 +22,30 @@ struct Hipass : Box<Radius, 1> {
     }
 };
 
-// The rows of the kernel are -p, 3q, 2p + 6q, 3q and -p, where p = 1 3 4 3 1 and q = -1 0 2 0 -1. What
-// is rounded to single precision of each source row are the two sums of pixels at equal distance from
-// the centre; everything else is in double.
+// Three kinds of rows, so three weighted sums of each source row: those of the top and the bottom, of the rows next
+// to the centre's, and of its own. They are whole sums: where pixels at equal distance outgrow single precision,
+// their weighted sum with the rest may not. The factor of 3 rounds, so it is not fused with an addition.
 struct Laplace5x5 {
     static constexpr int kRadius = 2;
     static constexpr int kApart = 1;
-    static constexpr int kSums = 2;  // p and 3q
+    static constexpr int kSums = 3;
     static constexpr bool kUsesCentre = false;
 
-    static ORV_INLINE float* outer_sums(const FilterRow& row) { return reinterpret_cast<float*>(row.scratch); }
-    static ORV_INLINE float* inner_sums(const FilterRow& row) { return outer_sums(row) + RowSums<Laplace5x5>::kStride; }
-
-    template <class F>
-    static ORV_INLINE F outer_of(const float* s) { return floats<F>::load(s - 2) + floats<F>::load(s + 2); }
-    template <class F>
-    static ORV_INLINE F inner_of(const float* s) { return floats<F>::load(s - 1) + floats<F>::load(s + 1); }
-
-    // From memory, floats are widened more cheaply than from registers.
-    static ORV_INLINE void prepare(const FilterRow& given, std::ptrdiff_t columns)
+    template <class D>
+    ORV_INLINE void sum_row(const float* s, D (&sums)[3]) const
     {
-        const FilterRow row = given;
-        along_row_of_floats(columns, [=](std::ptrdiff_t i, auto lanes) {
-            store_floats(outer_sums(row) + i, outer_of<decltype(lanes)>(row.source + i));
-            store_floats(inner_sums(row) + i, inner_of<decltype(lanes)>(row.source + i));
-        });
+        const D centre = doubles<D>::widen(s);
+        const D outer = doubles<D>::widen(s - 2) + doubles<D>::widen(s + 2);
+        const D inner = times(doubles<D>::widen(s - 1) + doubles<D>::widen(s + 1), 3.0);
+        const D own = exact_product_plus(inner, 2.0, exact_product_plus(centre, 20.0, times(outer, -4.0)));
+        sums[0] = to_single(exact_product_plus(centre, -4.0, times(outer, -1.0) - inner));  // -1 -3 -4 -3 -1
+        sums[1] = to_single(exact_product_plus(centre, 6.0, times(outer, -3.0)));           // -3  0  6  0 -3
+        sums[2] = to_single(own);                                                           // -4  6 20  6 -4
     }
     template <class D>
-    ORV_INLINE void sum_row(const FilterRow& row, std::ptrdiff_t i, D (&sums)[2]) const
+    ORV_INLINE D result(const D (&sums)[5][3], const float*) const
     {
-        sum(doubles<D>::widen(outer_sums(row) + i), doubles<D>::widen(inner_sums(row) + i), doubles<D>::widen(row.source + i), sums);
-    }
-#if ORV_HAVE_VECTORS
-    ORV_INLINE void sum_row(const FilterRow& row, std::ptrdiff_t i, WholeFloats (&sums)[2]) const
-    {
-        const float* const s = row.source + i;
-        sum(WholeFloats{outer_of<Floats>(s)}, WholeFloats{inner_of<Floats>(s)}, doubles<WholeFloats>::widen(s), sums);
-    }
-#endif
-    template <class D>
-    static ORV_INLINE void sum(D outer, D inner, D centre, D (&sums)[2])
-    {
-        sums[0] = exact_product_plus(centre, 4.0, exact_product_plus(inner, 3.0, outer));
-        sums[1] = exact_product_plus(centre, 6.0, times(outer, -3.0));
-    }
-    template <class D>
-    ORV_INLINE D result(const D (&sums)[5][2], const float*) const
-    {
-        const D above = sums[1][1] - sums[0][0];
-        return exact_product_plus(sums[2][0] + sums[2][1], 2.0, above) + sums[3][1] - sums[4][0];
+        return sums[0][0] + sums[1][1] + sums[2][2] + sums[3][1] + sums[4][0];
     }
 };
 

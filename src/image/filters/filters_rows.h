@@ -19,19 +19,13 @@ inline namespace ORV_LEVEL {
 //     static constexpr int kApart           how many elements neighbours are from each other: the channels
 //     static constexpr int kSums            how many sums it forms of each row, per column
 //     static constexpr bool kUsesCentre     whether results need the source pixel once more
-//     void prepare(const FilterRow& row, std::ptrdiff_t columns)     fills the row's scratch; for doubles only
-//     template <class D> void sum_row(const FilterRow& row, std::ptrdiff_t i, D (&sums)[kSums])
-//         those of the columns from i on
+//     template <class D> void sum_row(const float* s, D (&sums)[kSums])
+//         those of the columns from s on
 //     template <class D> D result(const D (&sums)[2 * kRadius + 1][kSums], const float* centre)
 //         from the sums of all rows, the top one first
 
 constexpr int kFloatStrip = 256;
 using FloatStrips = Strips<kFloatStrip>;
-
-struct FilterRow {
-    const float* source;  // of the first column
-    double* scratch;      // RowSums::kStride of them
-};
 
 // compute(i, lanes) for i from 0 to n - 1, with a value of type Many for as many columns as that has
 // lanes, some of them perhaps twice, or with one of type One.
@@ -77,11 +71,9 @@ template <class Filter>
 struct RowSums {
     static constexpr int kRows = 2 * Filter::kRadius + 1;
     static constexpr int kStride = kFloatStrip + 16;  // elements from a column's sum to its next one
-    static constexpr int kBytes = (kRows * Filter::kSums + 1) * kStride * static_cast<int>(sizeof(double));
+    static constexpr int kBytes = kRows * Filter::kSums * kStride * static_cast<int>(sizeof(double));
 
     void* memory;
-
-    ORV_INLINE double* scratch() const { return static_cast<double*>(memory) + kRows * Filter::kSums * kStride; }
 
     template <class Element>
     ORV_INLINE Element* row(int y) const
@@ -95,8 +87,6 @@ template <class Numbers, bool writes, class Filter>
 void add_row(Filter filter, const RowSums<Filter>& memory, int y, std::ptrdiff_t columns, const float* source,
              const float* centre, float* dst)
 {
-    const FilterRow row = {source, memory.scratch()};
-    if (sizeof(typename Numbers::Element) == sizeof(double)) filter.prepare(row, columns);
     using Element = typename Numbers::Element;
     constexpr int count = RowSums<Filter>::kRows, stride = RowSums<Filter>::kStride, sums_of_row = Filter::kSums;
     Element* const own = memory.template row<Element>(y);
@@ -105,7 +95,7 @@ void add_row(Filter filter, const RowSums<Filter>& memory, int y, std::ptrdiff_t
     Numbers::along(columns, [=](std::ptrdiff_t i, auto lanes) __attribute__((always_inline)) {
         using D = decltype(lanes);
         D sums[count][sums_of_row];
-        filter.sum_row(row, i, sums[count - 1]);
+        filter.sum_row(source + i, sums[count - 1]);
         unrolled<sums_of_row>([&](int k) __attribute__((always_inline)) { store(own + stride * k + i, sums[count - 1][k]); });
         if (!writes) return;
         unrolled<count - 1>([&](int j) __attribute__((always_inline)) {
@@ -198,11 +188,10 @@ struct Box {
     static constexpr int kApart = Channels;
     static constexpr int kSums = 1;
 
-    static ORV_INLINE void prepare(const FilterRow&, std::ptrdiff_t) {}
     template <class D>
-    ORV_INLINE void sum_row(const FilterRow& row, std::ptrdiff_t i, D (&sums)[1]) const
+    ORV_INLINE void sum_row(const float* centre, D (&sums)[1]) const
     {
-        const float* const s = row.source + i - Radius * Channels;
+        const float* const s = centre - Radius * Channels;
         D sum = doubles<D>::widen(s);
         unrolled<2 * Radius>([&](int k) __attribute__((always_inline)) { sum = sum + doubles<D>::widen(s + (k + 1) * Channels); });
         sums[0] = to_single(sum);

@@ -23,7 +23,7 @@ template <int Channels>
 class HalveBytes {
 public:
     static constexpr int kSource = Channels == 3 ? 12 : 16;  // bytes used of each 128-bit half
-    static constexpr int kPixels = Channels == 3 ? 4 : 4;    // of the destination, per step
+    static constexpr int kPixels = 4;                        // of the destination, per step
     static constexpr int kReads = Channels == 3 ? 28 : 32;   // bytes read from each row per step
 
     ORV_INLINE void step(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* dst) const

@@ -146,13 +146,14 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
     Taps y(*call.parts, call.code, source_height, rows);
     x.fill(call.x, call.code);
     y.fill(call.y, call.code);
-    if (x.halves(call.x.count()) && y.halves(call.y.count())) {
-        for (int row = 0; row < call.y.count(); ++row) {
-            const T* const from = row_at(call.src, call.srcStep, y.first[row]) + std::ptrdiff_t{x.first[0]} * Channels;
-            halve_row<Channels>(from, row_at(from, call.srcStep, 1), row_at(call.dst, call.dstStep, row), call.x.count());
-        }
-        return;
+    // The image of an odd number of rows ends with one that is no mean of two.
+    const int halved_rows = x.halved(call.x.count()) == call.x.count() ? y.halved(call.y.count()) : 0;
+    int row = 0;
+    for (; row < halved_rows; ++row) {
+        const T* const from = row_at(call.src, call.srcStep, y.first[row]) + std::ptrdiff_t{x.first[0]} * Channels;
+        halve_row<Channels>(from, row_at(from, call.srcStep, 1), row_at(call.dst, call.dstStep, row), call.x.count());
     }
+    if (row == call.y.count()) return;
     double* const sums = call.parts->template take<double>(room_for_sums(source_width, Channels));
     // For bytes in float: a row before it is rounded, and the weights.
     [[maybe_unused]] float* const pixels = call.parts->template take<float>(std::int64_t{columns} * Channels + kSpareSums);
@@ -162,7 +163,6 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
     __builtin_memset(sums, 0, static_cast<std::size_t>(room_for_sums(source_width, Channels)) * sizeof(double));
     ManyTaps<T, Channels> taps = {call.src, call.srcStep, x, y, sums, call.x.count()};
     taps.find_extent(call.y.count());
-    int row = 0;
 #if ORV_HAVE_INT256
     if constexpr (Channels == 1) {
         const std::ptrdiff_t stride = std::ptrdiff_t{source_width} + kSpareSums;
@@ -212,20 +212,23 @@ void run(const Call<T>& call)
 }
 
 template <class T, int Channels>
-Status resample(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep, Rectangle dstRoi, double xFactor,
-                double yFactor, double xShift, double yShift, int interpolation, void* buffer)
+Status resample(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep, Rectangle dstRoi,
+                const double& xFactor, const double& yFactor, const double& xShift, const double& yShift,
+                int interpolation, void* buffer)
 {
     if (any_null(src, dst) || any_null(buffer)) return StatusNullPointer;
     if (is_empty(srcSize) || is_empty_rectangle(srcRoi) || is_empty_rectangle(dstRoi)) return StatusBadSize;
+    // Comparisons, too: the host may trap NaNs or take denormal factors for zero.
+    const FloatControl control;
     if (!(xFactor > 0) || !(yFactor > 0)) return StatusBadFactor;
     if (!is_known(interpolation)) return StatusBadInterpolation;
     const Rectangle source = clipped(srcRoi, srcSize.width, srcSize.height);
     const Rectangle destination = clipped(dstRoi, INT32_MAX, INT32_MAX);
     if (is_empty_rectangle(source) || is_empty_rectangle(destination)) return StatusBadSize;
 
-    const FloatControl control;
-    SquareAxis x = {xFactor, xShift, source.x, source.x + source.width - 1, 0, 0};
-    SquareAxis y = {yFactor, yShift, source.y, source.y + source.height - 1, 0, 0};
+    const bool smooth = smooths(interpolation);
+    SquareAxis x = {xFactor, xShift, source.x, source.x + source.width - 1, smooth, 0, 0};
+    SquareAxis y = {yFactor, yShift, source.y, source.y + source.height - 1, smooth, 0, 0};
     x.find(destination.x, std::int64_t{destination.x} + destination.width - 1);
     y.find(destination.y, std::int64_t{destination.y} + destination.height - 1);
     if (x.count() == 0 || y.count() == 0) return StatusOk;  // the image lies elsewhere
@@ -233,7 +236,7 @@ Status resample(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* ds
     Parts parts(buffer);
     T* const first = row_at(dst, dstStep, y.begin) + std::ptrdiff_t{x.begin} * Channels;
     Call<T> call = {src, srcStep, first, dstStep, x, y, without_flags(interpolation), &parts};
-    if (!smooths(interpolation)) {
+    if (!smooth) {
         run<T, Channels>(call);
         return StatusOk;
     }
@@ -265,7 +268,8 @@ Status ResizeGetBufSize(Rectangle srcRoi, Rectangle dstRoi, int channels, int in
 
 #define RESAMPLE(name, T, channels)                                                                               \
     Status name(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep, Rectangle dstRoi, \
-                double xFactor, double yFactor, double xShift, double yShift, int interpolation, void* buffer)    \
+                const double& xFactor, const double& yFactor, const double& xShift, const double& yShift,         \
+                int interpolation, void* buffer)                                                                  \
     {                                                                                                             \
         return resample<T, channels>(src, srcSize, srcStep, srcRoi, dst, dstStep, dstRoi, xFactor, yFactor,       \
                                      xShift, yShift, interpolation, buffer);                                      \
@@ -278,7 +282,8 @@ RESAMPLE(ResizeSqrPixel_32f_C1, float, 1)
 
 // The window of the source that is seen is centred on the source's centre, moved by the pan. Its width alone
 // makes the factor, of both axes, and it does so in float: hosts compute with the same numbers.
-Status ZoomMapping(Size source, int dstWidth, float zoom, int panX, int panY, bool smooth, SquareMapping* mapping)
+Status ZoomMapping(Size source, int dstWidth, const float& zoom, int panX, int panY, bool smooth,
+                   SquareMapping* mapping)
 {
     if (any_null(mapping)) return StatusNullPointer;
     const FloatControl control;

@@ -32,11 +32,15 @@ struct SquareMapping {
 
 using ResampleBufferSize = Status(Rectangle srcRoi, Rectangle dstRoi, int channels, int interpolation, int* size);
 
-using Zoom = Status(Size source, int dstWidth, float zoom, int panX, int panY, bool smooth, SquareMapping* mapping);
+// Floating-point arguments come by reference: on the x87, copies would pass through its registers under the host's
+// control word.
+using Zoom = Status(Size source, int dstWidth, const float& zoom, int panX, int panY, bool smooth,
+                    SquareMapping* mapping);
 
 template <class T>
 using Resample = Status(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep, Rectangle dstRoi,
-                        double xFactor, double yFactor, double xShift, double yShift, int interpolation, void* buffer);
+                        const double& xFactor, const double& yFactor, const double& xShift, const double& yShift,
+                        int interpolation, void* buffer);
 
 #define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
 #include "image/resize/resample.inc"

@@ -206,11 +206,11 @@ Status ResizeGetBufferSize(const void* plan, Size destination, int channels, int
 
 // The middle of the destination less the centre, cut off toward zero. What no int can hold lies outside
 // every destination, as do the offsets of NaNs.
-Status ResizeCenterOffset(Size destination, double centerX, double centerY, int* offsetX, int* offsetY)
+Status ResizeCenterOffset(Size destination, const double& centerX, const double& centerY, int* offsetX, int* offsetY)
 {
     if (any_null(offsetX, offsetY)) return StatusNullPointer;
     const FloatControl control;
-    const auto offset = [](int length, double center) {
+    const auto offset = [](int length, const double& center) {
         if (!(center > -2147483648.0 && center < 2147483648.0)) return -1;
         const std::int64_t distance = std::int64_t{length / 2} - static_cast<int>(center);
         return distance < 0 || distance > INT32_MAX ? -1 : static_cast<int>(distance);

@@ -42,7 +42,8 @@ using PlanSize = Status(Size source, Size destination, int interpolation, int an
 using PlanInit = Status(Size source, Size destination, void* plan);
 using PlanInitCubic = Status(Size source, Size destination, float B, float C, void* plan, void* initBuffer);
 using PlanBufferSize = Status(const void* plan, Size destination, int channels, int* size);
-using CenterOffset = Status(Size destination, double centerX, double centerY, int* offsetX, int* offsetY);
+// By reference: on the x87, copies would pass through its registers under the host's control word.
+using CenterOffset = Status(Size destination, const double& centerX, const double& centerY, int* offsetX, int* offsetY);
 
 // Apply steps: the destination's columns from x0 and rows from y0 on, to the place where dst points.
 template <class T>

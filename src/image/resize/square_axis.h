@@ -2,7 +2,9 @@
 // weights their taps count.
 //
 // The destination position X covers [X, X + 1); its centre comes from (X + 1/2 - shift) / factor in a source
-// whose pixel k covers [k, k + 1). A position belongs to the image when its centre comes from the rectangle.
+// whose pixel k covers [k, k + 1). A position belongs to the image when its centre comes from the rectangle. Where
+// edges are smoothed, it does so, too, when the image covers a part of it; the sample is then that of the rectangle's
+// edge.
 #pragma once
 
 #include <cstdint>
@@ -42,14 +44,27 @@ ORV_INLINE double lanczos(double x)
 struct SquareAxis {
     double factor, shift;
     int low, high;   // the source pixels of the rectangle
+    bool smooth;     // whether edges are smoothed
     int begin, end;  // the destination positions that come from there
 
     ORV_INLINE double source_of(double position) const { return rounded(rounded(position - shift) / factor); }
-    ORV_INLINE double centre(int position) const { return source_of(position + 0.5); }
+    ORV_INLINE double centre(int position) const
+    {
+        const double s = source_of(position + 0.5);
+        return s < low ? low : s > high + 1.0 ? high + 1.0 : s;
+    }
+    ORV_INLINE int pixel(int position) const
+    {
+        const int k = static_cast<int>(centre(position));
+        return k < high ? k : high;
+    }
     ORV_INLINE bool covers(int position) const
     {
-        const double s = centre(position);
-        return s >= low && s < high + 1.0;
+        const double s = source_of(position + 0.5);
+        if (s >= low && s < high + 1.0) return true;
+        if (!smooth) return false;
+        const double part = coverage(position);
+        return part >= kLeastPart && part < 1;
     }
 
     // Finds begin and end among the positions from `first` to `last`. They ascend in the source, so those that are
@@ -64,11 +79,13 @@ struct SquareAxis {
 
     ORV_INLINE int count() const { return end - begin; }
 
-    // How much of a position lies within the image of the rectangle. The float factor of a zoom does not place
-    // edges finer than this.
+    // The float factor of a zoom does not place edges finer than this.
+    static constexpr double kLeastPart = 1.0 / 1024;
+
+    // How much of a position lies within the image of the rectangle.
     ORV_INLINE double coverage(int position) const
     {
-        constexpr double whole = 1 - 1.0 / 1024;
+        constexpr double whole = 1 - kLeastPart;
         const double left = low * factor + shift, right = (high + 1.0) * factor + shift;
         const double from = left > position ? left : position;
         const double to = right < position + 1.0 ? right : position + 1.0;
@@ -78,7 +95,7 @@ struct SquareAxis {
 
     ORV_INLINE void nearest(int* index) const
     {
-        for (int x = begin; x < end; ++x) *index++ = static_cast<int>(centre(x));
+        for (int x = begin; x < end; ++x) *index++ = pixel(x);
     }
 
     ORV_INLINE void cubic(const CubicFamily& family, int* index, float* weights) const
@@ -173,7 +190,7 @@ struct Taps {
             const int position = x - axis.begin;
             start[position] = at;
             if (!(length > 0)) {
-                first[position] = static_cast<int>(axis.centre(x));
+                first[position] = axis.pixel(x);
                 weights[at++] = 1;
                 continue;
             }
@@ -189,13 +206,16 @@ struct Taps {
         start[axis.count()] = at;
     }
 
-    // Whether each of the positions is the mean of two pixels of its own.
-    ORV_INLINE bool halves(int positions) const
+    // How many positions, from the first one on, are the mean of two pixels of their own.
+    ORV_INLINE int halved(int positions) const
     {
-        for (int x = 0; x < positions; ++x) {
-            if (start[x] != 2 * x || first[x] != first[0] + 2 * x || weights[2 * x] != 0.5 || weights[2 * x + 1] != 0.5) return false;
-        }
-        return start[positions] == 2 * positions;
+        const auto is_half = [this](int x) {
+            const bool has_two = start[x + 1] == 2 * x + 2 && first[x] == first[0] + 2 * x;
+            return has_two && weights[2 * x] == 0.5 && weights[2 * x + 1] == 0.5;
+        };
+        int count = 0;
+        while (count < positions && is_half(count)) ++count;
+        return count;
     }
 
     ORV_INLINE void fill(const SquareAxis& axis, int interpolation)

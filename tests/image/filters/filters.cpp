@@ -69,18 +69,16 @@ template <int r> float hipass(const Source<float>& s, int x, int y)
 }
 float laplace5(const Source<float>& s, int x, int y)
 {
-    const double kernel[3][3] = {{-1, -3, -4}, {-3, 0, 6}, {-4, 6, 20}};  // outer, inner, centre
-    double p[5], q3[5];
+    double total = 0;
     for (int j = -2; j <= 2; ++j) {
-        const double outer = single_sum(s(x - 2, y + j), s(x + 2, y + j));
-        const double inner = single_sum(s(x - 1, y + j), s(x + 1, y + j));
-        const double centre = s(x, y + j);
-        p[j + 2] = plus(plus(outer, times(-kernel[0][1], inner)), times(-kernel[0][2], centre));
-        q3[j + 2] = plus(times(kernel[1][2], centre), times(kernel[1][0], outer));
+        const double outer = plus(s(x - 2, y + j), s(x + 2, y + j)), centre = s(x, y + j);
+        const double inner = times(3, plus(s(x - 1, y + j), s(x + 1, y + j)));
+        const double row = j == 0         ? plus(plus(times(20, centre), times(-4, outer)), times(2, inner))
+                           : j * j == 1 ? plus(times(6, centre), times(-3, outer))
+                                        : plus(plus(-outer, -inner), times(-4, centre));
+        total = j == -2 ? single(row) : plus(total, single(row));
     }
-    double sum = plus(q3[1], -p[0]);
-    sum = plus(sum, times(2, plus(p[2], q3[2])));
-    return single(plus(plus(sum, q3[3]), -p[4]));
+    return single(total);
 }
 float cross3(const Source<float>& s, int x, int y)
 {
@@ -343,6 +341,23 @@ TEST(Filters, Kernels)
             for (std::size_t i = 0; i < dst.size(); ++i) {
                 ASSERT_EQ(dst[i], kernels[k][i / static_cast<std::size_t>(c)]) << f.name << " " << i;
             }
+        });
+    }
+}
+
+// Where pixels outgrow single precision together, but not with their weights.
+TEST(Filters, LaplaceNextToOverflow)
+{
+    const float row[5] = {2.5e38f, 0, 1e38f, 0, 2.5e38f};
+    for (const int width : {1, 9}) {
+        const int stride = width + 4;
+        std::vector<float> src(static_cast<std::size_t>(5 * stride));
+        float* const middle = src.data() + 2 * stride;
+        for (int i = 0; i < stride; ++i) middle[i] = row[i % 5];
+        at_every_level([&] {
+            std::vector<float> dst(static_cast<std::size_t>(width), 7.f);
+            ASSERT_TRUE(W::FilterLaplace5x5_32f_C1R(middle + 2, stride * 4, dst.data(), width * 4, width, 1));
+            EXPECT_NEAR(dst[0] / 1e38f, 0, 1e-5f);
         });
     }
 }

@@ -7,6 +7,7 @@
 #include "image/resize/resample.h"
 #include "support/allocations.h"
 #include "support/guarded_block.h"
+#include "support/host_control.h"
 #include "support/image.h"
 #include "support/levels.h"
 
@@ -63,17 +64,22 @@ Real kernel(int code, Real d)
 struct Axis {
     double factor, shift;
     int low, high;
+    bool smooth;
     double source(double at) const
     {
         volatile double d = at - shift;
         d = d / factor;
         return d;
     }
-    bool covers(int x) const { return source(x + 0.5) >= low && source(x + 0.5) < high + 1.0; }
+    bool covers(int x) const
+    {
+        const Real part = coverage(x);
+        return (source(x + 0.5) >= low && source(x + 0.5) < high + 1.0) || (smooth && part >= 1 / 1024.0L && part < 1);
+    }
     std::vector<std::pair<int, Real>> taps(int code, int x) const
     {
-        const double s = source(x + 0.5);
-        if (code == 1) return {{static_cast<int>(std::floor(s)), 1}};
+        const double s = std::min(std::max<double>(source(x + 0.5), low), high + 1.0);
+        if (code == 1) return {{std::min(static_cast<int>(std::floor(s)), high), 1}};
         std::vector<std::pair<int, Real>> all;
         if (code == 8) {
             const Real left = std::max<Real>(source(x), low), right = std::min<Real>(source(x + 1), high + 1);
@@ -187,7 +193,9 @@ void check_interpolation(int code, int channels, std::mt19937& g)
         if (first.empty()) first = dst.bytes();
         else ASSERT_EQ(dst.bytes(), first);
     });
-    const Axis ax = {r.xFactor, r.xShift, r.from.x, r.from.x + r.from.width - 1}, ay = {r.yFactor, r.yShift, r.from.y, r.from.y + r.from.height - 1};
+    const bool smooth = (r.interpolation & kSmooth) != 0;
+    const Axis ax = {r.xFactor, r.xShift, r.from.x, r.from.x + r.from.width - 1, smooth};
+    const Axis ay = {r.yFactor, r.yShift, r.from.y, r.from.y + r.from.height - 1, smooth};
     for (int y = 0; y < dst.height(); ++y) {
         for (int x = 0; x < r.to.x + r.to.width; ++x) {
             const bool written = x >= r.to.x && y >= r.to.y && ax.covers(x) && ay.covers(y);
@@ -203,7 +211,7 @@ void check_interpolation(int code, int channels, std::mt19937& g)
                 for (const auto& ty : ay.taps(code, y)) {
                     for (const auto& tx : ax.taps(code, x)) sum += ty.second * tx.second * value_at<T>(src, tx.first - r.from.x, ty.first - r.from.y, channels, c);
                 }
-                const Real part = (r.interpolation & kSmooth) != 0 ? ax.coverage(x) * ay.coverage(y) : 1;
+                const Real part = smooth ? ax.coverage(x) * ay.coverage(y) : 1;
                 if (part < 1) {
                     // The new value is rounded before it is mixed.
                     const Real old_value = static_cast<Real>(was);
@@ -230,6 +238,25 @@ TEST(Resample, EveryInterpolationFollowsItsDefinition)
             check_interpolation<u16>(code, 1, g);
             check_interpolation<float>(code, 1, g);
             if (testing::Test::HasFatalFailure()) return;
+        }
+    }
+}
+
+// Two columns at a factor of 1.2 end at 2.4: the third pixel is covered by 0.4, its centre is not.
+TEST(Resample, EdgesOfPixelsCoveredInPart)
+{
+    const std::vector<u16> src(4, 1000);
+    std::vector<u8> work(1 << 16);
+    for (const int code : {1, 2, 5, 7, 8, 16}) {
+        for (const bool smooth : {false, true}) {
+            at_every_level([&] {
+                std::vector<u16> dst(16, 0);
+                ASSERT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 2, 2, 4, 0, 0, 2, 2, dst.data(), 8, 0, 0, 4, 4, 1.2, 1.2,
+                                                      0, 0, smooth ? code | kSmooth : code, work.data()));
+                const u16 full = 1000, part = smooth ? 400 : 0, corner = smooth ? 160 : 0;
+                EXPECT_EQ(dst, (std::vector<u16>{full, full, part, 0, full, full, part, 0, part, part, corner, 0, 0, 0, 0, 0}))
+                    << code;
+            });
         }
     }
 }
@@ -287,6 +314,60 @@ TEST(Resample, AnyDoubleIsSafe)
         });
         if (testing::Test::HasFatalFailure()) return;
     }
+}
+
+// What the host does to NaNs, denormal numbers and roundings is not what the library does. The arguments are
+// literals, so that no code of the test computes with them.
+TEST(Resample, HostsFloatControl)
+{
+    static std::vector<u16> src(64), dst(64);
+    static std::vector<u8> work(1 << 16);
+    std::mt19937 g = make_generator("control");
+    for (u16& v : src) v = static_cast<u16>(g());
+    static const auto s = reinterpret_cast<const u8*>(src.data());
+    static const auto d = reinterpret_cast<u8*>(dst.data());
+#define RESAMPLED(...)                                                                                           \
+    [] {                                                                                                         \
+        return W::ResizeSqrPixel_16u_C1R(src.data(), 8, 8, 16, 0, 0, 8, 8, dst.data(), 16, 0, 0, 8, 8, __VA_ARGS__, \
+                                         work.data());                                                           \
+    }
+#define ZOOMED(zoom, smooth) [] { return W::Resize_8u_C4(s, 16, 4, 8, d, 16, 4, 8, zoom, 1, 0, smooth); }
+    const struct {
+        const char* name;
+        bool (*call)();
+        bool expected;
+    } calls[] = {
+        {"factor not a number", RESAMPLED(__builtin_nan(""), 1.0, 0.0, 0.0, 1), false},
+        {"signalling factor", RESAMPLED(1.0, __builtin_nans(""), 0.0, 0.0, 2), false},
+        {"denormal factor", RESAMPLED(5e-324, 1.0, 0.0, 0.0, 8), true},
+        {"denormal shifts", RESAMPLED(1.0, 1.0, 5e-324, -5e-324, 2), true},
+        {"signalling shift", RESAMPLED(1.0, 1.0, __builtin_nans(""), 0.0, 2), true},
+        {"smooth edges", RESAMPLED(0.7, 0.7, 0.3, 0.1, kSmooth | 8), true},
+        {"lanczos", RESAMPLED(0.7, 1.3, 0.3, 0.1, 16), true},
+        {"zoom not a number", ZOOMED(__builtin_nanf(""), true), true},
+        {"signalling zoom", ZOOMED(__builtin_nansf(""), false), true},
+        {"denormal zoom", ZOOMED(1e-45f, true), true},
+        {"zoom", ZOOMED(1.7f, true), true},
+    };
+#undef RESAMPLED
+#undef ZOOMED
+    at_every_level([&] {
+        for (const auto& c : calls) {
+            dst.assign(64, 77);
+            ASSERT_EQ(c.call(), c.expected) << c.name;
+            const std::vector<u16> usual = dst;
+            for (const FloatEnvironment& e : kFloatEnvironments) {
+                dst.assign(64, 77);
+                bool done = false;
+                {
+                    const HostFloats host(e);
+                    done = c.call();
+                }
+                ASSERT_EQ(done, c.expected) << c.name << ", " << e.name;
+                ASSERT_EQ(dst, usual) << c.name << ", " << e.name;
+            }
+        }
+    });
 }
 
 TEST(Resample, BufferSizeChecksComeInOrder)

@@ -13,6 +13,7 @@
 #include "image/resize/resize_plan.h"
 #include "support/allocations.h"
 #include "support/guarded_block.h"
+#include "support/host_control.h"
 #include "support/image.h"
 #include "support/levels.h"
 
@@ -305,6 +306,48 @@ TEST(Resize, RefusalsWriteNothing)
         };
         for (const auto& call : calls) EXPECT_FALSE(call.result) << call.what;
         EXPECT_THAT(dst, testing::Each(9));
+    });
+}
+
+// Centres that trap, or change, as soon as the host's environment meets them. Literals: no code of the test computes.
+TEST(Resize, HostsFloatControl)
+{
+    static std::vector<u16> src(64), dst(64);
+    std::mt19937 g = make_generator("control");
+    for (u16& v : src) v = static_cast<u16>(g());
+#define CENTRED(name, x, y) [] { return W::name(src.data(), 8, 8, 16, dst.data(), 16, 8, 8, 1.0, 1.0, x, y); }
+    static const auto s = reinterpret_cast<const u8*>(src.data());
+    static const auto d = reinterpret_cast<u8*>(dst.data());
+#define CENTRED_BYTES(name, x, y) [] { return W::name(s, 4, 4, 16, d, 16, 4, 4, 1.0, 1.0, x, y); }
+    const struct {
+        const char* name;
+        bool (*call)();
+        bool expected;
+    } calls[] = {
+        {"denormal, linear", CENTRED(ResizeCenterNN_16u_C1R, 5e-324, -1e-310), true},
+        {"denormal, cubic", CENTRED(ResizeCenterCubic_16u_C1R, 5e-324, 3.9999999999999996), true},
+        {"denormal, nearest", CENTRED_BYTES(ResizeCenterNN_8u_C4R, 5e-324, 1.5), true},
+        {"signalling", CENTRED_BYTES(ResizeCenterCubic_8u_C4R, __builtin_nans(""), 2.0), false},
+        {"not a number", CENTRED_BYTES(ResizeCenterNN_8u_C3R, 2.0, __builtin_nan("")), false},
+    };
+#undef CENTRED
+#undef CENTRED_BYTES
+    at_every_level([&] {
+        for (const auto& c : calls) {
+            dst.assign(64, 77);
+            ASSERT_EQ(c.call(), c.expected) << c.name;
+            const std::vector<u16> usual = dst;
+            for (const FloatEnvironment& e : kFloatEnvironments) {
+                dst.assign(64, 77);
+                bool done = false;
+                {
+                    const HostFloats host(e);
+                    done = c.call();
+                }
+                ASSERT_EQ(done, c.expected) << c.name << ", " << e.name;
+                ASSERT_EQ(dst, usual) << c.name << ", " << e.name;
+            }
+        }
     });
 }
 

@@ -2,6 +2,7 @@
 #include "image/arithmetic/float_arithmetic.h"
 
 #include "ImageProcessingWrapper.h"
+#include "facade/in_memory.h"
 #include "facade/in_place.h"
 #include "image/arithmetic/complex_arithmetic.h"
 
@@ -165,8 +166,9 @@ bool ImageProcessingWrapper::AddProduct_16u32f_C1I(const unsigned short* src1, i
     bool ImageProcessingWrapper::name(Complex32f value, Complex32f* srcDst, int srcDstStep, int width, \
                                       int height)                                                      \
     {                                                                                                  \
-        in_place(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {                         \
-            return orv_##operation(tile.src, tile.srcStep, value, tile.dst, tile.dstStep, tile.size);  \
+        const Complex32f& kept = in_memory(value);                                                     \
+        in_place(srcDst, srcDstStep, width, height, 1, [=, &kept](const auto& tile) {                  \
+            return orv_##operation(tile.src, tile.srcStep, kept, tile.dst, tile.dstStep, tile.size);   \
         });                                                                                            \
         return true;                                                                                   \
     }

@@ -49,10 +49,11 @@ Status with_plan(int interpolation, Size source, Size destination, int channels,
     return apply(blocks.plan, blocks.work);
 }
 
-// Zoom and pan. What goes wrong is nobody's business: these methods are always true, which hosts rely on.
+// Zoom and pan. No status comes out: these methods are always true, which hosts rely on. `zoom` stays in memory: on the
+// x87 even a copy of a float may trap in a host that has unmasked exceptions.
 template <class T, class Operation>
 void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size source, T* dst, int dstStep, Size destination,
-                  int channels, float zoom, int panX, int panY, bool smooth)
+                  int channels, const float& zoom, int panX, int panY, bool smooth)
 {
     SquareMapping mapping;
     orv_ZoomMapping(source, destination.width, zoom, panX, panY, smooth, &mapping);
