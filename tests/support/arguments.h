@@ -51,6 +51,7 @@ template <class A> struct kind_of {
     static constexpr Element scalar = std::is_enum<A>::value ? e_s32 : element<A>;
     static constexpr Kind kind = {scalar == e_none ? Kind::special : Kind::value, scalar};
 };
+template <class T> struct kind_of<const T&> : kind_of<T> {};
 template <class T> struct kind_of<T*> {
     static constexpr Kind kind = {element<T> == e_none ? Kind::special : Kind::target, element<T>};
 };
@@ -68,9 +69,13 @@ struct Slot {
     template <class A>
     A get() const
     {
-        A value;
-        std::memcpy(&value, bytes, sizeof(value));
-        return value;
+        if constexpr (std::is_reference<A>::value) {
+            return *reinterpret_cast<const std::decay_t<A>*>(bytes);
+        } else {
+            A value;
+            std::memcpy(&value, bytes, sizeof(value));
+            return value;
+        }
     }
 };
 
