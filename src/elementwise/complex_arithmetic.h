@@ -89,7 +89,7 @@ ORV_INLINE Doubles multiplied_by_conjugate(Doubles re, Doubles im, Doubles x)
 
 ORV_INLINE simd::widest<float> to_floats(Complexes x)
 {
-    return simd::to_float(simd::pair<simd::vec<double, simd::double_widest>>{{x.lo}, {x.hi}});
+    return simd::to_float(simd::twice<simd::widest<double>>{{x.lo}, {x.hi}});
 }
 #endif
 

@@ -110,9 +110,7 @@ struct FloatSum {
     {
         return with_nans<F>(b, a, [](F left, F right) { return left + right; });
     }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V many(V a, V b) { return simd::add_ordered(b, a); }
-#endif
 };
 
 template <class F>
@@ -122,9 +120,7 @@ struct FloatDifference {
     {
         return with_nans<F>(b, a, [](F left, F right) { return left - right; });
     }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V many(V a, V b) { return b - a; }
-#endif
 };
 
 template <class F>
@@ -134,9 +130,7 @@ struct FloatProduct {
     {
         return with_nans<F>(b, a, [](F left, F right) { return product_of(left, right); });
     }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V many(V a, V b) { return simd::mul_ordered(b, a); }
-#endif
 };
 
 // Over a zero of either sign: infinity with the sign of the dividend, and the NaN for 0 and for a NaN.
@@ -157,20 +151,18 @@ struct FloatQuotient {
         }
         return with_nans<F>(b, a, [](F dividend, F divisor) { return quotient_of(dividend, divisor); });
     }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b)
     {
         const V none = simd::zero<V>();
-        const V no_divisor = simd::equal(a, none);
+        const simd::mask_of<V> no_divisor = simd::equal(a, none);
         if (__builtin_expect(!simd::any(no_divisor), true)) return b / a;
         zeros = true;
         const V sign = simd::splat<V>(-F{0}), infinity = simd::splat<V>(value_of<F>(Bits<F>::kInfinity));
         const V nan = simd::splat<V>(value_of<F>(Bits<F>::kNan));
-        const V has_sign = simd::greater(b, none) | simd::greater(none, b);
+        const simd::mask_of<V> has_sign = simd::greater(b, none) | simd::greater(none, b);
         const V special = simd::select(has_sign, (b & sign) | infinity, nan);
         return simd::select(no_divisor, special, b / simd::select(no_divisor, simd::splat<V>(1), a));
     }
-#endif
 };
 
 // Division by a constant is multiplication by its reciprocal, formed in double and rounded once: results
@@ -191,9 +183,7 @@ template <class F>
 struct WithoutSign {
     static constexpr bool kTwoAtATime = true;
     static Word<F> one(Word<F> a) { return a & ~Bits<F>::kSign; }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V many(V a) { return simd::and_not(simd::splat<V>(-F{0}), a); }
-#endif
 };
 
 // The root of what is not below 0, -0 included; the NaN for the rest and for NaNs.
@@ -211,16 +201,14 @@ struct SquareRoot {
     }
     static ORV_INLINE float root(float x) { return __builtin_sqrtf(x); }
     static ORV_INLINE double root(double x) { return __builtin_sqrt(x); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a)
     {
         const V roots = simd::sqrt(a);
-        const V no_root = simd::unordered(roots, roots);
+        const simd::mask_of<V> no_root = simd::unordered(roots, roots);
         if (__builtin_expect(!simd::any(no_root), true)) return roots;
         negatives = true;
         return simd::select(no_root, simd::splat<V>(value_of<F>(Bits<F>::kNan)), roots);
     }
-#endif
 };
 
 // The larger and the smaller of two, bits unchanged. Where neither is larger (equal values, zeros of either
@@ -231,9 +219,7 @@ struct Larger {
     {
         return value_of<float>(a) > value_of<float>(b) ? a : b;
     }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V many(V a, V b) { return simd::max(a, b); }
-#endif
 };
 struct Smaller {
     static constexpr bool kTwoAtATime = true;
@@ -241,9 +227,7 @@ struct Smaller {
     {
         return value_of<float>(a) < value_of<float>(b) ? a : b;
     }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V many(V a, V b) { return simd::min(a, b); }
-#endif
 };
 
 }  // namespace ORV_LEVEL

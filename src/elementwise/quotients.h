@@ -53,7 +53,6 @@ inline std::uint16_t quotient_fixed_point(std::uint16_t divisor, std::uint16_t d
     return static_cast<std::uint16_t>(rounded > 65535 ? 65535 : rounded);
 }
 
-#if ORV_HAVE_VECTORS
 // Quotients of magnitudes in 16-bit lanes: whole part and rest exactly, everything after that in
 // integers.
 //
@@ -63,32 +62,32 @@ inline std::uint16_t quotient_fixed_point(std::uint16_t divisor, std::uint16_t d
 template <class V>
 struct Division {
     using Ints = decltype(simd::widen(V{}).lo);
-    using F = simd::floats_of<simd::vec<std::int32_t, typename V::reg>>;
+    using F = simd::floats_of<V>;
 
     V divisor;  // nowhere 0
-    simd::pair<F> reciprocal;
+    simd::twice<F> reciprocal;
     V whole;
     V rest;
 
-    static ORV_INLINE simd::pair<F> floats(V v)
+    static ORV_INLINE simd::twice<F> floats(V v)
     {
         const auto w = simd::widen(v);
         return {simd::to_float(simd::as<std::int32_t>(w.lo)), simd::to_float(simd::as<std::int32_t>(w.hi))};
     }
 
     // The whole part of n divided by the divisor, n below 2^19.
-    ORV_INLINE V whole_part(simd::pair<F> n) const
+    ORV_INLINE V whole_part(simd::twice<F> n) const
     {
         const F half = simd::splat<F>(0.5f);
         const auto lo = simd::truncate((n.lo + half) * reciprocal.lo);
         const auto hi = simd::truncate((n.hi + half) * reciprocal.hi);
-        return simd::narrow(simd::pair<Ints>{simd::as<std::uint32_t>(lo), simd::as<std::uint32_t>(hi)});
+        return simd::narrow(simd::twice<Ints>{simd::as<std::uint32_t>(lo), simd::as<std::uint32_t>(hi)});
     }
 
     ORV_INLINE Division(V dividend, V by) : divisor(by)
     {
         // One division serves two vectors: 1 / (b0 b1), times b1 and times b0.
-        const simd::pair<F> b = floats(divisor);
+        const simd::twice<F> b = floats(divisor);
         const F both = simd::splat<F>(1.f) / (b.lo * b.hi);
         reciprocal = {both * b.hi, both * b.lo};
         whole = whole_part(floats(dividend));
@@ -100,10 +99,10 @@ struct Division {
     ORV_INLINE void continue_by(int bits)
     {
         const F factor = simd::splat<F>(static_cast<float>(1 << bits));
-        const simd::pair<F> r = floats(rest);
+        const simd::twice<F> r = floats(rest);
         const V digits = whole_part({r.lo * factor, r.hi * factor});
         const simd::count by(bits);
-        const V fits = simd::equal(simd::sub_saturate(whole, simd::splat<V>(static_cast<std::uint16_t>(65535 >> bits))), simd::zero<V>());
+        const simd::mask_of<V> fits = simd::equal(simd::sub_saturate(whole, simd::splat<V>(static_cast<std::uint16_t>(65535 >> bits))), simd::zero<V>());
         rest = (rest << by) - simd::mul_low(digits, divisor);
         whole = simd::select(fits, (whole << by) + digits, simd::splat<V>(65535));
     }
@@ -146,11 +145,11 @@ template <class V>
 ORV_INLINE auto raw_quotients(V divisor, V dividend, float factor)
 {
     const auto a = simd::widen(divisor), b = simd::widen(dividend);
-    using F = simd::floats_of<simd::vec<std::int32_t, typename V::reg>>;
+    using F = simd::floats_of<V>;
     const F a0 = simd::to_float(simd::as<std::int32_t>(a.lo)), a1 = simd::to_float(simd::as<std::int32_t>(a.hi));
     const F b0 = simd::to_float(simd::as<std::int32_t>(b.lo)), b1 = simd::to_float(simd::as<std::int32_t>(b.hi));
     const F both = simd::splat<F>(factor) / (a0 * a1);
-    return simd::pair<F>{b0 * (both * a1), b1 * (both * a0)};
+    return simd::twice<F>{b0 * (both * a1), b1 * (both * a0)};
 }
 
 // 32-bit results as 16-bit lanes of the type of V, saturating.
@@ -172,9 +171,9 @@ ORV_INLINE V nearest_quotients(V divisor, V dividend, float factor)
 }
 
 // Bytes: up to 65535 in 16-bit lanes before they are narrowed, so quotients scaled up need a bound.
-template <bool up, class R>
-ORV_INLINE simd::vec<std::uint8_t, R> nearest_quotients_of_bytes(simd::vec<std::uint8_t, R> divisor,
-                                                                 simd::vec<std::uint8_t, R> dividend, float factor)
+template <bool up, int N>
+ORV_INLINE simd::vec<std::uint8_t, N> nearest_quotients_of_bytes(simd::vec<std::uint8_t, N> divisor,
+                                                                 simd::vec<std::uint8_t, N> dividend, float factor)
 {
     const auto a = simd::widen(divisor), b = simd::widen(dividend);
     auto q = a;
@@ -190,25 +189,26 @@ ORV_INLINE simd::vec<std::uint8_t, R> nearest_quotients_of_bytes(simd::vec<std::
 
 // The same where every divisor is another: with the products of neighbours formed in integers, exactly, a
 // quotient is 1 / (a0 a1) times (b0 a1), and half of the conversions are saved.
-template <bool up, class R>
-ORV_INLINE simd::vec<std::uint8_t, R> quotients_of_bytes(simd::vec<std::uint8_t, R> divisor,
-                                                         simd::vec<std::uint8_t, R> dividend, float factor)
+template <bool up, int N>
+ORV_INLINE simd::vec<std::uint8_t, N> quotients_of_bytes(simd::vec<std::uint8_t, N> divisor,
+                                                         simd::vec<std::uint8_t, N> dividend, float factor)
 {
-    using Words = simd::vec<std::uint16_t, R>;
-    using Ints = simd::vec<std::int32_t, R>;
+    using V = simd::vec<std::uint8_t, N>;
+    using Words = simd::recast<std::uint16_t, V>;
+    using Ints = simd::recast<std::int32_t, V>;
     using F = simd::floats_of<Ints>;
     const auto floats = [](Words v) {
         const auto w = simd::widen(v);
-        return simd::pair<F>{simd::to_float(simd::as<std::int32_t>(w.lo)), simd::to_float(simd::as<std::int32_t>(w.hi))};
+        return simd::twice<F>{simd::to_float(simd::as<std::int32_t>(w.lo)), simd::to_float(simd::as<std::int32_t>(w.hi))};
     };
     const Words low = simd::splat<Words>(255);
     const Words a = simd::as<std::uint16_t>(divisor), b = simd::as<std::uint16_t>(dividend);
     const Words a0 = a & low, a1 = simd::upper(a);
-    const simd::pair<F> products = floats(simd::mul_low(a0, a1));
-    const simd::pair<F> both = {simd::splat<F>(factor) / products.lo, simd::splat<F>(factor) / products.hi};
+    const simd::twice<F> products = floats(simd::mul_low(a0, a1));
+    const simd::twice<F> both = {simd::splat<F>(factor) / products.lo, simd::splat<F>(factor) / products.hi};
     const auto quotients = [&](Words numerator) {
-        const simd::pair<F> n = floats(numerator);
-        const simd::pair<Ints> q = {nearest_integer(n.lo * both.lo), nearest_integer(n.hi * both.hi)};
+        const simd::twice<F> n = floats(numerator);
+        const simd::twice<Ints> q = {nearest_integer(n.lo * both.lo), nearest_integer(n.hi * both.hi)};
         const Words w = simd::as<std::uint16_t>(simd::narrow(q));
         return up ? simd::min(w, low) : w;
     };
@@ -220,12 +220,13 @@ ORV_INLINE simd::vec<std::uint8_t, R> quotients_of_bytes(simd::vec<std::uint8_t,
 // than for everything around it; its work is begun first, since the rest can run beside it.
 //
 // Signed: products of neighbours again, by the instruction that multiplies and adds pairs.
-template <class R>
-ORV_INLINE simd::pair<simd::vec<std::int16_t, R>> quotients_of_two(const simd::vec<std::int16_t, R> (&a)[2],
-                                                                   const simd::vec<std::int16_t, R> (&b)[2], float factor)
+template <int N>
+ORV_INLINE simd::twice<simd::vec<std::int16_t, N>> quotients_of_two(const simd::vec<std::int16_t, N> (&a)[2],
+                                                                   const simd::vec<std::int16_t, N> (&b)[2], float factor)
 {
-    using Words = simd::vec<std::int16_t, R>;
-    using Ints = simd::vec<std::int32_t, R>;
+    using V = simd::vec<std::int16_t, N>;
+    using Words = V;
+    using Ints = simd::recast<std::int32_t, V>;
     using F = simd::floats_of<Ints>;
     // The odd lanes in the even ones, with 0 above them: (x0 x1) (y1 0) makes x0 y1.
     const auto odd = [](Words v) { return simd::as<std::int16_t>(simd::upper(simd::as<std::uint32_t>(v))); };
@@ -236,19 +237,20 @@ ORV_INLINE simd::pair<simd::vec<std::int16_t, R>> quotients_of_two(const simd::v
     const auto quotients = [](Words n, Words by, F both) {
         return nearest_integer(simd::to_float(simd::sum_of_products(n, by)) * both);
     };
-    const simd::pair<Ints> even = {quotients(b[0], a1_first, both_first), quotients(b[1], a1_second, both_second)};
-    const simd::pair<Ints> uneven = {quotients(a[0], odd(b[0]), both_first), quotients(a[1], odd(b[1]), both_second)};
-    const simd::pair<Ints> mixed = simd::interleave(simd::narrow(even), simd::narrow(uneven));
+    const simd::twice<Ints> even = {quotients(b[0], a1_first, both_first), quotients(b[1], a1_second, both_second)};
+    const simd::twice<Ints> uneven = {quotients(a[0], odd(b[0]), both_first), quotients(a[1], odd(b[1]), both_second)};
+    const simd::twice<Ints> mixed = simd::interleave(simd::narrow(even), simd::narrow(uneven));
     return {simd::as<std::int16_t>(mixed.lo), simd::as<std::int16_t>(mixed.hi)};
 }
 
 // Unsigned: one vector as above, the other by two divisions, which need no correction; so the divider and the
 // multipliers have the same amount of work. `scaled` says whether there is a scale factor.
-template <bool scaled, class R>
-ORV_INLINE simd::pair<simd::vec<std::uint16_t, R>> quotients_of_two(const simd::vec<std::uint16_t, R> (&a)[2],
-                                                                    const simd::vec<std::uint16_t, R> (&b)[2], float factor)
+template <bool scaled, int N>
+ORV_INLINE simd::twice<simd::vec<std::uint16_t, N>> quotients_of_two(const simd::vec<std::uint16_t, N> (&a)[2],
+                                                                    const simd::vec<std::uint16_t, N> (&b)[2], float factor)
 {
-    using Ints = simd::vec<std::int32_t, R>;
+    using V = simd::vec<std::uint16_t, N>;
+    using Ints = simd::recast<std::int32_t, V>;
     using F = simd::floats_of<Ints>;
     const auto floats = [](auto v) { return simd::to_float(simd::as<std::int32_t>(v)); };
     const auto second = simd::widen(b[1]), by = simd::widen(a[1]);
@@ -259,7 +261,6 @@ ORV_INLINE simd::pair<simd::vec<std::uint16_t, R>> quotients_of_two(const simd::
         t0 = t0 * power;
         t1 = t1 * power;
     }
-    using V = simd::vec<std::uint16_t, R>;
     return {nearest_quotients(a[0], b[0], factor), narrow_to<V>(simd::round_to_int(t0), simd::round_to_int(t1))};
 }
 
@@ -347,7 +348,6 @@ struct QuotientSteps {
         return shifted - (and_not(not_above, simd::splat<V>(65535)) | up_at_half | up_below);
     }
 };
-#endif
 
 // Whether a loop sees one divisor again and again (per channel), or every element has its own.
 enum class Divisors { constant, varying };
@@ -367,7 +367,6 @@ struct QuotientOfScalars {
         if constexpr (rounding == Rounding::fixed_point) return quotient_fixed_point(a, b, scaleFactor);
         return quotient_half_even(a, b, scaleFactor);
     }
-#if ORV_HAVE_VECTORS
     // q, computed with 1 in place of no divisor, with the fixed values there.
     template <class V> ORV_INLINE V with_zeros(V no_divisor, V b, V q)
     {
@@ -376,10 +375,8 @@ struct QuotientOfScalars {
         if constexpr (is_signed<T>) by_zero = by_zero ^ (b >> simd::count(15));
         return simd::select(no_divisor, and_not(simd::equal(b, simd::zero<V>()), by_zero), q);
     }
-#endif
 };
 
-#if ORV_HAVE_VECTORS
 // Lanes without a divisor divide by 1: hosts may have the exception for zero unmasked.
 //
 // Bytes, at any scale factor. Zeros are common in them, so they are not branched for.
@@ -414,9 +411,9 @@ struct QuotientOfWords : QuotientOfScalars<T, rounding> {
         return this->with_zeros(no_divisor, b, q);
     }
 
-    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2])
+    template <class V> ORV_INLINE simd::twice<V> many(const V (&a)[2], const V (&b)[2])
     {
-        using Unsigned = simd::vec<std::uint16_t, typename V::reg>;
+        using Unsigned = simd::recast<std::uint16_t, V>;
         const Unsigned a0 = simd::as<std::uint16_t>(a[0]), a1 = simd::as<std::uint16_t>(a[1]);
         Unsigned special = simd::equal(simd::min(a0, a1), simd::zero<Unsigned>());
         if constexpr (rounding == Rounding::fixed_point) special = special | near_tie(a[0], b[0]) | near_tie(a[1], b[1]);
@@ -443,7 +440,7 @@ struct QuotientInSteps : QuotientOfScalars<T, rounding> {
         const V no_divisor = simd::equal(a, simd::zero<V>());
         V q;
         if constexpr (is_signed<T>) {
-            using Magnitude = simd::vec<std::uint16_t, typename V::reg>;
+            using Magnitude = simd::recast<std::uint16_t, V>;
             const V sign = (a ^ b) >> simd::count(15);
             const auto magnitude = [](V v) { return simd::as<std::uint16_t>(simd::magnitude(v)); };
             const Magnitude m = steps.rounded(Division<Magnitude>(magnitude(b), magnitude(a - no_divisor)));
@@ -474,7 +471,7 @@ struct QuotientInFixedPoint : QuotientInSteps<std::uint16_t, Rounding::fixed_poi
         return narrow_to<V>(q0, q1);
     }
 
-    template <class F, class Ints> static ORV_INLINE F near_tie(F t, Ints q)
+    template <class F, class Ints> static ORV_INLINE simd::mask_of<F> near_tie(F t, Ints q)
     {
         const F away = t - simd::to_float(q);
         const F distance = simd::from_bits(simd::bits(away) & simd::splat<Ints>(0x7FFFFFFF));
@@ -482,7 +479,6 @@ struct QuotientInFixedPoint : QuotientInSteps<std::uint16_t, Rounding::fixed_poi
         return simd::greater(distance, nearly_half) & simd::greater(half, distance);
     }
 };
-#endif
 
 template <class T, Rounding rounding, Divisors divisors = Divisors::varying, class Loop>
 ORV_INLINE Status with_quotient(int scaleFactor, Loop loop)

@@ -28,7 +28,6 @@ constexpr bool two_at_a_time = false;
 template <class Op>
 constexpr bool two_at_a_time<Op, decltype(void(Op::kTwoAtATime))> = true;
 
-#if ORV_HAVE_VECTORS
 template <class V, class Compute, class T>
 ORV_INLINE void row_of_vectors(T* dst, std::ptrdiff_t n, Compute compute)
 {
@@ -62,15 +61,12 @@ ORV_INLINE void short_row(T* dst, std::ptrdiff_t n, Compute compute)
         }
     }
 }
-#endif
 
 // An operation with its operands exchanged: value - src, value / src.
 template <class Op>
 struct Reversed : Op {
     template <class T> ORV_INLINE T one(T a, T b) { return Op::one(b, a); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) { return Op::many(b, a); }
-#endif
 };
 
 // What a loop computes at a position, for one and for two sources.
@@ -85,13 +81,11 @@ struct FromOne : Pace<Op> {
     const T* a;
     Op* op;
     ORV_INLINE T one(std::ptrdiff_t i) const { return op->one(get(a + i)); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V at(std::ptrdiff_t i) const { return op->many(simd::load<V>(a + i)); }
     template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const
     {
         return op->many(simd::load_ends<V, Bytes>(a, n));
     }
-#endif
 };
 
 template <class T, class Op>
@@ -101,7 +95,6 @@ struct FromTwo : Pace<Op> {
     const T* b;
     Op* op;
     ORV_INLINE T one(std::ptrdiff_t i) const { return op->one(get(a + i), get(b + i)); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V at(std::ptrdiff_t i) const
     {
         return op->many(simd::load<V>(a + i), simd::load<V>(b + i));
@@ -110,7 +103,6 @@ struct FromTwo : Pace<Op> {
     {
         return op->many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n));
     }
-#endif
 };
 
 template <class T, class Compute>
@@ -201,7 +193,7 @@ ORV_INLINE __m128i repeat(const T* values, int channels)
 {
     __m128i pixel = _mm_setzero_si128();
     if constexpr (sizeof(T) <= 2) {
-        if (channels == 1) return simd::splat<simd::vec<T, simd::int128>>(values[0]).v;
+        if (channels == 1) return simd::splat<simd::half<T>>(values[0]).v;
         std::memcpy(&pixel, values, 4 * sizeof(T));
         return sizeof(T) == 1 ? _mm_shuffle_epi32(pixel, 0) : _mm_unpacklo_epi64(pixel, pixel);
     } else if constexpr (sizeof(T) == 4) {
@@ -247,7 +239,6 @@ ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
 }
 #endif
 
-#if ORV_HAVE_VECTORS
 // A long row with the pattern in registers. Period is 1 or 3 vectors.
 template <int Period, class T, class Op>
 ORV_INLINE void pattern_row(const Pattern<T>& pattern, const T* src, T* dst, std::ptrdiff_t n, Op& op)
@@ -274,7 +265,6 @@ ORV_INLINE void pattern_row(const Pattern<T>& pattern, const T* src, T* dst, std
     }
     simd::store(dst + n - V::N, last);
 }
-#endif
 
 // dst = op(constant of the channel, src). There are 1 to 4 channels.
 template <class T, class Op>

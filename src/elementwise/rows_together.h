@@ -1,6 +1,6 @@
 // Rows and planes of operations on two sources that gain from seeing two vectors at once. They have, besides
 // one() and many() as in rows.h,
-//     template <class V> simd::pair<V> many(const V (&a)[2], const V (&b)[2])
+//     template <class V> simd::twice<V> many(const V (&a)[2], const V (&b)[2])
 // and say so by a member kTogether. All others take the ordinary way.
 #pragma once
 
@@ -14,16 +14,6 @@ constexpr bool takes_two_together = false;
 template <class Op>
 constexpr bool takes_two_together<Op, decltype(void(Op::kTogether))> = true;
 
-#if ORV_HAVE_VECTORS
-// A load that the compiler does not repeat for every use of what it loads.
-template <class V, class T>
-ORV_INLINE V load_once(const T* p)
-{
-    V v = simd::load<V>(p);
-    __asm__("" : "+x"(v.v));
-    return v;
-}
-
 // n >= V::N; the last vector comes first, as everywhere.
 template <class V, class T, class Op>
 ORV_INLINE void row_together(const T* a, const T* b, T* dst, std::ptrdiff_t n, Op& op)
@@ -31,16 +21,15 @@ ORV_INLINE void row_together(const T* a, const T* b, T* dst, std::ptrdiff_t n, O
     const V last = op.many(simd::load<V>(a + n - V::N), simd::load<V>(b + n - V::N));
     std::ptrdiff_t i = 0;
     for (; i < n - 2 * V::N; i += 2 * V::N) {
-        const V left[2] = {load_once<V>(a + i), load_once<V>(a + i + V::N)};
-        const V right[2] = {load_once<V>(b + i), load_once<V>(b + i + V::N)};
-        const simd::pair<V> both = op.many(left, right);
+        const V left[2] = {simd::in_register(simd::load<V>(a + i)), simd::in_register(simd::load<V>(a + i + V::N))};
+        const V right[2] = {simd::in_register(simd::load<V>(b + i)), simd::in_register(simd::load<V>(b + i + V::N))};
+        const simd::twice<V> both = op.many(left, right);
         simd::store(dst + i, both.lo);
         simd::store(dst + i + V::N, both.hi);
     }
     if (i < n - V::N) simd::store(dst + i, op.many(simd::load<V>(a + i), simd::load<V>(b + i)));
     simd::store(dst + n - V::N, last);
 }
-#endif
 
 template <class T, class Op>
 inline void plane_together(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,

@@ -29,7 +29,6 @@ template <class T> using wider_t = typename wider<T>::type;
 template <class T>
 constexpr bool is_signed = std::numeric_limits<T>::is_signed;
 
-#if ORV_HAVE_VECTORS
 // Half of a + b for unsigned lanes, ties to even. The average rounds up, so an odd sum must not have left an
 // odd half.
 template <class V>
@@ -40,13 +39,11 @@ ORV_INLINE V half_of_sum(V a, V b)
     const V up = simd::average(a, b);
     return up - (up & (a ^ b) & simd::splat<V>(1));
 }
-#endif
 
 template <class T>
 struct Sum {
     static constexpr int kBits = sizeof(T) == 1 ? 9 : 17;
     static std::int64_t exact(T a, T b) { return std::int64_t{b} + a; }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE auto wide(V a, V b)
     {
         auto wa = simd::widen(a);
@@ -66,7 +63,6 @@ struct Sum {
         }
     }
     template <class D> static ORV_INLINE D in_double(D a, D b) { return b + a; }
-#endif
 };
 
 template <class T>
@@ -74,7 +70,6 @@ struct Difference {
     static constexpr int kBits = sizeof(T) == 1 ? 8 : is_signed<T> ? 17 : 16;
     // A negative difference of unsigned pixels is 0 before it is scaled.
     static std::int64_t exact(T a, T b) { return is_signed<T> || b > a ? std::int64_t{b} - a : 0; }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE auto wide(V a, V b)
     {
         if constexpr (is_signed<T>) {
@@ -102,14 +97,12 @@ struct Difference {
         }
     }
     template <class D> static ORV_INLINE D in_double(D a, D b) { return b - a; }
-#endif
 };
 
 template <class T>
 struct Product {
     static constexpr int kBits = sizeof(T) == 1 ? 16 : is_signed<T> ? 31 : 32;
     static std::int64_t exact(T a, T b) { return std::int64_t{b} * a; }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE auto wide(V a, V b)
     {
         if constexpr (sizeof(T) == 1) {
@@ -133,30 +126,25 @@ struct Product {
         } else if constexpr (is_signed<T>) {
             return simd::narrow(wide(a, b));
         } else {
-            const V fits = simd::equal(simd::mul_high(a, b), simd::zero<V>());
+            const V fits = simd::ones_where<V>(simd::equal(simd::mul_high(a, b), simd::zero<V>()));
             return simd::mul_low(a, b) | (fits ^ simd::splat<V>(0xFFFF));
         }
     }
     template <class D> static ORV_INLINE D in_double(D a, D b) { return b * a; }
-#endif
 };
 
 // An operation at scale factor 0, and one with a step of the scaling rule.
 template <class T, class Kind>
 struct Saturated {
     T one(T a, T b) const { return saturate<T>(Kind::exact(a, b)); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const { return Kind::saturated(a, b); }
-#endif
 };
 
 // The same at scale factor 1.
 template <class T, class Kind>
 struct Halved {
     T one(T a, T b) const { return scale<T>(Kind::exact(a, b), 1); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const { return Kind::halved(a, b); }
-#endif
 };
 template <class Kind> constexpr bool can_halve = true;
 template <class T> constexpr bool can_halve<Product<T>> = false;
@@ -166,7 +154,6 @@ struct Scaled {
     int scaleFactor;
     Step step;
     T one(T a, T b) const { return scale<T>(Kind::exact(a, b), scaleFactor); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         auto wide = Kind::wide(a, b);
@@ -174,16 +161,13 @@ struct Scaled {
         wide.hi = step(wide.hi);
         return simd::narrow(wide);
     }
-#endif
 };
 
 // Every result is 0.
 template <class T>
 struct Nothing {
     T one(T, T) const { return 0; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V, V) const { return simd::zero<V>(); }
-#endif
 };
 
 // Runs `loop` with the cheapest form of the operation that is exact for the scale factor.

@@ -38,20 +38,19 @@ ORV_INLINE T scale(std::int64_t exact, int scaleFactor)
     return static_cast<T>(exact * (std::int64_t{1} << up));
 }
 
-#if ORV_HAVE_VECTORS
 // The steps on lanes W twice as wide as the pixels T. Each leaves values that narrow() may saturate.
 
 // scaleFactor > 0 where r + 2^(scaleFactor-1) cannot overflow the lane.
 template <class T, class W>
 struct ScaleDown {
     int bits;
-    template <class R>
-    ORV_INLINE simd::vec<W, R> operator()(simd::vec<W, R> r) const
+    template <int N>
+    ORV_INLINE simd::vec<W, N> operator()(simd::vec<W, N> r) const
     {
-        using V = simd::vec<W, R>;
+        using V = simd::vec<W, N>;
         const V below_half = simd::splat<V>(static_cast<W>((std::uint32_t{1} << (bits - 1)) - 1));
         const V lowest_kept = simd::splat<V>(static_cast<W>(std::uint32_t{1} << bits));
-        const V odd = simd::equal(r & lowest_kept, lowest_kept);  // -1 where it is
+        const V odd = simd::ones_where<V>(simd::equal(r & lowest_kept, lowest_kept));  // -1 where it is
         const V sum = r + below_half - odd;
         // A shift by a register takes two operations, the multiplication that does the same one.
         if constexpr (sizeof(W) == 2) return simd::mul_high(sum, simd::splat<V>(static_cast<W>(65536 >> bits)));
@@ -63,10 +62,10 @@ struct ScaleDown {
 template <class T, class W>
 struct ScaleDownCarry {
     int bits;
-    template <class R>
-    ORV_INLINE simd::vec<W, R> operator()(simd::vec<W, R> r) const
+    template <int N>
+    ORV_INLINE simd::vec<W, N> operator()(simd::vec<W, N> r) const
     {
-        using V = simd::vec<W, R>;
+        using V = simd::vec<W, N>;
         const simd::count one_bit(1);
         const V one = simd::splat<V>(1);
         const V odd = (r >> simd::count(bits)) & one;
@@ -80,10 +79,10 @@ struct ScaleDownCarry {
 template <class T, class W>
 struct ScaleUp {
     int bits;  // at most the width of T
-    template <class R>
-    ORV_INLINE simd::vec<W, R> operator()(simd::vec<W, R> r) const
+    template <int N>
+    ORV_INLINE simd::vec<W, N> operator()(simd::vec<W, N> r) const
     {
-        using V = simd::vec<W, R>;
+        using V = simd::vec<W, N>;
         constexpr int high = std::numeric_limits<T>::max();
         constexpr int low = std::numeric_limits<T>::min();
         V clamped = simd::min(r, simd::splat<V>(static_cast<W>((high >> bits) + 1)));
@@ -91,7 +90,6 @@ struct ScaleUp {
         return clamped << simd::count(bits);
     }
 };
-#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace orv

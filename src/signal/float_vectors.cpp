@@ -70,9 +70,7 @@ Status division_by_constant(const F* src, F value, F* dst, Length len)
 
 struct Unchanged {
     template <class T> ORV_INLINE T one(T, T b) const { return b; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V, V b) const { return b; }
-#endif
 };
 
 // --- srcDst + a b, the product and the sum in double, rounded once -----------------------------------
@@ -86,9 +84,8 @@ ORV_INLINE std::uint32_t accumulated(double a, double b, double sum)
     return is_nan_bits<float>(bits) ? Bits<float>::kNan : bits;
 }
 
-#if ORV_HAVE_VECTORS
 using Floats = simd::widest<float>;
-using Doubles = simd::pair<simd::vec<double, simd::double_widest>>;
+using Doubles = simd::twice<simd::widest<double>>;
 
 ORV_INLINE Doubles load_doubles(const float* p)
 {
@@ -102,30 +99,25 @@ ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
     sum.lo = simd::add_exact_product(a.lo, b.lo, sum.lo);
     sum.hi = simd::add_exact_product(a.hi, b.hi, sum.hi);
     const Floats result = simd::to_float(sum);
-    const Floats nan = simd::unordered(result, result);
+    const simd::mask_of<Floats> nan = simd::unordered(result, result);
     if (__builtin_expect(!simd::any(nan), true)) return result;
     return simd::select(nan, simd::splat<Floats>(value_of<float>(Bits<float>::kNan)), result);
 }
-#endif
 
 // The vector or the constant that the other one is multiplied with.
 struct Elements {
     const float* p;
     ORV_INLINE double one(std::ptrdiff_t i) const { return static_cast<double>(get(p + i)); }
-#if ORV_HAVE_VECTORS
     ORV_INLINE Doubles many(std::ptrdiff_t i) const { return load_doubles(p + i); }
-#endif
 };
 struct Everywhere {
     double value;
     ORV_INLINE double one(std::ptrdiff_t) const { return value; }
-#if ORV_HAVE_VECTORS
     ORV_INLINE Doubles many(std::ptrdiff_t) const
     {
-        const auto v = simd::splat<simd::vec<double, simd::double_widest>>(value);
+        const auto v = simd::splat<simd::widest<double>>(value);
         return {v, v};
     }
-#endif
 };
 
 template <class Factor>

@@ -18,7 +18,6 @@ using std::int32_t;
 
 ORV_INLINE int bounded(int value, int low, int high) { return value < low ? low : value > high ? high : value; }
 
-#if ORV_HAVE_VECTORS
 // 2^-scaleFactor; from 2^64 on everything but 0 has left the range, on either side.
 ORV_INLINE double factor_of(int scaleFactor)
 {
@@ -34,13 +33,11 @@ ORV_INLINE D scaled_in_double(D exact, double factor)
 {
     return simd::min(exact * simd::splat<D>(factor), simd::splat<D>(2147483647.0));
 }
-#endif
 
 template <class Kind>
 struct ScaledInDouble {
     int scaleFactor;
     int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), scaleFactor); }
-#if ORV_HAVE_VECTORS
     double factor;
     template <class V> ORV_INLINE V many(V a, V b) const
     {
@@ -50,7 +47,6 @@ struct ScaledInDouble {
         x.hi = scaled_in_double(Kind::in_double(x.hi, y.hi), factor);
         return simd::round_to_int(x);
     }
-#endif
 };
 
 // Saturated without scaling. Overflow is rare: a branch, one for two vectors, leaves it to the longer way.
@@ -65,18 +61,15 @@ ORV_INLINE bool any_sign(__m256i v) { return _mm256_movemask_ps(_mm256_castsi256
 template <class Kind> struct InWords;
 template <>
 struct InWords<Sum<int32_t>> {
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V wrapped(V a, V b) { return a + b; }
     template <class V> static ORV_INLINE V overflow(V a, V b, V sum) { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
     template <class V> static ORV_INLINE V halved(V a, V b) { return (a & b) + ((a ^ b) >> simd::count(1)); }
     // Half a sum is never rounded up from the largest integer.
     template <class V> static ORV_INLINE V unless_largest(V, V up) { return up; }
-#endif
 };
 template <>
 struct InWords<Difference<int32_t>> {
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V wrapped(V a, V b) { return b - a; }
     template <class V> static ORV_INLINE V overflow(V a, V b, V difference) { return simd::greater(difference, b) ^ a; }
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::sub_saturate(b, a); }
@@ -86,28 +79,25 @@ struct InWords<Difference<int32_t>> {
     {
         return simd::and_not(simd::equal(half, simd::splat<V>(INT32_MAX)), up);
     }
-#endif
 };
 template <class Kind>
 struct SaturatedWords {
     using Form = InWords<Kind>;
     static constexpr bool kTogether = true;
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Kind::exact(a, b)); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         const V result = Form::wrapped(a, b);
         if (__builtin_expect(any_sign(Form::overflow(a, b, result).v), false)) return Form::saturated(a, b);
         return result;
     }
-    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2]) const
+    template <class V> ORV_INLINE simd::twice<V> many(const V (&a)[2], const V (&b)[2]) const
     {
         const V first = Form::wrapped(a[0], b[0]), second = Form::wrapped(a[1], b[1]);
         const V any = Form::overflow(a[0], b[0], first) | Form::overflow(a[1], b[1], second);
         if (__builtin_expect(any_sign(any.v), false)) return {Form::saturated(a[0], b[0]), Form::saturated(a[1], b[1])};
         return {first, second};
     }
-#endif
 };
 template <> struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<Sum<int32_t>> {};
 template <> struct Saturated<int32_t, Difference<int32_t>> : SaturatedWords<Difference<int32_t>> {};
@@ -121,7 +111,6 @@ struct ScaledDownWords {
     using Form = InWords<Kind>;
     int scaleFactor;
     int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), scaleFactor); }
-#if ORV_HAVE_VECTORS
     simd::count bits{scaleFactor - 1};
     int32_t digits = static_cast<int32_t>((1u << (scaleFactor - 1)) - 1), nearly_half = digits >> 1;
 
@@ -131,50 +120,46 @@ struct ScaledDownWords {
         const V up = (half & simd::splat<V>(digits)) + simd::splat<V>(nearly_half) + (((a ^ b) | floor) & one);
         return floor + simd::as<int32_t>(simd::as<std::uint32_t>(up) >> bits);
     }
-#endif
 };
 // By one bit, where no digits are left.
 template <class Kind>
 struct HalvedWords {
     using Form = InWords<Kind>;
     int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(Kind::exact(a, b), 1); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         const V half = Form::halved(a, b), up = (a ^ b) & half & simd::splat<V>(1);
         return half + Form::unless_largest(half, up);
     }
-#endif
 };
 
 // Products in 64-bit lanes: saturated, and scaled down.
 struct ProductSaturated {
     static constexpr bool kTogether = true;
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(std::int64_t{a} * b); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const { return simd::narrow(simd::mul_wide(a, b)); }
-    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2]) const
+    template <class V> ORV_INLINE simd::twice<V> many(const V (&a)[2], const V (&b)[2]) const
     {
         return {many(a[0], b[0]), many(a[1], b[1])};
     }
-#endif
 #if ORV_HAVE_INT256
-    using Words = simd::vec<int32_t, simd::int256>;
+    using Words = simd::widest<int32_t>;
+    using Products = simd::products<Words::N>;
     ORV_INLINE Words many(Words a, Words b) const
     {
-        const simd::products256 p = simd::mul_wide(a, b);
+        const Products p = simd::mul_wide(a, b);
         return all_fit(beyond(p)) ? low_halves(p) : simd::narrow(p);
     }
-    ORV_INLINE simd::pair<Words> many(const Words (&a)[2], const Words (&b)[2]) const
+    ORV_INLINE simd::twice<Words> many(const Words (&a)[2], const Words (&b)[2]) const
     {
-        const simd::products256 p = simd::mul_wide(a[0], b[0]), q = simd::mul_wide(a[1], b[1]);
+        const Products p = simd::mul_wide(a[0], b[0]), q = simd::mul_wide(a[1], b[1]);
         if (all_fit(_mm256_or_si256(beyond(p), beyond(q)))) return {low_halves(p), low_halves(q)};
         return {simd::narrow(p), simd::narrow(q)};
     }
 
 private:
     // Not zero in the upper half of a 64-bit lane where a product is not within 32 bits.
-    static ORV_INLINE __m256i beyond(simd::products256 p)
+    static ORV_INLINE __m256i beyond(Products p)
     {
         const __m256i half = _mm256_set1_epi64x(0x80000000);
         return _mm256_or_si256(_mm256_add_epi64(p.even, half), _mm256_add_epi64(p.odd, half));
@@ -183,7 +168,7 @@ private:
     {
         return __builtin_expect(_mm256_testz_si256(v, _mm256_set1_epi64x(static_cast<long long>(0xFFFFFFFF00000000))), 1) != 0;
     }
-    static ORV_INLINE Words low_halves(simd::products256 p)
+    static ORV_INLINE Words low_halves(Products p)
     {
         return {_mm256_blend_epi32(p.even, _mm256_shuffle_epi32(p.odd, 0xA0), 0xAA)};
     }
@@ -192,22 +177,16 @@ private:
 struct ProductScaledDown {
     int scaleFactor;  // 1 to 62
     int32_t one(int32_t a, int32_t b) const { return scale<int32_t>(std::int64_t{a} * b, scaleFactor); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         return simd::narrow(simd::scale_down(simd::mul_wide(a, b), scaleFactor));
     }
-#endif
 };
 
 template <class Kind>
 ORV_INLINE ScaledInDouble<Kind> scaled_in_double_by(int scaleFactor)
 {
-#if ORV_HAVE_VECTORS
     return {scaleFactor, factor_of(scaleFactor)};
-#else
-    return {scaleFactor};
-#endif
 }
 
 // Runs `loop` with a form of the sum or the difference that is exact for the scale factor.
@@ -279,9 +258,7 @@ struct WordQuotient {
 
     int scaleFactor;
     bool zeros = false;  // a divisor was 0
-#if ORV_HAVE_VECTORS
     double factor = factor_of(scaleFactor);
-#endif
 
     explicit WordQuotient(int by) : scaleFactor(by) {}
 
@@ -291,30 +268,29 @@ struct WordQuotient {
         zeros = true;
         return b > 0 ? INT32_MAX : b < 0 ? INT32_MIN : 0;
     }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b)
     {
-        const V no_divisor = simd::equal(a, simd::zero<V>());
-        const V divisor = a - no_divisor;  // 1 where there is none
+        const simd::mask_of<V> no_divisor = simd::equal(a, simd::zero<V>());
+        const V divisor = a - simd::ones_where<V>(no_divisor);  // 1 where there is none
         const V quotient = scaleFactor >= 0 && !simd::any(large(a, b)) ? float_quotient(divisor, b) : double_quotient(divisor, b);
         if (__builtin_expect(!simd::any(no_divisor), true)) return quotient;
         zeros = true;
-        const V zero_dividend = simd::equal(b, simd::zero<V>());
+        const simd::mask_of<V> zero_dividend = simd::equal(b, simd::zero<V>());
         const V bound = (b >> simd::count(31)) ^ simd::splat<V>(INT32_MAX);
         return simd::select(no_divisor, simd::and_not(zero_dividend, bound), quotient);
     }
 
-    template <class V> ORV_INLINE simd::pair<V> many(const V (&a)[2], const V (&b)[2])
+    template <class V> ORV_INLINE simd::twice<V> many(const V (&a)[2], const V (&b)[2])
     {
-        const V no_divisor = simd::equal(a[0], simd::zero<V>()) | simd::equal(a[1], simd::zero<V>());
-        const V special = no_divisor | large(a[0], b[0]) | large(a[1], b[1]);
+        const simd::mask_of<V> no_divisor = simd::equal(a[0], simd::zero<V>()) | simd::equal(a[1], simd::zero<V>());
+        const simd::mask_of<V> special = no_divisor | large(a[0], b[0]) | large(a[1], b[1]);
         if (scaleFactor < 0 || simd::any(special)) return {many(a[0], b[0]), many(a[1], b[1])};
         return {float_quotient(a[0], b[0]), float_quotient(a[1], b[1])};
     }
 
 private:
     // Where floats do not.
-    template <class V> static ORV_INLINE V large(V a, V b)
+    template <class V> static ORV_INLINE simd::mask_of<V> large(V a, V b)
     {
         const V limit = simd::splat<V>(1 << 22);
         const auto above = simd::as<std::uint32_t>((a + limit) | (b + limit)) >> simd::count(23);
@@ -333,7 +309,6 @@ private:
         q.hi = scaled_in_double(q.hi / d.hi, factor);
         return simd::round_to_int(q);
     }
-#endif
 };
 
 }  // namespace ORV_LEVEL

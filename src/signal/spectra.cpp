@@ -53,13 +53,13 @@ ORV_INLINE
 #endif
 F magnitude_in_double(const float* re, const float* im)
 {
-    simd::pair<simd::vec<double, simd::double_widest>> x, y;
+    simd::twice<simd::widest<double>> x, y;
     simd::load_to(x, re);
     simd::load_to(y, im);
     x.lo = simd::sqrt(simd::add_exact_product(x.lo, x.lo, y.lo * y.lo));
     x.hi = simd::sqrt(simd::add_exact_product(x.hi, x.hi, y.hi * y.hi));
     const F result = simd::to_float(x);
-    const F nan = simd::unordered(result, result);
+    const simd::mask_of<F> nan = simd::unordered(result, result);
     if (__builtin_expect(!simd::any(nan), true)) return result;
     return simd::select(nan, simd::splat<F>(value_of<float>(Bits<float>::kNan)), result);
 }

@@ -34,7 +34,7 @@ ORV_INLINE bool any_reaches(One a, One limit) { return a.v >= limit.v; }
 ORV_INLINE void store_lanes(float* p, One a) { put(p, a.v); }
 
 #if ORV_HAVE_VECTORS
-using Four = simd::vec<float, simd::float128>;
+using Four = simd::vec<float, 4>;
 
 ORV_INLINE void store_lanes(float* p, Four a) { simd::store(p, a); }
 ORV_INLINE Four negated(Four a) { return {_mm_xor_ps(a.v, _mm_set1_ps(-0.0f))}; }
@@ -43,7 +43,7 @@ ORV_INLINE Four larger(Four a, Four b) { return simd::max(a, b); }
 ORV_INLINE bool any_reaches(Four a, Four limit) { return simd::any(simd::greater_equal(a, limit)); }
 #endif
 #if ORV_HAVE_FLOAT256
-using Eight = simd::vec<float, simd::float256>;
+using Eight = simd::vec<float, 8>;
 
 ORV_INLINE void store_lanes(float* p, Eight a) { simd::store(p, a); }
 ORV_INLINE Eight negated(Eight a) { return {_mm256_xor_ps(a.v, _mm256_set1_ps(-0.0f))}; }

@@ -21,27 +21,19 @@ using std::uint8_t;
 
 struct And {
     template <class T> ORV_INLINE T one(T a, T b) const { return static_cast<T>(a & b); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const { return a & b; }
-#endif
 };
 struct Or {
     template <class T> ORV_INLINE T one(T a, T b) const { return static_cast<T>(a | b); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const { return a | b; }
-#endif
 };
 struct Xor {
     template <class T> ORV_INLINE T one(T a, T b) const { return static_cast<T>(a ^ b); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const { return a ^ b; }
-#endif
 };
 struct Not {
     ORV_INLINE uint8_t one(uint8_t a) const { return static_cast<uint8_t>(~a); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a) const { return ~a; }
-#endif
 };
 
 // Bits know no pixel type: two images are combined byte by byte.
@@ -82,9 +74,7 @@ struct Left {
     int bits;
     explicit ORV_INLINE Left(unsigned count) : bits(effective<T>(count, 8 * sizeof(T))) {}
     ORV_INLINE T one(T a) const { return static_cast<T>(static_cast<uint64_t>(a) << bits); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a) const { return a << simd::count(bits); }
-#endif
 };
 
 template <class T>
@@ -93,9 +83,7 @@ struct Right {
     int bits;
     explicit ORV_INLINE Right(unsigned count) : bits(effective<T>(count, 8 * static_cast<int>(sizeof(T)) - (kSigned ? 1 : 0))) {}
     ORV_INLINE T one(T a) const { return static_cast<T>(a >> bits); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a) const { return a >> simd::count(bits); }
-#endif
 };
 
 // Bytes are shifted in words; what comes over from the neighbour is cut off.
@@ -104,26 +92,22 @@ struct Left<uint8_t> {
     int bits;
     explicit ORV_INLINE Left(unsigned count) : bits(effective<uint8_t>(count, 8)) {}
     ORV_INLINE uint8_t one(uint8_t a) const { return static_cast<uint8_t>(a << bits); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a) const
     {
         const V kept = simd::splat<V>(static_cast<uint8_t>(255 << bits));
         return simd::as<uint8_t>(simd::as<uint16_t>(a) << simd::count(bits)) & kept;
     }
-#endif
 };
 template <>
 struct Right<uint8_t> {
     int bits;
     explicit ORV_INLINE Right(unsigned count) : bits(effective<uint8_t>(count, 8)) {}
     ORV_INLINE uint8_t one(uint8_t a) const { return static_cast<uint8_t>(a >> bits); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a) const
     {
         const V kept = simd::splat<V>(static_cast<uint8_t>(255 >> bits));
         return simd::as<uint8_t>(simd::as<uint16_t>(a) >> simd::count(bits)) & kept;
     }
-#endif
 };
 
 // Channels with different counts. There is no shift by a vector of bytes or words, so the shifts are
@@ -132,25 +116,22 @@ struct Right<uint8_t> {
 struct LeftByFactor {
     static ORV_INLINE uint8_t factor(unsigned count) { return static_cast<uint8_t>(count > 7 ? 0 : 1 << count); }
     ORV_INLINE uint8_t one(uint8_t k, uint8_t a) const { return static_cast<uint8_t>(a * k); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V k, V a) const
     {
-        using Words = simd::vec<uint16_t, typename V::reg>;
+        using Words = simd::recast<uint16_t, V>;
         const Words low = simd::splat<Words>(0x00FF);
         const Words factors = simd::as<uint16_t>(k), words = simd::as<uint16_t>(a);
         const Words even = mul_low(words, factors & low) & low;
         const Words odd = mul_low(and_not(low, words), factors >> simd::count(8));
         return simd::as<uint8_t>(even | odd);
     }
-#endif
 };
 struct RightByFactor {
     static ORV_INLINE uint8_t factor(unsigned count) { return static_cast<uint8_t>(count > 7 ? 0 : 128 >> count); }
     ORV_INLINE uint8_t one(uint8_t k, uint8_t a) const { return static_cast<uint8_t>(a * k >> 7); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V k, V a) const
     {
-        using Words = simd::vec<uint16_t, typename V::reg>;
+        using Words = simd::recast<uint16_t, V>;
         const simd::count byte(8), bit(1);
         const Words low = simd::splat<Words>(0x00FF);
         const Words factors = simd::as<uint16_t>(k), words = simd::as<uint16_t>(a);
@@ -159,7 +140,6 @@ struct RightByFactor {
         const Words odd = and_not(low, mul_low(words >> byte, (factors >> byte) << bit));
         return simd::as<uint8_t>(even | odd);
     }
-#endif
 };
 
 template <template <class> class Shift, class T>

@@ -22,24 +22,18 @@ using std::uint8_t;
 
 struct Equal {
     template <class T> ORV_INLINE bool one(T a, T b) const { return a == b; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V holds(V a, V b) const { return equal(a, b); }
     template <class V> ORV_INLINE V fails(V a, V b) const { return a ^ b; }
-#endif
 };
 struct GreaterEqual {
     template <class T> ORV_INLINE bool one(T a, T b) const { return a >= b; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V holds(V a, V b) const { return greater_equal(a, b); }
     template <class V> ORV_INLINE V fails(V a, V b) const { return sub_saturate(b, a); }
-#endif
 };
 struct Greater {
     template <class T> ORV_INLINE bool one(T a, T b) const { return a > b; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V holds(V a, V b) const { return greater(a, b); }
     template <class V> ORV_INLINE V fails(V a, V b) const { return greater_equal(b, a); }
-#endif
 };
 
 template <class T, int Channels, class A, class B>
@@ -59,11 +53,9 @@ void compare(int relation, A a, B b, uint8_t* dst, int dstStep, Size roi)
 template <class T> struct Environment { Environment() {} };
 template <> struct Environment<float> { const FloatControl control; };
 
-#if ORV_HAVE_VECTORS
 // What a constant is repeated as.
 template <class T> struct word { using type = T; };
 template <> struct word<float> { using type = std::int32_t; };
-#endif
 
 template <int Channels, class T>
 Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep, Size roi, int relation)

@@ -31,14 +31,12 @@ struct ImageOperand {
         return step == width * Channels * static_cast<int>(sizeof(T));
     }
     ORV_INLINE T one(std::ptrdiff_t pixel, int channel) const { return get(p + pixel * Channels + channel); }
-#if ORV_HAVE_VECTORS
     // The elements from the one with number `element` of a pixel on.
     template <class V> ORV_INLINE V at(std::ptrdiff_t pixel, int element) const
     {
         return simd::load<V>(p + pixel * Channels + element);
     }
     template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const { return simd::load_ends<V, Bytes>(p, n); }
-#endif
 };
 
 template <class T, int Channels>
@@ -48,13 +46,11 @@ struct ConstantOperand {
     ORV_INLINE ConstantOperand row(int) const { return *this; }
     ORV_INLINE bool without_gaps(std::ptrdiff_t) const { return true; }
     ORV_INLINE T one(std::ptrdiff_t, int channel) const { return get(values + channel); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V at(std::ptrdiff_t, int element) const
     {
         return simd::load<V>(values + (Channels == 3 ? element % 3 : 0));
     }
     template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const { return simd::load_ends<V, Bytes>(values, n); }
-#endif
 };
 
 // --- From channels to pixels ----------------------------------------------------------------------
@@ -62,7 +58,7 @@ struct ConstantOperand {
 // Bytes that are 0 where a channel is fine, three or four vectors of them, become a mask of pixels.
 
 #if ORV_HAVE_VECTORS
-using Bytes128 = simd::vec<std::uint8_t, simd::int128>;
+using Bytes128 = simd::half<std::uint8_t>;
 
 // Four groups of three bytes, each at the bottom of a 32-bit lane of its own.
 ORV_INLINE __m128i spread3(__m128i a)
@@ -98,7 +94,7 @@ ORV_INLINE Bytes128 fine_pixels3(Bytes128 f0, Bytes128 f1, Bytes128 f2)
 }
 
 #if ORV_HAVE_INT256
-using Bytes256 = simd::vec<std::uint8_t, simd::int256>;
+using Bytes256 = simd::widest<std::uint8_t>;
 
 ORV_INLINE Bytes256 fine_pixels3(Bytes256 f0, Bytes256 f1, Bytes256 f2)
 {
@@ -118,7 +114,7 @@ ORV_INLINE Bytes256 fine_pixels3(Bytes256 f0, Bytes256 f1, Bytes256 f2)
 template <class V>
 ORV_INLINE V fine_pixels4(V f0, V f1, V f2, V f3)
 {
-    using Pixels = simd::vec<std::int32_t, typename V::reg>;
+    using Pixels = simd::recast<std::int32_t, V>;
     const Pixels none = simd::zero<Pixels>();
     return pack_masks(equal(simd::as<std::int32_t>(f0), none), equal(simd::as<std::int32_t>(f1), none),
                       equal(simd::as<std::int32_t>(f2), none), equal(simd::as<std::int32_t>(f3), none));
@@ -139,7 +135,6 @@ struct MaskOf {
         for (int c = 0; c < Channels; ++c) all = all & test.one(a.one(pixel, c), b.one(pixel, c));
         return all ? 255 : 0;
     }
-#if ORV_HAVE_VECTORS
     // V: a vector of the mask.
     template <class V> ORV_INLINE V at(std::ptrdiff_t pixel) const
     {
@@ -161,7 +156,7 @@ private:
     // V::N elements as bytes.
     template <class V> ORV_INLINE V holds(std::ptrdiff_t pixel, int element) const
     {
-        using Source = simd::vec_of<T, typename V::reg>;
+        using Source = simd::recast<T, V>;
         const auto part = [&](int i) {
             const int from = element + i * Source::N;
             return test.holds(a.template at<Source>(pixel, from), b.template at<Source>(pixel, from));
@@ -178,7 +173,6 @@ private:
             return ~holds<V>(pixel, element);
         }
     }
-#endif
 };
 
 template <class T, int Channels, class Test, class A, class B>

@@ -48,19 +48,17 @@ template <class T> ORV_INLINE bool exceeds(T a, T b)
     return static_cast<S>(a) > static_cast<S>(b);
 }
 template <class T> ORV_INLINE T pick(bool condition, T a, T b) { return condition ? a : b; }
-#if ORV_HAVE_VECTORS
-template <class R> ORV_INLINE simd::vec<int32_t, R> lower(simd::vec<int32_t, R> a, simd::vec<int32_t, R> b) { return min(a, b); }
-template <class R> ORV_INLINE simd::vec<int32_t, R> higher(simd::vec<int32_t, R> a, simd::vec<int32_t, R> b) { return max(a, b); }
-template <class T, class R> ORV_INLINE simd::vec<T, R> exceeds(simd::vec<T, R> a, simd::vec<T, R> b)
+template <int N> ORV_INLINE simd::vec<int32_t, N> lower(simd::vec<int32_t, N> a, simd::vec<int32_t, N> b) { return min(a, b); }
+template <int N> ORV_INLINE simd::vec<int32_t, N> higher(simd::vec<int32_t, N> a, simd::vec<int32_t, N> b) { return max(a, b); }
+template <class T, int N> ORV_INLINE simd::vec<T, N> exceeds(simd::vec<T, N> a, simd::vec<T, N> b)
 {
     using S = typename lanes<T>::ordered;
     return simd::as<T>(greater(simd::as<S>(a), simd::as<S>(b)));
 }
-template <class T, class R> ORV_INLINE simd::vec<T, R> pick(simd::vec<T, R> mask, simd::vec<T, R> a, simd::vec<T, R> b)
+template <class T, int N> ORV_INLINE simd::vec<T, N> pick(simd::vec<T, N> mask, simd::vec<T, N> a, simd::vec<T, N> b)
 {
     return select(mask, a, b);
 }
-#endif
 
 // --- Rules ----------------------------------------------------------------------------------------
 //
@@ -119,7 +117,6 @@ template <class T, class Rule>
 struct ForAll {
     T constant[Rule::kConstants];
     ORV_INLINE T one(T pixel) const { return Rule::apply(constant, pixel); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V pixels) const { return apply(pixels, std::make_index_sequence<Rule::kConstants>()); }
 
 private:
@@ -128,7 +125,6 @@ private:
         const V vectors[] = {simd::splat<V>(constant[I])...};
         return Rule::apply(vectors, pixels);
     }
-#endif
 };
 
 // Three channels with constants of their own, which the vectors of a row repeat every three vectors.
@@ -144,7 +140,6 @@ struct ForThree {
         return Rule::apply(c, pixel);
     }
     ORV_INLINE T one(int channel, T pixel) const { return one_of(channel, pixel, Indices()); }
-#if ORV_HAVE_VECTORS
     // For a vector whose first element belongs to channel `phase`.
     template <class V, std::size_t... I>
     static ORV_INLINE V many(const Pattern<T> (&patterns)[kConstants], V pixels, ptrdiff_t phase, std::index_sequence<I...>)
@@ -152,10 +147,8 @@ struct ForThree {
         const V vectors[] = {simd::load<V>(patterns[I].row + phase)...};
         return Rule::apply(vectors, pixels);
     }
-#endif
 };
 
-#if ORV_HAVE_VECTORS
 // A row of n >= V::N elements.
 template <class V, class T, class At>
 ORV_INLINE void three_channel_row(T* dst, ptrdiff_t n, At at)
@@ -170,7 +163,6 @@ ORV_INLINE void three_channel_row(T* dst, ptrdiff_t n, At at)
     for (; i < n - V::N; i += V::N) simd::store(dst + i, at(i, i % 3));
     simd::store(dst + n - V::N, last);
 }
-#endif
 
 template <class T, class Rule>
 void three_channel_plane(const T* src, int srcStep, T* dst, int dstStep, Size roi, const ForThree<T, Rule>& op)

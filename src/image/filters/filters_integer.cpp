@@ -50,11 +50,11 @@ struct Mean {
         }
         return true;
     }
-    template <class R> static ORV_INLINE simd::vec<uint16_t, R> many(simd::vec<uint16_t, R> sum)
+    template <int N> static ORV_INLINE simd::vec<uint16_t, N> many(simd::vec<uint16_t, N> sum)
     {
         static_assert(Radius != 1 || rounding_multiplication_divides(), "the factor is too short");
         static_assert(multiplication_divides(), "the factor is too short");
-        using V = simd::vec<uint16_t, R>;
+        using V = simd::vec<uint16_t, N>;
 #if ORV_HAVE_INT256
         // One instruction that rounds, where its 15 bits are enough.
         if constexpr (Radius == 1) return {_mm256_mulhrs_epi16(sum.v, _mm256_set1_epi16(kRoundingFactor))};
@@ -65,9 +65,9 @@ struct Mean {
     }
     // Sums of 16-bit pixels are floats without loss. The quotient is off by less than 0.01, and
     // no quotient is that close to a half: the nearest is 1 / 50 away.
-    template <class R> static ORV_INLINE simd::vec<uint32_t, R> many(simd::vec<uint32_t, R> sum)
+    template <int N> static ORV_INLINE simd::vec<uint32_t, N> many(simd::vec<uint32_t, N> sum)
     {
-        using F = simd::floats_of<simd::vec<int32_t, R>>;
+        using F = simd::vec<float, N>;
         const F quotient = simd::to_float(simd::as<int32_t>(sum)) * simd::splat<F>(1.0f / kCount);
         return simd::as<uint32_t>(simd::round_to_int(quotient));
     }
@@ -77,40 +77,38 @@ struct Mean {
 // A sixteenth, rounded to nearest, ties to even.
 struct Sixteenth {
     static ORV_INLINE uint32_t one(uint32_t sum) { return (sum + (sum >> 4 & 1) + 7) >> 4; }
-#if ORV_HAVE_VECTORS
-    template <class R> static ORV_INLINE simd::vec<uint32_t, R> many(simd::vec<uint32_t, R> sum)
+    template <int N> static ORV_INLINE simd::vec<uint32_t, N> many(simd::vec<uint32_t, N> sum)
     {
-        using V = simd::vec<uint32_t, R>;
+        using V = simd::vec<uint32_t, N>;
         const simd::count four(4);
         return (sum + ((sum >> four) & simd::splat<V>(1)) + simd::splat<V>(7)) >> four;
     }
-#endif
 };
 
 #if ORV_HAVE_VECTORS
 // The upper halves of the 64-bit products of 32-bit lanes with a factor; and the sums of neighbouring
 // products of signed 16-bit lanes.
 #if ORV_HAVE_INT256
-ORV_INLINE simd::vec<uint32_t, simd::int256> product_high(simd::vec<uint32_t, simd::int256> a, uint32_t factor)
+ORV_INLINE simd::widest<uint32_t> product_high(simd::widest<uint32_t> a, uint32_t factor)
 {
     const __m256i f = _mm256_set1_epi32(static_cast<int>(factor));
     const __m256i even = _mm256_srli_epi64(_mm256_mul_epu32(a.v, f), 32);
     const __m256i odd = _mm256_mul_epu32(_mm256_srli_epi64(a.v, 32), f);
     return {_mm256_blend_epi32(even, odd, 0xAA)};
 }
-ORV_INLINE simd::vec<uint32_t, simd::int256> multiply_pairs(simd::vec<uint16_t, simd::int256> a, simd::vec<uint16_t, simd::int256> b)
+ORV_INLINE simd::widest<uint32_t> multiply_pairs(simd::widest<uint16_t> a, simd::widest<uint16_t> b)
 {
     return {_mm256_madd_epi16(a.v, b.v)};
 }
 #else
-ORV_INLINE simd::vec<uint32_t, simd::int128> product_high(simd::vec<uint32_t, simd::int128> a, uint32_t factor)
+ORV_INLINE simd::half<uint32_t> product_high(simd::half<uint32_t> a, uint32_t factor)
 {
     const __m128i f = _mm_set1_epi32(static_cast<int>(factor));
     const __m128i even = _mm_srli_epi64(_mm_mul_epu32(a.v, f), 32);
     const __m128i odd = _mm_mul_epu32(_mm_srli_epi64(a.v, 32), f);
     return {_mm_or_si128(even, _mm_and_si128(odd, _mm_set_epi32(-1, 0, -1, 0)))};
 }
-ORV_INLINE simd::vec<uint32_t, simd::int128> multiply_pairs(simd::vec<uint16_t, simd::int128> a, simd::vec<uint16_t, simd::int128> b)
+ORV_INLINE simd::half<uint32_t> multiply_pairs(simd::half<uint16_t> a, simd::half<uint16_t> b)
 {
     return {_mm_madd_epi16(a.v, b.v)};
 }
@@ -125,12 +123,10 @@ struct Part571 {
     {
         return static_cast<uint32_t>(std::uint64_t{sum + kHalf} * kFactor >> 32);
     }
-#if ORV_HAVE_VECTORS
-    template <class R> static ORV_INLINE simd::vec<uint32_t, R> many(simd::vec<uint32_t, R> sum)
+    template <int N> static ORV_INLINE simd::vec<uint32_t, N> many(simd::vec<uint32_t, N> sum)
     {
-        return product_high(sum + simd::splat<simd::vec<uint32_t, R>>(kHalf), kFactor);
+        return product_high(sum + simd::splat<simd::vec<uint32_t, N>>(kHalf), kFactor);
     }
-#endif
 };
 
 constexpr int kGauss5[3][3] = {{127, 52, 12}, {52, 31, 7}, {12, 7, 2}};  // by distance from the centre

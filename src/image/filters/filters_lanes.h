@@ -59,8 +59,8 @@ struct floats<Single> {
 
 #if ORV_HAVE_VECTORS
 using Floats = simd::widest<float>;
-using DoubleVector = simd::vec<double, simd::double_widest>;
-using Doubles = simd::pair<DoubleVector>;
+using DoubleVector = simd::widest<double>;
+using Doubles = simd::twice<DoubleVector>;
 
 ORV_INLINE void store_result(float* p, Floats r) { simd::store(p, r | simd::unordered(r, r)); }
 ORV_INLINE void store_floats(float* p, Floats a) { simd::store(p, a); }
@@ -114,8 +114,10 @@ ORV_INLINE void store_result(float* p, WholeFloats a) { simd::store(p, a.v); }
 ORV_INLINE bool all_whole(const float* p, std::ptrdiff_t n)
 {
     const Floats unit = simd::splat<Floats>(12582912.0f);  // 1.5 * 2^23: sums with it have no fraction
-    const Floats zero = simd::zero<Floats>(), all = simd::equal(zero, zero);
-    Floats most = zero, least = zero, whole = all;
+    const Floats zero = simd::zero<Floats>();
+    const simd::mask_of<Floats> all = simd::equal(zero, zero);
+    simd::mask_of<Floats> whole = all;
+    Floats most = zero, least = zero;
     for (std::ptrdiff_t i = 0;; i = i + 2 * Floats::N <= n ? i + Floats::N : n - Floats::N) {
         const Floats x = simd::load<Floats>(p + i);
         most = simd::max(x, most);

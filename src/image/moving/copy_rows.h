@@ -11,9 +11,7 @@ inline namespace ORV_LEVEL {
 
 struct Same {
     std::uint8_t one(std::uint8_t a) const { return a; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a) const { return a; }
-#endif
 };
 
 ORV_INLINE void copy_row(const std::uint8_t* src, std::uint8_t* dst, std::ptrdiff_t bytes)

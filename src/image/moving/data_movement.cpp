@@ -48,9 +48,7 @@ Status copy(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channe
 // The constant, whatever stands in the image.
 struct Constant {
     template <class T> ORV_INLINE T one(T value, T) const { return value; }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V value, V) const { return value; }
-#endif
 };
 
 template <class T>
@@ -104,12 +102,10 @@ void convert(const From* src, int srcStep, To* dst, int dstStep, Size roi, int c
 template <class From, class To>
 struct Widen {
     To one(From x) const { return static_cast<To>(x); }
-#if ORV_HAVE_VECTORS
     static constexpr int kLanes = simd::widest<To>::N;
     static constexpr int kFewLanes = simd::half<To>::N;
     ORV_INLINE auto many(const From* p) const { return simd::load_as<simd::widest<To>>::from(p); }
     ORV_INLINE auto few(const From* p) const { return simd::load_as<simd::half<To>>::from(p); }
-#endif
 };
 
 template <class From, class To>
@@ -134,11 +130,12 @@ struct Narrow {
         const bool up = fraction > 0.5f || (fraction == 0.5f && (whole & 1) != 0);
         return static_cast<To>(whole + (up ? 1 : 0));
     }
-#if ORV_HAVE_VECTORS
     static constexpr int kPerVector = static_cast<int>(4 / sizeof(To));  // float vectors in one of To
-    template <class R> using Floats = simd::floats_of<simd::vec<std::int32_t, R>>;
-    static constexpr int kLanes = kPerVector * Floats<simd::int_widest>::N;
-    static constexpr int kFewLanes = kPerVector * Floats<simd::int128>::N;
+    // Where the integers are narrower than the floats, as many lanes as theirs.
+    using Many = simd::floats_of<simd::widest<int32_t>>;
+    using Few = simd::floats_of<simd::half<int32_t>>;
+    static constexpr int kLanes = kPerVector * Many::N;
+    static constexpr int kFewLanes = kPerVector * Few::N;
 
     template <class F> static ORV_INLINE auto rounded(const float* p)
     {
@@ -149,14 +146,13 @@ struct Narrow {
     template <class F> static ORV_INLINE auto packed(const float* p)
     {
         if constexpr (kPerVector == 2) {
-            return simd::pack(rounded<F>(p), rounded<F>(p + F::N));
+            return pack(rounded<F>(p), rounded<F>(p + F::N));
         } else {
-            return simd::pack(rounded<F>(p), rounded<F>(p + F::N), rounded<F>(p + 2 * F::N), rounded<F>(p + 3 * F::N));
+            return pack(rounded<F>(p), rounded<F>(p + F::N), rounded<F>(p + 2 * F::N), rounded<F>(p + 3 * F::N));
         }
     }
-    ORV_INLINE auto many(const float* p) const { return packed<Floats<simd::int_widest>>(p); }
-    ORV_INLINE auto few(const float* p) const { return packed<Floats<simd::int128>>(p); }
-#endif
+    ORV_INLINE auto many(const float* p) const { return packed<Many>(p); }
+    ORV_INLINE auto few(const float* p) const { return packed<Few>(p); }
 };
 
 template <class To>
@@ -183,9 +179,9 @@ struct Group3 {
     V first, second, third;
 };
 
-template <class R, bool mirrored>
+template <class Vector, bool mirrored>
 struct Groups3 {
-    using V = simd::vec<uint8_t, R>;
+    using V = Vector;
     static constexpr int kPixels = V::N;
 
     // Which bytes of the source vectors go to each vector of the result.
@@ -229,26 +225,26 @@ struct Groups3 {
 // The groups of kPixels pixels from p on: one, or two whose vectors lie side by side.
 template <class V> ORV_INLINE V load_part(const uint8_t* p);
 template <>
-ORV_INLINE simd::vec<uint8_t, simd::int128> load_part(const uint8_t* p)
+ORV_INLINE simd::half<uint8_t> load_part(const uint8_t* p)
 {
-    return simd::load<simd::vec<uint8_t, simd::int128>>(p);
+    return simd::load<simd::half<uint8_t>>(p);
 }
-ORV_INLINE void store_part(uint8_t* p, simd::vec<uint8_t, simd::int128> v) { simd::store(p, v); }
-ORV_INLINE simd::vec<uint8_t, simd::int128> swap_halves(simd::vec<uint8_t, simd::int128> a) { return a; }
+ORV_INLINE void store_part(uint8_t* p, simd::half<uint8_t> v) { simd::store(p, v); }
+ORV_INLINE simd::half<uint8_t> swap_halves(simd::half<uint8_t> a) { return a; }
 #if ORV_HAVE_INT256
 template <>
-ORV_INLINE simd::vec<uint8_t, simd::int256> load_part(const uint8_t* p)
+ORV_INLINE simd::widest<uint8_t> load_part(const uint8_t* p)
 {
     const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 48));
     const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
     return {_mm256_inserti128_si256(_mm256_castsi128_si256(lower), upper, 1)};
 }
-ORV_INLINE void store_part(uint8_t* p, simd::vec<uint8_t, simd::int256> v)
+ORV_INLINE void store_part(uint8_t* p, simd::widest<uint8_t> v)
 {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_castsi256_si128(v.v));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 48), _mm256_extracti128_si256(v.v, 1));
 }
-ORV_INLINE simd::vec<uint8_t, simd::int256> swap_halves(simd::vec<uint8_t, simd::int256> a)
+ORV_INLINE simd::widest<uint8_t> swap_halves(simd::widest<uint8_t> a)
 {
     return {_mm256_permute2x128_si256(a.v, a.v, 1)};
 }
@@ -267,20 +263,19 @@ ORV_INLINE void store_group(uint8_t* p, Group3<V> g)
     store_part(p + 32, g.third);
 }
 // With its pixels in the order that `groups` has, which for mirrored ones starts from the other end.
-template <class R, bool mirrored>
-ORV_INLINE auto fetch_group(const Groups3<R, mirrored>& groups, const uint8_t* p)
+template <class V, bool mirrored>
+ORV_INLINE auto fetch_group(const Groups3<V, mirrored>& groups, const uint8_t* p)
 {
-    using V = typename Groups3<R, mirrored>::V;
     const Group3<V> g = load_group<V>(p);
     if (!mirrored) return groups.shuffled(g);
     return groups.shuffled(Group3<V>{swap_halves(g.third), swap_halves(g.second), swap_halves(g.first)});
 }
 
 // Rows of n >= N pixels, reordered within the pixels.
-template <class R>
-ORV_INLINE void reorder_groups(const Groups3<R, false>& groups, const uint8_t* src, uint8_t* dst, std::ptrdiff_t n)
+template <class V>
+ORV_INLINE void reorder_groups(const Groups3<V, false>& groups, const uint8_t* src, uint8_t* dst, std::ptrdiff_t n)
 {
-    constexpr int N = Groups3<R, false>::kPixels;
+    constexpr int N = V::N;
     const auto last = fetch_group(groups, src + 3 * (n - N));
     for (std::ptrdiff_t i = 0; i < n - N; i += N) store_group(dst + 3 * i, fetch_group(groups, src + 3 * i));
     store_group(dst + 3 * (n - N), last);
@@ -314,12 +309,12 @@ struct Reorder4 {
 #if ORV_HAVE_BYTE_SHUFFLE
     template <class V> ORV_INLINE V many(V p) const
     {
-        return simd::shuffle_bytes(p, simd::load<simd::vec<uint8_t, typename V::reg>>(from));
+        return simd::shuffle_bytes(p, simd::load<simd::recast<uint8_t, V>>(from));
     }
 #elif ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V p) const
     {
-        using Words = simd::vec<uint32_t, typename V::reg>;
+        using Words = simd::recast<uint32_t, V>;
         const Words low_byte = simd::splat<Words>(255);
         Words r = simd::zero<Words>();
         for (int c = 0; c < 4; ++c) {
@@ -362,8 +357,8 @@ void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size r
             reorder_groups(groups, row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width);
         }
     };
-    using Wide = Groups3<simd::int_widest, false>;
-    using Half = Groups3<simd::int128, false>;
+    using Wide = Groups3<simd::widest<uint8_t>, false>;
+    using Half = Groups3<simd::half<uint8_t>, false>;
     if (roi.width >= Wide::kPixels) return run(Wide(from));
     if (roi.width >= Half::kPixels) return run(Half(from));
 #endif
@@ -377,20 +372,20 @@ template <int Bytes>
 struct BackToFront {
     using P = Pixel<Bytes>;
 #if ORV_HAVE_BYTE_SHUFFLE
-    static ORV_INLINE simd::vec<P, simd::int128> reverse(simd::vec<P, simd::int128> a)
+    static ORV_INLINE simd::half<P> reverse(simd::half<P> a)
     {
         if (Bytes == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
         return {_mm_shuffle_epi8(a.v, _mm_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1))};
     }
 #elif ORV_HAVE_VECTORS
-    static ORV_INLINE simd::vec<P, simd::int128> reverse(simd::vec<P, simd::int128> a)
+    static ORV_INLINE simd::half<P> reverse(simd::half<P> a)
     {
         if (Bytes == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
         return {_mm_shuffle_epi32(_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0x1B), 0x1B), 0x4E)};
     }
 #endif
 #if ORV_HAVE_INT256
-    static ORV_INLINE simd::vec<P, simd::int256> reverse(simd::vec<P, simd::int256> a)
+    static ORV_INLINE simd::widest<P> reverse(simd::widest<P> a)
     {
         if (Bytes == 4) return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
         const __m256i in_halves = _mm256_shuffle_epi8(
@@ -404,9 +399,7 @@ struct BackToFront {
 // What is stored of a moved pixel: all of it, or all but the alpha of the destination.
 struct WholePixel {
     template <class P> static ORV_INLINE P merge(P moved, const P*) { return moved; }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V merge_many(V moved, const typename V::lane*) { return moved; }
-#endif
 };
 struct AllButAlpha {
     static ORV_INLINE Pixel<4> merge(Pixel<4> moved, const Pixel<4>* old)
@@ -414,14 +407,12 @@ struct AllButAlpha {
         moved.byte[3] = old->byte[3];
         return moved;
     }
-#if ORV_HAVE_VECTORS
     template <class V> static ORV_INLINE V merge_many(V moved, const typename V::lane* old)
     {
-        using Words = simd::vec<uint32_t, typename V::reg>;
+        using Words = simd::recast<uint32_t, V>;
         const V alpha = simd::as<typename V::lane>(simd::splat<Words>(0xFF000000u));
         return (simd::load<V>(old) & alpha) | and_not(alpha, moved);
     }
-#endif
 };
 
 // How pixels move: as they are or back to front, a vector or a single one at a time.
@@ -431,9 +422,8 @@ struct PixelMoves {
     static constexpr bool kMirrored = mirrored;
 
     ORV_INLINE void one(const P* from, P* to) const { *to = Keep::merge(*from, to); }
-#if ORV_HAVE_VECTORS
-    using Wide = simd::vec<P, simd::int_widest>;
-    using Half = simd::vec<P, simd::int128>;
+    using Wide = simd::widest<P>;
+    using Half = simd::half<P>;
 
     template <class V> ORV_INLINE V fetch(const P* p) const
     {
@@ -442,7 +432,6 @@ struct PixelMoves {
         return v;
     }
     template <class V> ORV_INLINE void store(P* p, V v) const { simd::store(p, Keep::merge_many(v, p)); }
-#endif
 };
 
 // Three-byte pixels back to front; a "vector" is a group.
@@ -452,11 +441,11 @@ struct MirroredPixels3 {
 
     ORV_INLINE void one(const P* from, P* to) const { *to = *from; }
 #if ORV_HAVE_BYTE_SHUFFLE
-    using Wide = Group3<simd::vec<uint8_t, simd::int_widest>>;
-    using Half = Group3<simd::vec<uint8_t, simd::int128>>;
+    using Wide = Group3<simd::widest<uint8_t>>;
+    using Half = Group3<simd::half<uint8_t>>;
 
-    Groups3<simd::int_widest, true> wide;
-    Groups3<simd::int128, true> half;
+    Groups3<simd::widest<uint8_t>, true> wide;
+    Groups3<simd::half<uint8_t>, true> half;
 
     static const uint8_t* back_to_front()
     {

@@ -124,9 +124,9 @@ private:
 
 #if ORV_HAVE_BYTE_SHUFFLE
     template <int Windows>
-    static ORV_INLINE simd::vec<std::uint8_t, simd::int128> picked(const Block& block, const char* from)
+    static ORV_INLINE simd::half<std::uint8_t> picked(const Block& block, const char* from)
     {
-        using V = simd::vec<std::uint8_t, simd::int128>;
+        using V = simd::half<std::uint8_t>;
         const std::uint8_t* const bytes = reinterpret_cast<const std::uint8_t*>(from);
         const V first = simd::shuffle_bytes(simd::load<V>(bytes + block.start[0]), simd::load<V>(block.from[0]));
         if constexpr (Windows == 1) return first;

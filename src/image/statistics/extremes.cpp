@@ -331,7 +331,7 @@ ORV_INLINE T best_of(const T* p, ptrdiff_t n, T best)
         for (; i <= n - V::N; i += V::N) lanes[0] = join(lanes[0], simd::load<V>(p + i));
         lanes[1] = join(lanes[1], simd::load<V>(p + n - V::N));
         const V joined = join(join(lanes[0], lanes[1]), join(lanes[2], lanes[3]));
-        if (simd::equal_bytes(joined, before) == simd::all_bytes<typename V::reg>) return best;
+        if (simd::equal_bytes(joined, before) == simd::all_bytes<V>) return best;
         T lane[V::N];
         simd::store(lane, joined);
         for (int k = 0; k < V::N; ++k) best = better<wanted>(lane[k], best) ? lane[k] : best;

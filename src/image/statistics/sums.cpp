@@ -54,12 +54,12 @@ ORV_INLINE uint64_t sum_of_lanes(V v)
 template <class V>
 ORV_INLINE V nothing()
 {
-    return simd::as<typename V::lane>(simd::zero<simd::vec<uint32_t, typename V::reg>>());
+    return simd::as<typename V::lane>(simd::zero<simd::recast<uint32_t, V>>());
 }
 
 struct Bytes {
     using V = simd::widest<uint8_t>;
-    using Wide = simd::vec<uint64_t, V::reg>;
+    using Wide = simd::recast<uint64_t, V>;
     static constexpr int kPeriod = 1;
     static constexpr int kRoom = 1 << 30;
     Wide sum = nothing<Wide>();
@@ -167,7 +167,7 @@ struct Words {
 
 struct SignedWords {
     using V = simd::widest<int16_t>;
-    using Wide = simd::vec<int32_t, V::reg>;
+    using Wide = simd::recast<int32_t, V>;
     static constexpr int kPeriod = 1;
     static constexpr int kRoom = 32767;  // 32767 * 65536 fits 31 bits
     Wide sum = nothing<Wide>();
@@ -188,10 +188,10 @@ struct SignedWords {
 struct ByteSquares {
     using V = simd::widest<uint8_t>;
     using Word = simd::widest<int16_t>;
-    using Wide = simd::vec<uint32_t, V::reg>;
+    using Wide = simd::recast<uint32_t, V>;
     static constexpr int kPeriod = 1;
     static constexpr int kRoom = 16384;  // 16384 * 4 * 255^2 fits 32 bits
-    simd::vec<uint64_t, V::reg> sum = nothing<simd::vec<uint64_t, V::reg>>();
+    simd::recast<uint64_t, V> sum = nothing<simd::recast<uint64_t, V>>();
     Wide squares = nothing<Wide>();
 
     ORV_INLINE void step(const uint8_t* p)
@@ -216,8 +216,8 @@ struct ByteSquares {
 // sum of x^2 = sum of y^2 + 65536 sum of y + 2^30 n, where n counts the zeros behind the rows as well.
 struct WordSquares {
     using V = simd::widest<int16_t>;
-    using Wide = simd::vec<int32_t, V::reg>;
-    using Widest = simd::vec<uint64_t, V::reg>;
+    using Wide = simd::recast<int32_t, V>;
+    using Widest = simd::recast<uint64_t, V>;
     static constexpr int kPeriod = 1;
     static constexpr int kRoom = 32767;
     Wide sum = nothing<Wide>();
