@@ -91,23 +91,32 @@ function(orvane_add_family path)
   orvane_write_tables(${path} ${family_HEADER} ${family_LEVELS})
   foreach(level ${family_LEVELS})
     set(target kernel_${name}_${level})
-    add_library(${target} OBJECT ${PROJECT_SOURCE_DIR}/src/${path}.cpp)
-    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
-    target_compile_definitions(${target} PRIVATE ORV_LEVEL=${level} ORV_LEVEL_IS_${level}=1)
-    target_compile_options(${target} PRIVATE
-      ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_${level}}
-      $<$<CONFIG:Release,RelWithDebInfo>:-O2>
-      -fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables ${family_OPTIONS})
-    if(ORVANE_SANITIZE)
-      target_compile_options(${target} PRIVATE -O1)
-      if(level STREQUAL "px" OR level STREQUAL highest)
-        target_compile_options(${target} PRIVATE ${ORVANE_CHECKS})
-      endif()
-    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-      target_compile_options(${target} PRIVATE -Wa,-march=${ORVANE_GATE_BASE}${ORVANE_GATE_${level}})
+    set(checked FALSE)
+    if(level STREQUAL "px" OR level STREQUAL highest)
+      set(checked TRUE)
     endif()
+    orvane_add_kernels(${target} ${level} ${checked} ${PROJECT_SOURCE_DIR}/src/${path}.cpp ${family_OPTIONS})
     set_property(GLOBAL APPEND PROPERTY ORVANE_KERNEL_TARGETS ${target})
   endforeach()
+endfunction()
+
+# One source, compiled for a level; with sanitizers if it is to be checked.
+function(orvane_add_kernels target level checked source)
+  add_library(${target} OBJECT ${source})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
+  target_compile_definitions(${target} PRIVATE ORV_LEVEL=${level} ORV_LEVEL_IS_${level}=1)
+  target_compile_options(${target} PRIVATE
+    ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_${level}}
+    $<$<CONFIG:Release,RelWithDebInfo>:-O2>
+    -fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables ${ARGN})
+  if(ORVANE_SANITIZE)
+    target_compile_options(${target} PRIVATE -O1)
+    if(checked)
+      target_compile_options(${target} PRIVATE ${ORVANE_CHECKS})
+    endif()
+  elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -Wa,-march=${ORVANE_GATE_BASE}${ORVANE_GATE_${level}})
+  endif()
 endfunction()
 
 # The tables of a family's operations, and <folder>_<family>_kernels.h, which declares the kernels of all levels.

@@ -1,0 +1,200 @@
+// The operations of the vector vocabulary, compiled for each level that has vectors of its own.
+#include <type_traits>
+
+#include "core/float_control.h"
+#include "simd/conversion.h"
+#include "simd/halves.h"
+#include "simd/reductions.h"
+#include "simd/vec.h"
+#include "vocabulary.h"
+
+namespace vocabulary {
+namespace ORV_LEVEL {
+namespace {
+
+using namespace orv::simd;
+
+template <class T> constexpr Lane lane_of = Lane::u8;
+template <> constexpr Lane lane_of<s8> = Lane::s8;
+template <> constexpr Lane lane_of<u16> = Lane::u16;
+template <> constexpr Lane lane_of<s16> = Lane::s16;
+template <> constexpr Lane lane_of<u32> = Lane::u32;
+template <> constexpr Lane lane_of<s32> = Lane::s32;
+template <> constexpr Lane lane_of<u64> = Lane::u64;
+template <> constexpr Lane lane_of<float> = Lane::f32;
+template <> constexpr Lane lane_of<double> = Lane::f64;
+
+template <class Op, class V>
+void run(const void* a, const void* b, const void* c, void* results, int n)
+{
+    using T = typename V::lane;
+    const orv::FloatControl control;
+    const auto at = [](const void* p, int i) { return load<V>(static_cast<const T*>(p) + i); };
+    for (int i = 0; i < n; i += V::N) {
+        const auto r = Op::of(at(a, i), at(b, i), at(c, i));
+        using Vector = std::remove_const_t<decltype(r)>;
+        store(static_cast<typename Vector::lane*>(results) + i / V::N * Vector::N, r);
+    }
+}
+
+#define OPERATION(name, expression) \
+    struct name { template <class V> static ORV_INLINE auto of([[maybe_unused]] V a, [[maybe_unused]] V b, [[maybe_unused]] V c) { return expression; } };
+
+OPERATION(Add, a + b)
+OPERATION(Subtract, a - b)
+OPERATION(Multiply, a * b)
+OPERATION(Divide, a / b)
+OPERATION(Root, sqrt(a))
+OPERATION(AddOrdered, add_ordered(a, b))
+OPERATION(MultiplyOrdered, mul_ordered(a, b))
+OPERATION(AddSaturate, add_saturate(a, b))
+OPERATION(SubtractSaturate, sub_saturate(a, b))
+OPERATION(MultiplyLow, mul_low(a, b))
+OPERATION(MultiplyHigh, mul_high(a, b))
+OPERATION(Smaller, min(a, b))
+OPERATION(Larger, max(a, b))
+OPERATION(And, a & b)
+OPERATION(Or, a | b)
+OPERATION(Xor, a ^ b)
+OPERATION(Not, ~a)
+OPERATION(AndNot, and_not(a, b))
+OPERATION(ShiftLeft, a << count(5))
+OPERATION(ShiftRight, a >> count(5))
+OPERATION(ShiftAllOut, a >> count(8 * sizeof(typename V::lane) - 1))
+
+// Comparisons decide between two values, so what selects is tested as well.
+OPERATION(Equal, select(equal(a, b), a, c))
+OPERATION(Greater, select(greater(a, b), a, c))
+OPERATION(GreaterEqual, select(greater_equal(a, b), a, c))
+OPERATION(Unordered, select(unordered(a, b), a, c))
+OPERATION(SelectBySign, select_by_sign(a, b, c))
+OPERATION(BothHold, select(equal(a, b) & equal(a, c), a, c))
+OPERATION(OneHolds, select(equal(a, b) | equal(a, c), a, b))
+OPERATION(FirstFails, select(and_not(equal(a, b), equal(a, c)), a, b))
+OPERATION(Any, splat<V>(static_cast<typename V::lane>(any(equal(a, b)) ? 1 : 0)))
+OPERATION(All, splat<V>(static_cast<typename V::lane>(all(equal(a, b)) ? 1 : 0)))
+OPERATION(OnesWhere, ones_where<V>(equal(a, b)))
+
+OPERATION(Bits, bits(a))
+OPERATION(FromBits, from_bits(a))
+OPERATION(ToFloat, to_float(a))
+OPERATION(Truncate, truncate(a))
+OPERATION(RoundToInt, round_to_int(a))
+OPERATION(ThereAndBack, to_float(to_double(a)))
+OPERATION(ThirdInDouble, round_to_int(to_double(a) * splat<decltype(to_double(a).lo)>(1.0 / 3)))
+OPERATION(RoundedToSingle, to_float(to_single(to_double(a)) * splat<decltype(to_double(a).lo)>(1.0 / 3)))
+struct ExactProduct {
+    template <class V> static ORV_INLINE V of(V a, V b, V c)
+    {
+        const auto x = to_double(a), y = to_double(b), z = to_double(c);
+        return to_float(decltype(to_double(a)){add_exact_product(x.lo, y.lo, z.lo), add_exact_product(x.hi, y.hi, z.hi)});
+    }
+};
+
+OPERATION(WidenNarrow, narrow(widen(a)))
+// Up to the largest number that narrow() takes.
+OPERATION(NarrowSaturates, narrow(widen(a) << count(8 * sizeof(typename V::lane) - 1)))
+OPERATION(InterleavedFirst, narrow(decltype(widen(a)){widen(a).lo & interleave(a, b).lo, widen(a).hi & interleave(a, b).hi}))
+OPERATION(InterleavedSecond, narrow(decltype(widen(a)){upper(interleave(a, b).lo), upper(interleave(a, b).hi)}))
+OPERATION(Average, average(a, b))
+OPERATION(Magnitude, magnitude(a))
+OPERATION(Halved, halved(a))
+OPERATION(Raised, raised(a))
+OPERATION(Upper, upper(a))
+OPERATION(SumOfBytes, sum_of_bytes(a))
+OPERATION(SumOfProducts, sum_of_products(a, b))
+OPERATION(AddWide, add_wide(a, b))
+OPERATION(ProductNarrowed, narrow(mul_wide(a, b)))
+OPERATION(ProductScaledDown, narrow(scale_down(mul_wide(a, b), 31)))
+OPERATION(InRegister, in_register(a))
+OPERATION(PackTwo, pack(a & splat<V>(65535), b & splat<V>(65535)))
+OPERATION(PackFour, pack(a & splat<V>(255), b & splat<V>(255), c & splat<V>(255), a & splat<V>(255)))
+OPERATION(PackMasks, pack_masks(equal(a, b), equal(a, c)))
+OPERATION(PackFourMasks, pack_masks(equal(a, b), equal(a, c), equal(b, c), equal(a, a)))
+#if ORV_HAVE_BYTE_SHUFFLE
+OPERATION(ShuffleBytes, shuffle_bytes(a, b))
+#endif
+
+// From narrower lanes in memory: a has them.
+template <class V, class From>
+void run_load_as(const void* a, const void*, const void*, void* results, int n)
+{
+    for (int i = 0; i < n; i += V::N) {
+        store(static_cast<typename V::lane*>(results) + i, load_as<V>::from(static_cast<const From*>(a) + i));
+    }
+}
+// Rows of as many lanes as two ends may have between them: each comes out as it was.
+template <class V, int Bytes>
+void run_ends(const void* a, const void*, const void*, void* results, int n)
+{
+    using T = typename V::lane;
+    constexpr int most = 2 * Bytes / static_cast<int>(sizeof(T));
+    for (int i = 0; i < n; i += most) {
+        const int length = most / 2 + i / most % (most / 2 + 1);
+        const T* const from = static_cast<const T*>(a) + i;
+        T* const to = static_cast<T*>(results) + i;
+        for (int k = 0; k < most; ++k) to[k] = 0;
+        store_ends<V, Bytes>(to, length, load_ends<V, Bytes>(from, length));
+    }
+}
+
+#define AT(V, name, T) {#name, lane_of<T>, V::N, run<name, V>}
+#define ONE(name, T) {#name, lane_of<T>, 1, run<name, vec<T, 1>>}
+#define REGISTERS(name, T) {#name, lane_of<T>, half<T>::N, run<name, half<T>>}, {#name, lane_of<T>, widest<T>::N, run<name, widest<T>>}
+#define SINGLE(name, T) ONE(name, T), REGISTERS(name, T)
+#define ANY(name, T) SINGLE(name, T), {#name, lane_of<T>, 2 * widest<T>::N, run<name, twice<widest<T>>>}
+#define INTEGERS(name) ANY(name, u8), ANY(name, u16), ANY(name, s16), ANY(name, u32), ANY(name, s32)
+#define FLOATS(name) ANY(name, float), ANY(name, double)
+#define SHIFTED(name) ANY(name, u16), ANY(name, s16), ANY(name, u32), ANY(name, s32)
+
+const Entry all_entries[] = {
+    INTEGERS(Add), FLOATS(Add),
+    INTEGERS(Subtract), FLOATS(Subtract),
+    FLOATS(Multiply), FLOATS(Divide), FLOATS(Root), FLOATS(AddOrdered), FLOATS(MultiplyOrdered),
+    ANY(AddSaturate, u8), ANY(AddSaturate, u16), ANY(AddSaturate, s16), ANY(AddSaturate, s32),
+    ANY(SubtractSaturate, u8), ANY(SubtractSaturate, u16), ANY(SubtractSaturate, s16), ANY(SubtractSaturate, s32),
+    ANY(MultiplyLow, u16), ANY(MultiplyLow, s16), ANY(MultiplyLow, s32), ANY(MultiplyHigh, u16), ANY(MultiplyHigh, s16),
+    INTEGERS(Smaller), FLOATS(Smaller),
+    ANY(Larger, u8), ANY(Larger, u16), ANY(Larger, s16), ANY(Larger, s32), FLOATS(Larger),
+    INTEGERS(And), FLOATS(And), INTEGERS(Or), FLOATS(Or), INTEGERS(Xor), FLOATS(Xor), INTEGERS(Not),
+    INTEGERS(AndNot), FLOATS(AndNot),
+    SHIFTED(ShiftLeft), SHIFTED(ShiftRight), SHIFTED(ShiftAllOut),
+    INTEGERS(Equal), FLOATS(Equal),
+    ANY(Greater, u8), ANY(Greater, u16), ANY(Greater, s16), ANY(Greater, s32), FLOATS(Greater),
+    ANY(GreaterEqual, u8), ANY(GreaterEqual, u16), ANY(GreaterEqual, s16), FLOATS(GreaterEqual),
+    FLOATS(Unordered), SINGLE(SelectBySign, s32),
+    INTEGERS(BothHold), FLOATS(BothHold), INTEGERS(OneHolds), FLOATS(OneHolds), INTEGERS(FirstFails), FLOATS(FirstFails),
+    INTEGERS(Any), FLOATS(Any), INTEGERS(All), FLOATS(All), SINGLE(OnesWhere, u8), SINGLE(OnesWhere, s32),
+    SINGLE(ToFloat, s32), SINGLE(FromBits, s32), SINGLE(ThirdInDouble, s32),
+    ONE(Bits, float), ONE(Truncate, float), ONE(RoundToInt, float),
+    SINGLE(ThereAndBack, float), SINGLE(RoundedToSingle, float), SINGLE(ExactProduct, float),
+    SINGLE(WidenNarrow, u8), SINGLE(WidenNarrow, u16), SINGLE(WidenNarrow, s16),
+    SINGLE(NarrowSaturates, u8), SINGLE(NarrowSaturates, u16), SINGLE(NarrowSaturates, s16),
+    SINGLE(InterleavedFirst, u8), SINGLE(InterleavedFirst, u16), SINGLE(InterleavedSecond, u8), SINGLE(InterleavedSecond, u16),
+    SINGLE(Average, u8), SINGLE(Average, u16), SINGLE(Magnitude, s16), SINGLE(Halved, u16), SINGLE(Raised, u16),
+    SINGLE(Upper, u16), SINGLE(Upper, u32), SINGLE(Upper, u64), SINGLE(AddWide, u64),
+    SINGLE(SumOfBytes, u8), SINGLE(SumOfProducts, s16), SINGLE(ProductNarrowed, s32), SINGLE(ProductScaledDown, s32),
+    SINGLE(InRegister, u8),
+#if ORV_HAVE_VECTORS
+    AT(floats_of<half<s32>>, Bits, float), AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),
+    AT(floats_of<widest<s32>>, Bits, float), AT(floats_of<widest<s32>>, Truncate, float), AT(floats_of<widest<s32>>, RoundToInt, float),
+    REGISTERS(PackTwo, s32), REGISTERS(PackFour, s32), REGISTERS(PackMasks, s16), REGISTERS(PackFourMasks, s32),
+    {"LoadAs", Lane::u8, 1, run_load_as<half<u16>, u8>}, {"LoadAs", Lane::u8, 1, run_load_as<widest<u16>, u8>},
+    {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<half<s32>>, u8>}, {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<widest<s32>>, u8>},
+    {"LoadAsFloat", Lane::u16, 1, run_load_as<floats_of<half<s32>>, u16>}, {"LoadAsFloat", Lane::u16, 1, run_load_as<floats_of<widest<s32>>, u16>},
+    {"Ends", Lane::u8, 16, run_ends<half<u8>, 8>}, {"Ends", Lane::u8, 8, run_ends<half<u8>, 4>},
+    {"Ends", Lane::u16, 8, run_ends<half<u16>, 8>}, {"Ends", Lane::u16, 4, run_ends<half<u16>, 4>},
+    {"Ends", Lane::f32, 4, run_ends<half<float>, 8>}, {"Ends", Lane::f32, 2, run_ends<half<float>, 4>},
+    {"Ends", Lane::f64, 2, run_ends<half<double>, 8>},
+#endif
+#if ORV_HAVE_BYTE_SHUFFLE
+    REGISTERS(ShuffleBytes, u8),
+#endif
+};
+
+}  // namespace
+
+Entries entries() { return {all_entries, static_cast<int>(sizeof(all_entries) / sizeof(all_entries[0]))}; }
+
+}  // namespace ORV_LEVEL
+}  // namespace vocabulary
