@@ -18,7 +18,7 @@
 /// **Non-finite input.** The standard's singular value iteration can run for ever on infinities and NaNs.
 /// Here it is not started then: the singular values become NaNs and *info = min(m, n) - 1, none of the
 /// superdiagonals having converged. (Of a matrix of one row or column, *info may be 0.) In the
-/// factorisation they spread as in the standard's recursive routine (a NaN is a pivot where it heads the rest of
+/// factorisation they spread as in the standard's own routine (a NaN is a pivot where it heads the rest of
 /// its column, and passed over elsewhere; it is not zero, so *info does not tell); in the solution as the
 /// arithmetic has it.
 ///

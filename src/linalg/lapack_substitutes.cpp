@@ -266,6 +266,33 @@ int factor(int m, int n, float* a, int lda, int* ipiv)
     return upper_zero != 0 ? upper_zero : lower_zero != 0 ? lower_zero + left : 0;
 }
 
+// The reference goes on by blocks of 64 columns where there are more.
+int factor_as_reference(int m, int n, float* a, int lda, int* ipiv)
+{
+    constexpr int kBlock = 64;
+    const int least = m < n ? m : n;
+    if (least <= kBlock) return factor<ReferenceSteps>(m, n, a, lda, ipiv);
+    int first_zero = 0;
+    for (int j = 0, next = 0; j < least; j = next) {
+        next = least - j < kBlock ? least : j + kBlock;
+        const int columns = next - j, right = n - next, below = m - next;
+        float* const corner = a + j + ptrdiff_t{j} * lda;
+        float* const beside = corner + ptrdiff_t{columns} * lda;
+        const int zero = factor<ReferenceSteps>(m - j, columns, corner, lda, ipiv + j);
+        if (first_zero == 0 && zero != 0) first_zero = zero + j;
+        for (int i = j; i < next; ++i) ipiv[i] += j;
+        exchange_rows(j, a, lda, j, next, ipiv);
+        if (right < 1) continue;
+        exchange_rows(right, beside - j, lda, j, next, ipiv);
+        ReferenceSteps::solve_unit_lower(columns, right, corner, beside, lda);
+        if (below < 1) continue;
+        const float minus_one = -1, one = 1;
+        ReferenceSteps::multiply("N", "N", &below, &right, &columns, &minus_one, corner + columns, &lda, beside, &lda,
+                                 &one, beside + columns, &lda, 1, 1);
+    }
+    return first_zero;
+}
+
 // Bits, not floats: the compiler may look at several of them at once.
 bool all_finite(int m, int n, const float* a, ptrdiff_t lda)
 {
@@ -297,7 +324,7 @@ void __wrap_sgetrf2_(ORV_GETRF_ARGUMENTS(float))
 {
     if (*m < 1 || *n < 1) *info = 0;
     else if (all_finite(*m, *n, a, *lda)) *info = factor<OurSteps>(*m, *n, a, *lda, ipiv);
-    else *info = factor<ReferenceSteps>(*m, *n, a, *lda, ipiv);
+    else *info = factor_as_reference(*m, *n, a, *lda, ipiv);
 }
 
 }  // extern "C"
