@@ -1417,6 +1417,171 @@ public:
                                                         int dstWidth, int dstHeight, int top, int left);
 
     // --------------------------------------------------------------------------------------------
+    // Lookup tables, curves and palettes
+    //
+    // A table holds a value for every value of a source pixel: 256 entries for bytes, 65536 for words; with several
+    // channels there is a table for each, and pointers may repeat. Entries move bit by bit, also those of float NaNs.
+    //
+    // A curve is a line through points, levels[k] to values[k], with levelCount points and ascending levels. Below
+    // the first level it stays at the first value, from the last level on at the last one. Integers are the exact
+    // points of the line, rounded to the nearest integer, ties to even. Floats are computed in double, one rounding
+    // for each step: slope = (values[k + 1] - values[k]) / (levels[k + 1] - levels[k]), then
+    // values[k] + slope * (src - levels[k]), rounded to float; at a level that is its value (where the value is -0,
+    // perhaps +0), and a NaN gives the NaN 0x7FC00000. For several channels, run a curve over the ramp 0 ... 255 and
+    // take the result as a table.
+    //
+    // Tables, curves and palettes must not overlap the destination. Where source and destination have one type, dst
+    // may be src. The curves of 16-bit images take a temporary table from the heap; they do without it, to the same
+    // bits, when memory runs out.
+    //
+    // Checks: null pointer (the array of tables and each table in it, levels, values and palettes included), width
+    // or height below 1; then for curves fewer than two levels, levels that do not ascend, and floats that are not
+    // finite; for palettes a size outside 1 ... 65536.
+
+    /// dst = table[src]
+    static bool LUT_8u_C1(const unsigned char* src, int srcStep, const unsigned char* table, unsigned char* dst,
+                          int dstStep, int width, int height);
+    /// dst = table[src]
+    static bool LUT_8u16u_C1(const unsigned char* src, int srcStep, const unsigned short* table,
+                             unsigned short* dst, int dstStep, int width, int height);
+    /// dst = table[src]
+    static bool LUT_8u32f_C1(const unsigned char* src, int srcStep, const float* table, float* dst, int dstStep,
+                             int width, int height);
+    /// dst = table[src], 65536 entries
+    static bool LUT_16u_C1(const unsigned short* src, int srcStep, const unsigned short* table,
+                           unsigned short* dst, int dstStep, int width, int height);
+    /// dst = table[src], 65536 entries
+    static bool LUT_16u8u_C1(const unsigned short* src, int srcStep, const unsigned char* table,
+                             unsigned char* dst, int dstStep, int width, int height);
+    /// dst = table[src], 65536 entries
+    static bool LUT_16u32f_C1(const unsigned short* src, int srcStep, const float* table, float* dst, int dstStep,
+                              int width, int height);
+    /// dst[c] = tables[c][src[c]], c = 0 ... 2
+    static bool LUT_8u_C3(const unsigned char* src, int srcStep, const unsigned char* const* tables,
+                          unsigned char* dst, int dstStep, int width, int height);
+    /// dst[c] = tables[c][src[c]], c = 0 ... 3
+    static bool LUT_8u_C4(const unsigned char* src, int srcStep, const unsigned char* const* tables,
+                          unsigned char* dst, int dstStep, int width, int height);
+
+    /// dst = the curve's value at src
+    static bool LUT_Linear_8u_C1(const unsigned char* src, int srcStep, const unsigned char* levels,
+                                 const unsigned char* values, int levelCount, unsigned char* dst, int dstStep,
+                                 int width, int height);
+    /// dst = the curve's value at src
+    static bool LUT_Linear_16u_C1(const unsigned short* src, int srcStep, const unsigned short* levels,
+                                  const unsigned short* values, int levelCount, unsigned short* dst, int dstStep,
+                                  int width, int height);
+    /// dst = the curve's value at src
+    static bool LUT_Linear_16u8u_C1(const unsigned short* src, int srcStep, const unsigned short* levels,
+                                    const unsigned char* values, int levelCount, unsigned char* dst, int dstStep,
+                                    int width, int height);
+    /// dst = the curve's value at src
+    static bool LUT_Linear_32f_C1(const float* src, int srcStep, const float* levels, const float* values,
+                                  int levelCount, float* dst, int dstStep, int width, int height);
+
+    /// dst = palette[min(src, paletteSize - 1)]
+    static bool LUTPalette_16u32u_C1R(const unsigned short* src, int srcStep, const unsigned int* palette,
+                                      int paletteSize, unsigned int* dst, int dstStep, int width, int height);
+
+    // --------------------------------------------------------------------------------------------
+    // Luma and chroma
+    //
+    // Channel order is R, G, B and Y, Cb, Cr. U is Cb and V is Cr; there is no other "YUV" here. The last argument
+    // names the standard:
+    //     0  ITU-R BT.601, Y 16 ... 235, chroma 16 ... 240 (standard-definition video)
+    //     1  ITU-R BT.601, all 0 ... 255 (JPEG, ITU-T T.871)
+    //     2  ITU-R BT.709, Y 16 ... 235, chroma 16 ... 240 (high-definition video)
+    //     3  ITU-R BT.709, all 0 ... 255
+    // With Kr = 0.299, Kb = 0.114 (601) or Kr = 0.2126, Kb = 0.0722 (709), Kg = 1 - Kr - Kb and
+    // L = Kr R + Kg G + Kb B: Y = y0 + s L, Cb = 128 + t (B - L) / (2 - 2 Kb), Cr = 128 + t (R - L) / (2 - 2 Kr), where
+    // y0 = 16, s = 219 / 255, t = 224 / 255 in the standards 0 and 2, and y0 = 0, s = t = 1 in 1 and 3. Chroma 128 is
+    // grey.
+    //
+    // Accuracy, over all 2^24 pixels: from RGB within 0.505 of the formula's value, and its nearest integer but for at
+    // most 0.22 % of the values of a component; to RGB within 0.533, nearest but for at most 0.9 %. Grey has chroma
+    // 128 exactly, and comes back grey; there and back differs by at most 1 in full range and by at most 2 (blue; 1 in
+    // red and green) in video range. Results are clamped to 0 ... 255.
+    //
+    // 4:2:2 (C2): two pixels share a chroma sample and stand in four bytes, Y0 Cb Y1 Cr (YUY2, YUYV). A row is
+    // 4 ceil(width / 2) bytes, all of which are read or written. Of an odd width the last pair has no second pixel:
+    // reading ignores its Y, writing repeats the first one's. Chroma from RGB is that of the pair's mean, rounded
+    // once; the last pixel of an odd row counts twice. For other byte orders see a pair as a pixel of four channels
+    // in an image of half the width: SwapChannels_8u_C4IR with {1, 0, 3, 2} exchanges YUYV and UYVY, with
+    // {0, 3, 2, 1} YUYV and YVYU. For BGR, SwapChannels_8u_C3IR with {2, 1, 0}.
+    //
+    // 4:2:0 (P3): planes Y of width x height, U and V of ceil(width / 2) x ceil(height / 2); pixel (x, y) takes the
+    // chroma at (x / 2, y / 2), rounded down. Exchange U and V for YV12. Odd sizes are ordinary.
+    //
+    // AC4 keeps the destination's fourth channel. Where source and destination have as many channels, dst may be src.
+    // Checks: null pointer, width or height below 1, a standard other than 0 ... 3.
+
+    /// dst = (Y, Cb, Cr) of src = (R, G, B)
+    static bool RGBToYCbCr_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
+                                 int height, int standard);
+    /// dst = (Y, Cb, Cr) of src = (R, G, B), alpha kept
+    static bool RGBToYCbCr_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
+                                  int height, int standard);
+    /// dst = (R, G, B) of src = (Y, Cb, Cr)
+    static bool YCbCrToRGB_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
+                                 int height, int standard);
+    /// dst = (R, G, B) of src = (Y, Cb, Cr), alpha kept
+    static bool YCbCrToRGB_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
+                                  int height, int standard);
+    /// dst = 4:2:2 of src = (R, G, B)
+    static bool RGBToYUV422_8u_C3C2R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                     int width, int height, int standard);
+    /// dst = (R, G, B) of src in 4:2:2
+    static bool YUV422ToRGB_8u_C2C3R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                     int width, int height, int standard);
+    /// dst = (R, G, B) of three planes in 4:2:0
+    static bool YUV420ToRGB_8u_P3C3(const unsigned char* srcY, int srcYStep, const unsigned char* srcU, int srcUStep,
+                                    const unsigned char* srcV, int srcVStep, unsigned char* dst, int dstStep,
+                                    int width, int height, int standard);
+
+    // --------------------------------------------------------------------------------------------
+    // Colour matrices
+    //
+    // twist holds three rows of four floats: three factors and a constant. Values are taken as they are, bytes as
+    // 0 ... 255. Computed in float, one rounding for each product and each sum, the sums from the left. Bytes: the
+    // nearest integer, ties to even, clamped to 0 ... 255; a NaN gives 0. Floats: a NaN is the NaN 0x7FC00000. Any
+    // twist is legal; it must not overlap the destination. AC4 keeps the destination's fourth channel.
+    // Checks: null pointer, width or height below 1.
+
+    /// dst[c] = twist[4 c] src[0] + twist[4 c + 1] src[1] + twist[4 c + 2] src[2] + twist[4 c + 3], c = 0 ... 2
+    static bool ColorTwist32f_8u_C3(const unsigned char* src, int srcStep, const float* twist, unsigned char* dst,
+                                    int dstStep, int width, int height);
+    /// dst[c] = twist[4 c] src[0] + twist[4 c + 1] src[1] + twist[4 c + 2] src[2] + twist[4 c + 3], alpha kept
+    static bool ColorTwist32f_8u_AC4(const unsigned char* src, int srcStep, const float* twist, unsigned char* dst,
+                                     int dstStep, int width, int height);
+    /// dst[c] = twist[4 c] src[0] + twist[4 c + 1] src[1] + twist[4 c + 2] src[2] + twist[4 c + 3], c = 0 ... 2
+    static bool ColorTwist32f_32f_C3(const float* src, int srcStep, const float* twist, float* dst, int dstStep,
+                                     int width, int height);
+
+    // --------------------------------------------------------------------------------------------
+    // Composition
+    //
+    // src2 over src1 (T. Porter, T. Duff, "Compositing digital images", 1984): src1 is the ground, src2 what is laid
+    // upon it. The fourth channel, alpha, is opaque at 255. With colours c1, c2 and alphas a1, a2, and q(n) = n / 255
+    // to the nearest integer:
+    //     AC4: the ground is opaque, its alpha is not read, and the destination's alpha stays
+    //         q(a2 c2 + (255 - a2) c1);  premultiplied: min(255, c2 + q((255 - a2) c1))
+    //     C4: alpha counts and is written. A = 255 a2 + (255 - a2) a1, alpha = q(A),
+    //         colour = (255 a2 c2 + (255 - a2) a1 c1) / A to the nearest integer, ties to even; 0 if A = 0.
+    //         Premultiplied: min(255, c2 + q((255 - a2) c1)) for all four channels
+    // Composed over black in AC4 with dst = src2, a picture is premultiplied in place.
+    // Checks: null pointer, width or height below 1.
+
+    /// dst = src2 over the opaque src1, alpha kept
+    static bool AlphaComp_8u_AC4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                 unsigned char* dst, int dstStep, int width, int height, bool premultiplied);
+    /// dst = src2 over src1
+    static bool AlphaComp_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                unsigned char* dst, int dstStep, int width, int height, bool premultiplied);
+    /// dst = q(alpha src2 + (255 - alpha) src1), channel by channel
+    static bool AlphaCompC_8u_C3R(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
+                                  unsigned char alpha, unsigned char* dst, int dstStep, int width, int height);
+
+    // --------------------------------------------------------------------------------------------
     // Resize
     //
     // A plan resizes the whole source to the whole destination: the scale is srcWidth / dstWidth and

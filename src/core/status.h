@@ -35,13 +35,17 @@ enum Status : int {
     StatusBadMaskSize = -33,          // a filter mask other than 3x3 and 5x5
     StatusBadChannels = -53,          // a number of channels other than 1, 3 and 4
     StatusBadChannelOrder = -60,      // a channel index outside 0 to 3
-    StatusBadLevelCount = -107,       // a histogram of fewer than two levels
+    StatusBadLevelCount = -107,       // a number of levels or palette entries outside its range
     StatusUnevenStep = -108,          // a row step is not a multiple of the element size
     StatusBadStride = -182,           // a matrix stride below 1 or not a multiple of the element size
     StatusSingularMatrix = -195,      // a matrix without an inverse
     StatusBadCount = -203,            // a number of matrices below 1
     StatusSizesDiffer = -204,         // inner sizes of a matrix product that differ
     StatusBadBorder = -225,           // a border argument with unknown bits
+    StatusBadLevels = -301,           // levels of a curve that do not ascend or are not finite
+    StatusBadColorStandard = -302,    // a colour standard other than 0 to 3
+    StatusNotFinite = -303,           // an angle, shift, centre or matrix element that is not finite
+    StatusUnbounded = -304,           // a bound that does not exist
     StatusUnsupportedBorder = -9999,  // a border (or anti-aliasing) that the resizer does not have
     StatusNotSupportedMode = -9999,   // an operator that the operation does not take
 };

@@ -1,0 +1,32 @@
+// RGB to luma and chroma and back, pixel by pixel.
+#pragma once
+
+#include "core/shapes.h"
+
+namespace orv {
+
+using SrcDstStandard = Status(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, Size roi, int standard);
+
+#define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
+#include "image/colour/ycbcr.inc"
+#undef KERNEL
+
+namespace ycbcr {
+#define KERNEL(name, ...) __VA_ARGS__ name;
+namespace px {
+#include "image/colour/ycbcr.inc"
+}
+namespace v8 {
+#include "image/colour/ycbcr.inc"
+}
+namespace h9 {
+#include "image/colour/ycbcr.inc"
+}
+#undef KERNEL
+namespace w7 = px;
+namespace s8 = v8;
+namespace p8 = v8;
+namespace g9 = v8;
+}  // namespace ycbcr
+
+}  // namespace orv

@@ -1,0 +1,32 @@
+// Curves: straight lines between given points.
+#pragma once
+
+#include "core/shapes.h"
+
+namespace orv {
+
+template <class From, class To>
+using SrcCurveDst = Status(const From* src, int srcStep, const From* levels, const To* values, int levelCount, To* dst,
+                           int dstStep, Size roi);
+
+#define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
+#include "image/tables/curves.inc"
+#undef KERNEL
+
+namespace curves {
+#define KERNEL(name, ...) __VA_ARGS__ name;
+namespace px {
+#include "image/tables/curves.inc"
+}
+namespace h9 {
+#include "image/tables/curves.inc"
+}
+#undef KERNEL
+namespace w7 = px;
+namespace v8 = px;
+namespace s8 = px;
+namespace p8 = px;
+namespace g9 = px;
+}  // namespace curves
+
+}  // namespace orv
