@@ -1,7 +1,8 @@
 #include "image/colour/alpha.h"
 
 #include "core/float_control.h"
-#include "core/rows.h"
+#include "elementwise/rows.h"
+#include "simd/pixels.h"
 
 namespace orv {
 namespace alpha {
@@ -24,7 +25,49 @@ ORV_INLINE uint32_t smaller(uint32_t a, uint32_t b) { return a < b ? a : b; }
 // `kept` what the destination held.
 ORV_INLINE uint32_t channel(uint32_t pixel, int c) { return pixel >> (8 * c) & 255; }
 
+#if ORV_HAVE_VECTORS
+// The same of 16-bit lanes; 257 / 2^16 does both steps. And 2^8 times it, with lower bits left to be cleared.
+template <class U>
+ORV_INLINE U lanes_over_255(U n)
+{
+    return simd::mul_high(n + simd::splat<U>(128), simd::splat<U>(257));
+}
+template <class U>
+ORV_INLINE U raised_over_255(U n)
+{
+    const U m = n + simd::splat<U>(128);
+    return m + simd::shifted_right<8>(m);
+}
+
+// Vectors of pixels as 16-bit lanes: the first and third channel, and the second and fourth.
+template <class V> using LanesOf = simd::vec_of<std::uint16_t, typename V::reg>;
+template <class V> ORV_INLINE LanesOf<V> even_channels(V p) { return simd::as<std::uint16_t>(p & simd::splat<V>(0x00FF00FF)); }
+template <class V> ORV_INLINE LanesOf<V> odd_channels(V p) { return simd::shifted_right<8>(simd::as<std::uint16_t>(p)); }
+template <class V>
+ORV_INLINE LanesOf<V> alphas(V p)
+{
+    const V alpha = simd::shifted_right<24>(p);
+    return simd::as<std::uint16_t>(alpha | simd::shifted_left<16>(alpha));
+}
+template <class U> ORV_INLINE U rest_of(U alpha) { return alpha ^ simd::splat<U>(255); }
+template <class V> ORV_INLINE V with_alpha_of(V colour, V kept)
+{
+    const V alpha = simd::splat<V>(0xFF000000);
+    return simd::and_not(alpha, colour) | (kept & alpha);
+}
+#endif
+
 struct OverOpaque {
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b, V kept) const
+    {
+        const auto alpha = alphas(b), rest = rest_of(alpha);
+        const auto even = simd::mul_low(alpha, even_channels(b)) + simd::mul_low(rest, even_channels(a));
+        const auto odd = simd::mul_low(alpha, odd_channels(b)) + simd::mul_low(rest, odd_channels(a));
+        const V second = simd::as<uint32_t>(raised_over_255(odd)) & simd::splat<V>(0x0000FF00);
+        return simd::as<uint32_t>(lanes_over_255(even)) | second | (kept & simd::splat<V>(0xFF000000));
+    }
+#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t kept) const
     {
         const uint32_t alpha = channel(b, 3);
@@ -43,13 +86,29 @@ ORV_INLINE uint32_t premultiplied_over(uint32_t a, uint32_t b)
     }
     return pixel;
 }
+#if ORV_HAVE_VECTORS
+template <class V>
+ORV_INLINE V premultiplied_over_lanes(V a, V b)
+{
+    const auto rest = rest_of(alphas(b));
+    const V even = simd::as<uint32_t>(lanes_over_255(simd::mul_low(rest, even_channels(a))));
+    const V odd = simd::as<uint32_t>(raised_over_255(simd::mul_low(rest, odd_channels(a)))) & simd::splat<V>(0xFF00FF00);
+    return simd::as<uint32_t>(simd::add_saturate(simd::as<uint8_t>(b), simd::as<uint8_t>(even | odd)));
+}
+#endif
 struct PremultipliedOverOpaque {
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b, V kept) const { return with_alpha_of(premultiplied_over_lanes(a, b), kept); }
+#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t kept) const
     {
         return (premultiplied_over(a, b) & 0xFFFFFF) | (kept & 0xFF000000);
     }
 };
 struct PremultipliedOver {
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b, V) const { return premultiplied_over_lanes(a, b); }
+#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t) const { return premultiplied_over(a, b); }
 };
 
@@ -60,6 +119,29 @@ ORV_INLINE uint32_t nearest_quotient(uint32_t numerator, uint32_t divisor)
     return whole + (twice_rest > divisor || (twice_rest == divisor && (whole & 1) != 0) ? 1 : 0);
 }
 struct Over {
+#if ORV_HAVE_VECTORS
+    // In floats: products and sums stay below 2^24, so they are exact, and no quotient that is not a half itself comes
+    // as near to one as the rounding of the division reaches.
+    template <class V> ORV_INLINE V many(V a, V b, V) const
+    {
+        using F = simd::floats_of<V>;
+        const F all = simd::splat<F>(255), top = numbers<3>(b);
+        const F upper = top * all, lower = (all - top) * numbers<3>(a), sum = upper + lower;
+        const F divisor = simd::max(sum, simd::splat<F>(1));
+        const V alpha = simd::as<uint32_t>(simd::round_to_int(sum / all));
+        V pixel = simd::shifted_left<24>(alpha);
+        pixel = pixel | simd::as<uint32_t>(simd::round_to_int((upper * numbers<0>(b) + lower * numbers<0>(a)) / divisor));
+        const V second = simd::as<uint32_t>(simd::round_to_int((upper * numbers<1>(b) + lower * numbers<1>(a)) / divisor));
+        const V third = simd::as<uint32_t>(simd::round_to_int((upper * numbers<2>(b) + lower * numbers<2>(a)) / divisor));
+        return pixel | simd::shifted_left<8>(second) | simd::shifted_left<16>(third);
+    }
+    template <int channel, class V>
+    static ORV_INLINE simd::floats_of<V> numbers(V pixels)
+    {
+        const V lowest = channel == 0 ? pixels : simd::shifted_right<8 * channel>(pixels);
+        return simd::to_float(simd::as<std::int32_t>(channel == 3 ? lowest : lowest & simd::splat<V>(255)));
+    }
+#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t) const
     {
         const uint32_t upper = 255 * channel(b, 3), lower = (255 - channel(b, 3)) * channel(a, 3), sum = upper + lower;
@@ -70,16 +152,34 @@ struct Over {
     }
 };
 
+// What the loops of rows compute at a position, from both sources and from what the destination holds.
+template <class Op>
+struct FromThree {
+    const uint32_t* a;
+    const uint32_t* b;
+    const uint32_t* kept;
+    ORV_INLINE uint32_t one(ptrdiff_t i) const { return Op().one(get(a + i), get(b + i), get(kept + i)); }
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V at(ptrdiff_t i) const
+    {
+        return Op().many(simd::load<V>(a + i), simd::load<V>(b + i), simd::load<V>(kept + i));
+    }
+    template <class V, int Bytes> ORV_INLINE V ends(ptrdiff_t n) const
+    {
+        return Op().many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n), simd::load_ends<V, Bytes>(kept, n));
+    }
+#endif
+};
+
 template <class Op>
 Status compose(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2Step, uint8_t* dst, int dstStep, Size roi)
 {
-    const Op op{};
+    const FloatControl control;
     const Rows rows(roi, 1, 4, src1Step, src2Step, dstStep);
     for (int y = 0; y < rows.count; ++y) {
-        const auto* const a = reinterpret_cast<const uint32_t*>(row_at(src1, src1Step, y));
-        const auto* const b = reinterpret_cast<const uint32_t*>(row_at(src2, src2Step, y));
         auto* const d = reinterpret_cast<uint32_t*>(row_at(dst, dstStep, y));
-        for (ptrdiff_t x = 0; x < rows.n; ++x) put(d + x, op.one(get(a + x), get(b + x), get(d + x)));
+        run_row(d, rows.n, FromThree<Op>{reinterpret_cast<const uint32_t*>(row_at(src1, src1Step, y)),
+                                         reinterpret_cast<const uint32_t*>(row_at(src2, src2Step, y)), d});
     }
     return StatusOk;
 }
@@ -87,6 +187,17 @@ Status compose(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2S
 // Both by the same weights: those of a constant.
 struct Blend {
     uint8_t alpha;
+#if ORV_HAVE_VECTORS
+    template <class V> ORV_INLINE V many(V a, V b) const
+    {
+        using U = LanesOf<V>;
+        const U upper = simd::splat<U>(alpha), lower = simd::splat<U>(static_cast<std::uint16_t>(255 - alpha)), low_byte = simd::splat<U>(255);
+        const U a2 = simd::as<std::uint16_t>(a), b2 = simd::as<std::uint16_t>(b);
+        const U even = simd::mul_low(upper, b2 & low_byte) + simd::mul_low(lower, a2 & low_byte);
+        const U odd = simd::mul_low(upper, simd::shifted_right<8>(b2)) + simd::mul_low(lower, simd::shifted_right<8>(a2));
+        return simd::as<uint8_t>(lanes_over_255(even) | simd::and_not(low_byte, raised_over_255(odd)));
+    }
+#endif
     ORV_INLINE uint8_t one(uint8_t a, uint8_t b) const
     {
         return static_cast<uint8_t>(over_255(uint32_t{alpha} * b + (255u - alpha) * a));
@@ -117,14 +228,8 @@ Status AlphaCompC_8u_C3R(const uint8_t* src1, int src1Step, const uint8_t* src2,
                          int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
-    const Blend op = {alpha};
-    const Rows rows(roi, 3, 1, src1Step, src2Step, dstStep);
-    for (int y = 0; y < rows.count; ++y) {
-        const uint8_t* const a = row_at(src1, src1Step, y);
-        const uint8_t* const b = row_at(src2, src2Step, y);
-        uint8_t* const d = row_at(dst, dstStep, y);
-        for (ptrdiff_t i = 0; i < rows.n; ++i) d[i] = op.one(a[i], b[i]);
-    }
+    Blend op = {alpha};
+    plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, 3, op);
     return StatusOk;
 }
 

@@ -14,22 +14,4 @@ using SrcSrcAlphaDst = Status(const unsigned char* src1, int src1Step, const uns
 #include "image/colour/alpha.inc"
 #undef KERNEL
 
-namespace alpha {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/colour/alpha.inc"
-}
-namespace w7 {
-#include "image/colour/alpha.inc"
-}
-namespace h9 {
-#include "image/colour/alpha.inc"
-}
-#undef KERNEL
-namespace v8 = w7;
-namespace s8 = w7;
-namespace p8 = w7;
-namespace g9 = w7;
-}  // namespace alpha
-
 }  // namespace orv

@@ -3,43 +3,121 @@
 // An operation has
 //     void one(const uint8_t* src, uint8_t* dst)    a pixel: its meaning, on scalars
 // and where the level has byte shuffles
-//     static constexpr int kPixels                  how many block() takes
-//     void block(const uint8_t* src, uint8_t* dst)  as many pixels; reads all of them before it writes
-// The rest of a row is done as a block in small buffers.
+//     template <class From> Bytes many(Bytes pixels)   four pixels in each 16 bytes, which stand as From has it
+//     static constexpr int place(int channel, int pixel)   where many() leaves them
 #pragma once
 
 #include <cstdint>
 
-#include "core/rows.h"
-#include "core/simd/vec.h"
+#include "elementwise/rows.h"
+#include "simd/pixels.h"
+#include "simd/reductions.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
 
-template <int From, int To, class Op>
-ORV_INLINE void pixel_row(const std::uint8_t* src, std::uint8_t* dst, std::ptrdiff_t n, const Op& op)
+#if ORV_HAVE_BYTE_SHUFFLE
+using Bytes = simd::widest<std::uint8_t>;
+using Words = simd::widest<std::int16_t>;
+using UnsignedWords = simd::widest<std::uint16_t>;
+using Ints = simd::widest<std::int32_t>;
+
+// Which byte of 16 goes to each place; kNone for a zero.
+constexpr int kNone = 0x80;
+struct Picks {
+    std::uint8_t from[16];
+};
+template <class Place>
+constexpr Picks make_picks(Place place)
 {
-#if 0
-    constexpr int N = Op::kPixels;
-    for (; n >= N; n -= N, src += N * From, dst += N * To) op.block(src, dst);
+    Picks p = {};
+    for (int b = 0; b < 16; ++b) p.from[b] = static_cast<std::uint8_t>(place(b));
+    return p;
+}
+ORV_INLINE Bytes shuffled(Bytes a, const Picks& p) { return simd::shuffle_bytes(a, simd::load_repeated<Bytes>(p.from)); }
+
+// 32-bit lanes of three channels as bytes: four of the first, of the second, of the third.
+ORV_INLINE Bytes packed_channels(Ints first, Ints second, Ints third)
+{
+    const Words low = simd::narrow(simd::pair<Ints>{first, second}), high = simd::narrow(simd::pair<Ints>{third, third});
+    return simd::narrow(simd::pair<UnsignedWords>{simd::as<std::uint16_t>(low), simd::as<std::uint16_t>(high)});
+}
+
+// Pixels of `Stride` bytes from byte `First` on.
+template <int Stride, int First>
+struct Interleaved {
+    static constexpr int at(int channel, int pixel) { return First + Stride * pixel + channel; }
+};
+
+// What many() left, as packed pixels of three channels with a gap of four bytes before byte 4 `Group`: so that groups
+// of 12 bytes join by taking bytes from two of them.
+template <class Op, int Group>
+struct Packed {
+    static constexpr int source(int b)
+    {
+        if (b >= 4 * Group && b < 4 * Group + 4) return kNone;
+        const int byte = b < 4 * Group ? b : b - 4;
+        return Op::place(byte % 3, byte / 3);
+    }
+    static constexpr Picks picks = make_picks(source);
+};
+// The same as pixels of four channels with nothing in the fourth.
+template <class Op>
+struct Spread {
+    static constexpr int source(int b) { return b % 4 == 3 ? kNone : Op::place(b % 4, b / 4); }
+    static constexpr Picks picks = make_picks(source);
+};
+
+// Sixteen pixels of three bytes in 48, as often as there are 16 bytes in a register. Groups of four pixels begin every
+// 12 bytes; the last one is fetched with the four bytes before it, not behind it.
+template <class Op>
+ORV_INLINE void block_of(const Op& op, const std::uint8_t* src, std::uint8_t* dst, Interleaved<3, 0>)
+{
+    using simd::load_parts;
+    const Bytes a = shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src)), Packed<Op, 0>::picks);
+    const Bytes b = shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src + 12)), Packed<Op, 1>::picks);
+    const Bytes c = shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src + 24)), Packed<Op, 2>::picks);
+    const Bytes d = shuffled(op.template many<Interleaved<3, 4>>(load_parts<Bytes, 48>(src + 32)), Packed<Op, 3>::picks);
+    simd::store_parts<48>(dst, simd::joined<4>(a, b));
+    simd::store_parts<48>(dst + 16, simd::joined<8>(b, c));
+    simd::store_parts<48>(dst + 32, simd::joined<12>(c, d));
+}
+// Pixels of four bytes: the fourth one stays.
+template <class Op>
+ORV_INLINE void block_of(const Op& op, const std::uint8_t* src, std::uint8_t* dst, Interleaved<4, 0>)
+{
+    const Bytes result = shuffled(op.template many<Interleaved<4, 0>>(simd::load<Bytes>(src)), Spread<Op>::picks);
+    const Bytes alpha = simd::as<std::uint8_t>(simd::splat<simd::widest<std::uint32_t>>(0xFF000000));
+    simd::store(dst, result | (simd::load<Bytes>(dst) & alpha));
+}
+#endif
+
+template <int Channels, class Op>
+ORV_INLINE void pixel_row(const std::uint8_t* src, std::uint8_t* dst, std::ptrdiff_t n, Op op)
+{
+#if ORV_HAVE_BYTE_SHUFFLE
+    constexpr int N = Channels == 3 ? Bytes::N : Bytes::N / 4;
+    constexpr Interleaved<Channels, 0> layout;
+    for (; n >= N; n -= N, src += N * Channels, dst += N * Channels) block_of(op, src, dst, layout);
     if (n == 0) return;
-    std::uint8_t in[N * From], out[N * To];
-    __builtin_memcpy(in, src, static_cast<std::size_t>(n * From));
-    __builtin_memcpy(out, dst, static_cast<std::size_t>(n * To));  // of four channels one may stay
-    op.block(in, out);
-    __builtin_memcpy(dst, out, static_cast<std::size_t>(n * To));
+    // The rest is a block in small buffers.
+    std::uint8_t in[N * Channels] = {}, out[N * Channels] = {};
+    const std::size_t bytes = static_cast<std::size_t>(n * Channels);
+    __builtin_memcpy(in, src, bytes);
+    __builtin_memcpy(out, dst, bytes);
+    block_of(op, in, out, layout);
+    __builtin_memcpy(dst, out, bytes);
 #else
-    for (; n > 0; --n, src += From, dst += To) op.one(src, dst);
+    for (; n > 0; --n, src += Channels, dst += Channels) op.one(src, dst);
 #endif
 }
 
-// Source and destination with as many channels.
 template <int Channels, class Op>
-inline void pixel_plane(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, Size roi, const Op& op)
+inline void pixel_plane(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, Size roi, Op op)
 {
     const Rows rows(roi, Channels, 1, srcStep, dstStep);
     for (int y = 0; y < rows.count; ++y) {
-        pixel_row<Channels, Channels>(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n / Channels, op);
+        pixel_row<Channels>(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n / Channels, op);
     }
 }
 

@@ -14,22 +14,4 @@ using PlanesDstStandard = Status(const unsigned char* srcY, int srcYStep, const 
 #include "image/colour/subsampled.inc"
 #undef KERNEL
 
-namespace subsampled {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/colour/subsampled.inc"
-}
-namespace v8 {
-#include "image/colour/subsampled.inc"
-}
-namespace h9 {
-#include "image/colour/subsampled.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace s8 = v8;
-namespace p8 = v8;
-namespace g9 = v8;
-}  // namespace subsampled
-
 }  // namespace orv

@@ -23,6 +23,14 @@ struct Twist {
         const float first = rounded(rounded(row[c][0] * p[0]) + rounded(row[c][1] * p[1]));
         return rounded(rounded(first + rounded(row[c][2] * p[2])) + row[c][3]);
     }
+#if ORV_HAVE_VECTORS
+    template <class V>
+    ORV_INLINE V many(int c, V p0, V p1, V p2) const
+    {
+        using simd::splat;
+        return ((splat<V>(row[c][0]) * p0 + splat<V>(row[c][1]) * p1) + splat<V>(row[c][2]) * p2) + splat<V>(row[c][3]);
+    }
+#endif
 };
 
 // The nearest byte, ties to even; a NaN gives 0.
@@ -35,8 +43,33 @@ ORV_INLINE uint8_t nearest_byte(float x)
     return static_cast<uint8_t>(whole + (fraction > 0.5f || (fraction == 0.5f && (whole & 1) != 0) ? 1 : 0));
 }
 
+#if ORV_HAVE_BYTE_SHUFFLE
+template <class From, int Channel>
+struct OneChannel {
+    static constexpr int source(int b) { return b % 4 == 0 ? From::at(Channel, b / 4) : kNone; }
+    static constexpr Picks picks = make_picks(source);
+};
+#endif
+
 struct TwistBytes : Twist {
     using Twist::Twist;
+#if ORV_HAVE_BYTE_SHUFFLE
+    static constexpr int place(int channel, int pixel) { return 4 * channel + pixel; }
+    // As its second operand a NaN passes the minimum, becomes the least integer, and that a 0.
+    template <class V>
+    ORV_INLINE Ints nearest(int c, V p0, V p1, V p2) const
+    {
+        return simd::round_to_int(simd::min(simd::splat<V>(255), Twist::many(c, p0, p1, p2)));
+    }
+    template <class From>
+    ORV_INLINE Bytes many(Bytes pixels) const
+    {
+        const auto p0 = simd::to_float(simd::as<std::int32_t>(shuffled(pixels, OneChannel<From, 0>::picks)));
+        const auto p1 = simd::to_float(simd::as<std::int32_t>(shuffled(pixels, OneChannel<From, 1>::picks)));
+        const auto p2 = simd::to_float(simd::as<std::int32_t>(shuffled(pixels, OneChannel<From, 2>::picks)));
+        return packed_channels(nearest(0, p0, p1, p2), nearest(1, p0, p1, p2), nearest(2, p0, p1, p2));
+    }
+#endif
     void one(const uint8_t* src, uint8_t* dst) const
     {
         const float p[3] = {static_cast<float>(src[0]), static_cast<float>(src[1]), static_cast<float>(src[2])};
@@ -46,6 +79,37 @@ struct TwistBytes : Twist {
 
 struct TwistFloats : Twist {
     using Twist::Twist;
+#if ORV_HAVE_VECTORS
+    using Floats = simd::widest<float>;
+    static constexpr int N = Floats::N;  // pixels of a block
+
+    // All pixels are read before any is written.
+    ORV_INLINE void block(const float* src, float* dst) const
+    {
+        const simd::three<Floats> p = simd::separated(simd::load_three<Floats>(src));
+        Floats out[3] = {many(0, p.a, p.b, p.c), many(1, p.a, p.b, p.c), many(2, p.a, p.b, p.c)};
+        const Floats no_number = simd::unordered(out[0], out[1]) | simd::unordered(out[2], out[2]);
+        if (__builtin_expect(simd::any(no_number), false)) {
+            for (Floats& channel : out) channel = simd::select(simd::unordered(channel, channel), simd::splat<Floats>(__builtin_nanf("")), channel);
+        }
+        simd::store_three(dst, simd::side_by_side(simd::three<Floats>{out[0], out[1], out[2]}));
+    }
+    ORV_INLINE void pixels(const float* src, float* dst, ptrdiff_t n) const
+    {
+        for (; n >= N; n -= N, src += 3 * N, dst += 3 * N) block(src, dst);
+        if (n == 0) return;
+        const std::size_t bytes = static_cast<std::size_t>(n) * 3 * sizeof(float);
+        float in[3 * N] = {}, out[3 * N];
+        __builtin_memcpy(in, src, bytes);
+        block(in, out);
+        __builtin_memcpy(dst, out, bytes);
+    }
+#else
+    void pixels(const float* src, float* dst, ptrdiff_t n) const
+    {
+        for (; n > 0; --n, src += 3, dst += 3) one(src, dst);
+    }
+#endif
     void one(const float* src, float* dst) const
     {
         const float p[3] = {get(src), get(src + 1), get(src + 2)};
@@ -85,11 +149,7 @@ Status ColorTwist32f_32f_C3(const float* src, int srcStep, const float* twist, f
     const FloatControl control;
     const TwistFloats op(twist);
     const Rows rows(roi, 3, sizeof(float), srcStep, dstStep);
-    for (int y = 0; y < rows.count; ++y) {
-        const float* const s = row_at(src, srcStep, y);
-        float* const d = row_at(dst, dstStep, y);
-        for (ptrdiff_t i = 0; i < rows.n; i += 3) op.one(s + i, d + i);
-    }
+    for (int y = 0; y < rows.count; ++y) op.pixels(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n / 3);
     return StatusOk;
 }
 

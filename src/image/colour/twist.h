@@ -12,24 +12,4 @@ using SrcTwistDst = Status(const T* src, int srcStep, const float* twist, T* dst
 #include "image/colour/twist.inc"
 #undef KERNEL
 
-namespace twist {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/colour/twist.inc"
-}
-namespace w7 {
-#include "image/colour/twist.inc"
-}
-namespace v8 {
-#include "image/colour/twist.inc"
-}
-namespace h9 {
-#include "image/colour/twist.inc"
-}
-#undef KERNEL
-namespace s8 = v8;
-namespace p8 = v8;
-namespace g9 = v8;
-}  // namespace twist
-
 }  // namespace orv

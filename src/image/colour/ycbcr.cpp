@@ -1,7 +1,6 @@
 #include "image/colour/ycbcr.h"
 
-#include "image/colour/pixel_rows.h"
-#include "image/colour/standards.h"
+#include "image/colour/standard_lanes.h"
 
 namespace orv {
 namespace ycbcr {
@@ -12,8 +11,20 @@ using std::uint8_t;
 
 struct FromRgbPixels {
     FromRgb m;
+#if ORV_HAVE_BYTE_SHUFFLE
+    FromRgbLanes lanes;
+    explicit FromRgbPixels(int standard) : m(kFromRgb[standard]), lanes(m) {}
 
+    static constexpr int place(int channel, int pixel) { return 4 * channel + pixel; }
+    template <class From>
+    ORV_INLINE Bytes many(Bytes rgb) const
+    {
+        const FromRgbLanes::Sums s = lanes.sums<From>(rgb);
+        return packed_channels(simd::shifted_right<15>(s.luma), simd::shifted_right<15>(s.cb), simd::shifted_right<15>(s.cr));
+    }
+#else
     explicit FromRgbPixels(int standard) : m(kFromRgb[standard]) {}
+#endif
     void one(const uint8_t* rgb, uint8_t* ycc) const
     {
         const uint8_t luma = luma_of(m, rgb);
@@ -25,10 +36,47 @@ struct FromRgbPixels {
     }
 };
 
+#if ORV_HAVE_BYTE_SHUFFLE
+// Two lanes per pixel, in their upper bytes: luma twice, and Cr with Cb.
+template <class From>
+struct LumaTwice {
+    static constexpr int source(int b) { return b % 2 == 0 ? kNone : From::at(0, b / 4); }
+    static constexpr Picks picks = make_picks(source);
+};
+template <class From>
+struct CrAndCb {
+    static constexpr int source(int b) { return b % 2 == 0 ? kNone : From::at(b % 4 == 1 ? 2 : 1, b / 4); }
+    static constexpr Picks picks = make_picks(source);
+};
+#endif
+
 struct ToRgbPixels {
     ToRgb m;
+#if ORV_HAVE_BYTE_SHUFFLE
+    ToRgbLanes lanes;
+    Words red_blue, green;
 
+    explicit ToRgbPixels(int standard)
+        : m(kToRgb[standard]), lanes(m), red_blue(repeated(m.red_of_v, m.half_blue_of_u)), green(repeated(m.green_of_v, m.green_of_u))
+    {
+    }
+
+    // Red and blue side by side in the first eight bytes, green in every second of the others.
+    static constexpr int place(int channel, int pixel) { return channel == 1 ? 8 + 2 * pixel : 2 * pixel + channel / 2; }
+    template <class From>
+    ORV_INLINE Bytes many(Bytes ycc) const
+    {
+        const Words y = lanes.luma_of(simd::as<std::uint16_t>(shuffled(ycc, LumaTwice<From>::picks)));
+        const Words vu256 = ToRgbLanes::signed_chroma(simd::as<std::uint16_t>(shuffled(ycc, CrAndCb<From>::picks)));
+        const Words vu128 = simd::shifted_right<1>(vu256);
+        const Words rb = simd::mul_rounded(simd::alternate(vu128, vu256), red_blue);
+        // The sum of both lanes stands in the lower one.
+        const Ints g = simd::sum_of_products(simd::mul_rounded(vu128, green), simd::splat<Words>(1));
+        return simd::narrow(simd::pair<UnsignedWords>{ToRgbLanes::whole(y, rb), ToRgbLanes::whole(y, simd::as<std::int16_t>(g))});
+    }
+#else
     explicit ToRgbPixels(int standard) : m(kToRgb[standard]) {}
+#endif
     void one(const uint8_t* ycc, uint8_t* rgb) const
     {
         const int luma = ycc[0];

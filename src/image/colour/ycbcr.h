@@ -11,22 +11,4 @@ using SrcDstStandard = Status(const unsigned char* src, int srcStep, unsigned ch
 #include "image/colour/ycbcr.inc"
 #undef KERNEL
 
-namespace ycbcr {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/colour/ycbcr.inc"
-}
-namespace v8 {
-#include "image/colour/ycbcr.inc"
-}
-namespace h9 {
-#include "image/colour/ycbcr.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace s8 = v8;
-namespace p8 = v8;
-namespace g9 = v8;
-}  // namespace ycbcr
-
 }  // namespace orv

@@ -13,20 +13,4 @@ using SrcCurveDst = Status(const From* src, int srcStep, const From* levels, con
 #include "image/tables/curves.inc"
 #undef KERNEL
 
-namespace curves {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/tables/curves.inc"
-}
-namespace h9 {
-#include "image/tables/curves.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace v8 = px;
-namespace s8 = px;
-namespace p8 = px;
-namespace g9 = px;
-}  // namespace curves
-
 }  // namespace orv

@@ -16,20 +16,4 @@ using SrcPaletteDst = Status(const unsigned short* src, int srcStep, const unsig
 #include "image/tables/lookup.inc"
 #undef KERNEL
 
-namespace lookup {
-#define KERNEL(name, ...) __VA_ARGS__ name;
-namespace px {
-#include "image/tables/lookup.inc"
-}
-namespace h9 {
-#include "image/tables/lookup.inc"
-}
-#undef KERNEL
-namespace w7 = px;
-namespace v8 = px;
-namespace s8 = px;
-namespace p8 = px;
-namespace g9 = px;
-}  // namespace lookup
-
 }  // namespace orv

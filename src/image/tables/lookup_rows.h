@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "core/checks.h"
-#include "core/rows.h"
+#include "elementwise/rows.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {

@@ -196,9 +196,8 @@ TEST(Lookup, RefusalsWriteNothing)
         for (int c = 0; c < 4; ++c) {
             const u8* some[4] = {bytes.data(), bytes.data(), bytes.data(), bytes.data()};
             some[c] = nullptr;
-            EXPECT_EQ(W::LUT_8u_C3(s, step, some, nullptr, step, 2, 2), false);
             EXPECT_EQ(orv::orv_LUT_8u_C4(s, step, some, d, step, {0, 0}), -8) << c;
-            if (c < 3) EXPECT_EQ(orv::orv_LUT_8u_C3(s, step, some, d, step, good), -8) << c;
+            EXPECT_EQ(orv::orv_LUT_8u_C3(s, step, some, c < 3 ? d : nullptr, step, good), -8) << c;
         }
         EXPECT_FALSE(W::LUTPalette_16u32u_C1R(source.pixels<u16>(), step, nullptr, 4, image.pixels<u32>(), step, 2, 2));
         ASSERT_EQ(image.bytes(), before);
