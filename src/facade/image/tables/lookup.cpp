@@ -1,6 +1,5 @@
-// Lookup tables, curves and palettes.
+// Lookup tables and palettes.
 #include "ImageProcessingWrapper.h"
-#include "image/tables/curves.h"
 #include "image/tables/lookup.h"
 
 using namespace orv;
@@ -19,13 +18,6 @@ using namespace orv;
         return orv_##name(src, srcStep, tables, dst, dstStep, {width, height}) == StatusOk;             \
     }
 
-#define SRC_CURVE_DST(name, From, To)                                                                   \
-    bool ImageProcessingWrapper::name(const From* src, int srcStep, const From* levels, const To* values, int levelCount, \
-                                      To* dst, int dstStep, int width, int height)                      \
-    {                                                                                                   \
-        return orv_##name(src, srcStep, levels, values, levelCount, dst, dstStep, {width, height}) == StatusOk; \
-    }
-
 SRC_TABLE_DST(LUT_8u_C1, unsigned char, unsigned char)
 SRC_TABLE_DST(LUT_8u16u_C1, unsigned char, unsigned short)
 SRC_TABLE_DST(LUT_8u32f_C1, unsigned char, float)
@@ -35,11 +27,6 @@ SRC_TABLE_DST(LUT_16u32f_C1, unsigned short, float)
 SRC_TABLES_DST(LUT_8u_C3)
 SRC_TABLES_DST(LUT_8u_C4)
 
-SRC_CURVE_DST(LUT_Linear_8u_C1, unsigned char, unsigned char)
-SRC_CURVE_DST(LUT_Linear_16u_C1, unsigned short, unsigned short)
-SRC_CURVE_DST(LUT_Linear_16u8u_C1, unsigned short, unsigned char)
-SRC_CURVE_DST(LUT_Linear_32f_C1, float, float)
-
 bool ImageProcessingWrapper::LUTPalette_16u32u_C1R(const unsigned short* src, int srcStep, const unsigned int* palette,
                                                    int paletteSize, unsigned int* dst, int dstStep, int width, int height)
 {
@@ -48,4 +35,3 @@ bool ImageProcessingWrapper::LUTPalette_16u32u_C1R(const unsigned short* src, in
 
 #undef SRC_TABLE_DST
 #undef SRC_TABLES_DST
-#undef SRC_CURVE_DST
