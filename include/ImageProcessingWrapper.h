@@ -1439,49 +1439,53 @@ public:
     // finite; for palettes a size outside 1 ... 65536.
 
     /// dst = table[src]
-    static bool LUT_8u_C1(const unsigned char* src, int srcStep, const unsigned char* table, unsigned char* dst,
-                          int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_8u_C1(const unsigned char* src, int srcStep, const unsigned char* table,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// dst = table[src]
-    static bool LUT_8u16u_C1(const unsigned char* src, int srcStep, const unsigned short* table,
-                             unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_8u16u_C1(const unsigned char* src, int srcStep, const unsigned short* table,
+                                         unsigned short* dst, int dstStep, int width, int height);
     /// dst = table[src]
-    static bool LUT_8u32f_C1(const unsigned char* src, int srcStep, const float* table, float* dst, int dstStep,
-                             int width, int height);
+    static bool ORVANE_CALL LUT_8u32f_C1(const unsigned char* src, int srcStep, const float* table, float* dst,
+                                         int dstStep, int width, int height);
     /// dst = table[src], 65536 entries
-    static bool LUT_16u_C1(const unsigned short* src, int srcStep, const unsigned short* table,
-                           unsigned short* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_16u_C1(const unsigned short* src, int srcStep, const unsigned short* table,
+                                       unsigned short* dst, int dstStep, int width, int height);
     /// dst = table[src], 65536 entries
-    static bool LUT_16u8u_C1(const unsigned short* src, int srcStep, const unsigned char* table,
-                             unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_16u8u_C1(const unsigned short* src, int srcStep, const unsigned char* table,
+                                         unsigned char* dst, int dstStep, int width, int height);
     /// dst = table[src], 65536 entries
-    static bool LUT_16u32f_C1(const unsigned short* src, int srcStep, const float* table, float* dst, int dstStep,
-                              int width, int height);
+    static bool ORVANE_CALL LUT_16u32f_C1(const unsigned short* src, int srcStep, const float* table,
+                                          float* dst, int dstStep, int width, int height);
     /// dst[c] = tables[c][src[c]], c = 0 ... 2
-    static bool LUT_8u_C3(const unsigned char* src, int srcStep, const unsigned char* const* tables,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_8u_C3(const unsigned char* src, int srcStep, const unsigned char* const* tables,
+                                      unsigned char* dst, int dstStep, int width, int height);
     /// dst[c] = tables[c][src[c]], c = 0 ... 3
-    static bool LUT_8u_C4(const unsigned char* src, int srcStep, const unsigned char* const* tables,
-                          unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_8u_C4(const unsigned char* src, int srcStep, const unsigned char* const* tables,
+                                      unsigned char* dst, int dstStep, int width, int height);
 
     /// dst = the curve's value at src
-    static bool LUT_Linear_8u_C1(const unsigned char* src, int srcStep, const unsigned char* levels,
-                                 const unsigned char* values, int levelCount, unsigned char* dst, int dstStep,
-                                 int width, int height);
+    static bool ORVANE_CALL LUT_Linear_8u_C1(const unsigned char* src, int srcStep, const unsigned char* levels,
+                                             const unsigned char* values, int levelCount, unsigned char* dst,
+                                             int dstStep, int width, int height);
     /// dst = the curve's value at src
-    static bool LUT_Linear_16u_C1(const unsigned short* src, int srcStep, const unsigned short* levels,
-                                  const unsigned short* values, int levelCount, unsigned short* dst, int dstStep,
-                                  int width, int height);
+    static bool ORVANE_CALL LUT_Linear_16u_C1(const unsigned short* src, int srcStep,
+                                              const unsigned short* levels, const unsigned short* values,
+                                              int levelCount, unsigned short* dst, int dstStep, int width,
+                                              int height);
     /// dst = the curve's value at src
-    static bool LUT_Linear_16u8u_C1(const unsigned short* src, int srcStep, const unsigned short* levels,
-                                    const unsigned char* values, int levelCount, unsigned char* dst, int dstStep,
-                                    int width, int height);
+    static bool ORVANE_CALL LUT_Linear_16u8u_C1(const unsigned short* src, int srcStep,
+                                                const unsigned short* levels, const unsigned char* values,
+                                                int levelCount, unsigned char* dst, int dstStep, int width,
+                                                int height);
     /// dst = the curve's value at src
-    static bool LUT_Linear_32f_C1(const float* src, int srcStep, const float* levels, const float* values,
-                                  int levelCount, float* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUT_Linear_32f_C1(const float* src, int srcStep, const float* levels,
+                                              const float* values, int levelCount, float* dst, int dstStep,
+                                              int width, int height);
 
     /// dst = palette[min(src, paletteSize - 1)]
-    static bool LUTPalette_16u32u_C1R(const unsigned short* src, int srcStep, const unsigned int* palette,
-                                      int paletteSize, unsigned int* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL LUTPalette_16u32u_C1R(const unsigned short* src, int srcStep,
+                                                  const unsigned int* palette, int paletteSize,
+                                                  unsigned int* dst, int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Luma and chroma
@@ -1516,27 +1520,28 @@ public:
     // Checks: null pointer, width or height below 1, a standard other than 0 ... 3.
 
     /// dst = (Y, Cb, Cr) of src = (R, G, B)
-    static bool RGBToYCbCr_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
-                                 int height, int standard);
+    static bool ORVANE_CALL RGBToYCbCr_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst,
+                                             int dstStep, int width, int height, int standard);
     /// dst = (Y, Cb, Cr) of src = (R, G, B), alpha kept
-    static bool RGBToYCbCr_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
-                                  int height, int standard);
+    static bool ORVANE_CALL RGBToYCbCr_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst,
+                                              int dstStep, int width, int height, int standard);
     /// dst = (R, G, B) of src = (Y, Cb, Cr)
-    static bool YCbCrToRGB_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
-                                 int height, int standard);
+    static bool ORVANE_CALL YCbCrToRGB_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst,
+                                             int dstStep, int width, int height, int standard);
     /// dst = (R, G, B) of src = (Y, Cb, Cr), alpha kept
-    static bool YCbCrToRGB_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, int width,
-                                  int height, int standard);
+    static bool ORVANE_CALL YCbCrToRGB_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst,
+                                              int dstStep, int width, int height, int standard);
     /// dst = 4:2:2 of src = (R, G, B)
-    static bool RGBToYUV422_8u_C3C2R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                                     int width, int height, int standard);
+    static bool ORVANE_CALL RGBToYUV422_8u_C3C2R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                 int dstStep, int width, int height, int standard);
     /// dst = (R, G, B) of src in 4:2:2
-    static bool YUV422ToRGB_8u_C2C3R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
-                                     int width, int height, int standard);
+    static bool ORVANE_CALL YUV422ToRGB_8u_C2C3R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                 int dstStep, int width, int height, int standard);
     /// dst = (R, G, B) of three planes in 4:2:0
-    static bool YUV420ToRGB_8u_P3C3(const unsigned char* srcY, int srcYStep, const unsigned char* srcU, int srcUStep,
-                                    const unsigned char* srcV, int srcVStep, unsigned char* dst, int dstStep,
-                                    int width, int height, int standard);
+    static bool ORVANE_CALL YUV420ToRGB_8u_P3C3(const unsigned char* srcY, int srcYStep,
+                                                const unsigned char* srcU, int srcUStep,
+                                                const unsigned char* srcV, int srcVStep, unsigned char* dst,
+                                                int dstStep, int width, int height, int standard);
 
     // --------------------------------------------------------------------------------------------
     // Colour matrices
@@ -1548,14 +1553,14 @@ public:
     // Checks: null pointer, width or height below 1.
 
     /// dst[c] = twist[4 c] src[0] + twist[4 c + 1] src[1] + twist[4 c + 2] src[2] + twist[4 c + 3], c = 0 ... 2
-    static bool ColorTwist32f_8u_C3(const unsigned char* src, int srcStep, const float* twist, unsigned char* dst,
-                                    int dstStep, int width, int height);
+    static bool ORVANE_CALL ColorTwist32f_8u_C3(const unsigned char* src, int srcStep, const float* twist,
+                                                unsigned char* dst, int dstStep, int width, int height);
     /// dst[c] = twist[4 c] src[0] + twist[4 c + 1] src[1] + twist[4 c + 2] src[2] + twist[4 c + 3], alpha kept
-    static bool ColorTwist32f_8u_AC4(const unsigned char* src, int srcStep, const float* twist, unsigned char* dst,
-                                     int dstStep, int width, int height);
+    static bool ORVANE_CALL ColorTwist32f_8u_AC4(const unsigned char* src, int srcStep, const float* twist,
+                                                 unsigned char* dst, int dstStep, int width, int height);
     /// dst[c] = twist[4 c] src[0] + twist[4 c + 1] src[1] + twist[4 c + 2] src[2] + twist[4 c + 3], c = 0 ... 2
-    static bool ColorTwist32f_32f_C3(const float* src, int srcStep, const float* twist, float* dst, int dstStep,
-                                     int width, int height);
+    static bool ORVANE_CALL ColorTwist32f_32f_C3(const float* src, int srcStep, const float* twist, float* dst,
+                                                 int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Composition
@@ -1572,14 +1577,17 @@ public:
     // Checks: null pointer, width or height below 1.
 
     /// dst = src2 over the opaque src1, alpha kept
-    static bool AlphaComp_8u_AC4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                                 unsigned char* dst, int dstStep, int width, int height, bool premultiplied);
+    static bool ORVANE_CALL AlphaComp_8u_AC4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                             int src2Step, unsigned char* dst, int dstStep, int width,
+                                             int height, bool premultiplied);
     /// dst = src2 over src1
-    static bool AlphaComp_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                                unsigned char* dst, int dstStep, int width, int height, bool premultiplied);
+    static bool ORVANE_CALL AlphaComp_8u_C4(const unsigned char* src1, int src1Step, const unsigned char* src2,
+                                            int src2Step, unsigned char* dst, int dstStep, int width,
+                                            int height, bool premultiplied);
     /// dst = q(alpha src2 + (255 - alpha) src1), channel by channel
-    static bool AlphaCompC_8u_C3R(const unsigned char* src1, int src1Step, const unsigned char* src2, int src2Step,
-                                  unsigned char alpha, unsigned char* dst, int dstStep, int width, int height);
+    static bool ORVANE_CALL AlphaCompC_8u_C3R(const unsigned char* src1, int src1Step,
+                                              const unsigned char* src2, int src2Step, unsigned char alpha,
+                                              unsigned char* dst, int dstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
     // Resize
