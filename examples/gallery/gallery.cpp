@@ -17,6 +17,7 @@ int main(int argc, char** argv)
         show_data_movement(photo, page);
         show_integer_arithmetic(photo, page);
         show_pixels(photo, page);
+        show_colour(photo, page);
         show_statistics(photo, page);
         show_filters(photo, page);
         show_resize(photo, page);

@@ -6,6 +6,7 @@
 void show_data_movement(const Picture& photo, Page& page);
 void show_integer_arithmetic(const Picture& photo, Page& page);
 void show_pixels(const Picture& photo, Page& page);
+void show_colour(const Picture& photo, Page& page);
 void show_statistics(const Picture& photo, Page& page);
 void show_filters(const Picture& photo, Page& page);
 void show_resize(const Picture& photo, Page& page);

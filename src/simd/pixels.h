@@ -62,6 +62,7 @@ template <int distance> ORV_INLINE void load_parts_to(vec<u8, int128>& r, const 
 template <int distance> ORV_INLINE void store_parts(u8* p, vec<u8, int128> v) { store(p, v); }
 
 #if ORV_HAVE_INT256
+ORV_INLINE vec<s8, int256> sub_saturate(vec<s8, int256> a, vec<s8, int256> b) { return {_mm256_subs_epi8(a.v, b.v)}; }
 template <int bits> ORV_INLINE vec<u16, int256> shifted_left(vec<u16, int256> a) { return {_mm256_slli_epi16(a.v, bits)}; }
 template <int bits> ORV_INLINE vec<s32, int256> shifted_left(vec<s32, int256> a) { return {_mm256_slli_epi32(a.v, bits)}; }
 template <int bits> ORV_INLINE vec<u32, int256> shifted_left(vec<u32, int256> a) { return {_mm256_slli_epi32(a.v, bits)}; }

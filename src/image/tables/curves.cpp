@@ -2,6 +2,7 @@
 
 #include "core/float_control.h"
 #include "core/memory.h"
+#include "image/tables/byte_table.h"
 #include "image/tables/lookup_rows.h"
 
 namespace orv {
@@ -179,7 +180,7 @@ Status LUT_Linear_8u_C1(const uint8_t* src, int srcStep, const uint8_t* levels, 
     if (!ascend(levels, levelCount)) return StatusBadLevels;
     uint8_t table[256];
     Curve<uint8_t, uint8_t>{levels, values, levelCount}.fill(table);
-    lookup_plane(src, srcStep, table, dst, dstStep, roi);
+    lookup_bytes(src, srcStep, table, dst, dstStep, roi, 1);
     return StatusOk;
 }
 Status LUT_Linear_16u_C1(const uint16_t* src, int srcStep, const uint16_t* levels, const uint16_t* values, int levelCount,

@@ -1,5 +1,6 @@
 #include "image/tables/lookup.h"
 
+#include "image/tables/byte_table.h"
 #include "image/tables/lookup_rows.h"
 
 namespace orv {
@@ -60,7 +61,8 @@ Status lookup_channels(const uint8_t* src, int srcStep, const uint8_t* const* ta
         equal &= tables[c] == tables[0];
     }
     if (is_empty(roi)) return StatusBadSize;
-    channel_rows<Channels>(src, srcStep, tables, dst, dstStep, roi);
+    if (equal) lookup_bytes(src, srcStep, tables[0], dst, dstStep, roi, Channels);
+    else channel_rows<Channels>(src, srcStep, tables, dst, dstStep, roi);
     return StatusOk;
 }
 
@@ -70,7 +72,9 @@ Status lookup_channels(const uint8_t* src, int srcStep, const uint8_t* const* ta
 
 Status LUT_8u_C1(const uint8_t* src, int srcStep, const uint8_t* table, uint8_t* dst, int dstStep, Size roi)
 {
-    return lookup(src, srcStep, table, dst, dstStep, roi);
+    if (const Status bad = check_image(roi, src, table, dst)) return bad;
+    lookup_bytes(src, srcStep, table, dst, dstStep, roi, 1);
+    return StatusOk;
 }
 Status LUT_8u16u_C1(const uint8_t* src, int srcStep, const uint16_t* table, uint16_t* dst, int dstStep, Size roi)
 {

@@ -51,9 +51,9 @@ ORV_INLINE Rows rows_between(int srcStep, int dstStep, Size roi, int channels)
 }
 
 template <class From, class To>
-void lookup_plane(const From* src, int srcStep, const To* table, To* dst, int dstStep, Size roi)
+inline void lookup_plane(const From* src, int srcStep, const To* table, To* dst, int dstStep, Size roi, int channels = 1)
 {
-    const Rows rows = rows_between<From, To>(srcStep, dstStep, roi, 1);
+    const Rows rows = rows_between<From, To>(srcStep, dstStep, roi, channels);
     for (int y = 0; y < rows.count; ++y) {
         lookup_row(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n,
                    [=](int, std::size_t pixel) { return get(table + pixel); });
