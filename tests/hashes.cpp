@@ -185,8 +185,8 @@ private:
     }
     const void* constants(Element e)
     {
-        constants_.emplace_back(4 * 8);
-        fill(constants_.back().data(), 32, e, content_, words_);
+        constants_.emplace_back(begins_with(name_.c_str(), "ColorTwist") ? 48 : 32);
+        fill(constants_.back().data(), constants_.back().size(), e, content_, words_);
         for (int c = 0; c < 4; ++c) {
             const int order = words_.below(3), count = words_.below(34);
             if (begins_with(name_.c_str(), "SwapChannels")) std::memcpy(constants_.back().data() + 4 * c, &order, 4);
@@ -200,6 +200,8 @@ private:
         if (begins_with(name_.c_str(), "Filter")) return which == 0 ? number_ % 2 * 22 + 33 : number_ / 2 % 2;
         if (begins_with(name_.c_str(), "Histogram")) return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
         if (begins_with(name_.c_str(), "Compare")) return number_ % 5;
+        if (begins_with(name_.c_str(), "AlphaComp")) return number_ / 3 % 2;
+        if (name_.find("YCbCr") != std::string::npos || name_.find("YUV") != std::string::npos) return number_ / 3 % 5;  // 4 is refused
         if (begins_with(name_.c_str(), "Threshold")) return number_ % 2 * 4;
         if (family_ == borders) return 2 + which;
         return words_.below(number_ % 4 == 0 ? 1 : 20) - number_ % 4;
@@ -235,6 +237,7 @@ void hash_registries(Hashes& hashes)
     const auto hash = [&](const Subject& subject) {
         const bool vector = begins_with(subject.family, "signal_");
         if (!vector && (!begins_with(subject.family, "image_") || contains(subject.family, "_resize_"))) return;
+        if (contains(subject.family, "_tables_")) return;
         ASSERT_TRUE(subject.is_plain()) << subject.name;
         hash_operation(hashes, subject, vector ? vectors : contains(subject.family, "border") ? borders : images);
     };
@@ -300,6 +303,62 @@ void hash_resizes(Hashes& hashes)
             W::ResizeSqrPixel_16u_C1R(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, x, y, 0.25, -0.5, interpolation, work.data());
         });
     }
+}
+
+// Images of `pixels` pixels of S become ones of D.
+template <class S, class D, class Method>
+void hash_table(Hashes& hashes, const char* name, int pixels, Method method)
+{
+    Hash hash;
+    for (int content = 0; content < contents; ++content) {
+        const auto src = values<S>(static_cast<std::size_t>(pixels), static_cast<Content>(content), 5);
+        std::vector<D> dst(src.size());
+        hash.add(method(src.data(), dst.data(), content) ? 1 : 0);
+        hash.add(dst.data(), dst.size() * sizeof(D));
+    }
+    hashes[name] = hash.value();
+}
+
+template <class S>
+std::vector<S> ascending_levels(int count)
+{
+    std::vector<S> levels;
+    for (int k = 0; k < count; ++k) levels.push_back(static_cast<S>(5 + k * (200 + k) / count));
+    return levels;
+}
+
+void hash_tables(Hashes& hashes)
+{
+    static const auto bytes = values<u8>(65536, near_one, 1);
+    static const auto words = values<u16>(65536, near_one, 2);
+    static const auto floats = values<float>(65536, any_size, 3);
+    static const auto colours = values<unsigned>(300, near_one, 4);
+    static const u8* const tables[4] = {bytes.data(), bytes.data() + 256, bytes.data() + 512, bytes.data() + 768};
+    constexpr int n = 70 * 3;
+#define TABLE(name, S, D, table) \
+    hash_table<S, D>(hashes, #name, n, [](const S* s, D* d, int) { return W::name(s, 70 * sizeof(S), table.data(), d, 70 * sizeof(D), 70, 3); });
+    TABLE(LUT_8u_C1, u8, u8, bytes)
+    TABLE(LUT_8u16u_C1, u8, u16, words)
+    TABLE(LUT_8u32f_C1, u8, float, floats)
+    TABLE(LUT_16u_C1, u16, u16, words)
+    TABLE(LUT_16u8u_C1, u16, u8, bytes)
+    TABLE(LUT_16u32f_C1, u16, float, floats)
+#undef TABLE
+    hash_table<u8, u8>(hashes, "LUT_8u_C3", 3 * n, [](const u8* s, u8* d, int) { return W::LUT_8u_C3(s, 210, tables, d, 210, 70, 3); });
+    hash_table<u8, u8>(hashes, "LUT_8u_C4", 4 * n, [](const u8* s, u8* d, int) { return W::LUT_8u_C4(s, 280, tables, d, 280, 70, 3); });
+    hash_table<u16, unsigned>(hashes, "LUTPalette_16u32u_C1R", n, [](const u16* s, unsigned* d, int) {
+        return W::LUTPalette_16u32u_C1R(s, 140, colours.data(), 300, d, 280, 70, 3);
+    });
+#define CURVE(name, S, D, all)                                                                                                    \
+    hash_table<S, D>(hashes, #name, n, [](const S* s, D* d, int content) {                                                        \
+        const int count = content == 0 ? 2 : content == 1 ? 8 : 60;                                                               \
+        return W::name(s, 70 * sizeof(S), ascending_levels<S>(count).data(), all.data() + content, count, d, 70 * sizeof(D), 70, 3); \
+    });
+    CURVE(LUT_Linear_8u_C1, u8, u8, bytes)
+    CURVE(LUT_Linear_16u_C1, u16, u16, words)
+    CURVE(LUT_Linear_16u8u_C1, u16, u8, bytes)
+    CURVE(LUT_Linear_32f_C1, float, float, floats)
+#undef CURVE
 }
 
 void hash_matrices(Hashes& hashes)
@@ -393,6 +452,7 @@ Hashes all_hashes()
     Hashes hashes;
     hash_registries(hashes);
     hash_resizes(hashes);
+    hash_tables(hashes);
     hash_matrices(hashes);
     hash_transforms(hashes);
     hash_random_numbers(hashes);

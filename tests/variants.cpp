@@ -4,6 +4,7 @@
 // Most arguments follow from the signature (support/compare_levels.cpp), so a new operation of the kinds known
 // there needs no line of test code; one with plans, records or strides gets an overload of check() here. A family
 // that is not read does not exist: the list is CMake's.
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -503,6 +504,104 @@ void check(const char*, const char* name, const Operation<orv::Resample<T>>& ope
         return [=](auto* kernel) {
             return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation, buffer->data());
         };
+    });
+}
+
+// --- Tables and colour ----------------------------------------------------------------------------
+
+// An image of rows without a gap, or with one.
+template <class T>
+struct Plane {
+    T* pixels;
+    int step;
+
+    Plane(TypedTrial& t, std::mt19937& g, int row, int height, Fill fill = Fill::near_high)
+    {
+        const int gap = uniform(g, 0, 2) == 0 ? uniform(g, 1, 9) : 0;
+        pixels = t.block<T>((height - 1) * std::ptrdiff_t{row + gap} + row, fill);
+        step = (row + gap) * static_cast<int>(sizeof(T));
+    }
+};
+Size random_roi(std::mt19937& g) { return {uniform(g, 1, uniform(g, 0, 9) == 0 ? 400 : 70), uniform(g, 1, 3)}; }
+
+// Tables, and what looks like one: constants for every channel, and the factors of a colour matrix.
+template <class From, class To>
+void check(const char* family, const char* name, const Operation<orv::SrcTableDst<From, To>>& operation)
+{
+    const bool twist = contains(family, "twist");
+    if (!twist && !contains(family, "tables")) return compare_levels(subject(family, name, operation));
+    const int channels = twist ? 3 : 1, entries = twist ? 12 : 1 << (8 * std::min<int>(sizeof(From), 2));
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Size roi = random_roi(g);
+        const Plane<From> a(t, g, roi.width * channels, roi.height);
+        const Plane<To> d(t, g, roi.width * channels, roi.height);
+        const To* const table = t.block<To>(entries, twist ? Fill::uniform : Fill::near_high);
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, table, d.pixels, d.step, roi); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::SrcTwistDst<unsigned char>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Size roi = random_roi(g);
+        const Plane<unsigned char> a(t, g, roi.width * channels_of(name), roi.height), d(t, g, roi.width * channels_of(name), roi.height);
+        const float* const factors = t.block<float>(12, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, factors, d.pixels, d.step, roi); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::SrcTablesDst>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Size roi = random_roi(g);
+        const int row = roi.width * channels_of(name);
+        const Plane<unsigned char> a(t, g, row, roi.height), d(t, g, row, roi.height);
+        const auto tables = std::make_shared<std::vector<const unsigned char*>>(4, t.block<unsigned char>(256, Fill::uniform));
+        if (uniform(g, 0, 3) != 0) (*tables)[1] = t.block<unsigned char>(256, Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, tables->data(), d.pixels, d.step, roi); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::SrcPaletteDst>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Size roi = random_roi(g);
+        const Plane<unsigned short> a(t, g, roi.width, roi.height, Fill::special);
+        const Plane<unsigned> d(t, g, roi.width, roi.height);
+        const int size = uniform(g, 0, 9) == 0 ? 0 : uniform(g, 1, 300);
+        const unsigned* const palette = t.block<unsigned>(size + 1, Fill::uniform);
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, palette + 1, size, d.pixels, d.step, roi); };
+    });
+}
+template <class From, class To>
+void check(const char*, const char* name, const Operation<orv::SrcCurveDst<From, To>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Size roi = uniform(g, 0, 19) == 0 ? Size{300, 260} : random_roi(g);
+        const Plane<From> a(t, g, roi.width, roi.height, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
+        const Plane<To> d(t, g, roi.width, roi.height);
+        const int count = uniform(g, 1, uniform(g, 0, 1) == 0 ? 8 : 40);
+        From* const levels = t.block<From>(count, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
+        const To* const values = t.block<To>(count, Fill::uniform);
+        std::sort(levels, levels + count);  // now and then two are equal
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, levels, values, count, d.pixels, d.step, roi); };
+    });
+}
+void check(const char* family, const char* name, const Operation<orv::SrcDstStandard>& operation)
+{
+    if (!contains(name, "YUV422")) return compare_levels(subject(family, name, operation));
+    const bool packs = contains(name, "C3C2");
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Size roi = random_roi(g);
+        const int pairs = 4 * ((roi.width + 1) / 2), row = 3 * roi.width, code = uniform(g, 0, 3);
+        const Plane<unsigned char> a(t, g, packs ? row : pairs, roi.height), d(t, g, packs ? pairs : row, roi.height);
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, d.pixels, d.step, roi, code); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::PlanesDstStandard>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Size roi = random_roi(g);
+        const int w = (roi.width + 1) / 2, h = (roi.height + 1) / 2, code = uniform(g, 0, 3);
+        const Plane<unsigned char> y(t, g, roi.width, roi.height), u(t, g, w, h), v(t, g, w, h), d(t, g, 3 * roi.width, roi.height);
+        return [=](auto* kernel) { return kernel(y.pixels, y.step, u.pixels, u.step, v.pixels, v.step, d.pixels, d.step, roi, code); };
     });
 }
 

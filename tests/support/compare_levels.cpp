@@ -69,6 +69,8 @@ int random_parameter(const char* name, std::mt19937& g)
     if (begins_with(name, "Threshold")) return uniform(g, 0, 9) == 0 ? uniform(g, -1, 5) : 4 * uniform(g, 0, 1);
     if (contains(name, "Border")) return uniform(g, 0, 9) == 0 ? -1 : uniform(g, 0, 4);
     if (begins_with(name, "Resize")) return uniform(g, -1, 17);
+    if (contains(name, "YCbCr") || contains(name, "YUV")) return uniform(g, -1, 4);
+    if (begins_with(name, "AlphaComp")) return uniform(g, 0, 1);
     if (contains(name, "C_32s")) return random_value<int>(g, static_cast<Fill>(uniform(g, 0, 3)));
     // Scale factors: mostly those that matter, now and then anything.
     static const int far[] = {INT_MIN, INT_MIN + 1, -100, -64, -33, 33, 63, 64, 100, INT_MAX};
