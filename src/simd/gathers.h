@@ -9,12 +9,12 @@ namespace orv {
 namespace simd {
 inline namespace ORV_LEVEL {
 
-ORV_INLINE vec<float, float256> looked_up(const float* table, vec<s32, int256> index)
+ORV_INLINE vec<float, 8> looked_up(const float* table, vec<s32, 8> index)
 {
     return {_mm256_i32gather_ps(table, index.v, 4)};
 }
 // In memory order.
-ORV_INLINE pair<vec<double, double256>> looked_up(const double* table, vec<s32, int256> index)
+ORV_INLINE pair<vec<double, 4>> looked_up(const double* table, vec<s32, 8> index)
 {
     return {{_mm256_i32gather_pd(table, _mm256_castsi256_si128(index.v), 8)},
             {_mm256_i32gather_pd(table, _mm256_extracti128_si256(index.v, 1), 8)}};

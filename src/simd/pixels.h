@@ -10,16 +10,16 @@ namespace simd {
 inline namespace ORV_LEVEL {
 
 // Shifts by a fixed number of bits, which take one operation where those by a register take two.
-template <int bits> ORV_INLINE vec<u16, int128> shifted_left(vec<u16, int128> a) { return {_mm_slli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, int128> shifted_left(vec<s32, int128> a) { return {_mm_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, int128> shifted_left(vec<u32, int128> a) { return {_mm_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u16, int128> shifted_right(vec<u16, int128> a) { return {_mm_srli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s16, int128> shifted_right(vec<s16, int128> a) { return {_mm_srai_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, int128> shifted_right(vec<u32, int128> a) { return {_mm_srli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, int128> shifted_right(vec<s32, int128> a) { return {_mm_srai_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u16, 8> shifted_left(vec<u16, 8> a) { return {_mm_slli_epi16(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<s32, 4> shifted_left(vec<s32, 4> a) { return {_mm_slli_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u32, 4> shifted_left(vec<u32, 4> a) { return {_mm_slli_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u16, 8> shifted_right(vec<u16, 8> a) { return {_mm_srli_epi16(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<s16, 8> shifted_right(vec<s16, 8> a) { return {_mm_srai_epi16(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u32, 4> shifted_right(vec<u32, 4> a) { return {_mm_srli_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<s32, 4> shifted_right(vec<s32, 4> a) { return {_mm_srai_epi32(a.v, bits)}; }
 
 // a0 + a1, b0 + b1, a2 + a3, b2 + b3 (within each 128-bit half).
-ORV_INLINE vec<s32, int128> neighbours_added(vec<s32, int128> a, vec<s32, int128> b)
+ORV_INLINE vec<s32, 4> neighbours_added(vec<s32, 4> a, vec<s32, 4> b)
 {
     const __m128i even = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88));
     const __m128i odd = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD));
@@ -27,74 +27,74 @@ ORV_INLINE vec<s32, int128> neighbours_added(vec<s32, int128> a, vec<s32, int128
 }
 
 // The even lanes of a and the odd ones of b.
-ORV_INLINE vec<s16, int128> alternate(vec<s16, int128> a, vec<s16, int128> b)
+ORV_INLINE vec<s16, 8> alternate(vec<s16, 8> a, vec<s16, 8> b)
 {
 #if ORV_HAVE_SSE41
     return {_mm_blend_epi16(a.v, b.v, 0xAA)};
 #else
-    return select(vec<s16, int128>{_mm_set1_epi32(0xFFFF)}, a, b);
+    return select(vec<s16, 8>{_mm_set1_epi32(0xFFFF)}, a, b);
 #endif
 }
 
 #if ORV_HAVE_BYTE_SHUFFLE
 // a b / 2^15, rounded half up.
-ORV_INLINE vec<s16, int128> mul_rounded(vec<s16, int128> a, vec<s16, int128> b) { return {_mm_mulhrs_epi16(a.v, b.v)}; }
+ORV_INLINE vec<s16, 8> mul_rounded(vec<s16, 8> a, vec<s16, 8> b) { return {_mm_mulhrs_epi16(a.v, b.v)}; }
 // The bytes from `skipped` on of low, then those of high (within each 128-bit half).
 template <int skipped>
-ORV_INLINE vec<u8, int128> joined(vec<u8, int128> low, vec<u8, int128> high) { return {_mm_alignr_epi8(high.v, low.v, skipped)}; }
+ORV_INLINE vec<u8, 16> joined(vec<u8, 16> low, vec<u8, 16> high) { return {_mm_alignr_epi8(high.v, low.v, skipped)}; }
 #endif
 
 // The lower and the upper halves of a and b (within each 128-bit half).
-ORV_INLINE vec<u16, int128> lower_halves(vec<u16, int128> a, vec<u16, int128> b) { return {_mm_unpacklo_epi64(a.v, b.v)}; }
-ORV_INLINE vec<u16, int128> upper_halves(vec<u16, int128> a, vec<u16, int128> b) { return {_mm_unpackhi_epi64(a.v, b.v)}; }
+ORV_INLINE vec<u16, 8> lower_halves(vec<u16, 8> a, vec<u16, 8> b) { return {_mm_unpacklo_epi64(a.v, b.v)}; }
+ORV_INLINE vec<u16, 8> upper_halves(vec<u16, 8> a, vec<u16, 8> b) { return {_mm_unpackhi_epi64(a.v, b.v)}; }
 
 // Bytes as the upper halves of 16-bit lanes; eight from p for each 128 bits of the register, in order.
 template <class V> ORV_INLINE V load_raised(const u8* p);
 template <>
-ORV_INLINE vec<u16, int128> load_raised(const u8* p)
+ORV_INLINE vec<u16, 8> load_raised(const u8* p)
 {
     return {_mm_unpacklo_epi8(_mm_setzero_si128(), _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)))};
 }
 
 // 16 bytes from p and, where the register has two halves, 16 from p + distance.
 template <class V, int distance> ORV_INLINE V load_parts(const u8* p);
-template <int distance> ORV_INLINE void load_parts_to(vec<u8, int128>& r, const u8* p) { load_to(r, p); }
-template <int distance> ORV_INLINE void store_parts(u8* p, vec<u8, int128> v) { store(p, v); }
+template <int distance> ORV_INLINE void load_parts_to(vec<u8, 16>& r, const u8* p) { load_to(r, p); }
+template <int distance> ORV_INLINE void store_parts(u8* p, vec<u8, 16> v) { store(p, v); }
 
 #if ORV_HAVE_INT256
-ORV_INLINE vec<s8, int256> sub_saturate(vec<s8, int256> a, vec<s8, int256> b) { return {_mm256_subs_epi8(a.v, b.v)}; }
-template <int bits> ORV_INLINE vec<u16, int256> shifted_left(vec<u16, int256> a) { return {_mm256_slli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, int256> shifted_left(vec<s32, int256> a) { return {_mm256_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, int256> shifted_left(vec<u32, int256> a) { return {_mm256_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u16, int256> shifted_right(vec<u16, int256> a) { return {_mm256_srli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s16, int256> shifted_right(vec<s16, int256> a) { return {_mm256_srai_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, int256> shifted_right(vec<u32, int256> a) { return {_mm256_srli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, int256> shifted_right(vec<s32, int256> a) { return {_mm256_srai_epi32(a.v, bits)}; }
-ORV_INLINE vec<s32, int256> neighbours_added(vec<s32, int256> a, vec<s32, int256> b)
+ORV_INLINE vec<s8, 32> sub_saturate(vec<s8, 32> a, vec<s8, 32> b) { return {_mm256_subs_epi8(a.v, b.v)}; }
+template <int bits> ORV_INLINE vec<u16, 16> shifted_left(vec<u16, 16> a) { return {_mm256_slli_epi16(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<s32, 8> shifted_left(vec<s32, 8> a) { return {_mm256_slli_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u32, 8> shifted_left(vec<u32, 8> a) { return {_mm256_slli_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u16, 16> shifted_right(vec<u16, 16> a) { return {_mm256_srli_epi16(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<s16, 16> shifted_right(vec<s16, 16> a) { return {_mm256_srai_epi16(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<u32, 8> shifted_right(vec<u32, 8> a) { return {_mm256_srli_epi32(a.v, bits)}; }
+template <int bits> ORV_INLINE vec<s32, 8> shifted_right(vec<s32, 8> a) { return {_mm256_srai_epi32(a.v, bits)}; }
+ORV_INLINE vec<s32, 8> neighbours_added(vec<s32, 8> a, vec<s32, 8> b)
 {
     const __m256i even = _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88));
     const __m256i odd = _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD));
     return {_mm256_shuffle_epi32(_mm256_add_epi32(even, odd), 0xD8)};
 }
-ORV_INLINE vec<s16, int256> alternate(vec<s16, int256> a, vec<s16, int256> b) { return {_mm256_blend_epi16(a.v, b.v, 0xAA)}; }
-ORV_INLINE vec<s16, int256> mul_rounded(vec<s16, int256> a, vec<s16, int256> b) { return {_mm256_mulhrs_epi16(a.v, b.v)}; }
+ORV_INLINE vec<s16, 16> alternate(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_blend_epi16(a.v, b.v, 0xAA)}; }
+ORV_INLINE vec<s16, 16> mul_rounded(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_mulhrs_epi16(a.v, b.v)}; }
 template <int skipped>
-ORV_INLINE vec<u8, int256> joined(vec<u8, int256> low, vec<u8, int256> high) { return {_mm256_alignr_epi8(high.v, low.v, skipped)}; }
-ORV_INLINE vec<u16, int256> lower_halves(vec<u16, int256> a, vec<u16, int256> b) { return {_mm256_unpacklo_epi64(a.v, b.v)}; }
-ORV_INLINE vec<u16, int256> upper_halves(vec<u16, int256> a, vec<u16, int256> b) { return {_mm256_unpackhi_epi64(a.v, b.v)}; }
+ORV_INLINE vec<u8, 32> joined(vec<u8, 32> low, vec<u8, 32> high) { return {_mm256_alignr_epi8(high.v, low.v, skipped)}; }
+ORV_INLINE vec<u16, 16> lower_halves(vec<u16, 16> a, vec<u16, 16> b) { return {_mm256_unpacklo_epi64(a.v, b.v)}; }
+ORV_INLINE vec<u16, 16> upper_halves(vec<u16, 16> a, vec<u16, 16> b) { return {_mm256_unpackhi_epi64(a.v, b.v)}; }
 template <>
-ORV_INLINE vec<u16, int256> load_raised(const u8* p)
+ORV_INLINE vec<u16, 16> load_raised(const u8* p)
 {
     return {_mm256_slli_epi16(_mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))), 8)};
 }
 template <int distance>
-ORV_INLINE void load_parts_to(vec<u8, int256>& r, const u8* p)
+ORV_INLINE void load_parts_to(vec<u8, 32>& r, const u8* p)
 {
     const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
     r.v = _mm256_inserti128_si256(_mm256_castsi128_si256(lower), _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + distance)), 1);
 }
 template <int distance>
-ORV_INLINE void store_parts(u8* p, vec<u8, int256> v)
+ORV_INLINE void store_parts(u8* p, vec<u8, 32> v)
 {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_castsi256_si128(v.v));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(p + distance), _mm256_extracti128_si256(v.v, 1));
@@ -120,11 +120,11 @@ struct three {
 
 template <class V> ORV_INLINE three<V> load_three(const float* p);
 template <>
-ORV_INLINE three<vec<float, float128>> load_three(const float* p)
+ORV_INLINE three<vec<float, 4>> load_three(const float* p)
 {
     return {{_mm_loadu_ps(p)}, {_mm_loadu_ps(p + 4)}, {_mm_loadu_ps(p + 8)}};
 }
-ORV_INLINE void store_three(float* p, three<vec<float, float128>> t)
+ORV_INLINE void store_three(float* p, three<vec<float, 4>> t)
 {
     store(p, t.a);
     store(p + 4, t.b);
@@ -141,11 +141,11 @@ ORV_INLINE void store_four_and_four(float* p, __m256 v)
     _mm_storeu_ps(p + 12, _mm256_extractf128_ps(v, 1));
 }
 template <>
-ORV_INLINE three<vec<float, float256>> load_three(const float* p)
+ORV_INLINE three<vec<float, 8>> load_three(const float* p)
 {
     return {{load_four_and_four(p)}, {load_four_and_four(p + 4)}, {load_four_and_four(p + 8)}};
 }
-ORV_INLINE void store_three(float* p, three<vec<float, float256>> t)
+ORV_INLINE void store_three(float* p, three<vec<float, 8>> t)
 {
     store_four_and_four(p, t.a.v);
     store_four_and_four(p + 4, t.b.v);
@@ -155,13 +155,13 @@ ORV_INLINE void store_three(float* p, three<vec<float, float256>> t)
 
 // Lanes i and j of a, then k and l of b (within each 128-bit half).
 template <int i, int j, int k, int l>
-ORV_INLINE vec<float, float128> lanes_of(vec<float, float128> a, vec<float, float128> b)
+ORV_INLINE vec<float, 4> lanes_of(vec<float, 4> a, vec<float, 4> b)
 {
     return {_mm_shuffle_ps(a.v, b.v, _MM_SHUFFLE(l, k, j, i))};
 }
 #if ORV_HAVE_FLOAT256
 template <int i, int j, int k, int l>
-ORV_INLINE vec<float, float256> lanes_of(vec<float, float256> a, vec<float, float256> b)
+ORV_INLINE vec<float, 8> lanes_of(vec<float, 8> a, vec<float, 8> b)
 {
     return {_mm256_shuffle_ps(a.v, b.v, _MM_SHUFFLE(l, k, j, i))};
 }

@@ -40,7 +40,7 @@ ORV_INLINE U raised_over_255(U n)
 }
 
 // Vectors of pixels as 16-bit lanes: the first and third channel, and the second and fourth.
-template <class V> using LanesOf = simd::vec_of<std::uint16_t, typename V::reg>;
+template <class V> using LanesOf = simd::recast<std::uint16_t, V>;
 template <class V> ORV_INLINE LanesOf<V> even_channels(V p) { return simd::as<std::uint16_t>(p & simd::splat<V>(0x00FF00FF)); }
 template <class V> ORV_INLINE LanesOf<V> odd_channels(V p) { return simd::shifted_right<8>(simd::as<std::uint16_t>(p)); }
 template <class V>
