@@ -1,0 +1,85 @@
+"""Faults to be planted one at a time, each with the net that must catch it.
+
+A fault is (what is broken, file, text, text in its place, net). The text must stand in the file exactly once;
+`mutation.py --check` looks, so that the list follows the code. Nets: a filter of the test program, or the name of
+one of NETS in mutation.py.
+"""
+
+VARIANTS = "Variants.*"
+SPECTRA = "src/signal/spectra.cpp"
+BITWISE = "src/image/bits/bitwise.cpp"
+THRESHOLD = "src/image/bits/threshold.cpp"
+HISTOGRAM = "src/image/statistics/histogram.cpp"
+EXTREMES = "src/image/statistics/extremes.cpp"
+FILTERS = "src/image/filters/filters_integer.cpp"
+ELIMINATION = "src/linalg/elimination.cpp"
+RANDOM = "src/spectral/random/random_numbers.cpp"
+PSD = "src/spectral/psd_object.cpp"
+NEAREST = "src/image/resize/resize_nearest.cpp"
+FEATURES = "src/core/features.cpp"
+MEMORY = "src/core/memory.cpp"
+INTEGER = "src/image/arithmetic/integer_arithmetic.cpp"
+
+MAGNITUDE_END = "        simd::store(dst + n - F::N, last);\n        return StatusOk;\n"
+COMPLEX_START = "    std::ptrdiff_t i = 0;\n#if ORV_HAVE_VECTORS\n    using V = simd::half<uint32_t>;\n"
+
+FAULTS = [
+    # Reading and writing outside the region.
+    ("a tail reads an element too far", SPECTRA, "for (; i + V::N <= n; i += V::N) {", "for (; i + V::N <= n + 1; i += V::N) {", VARIANTS),
+    ("a word is written behind the destination", SPECTRA,
+     "        put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);\n    }\n",
+     "        put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);\n    }\n    put(parts + 2 * n, 0u);\n", VARIANTS),
+    ("the last vector is not stored", SPECTRA, MAGNITUDE_END, "        static_cast<void>(last);\n        return StatusOk;\n", VARIANTS),
+    ("a histogram counts into the bin behind the last", HISTOGRAM, "value < l.lower || value >= l.upper", "value < l.lower || value > l.upper", "Statistics*:*Histogram*"),
+    ("the rest of a row is not counted", HISTOGRAM, "    for (; i < n; ++i) ++tables[place[get(p + i)]];", "    for (; i < n - 1; ++i) ++tables[place[get(p + i)]];", "Statistics*:*Histogram*"),
+    ("an odd last byte of a short row is left out", EXTREMES, "        if ((bytes & 1) != 0) *d = *s;\n", "", "Statistics*:" + VARIANTS),
+    # Arithmetic.
+    ("two operations exchanged in the plain text", BITWISE, "one(T a, T b) const { return static_cast<T>(a & b); }", "one(T a, T b) const { return static_cast<T>(a | b); }", VARIANTS),
+    ("a shift by one too few in vectors", BITWISE, "many(V a) const { return a << simd::count(bits); }", "many(V a) const { return a << simd::count(bits > 7 ? 7 : bits); }", VARIANTS),
+    ("counts beyond the type are limited too early", BITWISE, "return count > static_cast<unsigned>(most) ? most : static_cast<int>(count);",
+     "return count > static_cast<unsigned>(most) ? most - 1 : static_cast<int>(count);", "Bitwise*"),
+    ("the lower bound for the upper one", THRESHOLD, "above ? lower(x, c[1]) : higher(x, c[1])", "above ? higher(x, c[1]) : lower(x, c[1])", "Threshold*"),
+    ("the two values of a double threshold exchanged", THRESHOLD, "exceeds(flipped<flips_upper>(pixel, c[0]), c[1]), c[2], kept)", "exceeds(flipped<flips_upper>(pixel, c[0]), c[1]), c[5], kept)", "Threshold*"),
+    ("a tie is rounded up", FILTERS, "one(uint32_t sum) { return (sum + (sum >> 4 & 1) + 7) >> 4; }", "one(uint32_t sum) { return (sum + 8) >> 4; }", "Filters*:" + VARIANTS),
+    ("a mean is rounded down", FILTERS, "simd::mul_high(sum + simd::splat<V>(kCount / 2)", "simd::mul_high(sum + simd::splat<V>(kCount / 2 - 1)", "Filters*:" + VARIANTS),
+    ("operands exchanged under a conjugate", SPECTRA, "multiply_packed<ComplexProductConjugate>(src, srcDst, srcDst,", "multiply_packed<ComplexProductConjugate>(srcDst, src, srcDst,", "*Spectra*:*Pack*"),
+    ("a fused product", SPECTRA, "rounded(rounded(c * cosine) - rounded(s * sine))", "__builtin_fma(c, cosine, -rounded(s * sine))", "Hashes*:*Spectra*"),
+    ("another order of a product", RANDOM, "return radius * sigma * sine + mean;", "return radius * (sigma * sine) + mean;", "Hashes*"),
+    ("a signalling NaN is passed on", SPECTRA, "is_nan_bits<float>(bits) ? bits | Bits<float>::kQuiet : bits_of", "is_nan_bits<float>(bits) ? bits : bits_of", "*Spectra*:*Hamming*:*Win*"),
+    ("a row of the source too high", NEAREST, "row_at(src, srcStep, rows[y])", "row_at(src, srcStep, rows[y > 0 ? y - 1 : 0])", "Resize*:Hashes*"),
+    ("a tile forgets where it begins", NEAREST, "indices_of(p, p->y) + part.y0", "indices_of(p, p->y)", "Resize*:" + VARIANTS),
+    ("the last words of a block are not drawn", RANDOM, "for (; k < run; ++k) words_out[k] = to[k] ^= from[k];", "for (; k < run - 1; ++k) words_out[k] = to[k] ^= from[k];", "Random*:Hashes*:" + VARIANTS),
+    # Checks.
+    ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    with_scaling", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    with_scaling", "IntegerArithmetic*"),
+    ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),
+    ("statuses in the wrong order", ELIMINATION, "    if (any_null(src, dstIndex, dst)) return StatusNullPointer;\n    if (widthHeight < 1) return StatusBadSize;\n",
+     "    if (widthHeight < 1) return StatusBadSize;\n    if (any_null(src, dstIndex, dst)) return StatusNullPointer;\n", "Matrices*:Elimination*"),
+    ("an index that is not checked", ELIMINATION, "    if (!are_factors(lu, srcIndex, widthHeight)) return StatusSingularMatrix;\n", "", "Matrices*:Elimination*"),
+    ("windows of two samples", SPECTRA, "if (len.count < 3) return StatusBadSize;", "if (len.count < 2) return StatusBadSize;", "*Spectra*:*Win*"),
+    ("a block of another length", PSD, "length != record->n) return;", "length < record->n) return;", "*Psd*:*PowerSpectrum*"),
+    ("a size that wraps", "src/core/sizes.h", "{ return factor < kTooLarge ? factor : kTooLarge; }", "{ return factor; }", "InPlace*"),
+    # The host's processor and memory.
+    ("upper register halves left dirty", SPECTRA, COMPLEX_START, COMPLEX_START + "#if ORV_HAVE_INT256\n    __asm__ volatile(\"vpcmpeqd %ymm15, %ymm15, %ymm15\");\n#endif\n", VARIANTS),
+    ("a changed control word", SPECTRA, COMPLEX_START, COMPLEX_START + "    _mm_setcsr(_mm_getcsr() | 0x8040);\n", VARIANTS),
+    ("an x87 register left in use", SPECTRA, COMPLEX_START, COMPLEX_START + "    __asm__ volatile(\"fld1\");\n", VARIANTS),
+    ("the direction flag set", SPECTRA, COMPLEX_START, COMPLEX_START + "    __asm__ volatile(\"std\");\n", VARIANTS),
+    ("the host's rounding mode is used", ELIMINATION, "    const FloatControl control;\n    const ptrdiff_t n = widthHeight;\n    const View<const float> from", "    const ptrdiff_t n = widthHeight;\n    const View<const float> from", "Matrices*:Elimination*"),
+    ("a leak", PSD, "    orv_release(record->windowed);\n", "", "*Psd*:*PowerSpectrum*"),
+    ("memory released twice", PSD, "    orv_release(record->spec);\n    record->spec = nullptr;\n", "    orv_release(record->spec);\n", "*Psd*:*PowerSpectrum*"),
+    ("half of the alignment", MEMORY, "(address + kHeader + kAlignment - 1) & ~(kAlignment - 1)", "(address + kHeader + kAlignment - 1) & ~(kAlignment / 2 - 1)", "Buffers*:Frame*"),
+    ("temporaries are not released", MEMORY, "    if (aligned != nullptr) orv_memory_functions.release(", "    if (aligned == nullptr) orv_memory_functions.release(", "*"),
+    # The facade.
+    ("a stale row in the copy of an in-place call", "src/facade/in_place.h", "const Size bytes = {static_cast<int>(width * pixel_bytes), height};", "const Size bytes = {static_cast<int>(width * pixel_bytes), height - 1};", "InPlace*:*Overlap*:Mirror*:DataMovement*"),
+    ("a step of zero in place", "src/facade/in_place.h", "return step < 1 ? StatusBadStep", "return step < 0 ? StatusBadStep", "*"),
+    ("a binding that hosts depend on is mended", "src/facade/image/arithmetic/integer_arithmetic.cpp", "VALUE_SRCDST_SCALED(AddC_8u_C1I, MulC_8u_C1, ", "VALUE_SRCDST_SCALED(AddC_8u_C1I, AddC_8u_C1, ", "IntegerArithmetic*"),
+    ("an inverted result is mended", "src/facade/signal/vector_arithmetic.cpp", "SRC_SRCDST_SCALED(Mul_8u_I, Mul_8u, unsigned char, failed)", "SRC_SRCDST_SCALED(Mul_8u_I, Mul_8u, unsigned char, ok)", "VectorArithmetic*"),
+    # Dispatch, symbols, levels, layers.
+    ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
+    ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),
+    ("an internal function is exported", MEMORY, "void orv_release(void* aligned)\n{", "__attribute__((visibility(\"default\"))) void orv_release(void* aligned)\n{", "exports"),
+    ("a kernel source defines a symbol of its own", BITWISE, "#include \"image/bits/bitwise.h\"\n", "#include \"image/bits/bitwise.h\"\nint orv_stray() { return 0; }\n", "kernel_symbols"),
+    ("a weak symbol without a level", HISTOGRAM, "#include \"image/statistics/histogram.h\"\n",
+     "#include \"image/statistics/histogram.h\"\ntemplate <class T> __attribute__((noinline)) T orv_weak(T x) { return x; }\ntemplate int orv_weak<int>(int);\n", "kernel_symbols"),
+    ("an instruction above its level", BITWISE, "struct Not {\n", "inline void above() { __asm__ volatile(\"vpaddb %ymm0, %ymm0, %ymm0\"); }\nstruct Not {\n    Not() { above(); }\n", "build"),
+    ("an include that points upward", MEMORY, "#include \"core/memory.h\"\n", "#include \"core/memory.h\"\n#include \"facade/temporary.h\"\n", "layers"),
+]
