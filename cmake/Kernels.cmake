@@ -100,11 +100,13 @@ function(orvane_add_family path)
   endforeach()
 endfunction()
 
-# One source, compiled for a level; with sanitizers if it is to be checked.
+# One source, compiled for a level; with sanitizers if it is to be checked. ORV_LEVEL names a namespace for this source
+# and this level alone: whatever a build instantiates stands in it, so that none shares code with a build of other flags.
 function(orvane_add_kernels target level checked source)
+  get_filename_component(family ${source} NAME_WE)
   add_library(${target} OBJECT ${source})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
-  target_compile_definitions(${target} PRIVATE ORV_LEVEL=${level} ORV_LEVEL_IS_${level}=1)
+  target_compile_definitions(${target} PRIVATE ORV_LEVEL=${family}_${level} ORV_LEVEL_IS_${level}=1)
   target_compile_options(${target} PRIVATE
     ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_${level}}
     $<$<CONFIG:Release,RelWithDebInfo>:-O2>
@@ -127,11 +129,10 @@ function(orvane_write_tables path header)
   set(columns "")
   foreach(level ${ORVANE_LEVELS})
     if(level IN_LIST ARGN)
-      set(built ${level})
-      string(APPEND declarations "namespace ${level} {\n#include \"${path}.inc\"\n}\n")
-    else()
-      string(APPEND declarations "namespace ${level} = ${built};\n")
+      set(built ${family}_${level})
+      string(APPEND declarations "namespace ${built} {\n#include \"${path}.inc\"\n}\n")
     endif()
+    string(APPEND declarations "namespace ${level} = ${built};\n")
     list(APPEND columns "${family}::${level}::name")
   endforeach()
   list(JOIN columns ", " columns)

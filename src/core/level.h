@@ -1,13 +1,14 @@
-// The level that this translation unit is compiled for. Only kernel sources include this.
+// The build that this translation unit is: one family of kernels at one level. Only kernel sources include this.
 //
-// Everything that a kernel source instantiates must live in a namespace of its level. The linker
-// merges inline functions of equal names, and the copy compiled for AVX2 may be the one that stays:
-// the program would then die on an older processor. Common helpers therefore stand in
-// `inline namespace ORV_LEVEL`, and kernel sources use no standard containers or algorithms.
+// Everything that a kernel source instantiates must live in a namespace of that build. The linker merges
+// inline functions of equal names, and the copy that stays may have been compiled for AVX2, so that the program
+// dies on an older processor, or with another family's optimisation and contraction of sums. ORV_LEVEL is
+// <family>_<level>, which orvane_add_kernels sees to. Common helpers stand in `inline namespace ORV_LEVEL`, and
+// kernel sources use no standard containers or algorithms.
 #pragma once
 
 #ifndef ORV_LEVEL
-#error "Kernel sources are compiled with -DORV_LEVEL=<level>"
+#error "Kernel sources are compiled with -DORV_LEVEL=<family>_<level>"
 #endif
 
 // Capabilities. Algorithms ask for these, never for a level.

@@ -1,6 +1,6 @@
 // The calls of the LAPACK routines, in a floating-point environment of the library's choosing: nearest
 // rounding, all exceptions masked and, on the x87, 53 bits, whatever the host has set.
-#define ORV_LEVEL px
+#define ORV_LEVEL lapack_calls_px
 #define ORV_LEVEL_IS_px 1
 #include "core/float_control.h"
 #include "linalg/lapack.h"

@@ -19,8 +19,9 @@ struct Entries {
     int count;
 };
 
-#define LEVEL(level) \
-    namespace level { Entries entries(); }
+#define LEVEL(level)                                          \
+    namespace vocabulary_kernels_##level { Entries entries(); } \
+    namespace level = vocabulary_kernels_##level;
 LEVEL(px)
 LEVEL(w7)
 LEVEL(v8)
