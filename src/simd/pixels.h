@@ -18,12 +18,14 @@ template <int bits> ORV_INLINE vec<s16, 8> shifted_right(vec<s16, 8> a) { return
 template <int bits> ORV_INLINE vec<u32, 4> shifted_right(vec<u32, 4> a) { return {_mm_srli_epi32(a.v, bits)}; }
 template <int bits> ORV_INLINE vec<s32, 4> shifted_right(vec<s32, 4> a) { return {_mm_srai_epi32(a.v, bits)}; }
 
-// a0 + a1, b0 + b1, a2 + a3, b2 + b3 (within each 128-bit half).
-ORV_INLINE vec<s32, 4> neighbours_added(vec<s32, 4> a, vec<s32, 4> b)
+// The even and the odd lanes of a, then those of b (within each 128-bit half).
+ORV_INLINE vec<s32, 4> even_lanes(vec<s32, 4> a, vec<s32, 4> b)
 {
-    const __m128i even = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88));
-    const __m128i odd = _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD));
-    return {_mm_shuffle_epi32(_mm_add_epi32(even, odd), 0xD8)};
+    return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0x88))};
+}
+ORV_INLINE vec<s32, 4> odd_lanes(vec<s32, 4> a, vec<s32, 4> b)
+{
+    return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD))};
 }
 
 // The even lanes of a and the odd ones of b.
@@ -70,11 +72,13 @@ template <int bits> ORV_INLINE vec<u16, 16> shifted_right(vec<u16, 16> a) { retu
 template <int bits> ORV_INLINE vec<s16, 16> shifted_right(vec<s16, 16> a) { return {_mm256_srai_epi16(a.v, bits)}; }
 template <int bits> ORV_INLINE vec<u32, 8> shifted_right(vec<u32, 8> a) { return {_mm256_srli_epi32(a.v, bits)}; }
 template <int bits> ORV_INLINE vec<s32, 8> shifted_right(vec<s32, 8> a) { return {_mm256_srai_epi32(a.v, bits)}; }
-ORV_INLINE vec<s32, 8> neighbours_added(vec<s32, 8> a, vec<s32, 8> b)
+ORV_INLINE vec<s32, 8> even_lanes(vec<s32, 8> a, vec<s32, 8> b)
 {
-    const __m256i even = _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88));
-    const __m256i odd = _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD));
-    return {_mm256_shuffle_epi32(_mm256_add_epi32(even, odd), 0xD8)};
+    return {_mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88))};
+}
+ORV_INLINE vec<s32, 8> odd_lanes(vec<s32, 8> a, vec<s32, 8> b)
+{
+    return {_mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))};
 }
 ORV_INLINE vec<s16, 16> alternate(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_blend_epi16(a.v, b.v, 0xAA)}; }
 ORV_INLINE vec<s16, 16> mul_rounded(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_mulhrs_epi16(a.v, b.v)}; }
@@ -111,77 +115,77 @@ ORV_INLINE V load_parts(const u8* p)
 
 // --- Floats of three channels ---------------------------------------------------------------------
 //
-// Pixels as they lie in memory: four in three vectors of 128 bits, and the four behind them in the other halves.
+// Three vectors of pixels as they lie in memory hold N of every channel, spread evenly: no place has the same channel
+// in two of them. So a channel is blended from all three, in an order of pixels that differs from the other channels'
+// by a rotation.
 
 template <class V>
 struct three {
     V a, b, c;
 };
 
-template <class V> ORV_INLINE three<V> load_three(const float* p);
-template <>
-ORV_INLINE three<vec<float, 4>> load_three(const float* p)
+// The lanes that hold a channel in the vector with this number, one bit each.
+template <int N>
+constexpr int lanes_of_channel(int vector, int channel)
 {
-    return {{_mm_loadu_ps(p)}, {_mm_loadu_ps(p + 4)}, {_mm_loadu_ps(p + 8)}};
+    int mask = 0;
+    for (int lane = 0; lane < N; ++lane) mask |= (N * vector + lane) % 3 == channel ? 1 << lane : 0;
+    return mask;
 }
-ORV_INLINE void store_three(float* p, three<vec<float, 4>> t)
+
+// Lanes of b where the mask has a bit, else of a.
+template <int mask>
+ORV_INLINE vec<float, 4> blended(vec<float, 4> a, vec<float, 4> b)
 {
-    store(p, t.a);
-    store(p + 4, t.b);
-    store(p + 8, t.c);
+#if ORV_HAVE_SSE41
+    return {_mm_blend_ps(a.v, b.v, mask)};
+#else
+    const __m128i bits = _mm_setr_epi32(-(mask & 1), -(mask >> 1 & 1), -(mask >> 2 & 1), -(mask >> 3 & 1));
+    const __m128 m = _mm_castsi128_ps(bits);
+    return {_mm_or_ps(_mm_and_ps(m, b.v), _mm_andnot_ps(m, a.v))};
+#endif
 }
-#if ORV_HAVE_FLOAT256
-ORV_INLINE __m256 load_four_and_four(const float* p)
+// Lane i takes what lane i + by holds.
+template <int by>
+ORV_INLINE vec<float, 4> rotated(vec<float, 4> a)
 {
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(p)), _mm_loadu_ps(p + 12), 1);
+    return {_mm_shuffle_ps(a.v, a.v, _MM_SHUFFLE((by + 3) % 4, (by + 2) % 4, (by + 1) % 4, by % 4))};
 }
-ORV_INLINE void store_four_and_four(float* p, __m256 v)
+#if ORV_HAVE_INT256
+template <int mask>
+ORV_INLINE vec<float, 8> blended(vec<float, 8> a, vec<float, 8> b) { return {_mm256_blend_ps(a.v, b.v, mask)}; }
+template <int by>
+ORV_INLINE vec<float, 8> rotated(vec<float, 8> a)
 {
-    _mm_storeu_ps(p, _mm256_castps256_ps128(v));
-    _mm_storeu_ps(p + 12, _mm256_extractf128_ps(v, 1));
-}
-template <>
-ORV_INLINE three<vec<float, 8>> load_three(const float* p)
-{
-    return {{load_four_and_four(p)}, {load_four_and_four(p + 4)}, {load_four_and_four(p + 8)}};
-}
-ORV_INLINE void store_three(float* p, three<vec<float, 8>> t)
-{
-    store_four_and_four(p, t.a.v);
-    store_four_and_four(p + 4, t.b.v);
-    store_four_and_four(p + 8, t.c.v);
+    const __m256i from = _mm256_setr_epi32(by % 8, (by + 1) % 8, (by + 2) % 8, (by + 3) % 8, (by + 4) % 8, (by + 5) % 8,
+                                           (by + 6) % 8, (by + 7) % 8);
+    return {_mm256_permutevar8x32_ps(a.v, from)};
 }
 #endif
 
-// Lanes i and j of a, then k and l of b (within each 128-bit half).
-template <int i, int j, int k, int l>
-ORV_INLINE vec<float, 4> lanes_of(vec<float, 4> a, vec<float, 4> b)
+template <int channel, class V>
+ORV_INLINE V channel_of(three<V> p)
 {
-    return {_mm_shuffle_ps(a.v, b.v, _MM_SHUFFLE(l, k, j, i))};
+    constexpr int N = V::N;
+    return blended<lanes_of_channel<N>(2, channel)>(blended<lanes_of_channel<N>(1, channel)>(p.a, p.b), p.c);
 }
-#if ORV_HAVE_FLOAT256
-template <int i, int j, int k, int l>
-ORV_INLINE vec<float, 8> lanes_of(vec<float, 8> a, vec<float, 8> b)
+template <int vector, class V>
+ORV_INLINE V vector_of(three<V> c)
 {
-    return {_mm256_shuffle_ps(a.v, b.v, _MM_SHUFFLE(l, k, j, i))};
+    constexpr int N = V::N;
+    return blended<lanes_of_channel<N>(vector, 2)>(blended<lanes_of_channel<N>(vector, 1)>(c.a, c.b), c.c);
 }
-#endif
-
-// From pixels to channels.
+// From pixels to channels, and back.
 template <class V>
 ORV_INLINE three<V> separated(three<V> p)
 {
-    return {lanes_of<0, 3, 0, 2>(p.a, lanes_of<2, 2, 1, 1>(p.b, p.c)),
-            lanes_of<0, 2, 0, 2>(lanes_of<1, 1, 0, 0>(p.a, p.b), lanes_of<3, 3, 2, 2>(p.b, p.c)),
-            lanes_of<0, 2, 0, 3>(lanes_of<2, 2, 1, 1>(p.a, p.b), p.c)};
+    return {channel_of<0>(p), rotated<1>(channel_of<1>(p)), rotated<2>(channel_of<2>(p))};
 }
-// And back.
 template <class V>
 ORV_INLINE three<V> side_by_side(three<V> c)
 {
-    return {lanes_of<0, 2, 0, 2>(lanes_of<0, 0, 0, 0>(c.a, c.b), lanes_of<0, 0, 1, 1>(c.c, c.a)),
-            lanes_of<0, 2, 0, 2>(lanes_of<1, 1, 1, 1>(c.b, c.c), lanes_of<2, 2, 2, 2>(c.a, c.b)),
-            lanes_of<0, 2, 0, 2>(lanes_of<2, 2, 3, 3>(c.c, c.a), lanes_of<3, 3, 3, 3>(c.b, c.c))};
+    const three<V> turned = {c.a, rotated<V::N - 1>(c.b), rotated<V::N - 2>(c.c)};
+    return {vector_of<0>(turned), vector_of<1>(turned), vector_of<2>(turned)};
 }
 
 }  // namespace ORV_LEVEL

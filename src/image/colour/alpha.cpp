@@ -128,8 +128,9 @@ struct Over {
         const F all = simd::splat<F>(255), top = numbers<3>(b);
         const F upper = top * all, lower = (all - top) * numbers<3>(a), sum = upper + lower;
         const F divisor = simd::max(sum, simd::splat<F>(1));
-        const V alpha = simd::as<uint32_t>(simd::round_to_int(sum / all));
-        V pixel = simd::shifted_left<24>(alpha);
+        // The upper byte of (m + m / 256) / 256, m a half more than the sum.
+        const V m = simd::as<uint32_t>(simd::round_to_int(sum + simd::splat<F>(128)));
+        V pixel = simd::shifted_left<16>(m + simd::shifted_right<8>(m)) & simd::splat<V>(0xFF000000);
         pixel = pixel | simd::as<uint32_t>(simd::round_to_int((upper * numbers<0>(b) + lower * numbers<0>(a)) / divisor));
         const V second = simd::as<uint32_t>(simd::round_to_int((upper * numbers<1>(b) + lower * numbers<1>(a)) / divisor));
         const V third = simd::as<uint32_t>(simd::round_to_int((upper * numbers<2>(b) + lower * numbers<2>(a)) / divisor));

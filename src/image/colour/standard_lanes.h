@@ -46,16 +46,15 @@ struct FromRgbLanes {
 
     explicit FromRgbLanes(const FromRgb& m) : luma(m.luma, m.black), cb(m.cb, 128), cr(m.cr, 128) {}
 
-    // 2^15 times the values, one half included.
-    struct Sums {
-        Ints luma, cb, cr;
+    // Four pixels in each 16 bytes, ready for sum(): 2^15 times a value, one half included.
+    struct Pixels {
+        Words red_green, blue;
     };
     template <class From>
-    ORV_INLINE Sums sums(Bytes pixels) const
+    static ORV_INLINE Pixels pixels(Bytes bytes)
     {
-        const Words rg = simd::as<std::int16_t>(shuffled(pixels, RedAndGreen<From>::picks));
-        const Words b = simd::as<std::int16_t>(shuffled(pixels, Blue<From>::picks)) | repeated(0, 256);
-        return {luma.sum(rg, b), cb.sum(rg, b), cr.sum(rg, b)};
+        return {simd::as<std::int16_t>(shuffled(bytes, RedAndGreen<From>::picks)),
+                simd::as<std::int16_t>(shuffled(bytes, Blue<From>::picks)) | repeated(0, 256)};
     }
 };
 

@@ -74,17 +74,25 @@ struct ToPairs {
 
     static constexpr int N = Bytes::N / 2;  // pixels of a block
 
-    // Eight pixels in 24 bytes become 16 bytes, as often as there are 16 bytes in a register. The rounding that a
-    // single pixel's sum includes is half of what that of a pair needs.
+    // Pairs of the pixels in a and b: sums of components, as of the rounding that is among them.
+    static ORV_INLINE Words pairs(Words a, Words b)
+    {
+        const Ints first = simd::as<std::int32_t>(a), second = simd::as<std::int32_t>(b);
+        return simd::as<std::int16_t>(simd::even_lanes(first, second)) + simd::as<std::int16_t>(simd::odd_lanes(first, second));
+    }
+    // Eight pixels in 24 bytes become 16 bytes, as often as there are 16 bytes in a register. Chroma is 2^16 times
+    // its value, so Cr is where it belongs, in the upper half of its lane.
     ORV_INLINE void block(const uint8_t* src, uint8_t* dst) const
     {
-        const FromRgbLanes::Sums a = lanes.sums<Interleaved<3, 0>>(simd::load_parts<Bytes, 24>(src));
-        const FromRgbLanes::Sums b = lanes.sums<Interleaved<3, 4>>(simd::load_parts<Bytes, 24>(src + 8));
-        const Words y = simd::narrow(simd::pair<Ints>{simd::shifted_right<15>(a.luma), simd::shifted_right<15>(b.luma)});
-        const Words c = simd::narrow(simd::pair<Ints>{simd::shifted_right<16>(simd::neighbours_added(a.cb, a.cr)),
-                                                      simd::shifted_right<16>(simd::neighbours_added(b.cb, b.cr))});
-        const UnsignedWords bounded = simd::as<uint16_t>(simd::min(c, simd::splat<Words>(255)));
-        simd::store(dst, simd::as<uint8_t>(simd::as<uint16_t>(y) | simd::shifted_left<8>(bounded)));
+        const FromRgbLanes::Pixels a = FromRgbLanes::pixels<Interleaved<3, 0>>(simd::load_parts<Bytes, 24>(src));
+        const FromRgbLanes::Pixels b = FromRgbLanes::pixels<Interleaved<3, 4>>(simd::load_parts<Bytes, 24>(src + 8));
+        const auto luma = [&](const FromRgbLanes::Pixels& p) { return simd::shifted_right<15>(lanes.luma.sum(p.red_green, p.blue)); };
+        const Words y = simd::narrow(simd::pair<Ints>{luma(a), luma(b)});
+        const Words red_green = pairs(a.red_green, b.red_green), blue = pairs(a.blue, b.blue);
+        const Words cb = simd::as<std::int16_t>(simd::shifted_right<16>(lanes.cb.sum(red_green, blue)));
+        const Words cr = simd::as<std::int16_t>(lanes.cr.sum(red_green, blue));
+        const UnsignedWords chroma = simd::as<uint16_t>(simd::min(simd::alternate(cb, cr), simd::splat<Words>(255)));
+        simd::store(dst, simd::as<uint8_t>(simd::as<uint16_t>(y) | simd::shifted_left<8>(chroma)));
     }
     ORV_INLINE void row(const uint8_t* src, uint8_t* dst, ptrdiff_t n) const
     {

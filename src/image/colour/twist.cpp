@@ -86,15 +86,19 @@ struct TwistFloats : Twist {
     // All pixels are read before any is written.
     ORV_INLINE void block(const float* src, float* dst) const
     {
-        const simd::three<Floats> p = simd::separated(simd::load_three<Floats>(src));
+        const simd::three<Floats> pixels = {simd::load<Floats>(src), simd::load<Floats>(src + N), simd::load<Floats>(src + 2 * N)};
+        const simd::three<Floats> p = simd::separated(pixels);
         Floats out[3] = {many(0, p.a, p.b, p.c), many(1, p.a, p.b, p.c), many(2, p.a, p.b, p.c)};
         const Floats no_number = simd::unordered(out[0], out[1]) | simd::unordered(out[2], out[2]);
         if (__builtin_expect(simd::any(no_number), false)) {
             for (Floats& channel : out) channel = simd::select(simd::unordered(channel, channel), simd::splat<Floats>(__builtin_nanf("")), channel);
         }
-        simd::store_three(dst, simd::side_by_side(simd::three<Floats>{out[0], out[1], out[2]}));
+        const simd::three<Floats> result = simd::side_by_side(simd::three<Floats>{out[0], out[1], out[2]});
+        simd::store(dst, result.a);
+        simd::store(dst + N, result.b);
+        simd::store(dst + 2 * N, result.c);
     }
-    ORV_INLINE void pixels(const float* src, float* dst, ptrdiff_t n) const
+    ORV_INLINE void row_of_pixels(const float* src, float* dst, ptrdiff_t n) const
     {
         for (; n >= N; n -= N, src += 3 * N, dst += 3 * N) block(src, dst);
         if (n == 0) return;
@@ -105,7 +109,7 @@ struct TwistFloats : Twist {
         __builtin_memcpy(dst, out, bytes);
     }
 #else
-    void pixels(const float* src, float* dst, ptrdiff_t n) const
+    void row_of_pixels(const float* src, float* dst, ptrdiff_t n) const
     {
         for (; n > 0; --n, src += 3, dst += 3) one(src, dst);
     }
@@ -149,7 +153,7 @@ Status ColorTwist32f_32f_C3(const float* src, int srcStep, const float* twist, f
     const FloatControl control;
     const TwistFloats op(twist);
     const Rows rows(roi, 3, sizeof(float), srcStep, dstStep);
-    for (int y = 0; y < rows.count; ++y) op.pixels(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n / 3);
+    for (int y = 0; y < rows.count; ++y) op.row_of_pixels(row_at(src, srcStep, y), row_at(dst, dstStep, y), rows.n / 3);
     return StatusOk;
 }
 

@@ -19,8 +19,9 @@ struct FromRgbPixels {
     template <class From>
     ORV_INLINE Bytes many(Bytes rgb) const
     {
-        const FromRgbLanes::Sums s = lanes.sums<From>(rgb);
-        return packed_channels(simd::shifted_right<15>(s.luma), simd::shifted_right<15>(s.cb), simd::shifted_right<15>(s.cr));
+        const FromRgbLanes::Pixels p = FromRgbLanes::pixels<From>(rgb);
+        const auto value = [&](const FromRgbLanes::Row& row) { return simd::shifted_right<15>(row.sum(p.red_green, p.blue)); };
+        return packed_channels(value(lanes.luma), value(lanes.cb), value(lanes.cr));
     }
 #else
     explicit FromRgbPixels(int standard) : m(kFromRgb[standard]) {}
