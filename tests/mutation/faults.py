@@ -19,6 +19,12 @@ NEAREST = "src/image/resize/resize_nearest.cpp"
 FEATURES = "src/core/features.cpp"
 MEMORY = "src/core/memory.cpp"
 INTEGER = "src/image/arithmetic/integer_arithmetic.cpp"
+LOOKUP = "src/image/tables/lookup.cpp"
+CURVES = "src/image/tables/curves.cpp"
+STANDARDS = "src/image/colour/standards.h"
+SUBSAMPLED = "src/image/colour/subsampled.cpp"
+TWIST = "src/image/colour/twist.cpp"
+ALPHA = "src/image/colour/alpha.cpp"
 
 MAGNITUDE_END = "        simd::store(dst + n - F::N, last);\n        return StatusOk;\n"
 COMPLEX_START = "    std::ptrdiff_t i = 0;\n#if ORV_HAVE_VECTORS\n    using V = simd::half<uint32_t>;\n"
@@ -49,6 +55,22 @@ FAULTS = [
     ("a row of the source too high", NEAREST, "row_at(src, srcStep, rows[y])", "row_at(src, srcStep, rows[y > 0 ? y - 1 : 0])", "Resize*:Hashes*"),
     ("a tile forgets where it begins", NEAREST, "indices_of(p, p->y) + part.y0", "indices_of(p, p->y)", "Resize*:" + VARIANTS),
     ("the last words of a block are not drawn", RANDOM, "for (; k < run; ++k) words_out[k] = to[k] ^= from[k];", "for (; k < run - 1; ++k) words_out[k] = to[k] ^= from[k];", "Random*:Hashes*:" + VARIANTS),
+    # Tables and colour.
+    ("a palette read behind its end", LOOKUP, "get(palette + (pixel < last ? pixel : last))", "get(palette + (pixel <= last + 1 ? pixel : last))", "Lookup*"),
+    ("one table for all channels", LOOKUP, "equal &= tables[c] == tables[0];", "equal |= tables[c] == tables[0];", "Lookup*"),
+    ("a level belongs to the line before it", CURVES, "if (get(levels + k + half) <= x) k += half;", "if (get(levels + k + half) < x) k += half;", "Curves*"),
+    ("a curve's halves rounded up", CURVES, "twice_rest > run || (twice_rest == run && (value & 1) != 0)", "twice_rest >= run", "Curves*"),
+    ("falling lines rise", CURVES, "simd::splat<Doubles>(line.falls ? -static_cast<double>(line.rise) : line.rise)", "simd::splat<Doubles>(line.rise)", "Curves*"),
+    ("a coefficient off by one", STANDARDS, "{{5983, 20127, 2032}", "{{5983, 20126, 2032}", "YCbCr*"),
+    ("the rounding of products left out", STANDARDS, "return (k * x + 128) >> 8;", "return (k * x) >> 8;", "YCbCr*"),
+    ("chroma without its limit", SUBSAMPLED, "simd::as<uint16_t>(simd::min(simd::alternate(cb, cr), simd::splat<Words>(255)))", "simd::as<uint16_t>(simd::alternate(cb, cr))", "Subsampled*"),
+    ("U for V", SUBSAMPLED, "const ToRgbLanes::Channels c = lanes.chroma(u, v);", "const ToRgbLanes::Channels c = lanes.chroma(v, u);", "Subsampled*"),
+    ("the last pixel of an odd row alone", SUBSAMPLED, "        if (n % 2 != 0) copy_bytes(in + 3 * n, src + 3 * n - 3, 3);\n", "", "Subsampled*"),
+    ("another order of sums", TWIST, "((splat<V>(row[c][0]) * p0 + splat<V>(row[c][1]) * p1) + splat<V>(row[c][2]) * p2) + splat<V>(row[c][3])",
+     "(splat<V>(row[c][0]) * p0 + splat<V>(row[c][1]) * p1) + (splat<V>(row[c][2]) * p2 + splat<V>(row[c][3]))", "Twist*"),
+    ("a NaN becomes white", TWIST, "simd::min(simd::splat<V>(255), Twist::many(c, p0, p1, p2))", "simd::min(Twist::many(c, p0, p1, p2), simd::splat<V>(255))", "Twist*"),
+    ("ground and top exchanged", ALPHA, "const F upper = top * all, lower = (all - top) * numbers<3>(a)", "const F upper = (all - top) * all, lower = top * numbers<3>(a)", "Alpha*"),
+    ("a shift for the division by 255", ALPHA, "return (m + (m >> 8)) >> 8;", "return m >> 8;", "Alpha*"),
     # Checks.
     ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    with_scaling", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    with_scaling", "IntegerArithmetic*"),
     ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),
