@@ -22,9 +22,14 @@
 /// divisor, ...) also gives false, but the destination has been written completely. Methods that
 /// depart from this say so. Each family lists its checks in the order in which they run.
 ///
-/// **Aliasing.** The destination of an element-wise operation may be exactly one of its sources: same
-/// pointer, same step. Regions that overlap otherwise give unspecified pixels, though never an access
-/// outside the regions.
+/// **Aliasing.** The destination of an operation on single pixels (copy, set, conversion, channel order,
+/// arithmetic, bitwise operations, comparison, thresholding) may share memory with its sources in any way. Its
+/// rows are made from the top, one after the other, each as if through a temporary: a row is computed
+/// from what the rows before it have left. So a copy to one row further up scrolls, and one to one row further
+/// down repeats the first row. Source and destination that are one image, same pointer and same step, or whose
+/// rows lie beside each other, are as good as separate ones; others take one row of memory from the heap
+/// and return false, with nothing written, when there is none. Arrays of constants are read once, before anything
+/// is written, and may lie in an image. Resizing, filters and statistics are told below.
 ///
 /// **In place.** Methods that end in I take a temporary buffer from the heap. When memory runs out, or for
 /// a region whose rows, each padded to 64 bytes, exceed 2^31 - 1 bytes, they return false and write nothing.
@@ -175,8 +180,9 @@ public:
     // Transposition and mirroring
     //
     // Transposition: width and height are those of the source; the destination has height columns and
-    // width rows. Source and destination may be the same buffer with the same step; other overlaps are not
-    // supported. Checks: null pointer, width or height below 1.
+    // width rows. Source and destination may be the same buffer with the same step, in which rows of both shapes
+    // do not overlap; other overlaps transpose to one row of the destination after the other, from the top, each as
+    // if through a temporary. Checks: null pointer, width or height below 1.
     //
     // Mirroring, in place. axis 0: top and bottom exchanged; 1: left and right; 2: both. Pixels move as a
     // whole; the AC4 forms leave every alpha where it is. Checks: null pointer, width or height below 1, an
@@ -1352,8 +1358,11 @@ public:
     // channels are arrays, one value for each channel in order.
     //
     // In place, the source is the top left part of the buffer, and the result begins at the same first pixel.
-    // The other forms take src == dst as well, with the same result as from a copy of src; no other overlap is
-    // supported. Both need a temporary, and return false and write nothing when there is no memory for it.
+    // The other forms take src == dst as well, with the same result as from a copy of src. With any other overlap
+    // of src and dst, or of rows of dst, each row is made as if through a temporary: around a constant from the top
+    // to the bottom; with nearest pixels first the rows of the source, then those below, which repeat what then
+    // stands in the row above them that came from the source, then those at the top. All but separate images need
+    // a temporary, and return false and write nothing when there is no memory for it.
     //
     // Checks: null pointer (an array of constants included), a step below 1, then false for: a size below 1, top
     // or left below 0, and dst narrower than left + srcWidth or lower than top + srcHeight.

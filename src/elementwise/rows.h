@@ -57,7 +57,13 @@ ORV_INLINE void short_row(T* dst, std::ptrdiff_t n, Compute compute)
         if (size == 4 || n * size >= 4) {
             simd::store_ends<Half, 4>(dst, n, compute.template ends<Half, 4>(n));
         } else if constexpr (size < 4) {
-            for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
+            if (size == 2 || n == 1) return put(dst, compute.one(0));
+            if constexpr (size == 1) {
+                const T first = compute.one(0), second = compute.one(1), last = compute.one(n - 1);
+                put(dst, first);
+                put(dst + 1, second);
+                put(dst + n - 1, last);
+            }
         }
     }
 }
@@ -104,6 +110,13 @@ struct FromTwo : Pace<Op> {
         return op->many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n));
     }
 };
+
+// Rows of up to so many bytes are read before any of it is stored.
+#if ORV_HAVE_VECTORS
+constexpr int kReadAtOnce = 16;
+#else
+constexpr int kReadAtOnce = 0;
+#endif
 
 template <class T, class Compute>
 ORV_INLINE void run_row(T* dst, std::ptrdiff_t n, Compute compute)
@@ -266,7 +279,8 @@ ORV_INLINE void pattern_row(const Pattern<T>& pattern, const T* src, T* dst, std
     simd::store(dst + n - V::N, last);
 }
 
-// dst = op(constant of the channel, src). There are 1 to 4 channels.
+// dst = op(constant of the channel, src). There are 1 to 4 channels. The constants may lie in the destination,
+// and are read before anything is stored.
 template <class T, class Op>
 inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, int dstStep, Size roi,
                            int channels, Op& op)
@@ -288,12 +302,14 @@ inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, i
     }
     op = local;
 #else
+    T kept[4];
+    __builtin_memcpy(kept, values, sizeof(T) * static_cast<std::size_t>(channels));
     for (int y = 0; y < rows.count; ++y) {
         const T* const s = row_at(src, srcStep, y);
         T* const d = row_at(dst, dstStep, y);
         int channel = 0;
         for (std::ptrdiff_t i = 0; i < rows.n; ++i) {
-            put(d + i, op.one(get(values + channel), get(s + i)));
+            put(d + i, op.one(kept[channel], get(s + i)));
             if (++channel == channels) channel = 0;
         }
     }

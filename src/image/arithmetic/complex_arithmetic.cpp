@@ -3,6 +3,7 @@
 #include "core/checks.h"
 #include "elementwise/complex_arithmetic.h"
 #include "core/float_control.h"
+#include "core/overlap.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -14,22 +15,28 @@ namespace {
 template <class T> const float* parts(const T* p) { return reinterpret_cast<const float*>(p); }
 template <class T> float* parts(T* p) { return reinterpret_cast<float*>(p); }
 
-template <class Op>
-Status by_parts(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
+template <class Op, class Self>
+ORV_INLINE Status by_parts(Self self, const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
                 int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, 1, src1, src1Step, src2, src2Step, dst, dstStep, roi);
+    }
     const FloatControl control;
     Op op;
     plane(lanes(parts(src1)), src1Step, lanes(parts(src2)), src2Step, lanes(parts(dst)), dstStep, roi, 2, op);
     return StatusOk;
 }
 
-template <class Op>
-Status constant_by_parts(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep,
+template <class Op, class Self>
+ORV_INLINE Status constant_by_parts(Self self, const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep,
                          Size roi)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
+        return by_rows(self, 1, src, srcStep, value, dst, dstStep, roi);
+    }
     const FloatControl control;
     Op op;
     constant_plane(lanes(parts<Complex32f>(&value)), lanes(parts(src)), srcStep, lanes(parts(dst)), dstStep, roi, 2, op);
@@ -65,12 +72,12 @@ void multiply(const Complex32f* src, int srcStep, Complex32f value, Complex32f* 
     Status name(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst, \
                 int dstStep, Size roi)                                                                   \
     {                                                                                                    \
-        return __VA_ARGS__(src1, src1Step, src2, src2Step, dst, dstStep, roi);                           \
+        return __VA_ARGS__(name, src1, src1Step, src2, src2Step, dst, dstStep, roi);                           \
     }
 #define ONE_CONSTANT(name, ...)                                                                          \
     Status name(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi) \
     {                                                                                                    \
-        return __VA_ARGS__(src, srcStep, value, dst, dstStep, roi);                                      \
+        return __VA_ARGS__(name, src, srcStep, value, dst, dstStep, roi);                                      \
     }
 
 TWO_IMAGES(Add_32fc_C1, by_parts<FloatSum<float>>)
@@ -82,6 +89,9 @@ Status Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2,
                    int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (may_overlap(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(Mul_32fc_C1, 1, src1, src1Step, src2, src2Step, dst, dstStep, roi);
+    }
     const FloatControl control;
     ComplexProduct op;
     complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
@@ -92,6 +102,9 @@ Status Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2,
                    int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (may_overlap(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(Div_32fc_C1, 1, src1, src1Step, src2, src2Step, dst, dstStep, roi);
+    }
     const FloatControl control;
     ComplexQuotient op;
     complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
@@ -101,6 +114,9 @@ Status Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2,
 Status MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (may_overlap(roi, 1, src, srcStep, dst, dstStep)) {
+        return by_rows(MulC_32fc_C1, 1, src, srcStep, value, dst, dstStep, roi);
+    }
     const FloatControl control;
     multiply(src, srcStep, value, dst, dstStep, roi);
     return StatusOk;
@@ -110,6 +126,9 @@ Status MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Comple
 Status DivC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (may_overlap(roi, 1, src, srcStep, dst, dstStep)) {
+        return by_rows(DivC_32fc_C1, 1, src, srcStep, value, dst, dstStep, roi);
+    }
     const FloatControl control;
     const double p = static_cast<double>(value.re), q = static_cast<double>(value.im);
     const double m = rounded(rounded(p * p) + rounded(q * q));

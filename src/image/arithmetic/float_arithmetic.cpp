@@ -5,6 +5,7 @@
 #include "core/checks.h"
 #include "elementwise/float_arithmetic.h"
 #include "core/float_control.h"
+#include "core/overlap.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -17,49 +18,64 @@ using std::uint32_t;
 
 // --- Loops ----------------------------------------------------------------------------------------
 
-template <class Op>
-Status two_images(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
+template <class Op, class Self>
+ORV_INLINE Status two_images(Self self, const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
                   Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi);
+    }
     const FloatControl control;
     Op op;
     plane(lanes(src1), src1Step, lanes(src2), src2Step, lanes(dst), dstStep, roi, channels, op);
     return StatusOk;
 }
 
-Status division(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
+template <class Self>
+ORV_INLINE Status division(Self self, const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
                 Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
+    if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi);
+    }
     const FloatControl control;
     FloatQuotient<float> op;
     plane(lanes(src1), src1Step, lanes(src2), src2Step, lanes(dst), dstStep, roi, channels, op);
     return op.zeros ? StatusDivideByZero : StatusOk;
 }
 
-template <class Op>
-Status constant(const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi,
+template <class Op, class Self>
+ORV_INLINE Status constant(Self self, const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi,
                 int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, values, dst, dstStep, roi);
+    }
     const FloatControl control;
     Op op;
     constant_plane(lanes(values), lanes(src), srcStep, lanes(dst), dstStep, roi, channels, op);
     return StatusOk;
 }
 
-Status division_by_constant(const float* src, int srcStep, const float* values, float* dst, int dstStep,
+template <class Self>
+ORV_INLINE Status division_by_constant(Self self, const float* src, int srcStep, const float* values, float* dst, int dstStep,
                             Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, values, dst, dstStep, roi);
+    }
     const FloatControl control;
     float reciprocals[3];
     for (int c = 0; c < channels; ++c) {
-        if (values[c] == 0) return StatusDivideByZeroError;
-        reciprocals[c] = reciprocal(values[c]);
+        const float value = get(values + c);
+        if (value == 0) return StatusDivideByZeroError;
+        reciprocals[c] = reciprocal(value);
     }
     FloatProduct<float> op;
     constant_plane(lanes(reciprocals), lanes(src), srcStep, lanes(dst), dstStep, roi, channels, op);
@@ -67,22 +83,35 @@ Status division_by_constant(const float* src, int srcStep, const float* values, 
 }
 
 // Bits are cleared, nothing is computed: the floating-point environment does not matter.
-Status absolute(const float* src, int srcStep, float* dst, int dstStep, Size roi, int channels)
+template <class Self>
+ORV_INLINE Status absolute(Self self, const float* src, int srcStep, float* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, dst, dstStep, roi);
+    }
     plane(lanes(src), srcStep, lanes(dst), dstStep, roi, channels, WithoutSign<float>{});
     return StatusOk;
 }
 
-template <class Op>
-Status extreme(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
+template <class Op, class Self>
+ORV_INLINE Status extreme(Self self, const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src, srcDst)) return bad;
     if (any_below_one(srcStep, srcDstStep)) return StatusBadStep;
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, srcDst, srcDstStep)) return by_rows(self, 1, src, srcStep, srcDst, srcDstStep, roi);
     const FloatControl control;  // subnormals must not be taken for zeros
     Op op;
     plane(lanes(src), srcStep, lanes<float>(srcDst), srcDstStep, lanes(srcDst), srcDstStep, roi, 1, op);
     return StatusOk;
+}
+
+Status square_roots(const float* src, int srcStep, float* dst, int dstStep, Size roi)
+{
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) return by_rows(square_roots, 1, src, srcStep, dst, dstStep, roi);
+    const FloatControl control;
+    const auto op = plane(lanes(src), srcStep, lanes(dst), dstStep, roi, 1, SquareRoot<float>{});
+    return op.negatives ? StatusSqrtOfNegative : StatusOk;
 }
 
 // --- Accumulated products of 16-bit pixels ----------------------------------------------------------
@@ -148,6 +177,9 @@ Status AddProduct_16u32f_C1(const uint16_t* src1, int src1Step, const uint16_t* 
     const std::int64_t pairs = std::int64_t{2} * roi.width;
     if (src1Step < pairs || src2Step < pairs || srcDstStep < 2 * pairs) return StatusBadStep;
     if ((src1Step | src2Step) % 2 != 0 || srcDstStep % 4 != 0) return StatusUnevenStep;
+    if (may_overlap(roi, 1, src1, src1Step, src2, src2Step, srcDst, srcDstStep)) {
+        return by_rows(AddProduct_16u32f_C1, 1, src1, src1Step, src2, src2Step, srcDst, srcDstStep, roi);
+    }
     const FloatControl control;
     Rows rows(roi, 1);
     rows.merge(src1Step == pairs && src2Step == pairs && srcDstStep == 2 * pairs);
@@ -163,9 +195,7 @@ Status Sqrt_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size 
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;
-    const FloatControl control;
-    const auto op = plane(lanes(src), srcStep & ~3, lanes(dst), dstStep & ~3, roi, 1, SquareRoot<float>{});
-    return op.negatives ? StatusSqrtOfNegative : StatusOk;
+    return square_roots(src, srcStep & ~3, dst, dstStep & ~3, roi);
 }
 
 // --- Kernels --------------------------------------------------------------------------------------
@@ -174,22 +204,22 @@ Status Sqrt_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size 
     Status name(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep, \
                 Size roi)                                                                               \
     {                                                                                                   \
-        return __VA_ARGS__(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);                \
+        return __VA_ARGS__(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);                \
     }
 #define ONE_CONSTANT(name, ...)                                                                         \
     Status name(const float* src, int srcStep, float value, float* dst, int dstStep, Size roi)          \
     {                                                                                                   \
-        return __VA_ARGS__(src, srcStep, &value, dst, dstStep, roi, 1);                                 \
+        return __VA_ARGS__(name, src, srcStep, &value, dst, dstStep, roi, 1);                                 \
     }
 #define CONSTANT_PER_CHANNEL(name, ...)                                                                 \
     Status name(const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi)  \
     {                                                                                                   \
-        return __VA_ARGS__(src, srcStep, values, dst, dstStep, roi, 3);                                 \
+        return __VA_ARGS__(name, src, srcStep, values, dst, dstStep, roi, 3);                                 \
     }
 #define ONE_IMAGE(name, channels, ...)                                                                  \
     Status name(const float* src, int srcStep, float* dst, int dstStep, Size roi)                       \
     {                                                                                                   \
-        return __VA_ARGS__(src, srcStep, dst, dstStep, roi, channels);                                  \
+        return __VA_ARGS__(name, src, srcStep, dst, dstStep, roi, channels);                                  \
     }
 
 TWO_IMAGES(Add_32f_C1, 1, two_images<FloatSum<float>>)
@@ -215,11 +245,11 @@ ONE_IMAGE(Abs_32f_C3, 3, absolute)
 
 Status MaxEvery_32f_C1(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
 {
-    return extreme<Larger>(src, srcStep, srcDst, srcDstStep, roi);
+    return extreme<Larger>(MaxEvery_32f_C1, src, srcStep, srcDst, srcDstStep, roi);
 }
 Status MinEvery_32f_C1(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
 {
-    return extreme<Smaller>(src, srcStep, srcDst, srcDstStep, roi);
+    return extreme<Smaller>(MinEvery_32f_C1, src, srcStep, srcDst, srcDstStep, roi);
 }
 
 }  // namespace ORV_LEVEL

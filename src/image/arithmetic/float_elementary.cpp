@@ -1,6 +1,7 @@
 #include "image/arithmetic/float_elementary.h"
 
 #include "core/checks.h"
+#include "core/overlap.h"
 #include "math/float_log_exp.h"
 #include "elementwise/rows.h"
 
@@ -10,10 +11,8 @@ namespace ORV_LEVEL {
 namespace {
 
 template <class Op>
-ORV_INLINE Status check_and_map(const float* src, int srcStep, float* dst, int dstStep, Size roi, Op& op)
+ORV_INLINE void map_rows(const float* src, int srcStep, float* dst, int dstStep, Size roi, Op& op)
 {
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
     const FloatControl control;
     const Rows rows(roi, 1, sizeof(float), srcStep, dstStep);
     Op local = op;
@@ -23,7 +22,12 @@ ORV_INLINE Status check_and_map(const float* src, int srcStep, float* dst, int d
         map_vectors(rows.n, sources, destinations, local);
     }
     op = local;
-    return StatusOk;
+}
+
+ORV_INLINE Status check(const float* src, int srcStep, const float* dst, int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    return any_below_one(srcStep, dstStep) ? StatusBadStep : StatusOk;
 }
 
 }  // namespace
@@ -31,15 +35,20 @@ ORV_INLINE Status check_and_map(const float* src, int srcStep, float* dst, int d
 // The warning is the first one in the order of the rows.
 Status Ln_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
+    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (may_overlap(roi, 1, src, srcStep, dst, dstStep)) return by_rows(Ln_32f_C1, 1, src, srcStep, dst, dstStep, roi);
     LnOfFloats op;
-    const Status bad = check_and_map(src, srcStep, dst, dstStep, roi, op);
-    return bad != StatusOk ? bad : op.warning.status();
+    map_rows(src, srcStep, dst, dstStep, roi, op);
+    return op.warning.status();
 }
 
 Status Exp_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
+    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (may_overlap(roi, 1, src, srcStep, dst, dstStep)) return by_rows(Exp_32f_C1, 1, src, srcStep, dst, dstStep, roi);
     ExpOfFloats<true> op;
-    return check_and_map(src, srcStep, dst, dstStep, roi, op);
+    map_rows(src, srcStep, dst, dstStep, roi, op);
+    return StatusOk;
 }
 
 }  // namespace ORV_LEVEL

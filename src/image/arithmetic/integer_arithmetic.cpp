@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/checks.h"
+#include "core/overlap.h"
 #include "elementwise/quotients.h"
 #include "elementwise/rows.h"
 #include "elementwise/rows_together.h"
@@ -19,44 +20,56 @@ using std::uint8_t;
 
 // --- Loops ----------------------------------------------------------------------------------------
 
-template <template <class> class Kind, class T>
-Status arithmetic(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,
+template <template <class> class Kind, class T, class Self>
+ORV_INLINE Status arithmetic(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,
                   int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor);
+    }
     with_scaling<T, Kind<T>>(scaleFactor, [&](auto op) {
         plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels, op);
     });
     return StatusOk;
 }
 
-template <template <class> class Kind, class T>
-Status arithmetic_constant(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
+template <template <class> class Kind, class T, class Self>
+ORV_INLINE Status arithmetic_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
                            int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, values, dst, dstStep, roi, scaleFactor);
+    }
     with_scaling<T, Kind<T>>(scaleFactor, [&](auto op) {
         constant_plane(values, src, srcStep, dst, dstStep, roi, channels, op);
     });
     return StatusOk;
 }
 
-template <Rounding rounding, bool checks_steps, class T>
-Status division(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,
+template <Rounding rounding, bool checks_steps, class T, class Self>
+ORV_INLINE Status division(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,
                 int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (checks_steps && any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
+    if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor);
+    }
     return with_quotient<T, rounding>(scaleFactor, [&](auto& op) {
         plane_together(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels, op);
     });
 }
 
-template <class T>
-Status division_constant(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
+template <class T, class Self>
+ORV_INLINE Status division_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
                          int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, values, dst, dstStep, roi, scaleFactor);
+    }
     return with_quotient<T, Rounding::half_even, Divisors::constant>(scaleFactor, [&](auto& op) {
         constant_plane(values, src, srcStep, dst, dstStep, roi, channels, op);
     });
@@ -70,17 +83,17 @@ Status division_constant(const T* src, int srcStep, const T* values, T* dst, int
     Status name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi, \
                 int scaleFactor)                                                                        \
     {                                                                                                   \
-        return __VA_ARGS__(src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor, channels);   \
+        return __VA_ARGS__(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor, channels);   \
     }
 #define ONE_CONSTANT(name, T, ...)                                                                      \
     Status name(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi, int scaleFactor)     \
     {                                                                                                   \
-        return __VA_ARGS__(src, srcStep, &value, dst, dstStep, roi, scaleFactor, 1);                    \
+        return __VA_ARGS__(name, src, srcStep, &value, dst, dstStep, roi, scaleFactor, 1);                    \
     }
 #define CONSTANT_PER_CHANNEL(name, T, channels, ...)                                                    \
     Status name(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi, int scaleFactor) \
     {                                                                                                   \
-        return __VA_ARGS__(src, srcStep, values, dst, dstStep, roi, scaleFactor, channels);             \
+        return __VA_ARGS__(name, src, srcStep, values, dst, dstStep, roi, scaleFactor, channels);             \
     }
 
 TWO_IMAGES(Add_8u_C1, uint8_t, 1, arithmetic<Sum>)

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/checks.h"
+#include "core/overlap.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -37,11 +38,14 @@ struct Not {
 };
 
 // Bits know no pixel type: two images are combined byte by byte.
-template <class Op, class T>
-Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi, int channels)
+template <class Op, class T, class Self>
+ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
         return bad;
+    }
+    if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi);
     }
     Op op;
     plane(reinterpret_cast<const uint8_t*>(src1), src1Step, reinterpret_cast<const uint8_t*>(src2), src2Step,
@@ -49,10 +53,13 @@ Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, T* d
     return StatusOk;
 }
 
-template <class Op, class T>
-Status with_constant(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi, int channels)
+template <class Op, class T, class Self>
+ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, values, dst, dstStep, roi);
+    }
     Op op;
     constant_plane(values, src, srcStep, dst, dstStep, roi, channels, op);
     return StatusOk;
@@ -142,25 +149,36 @@ struct RightByFactor {
     }
 };
 
-template <template <class> class Shift, class T>
-Status shift(const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi, int channels)
+template <template <class> class Shift, class T, class Self>
+ORV_INLINE Status shift(Self self, const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, count, dst, dstStep, roi);
+    }
     plane(src, srcStep, dst, dstStep, roi, channels, Shift<T>(count));
     return StatusOk;
 }
 
-template <template <class> class Shift, class ByFactor>
-Status shift_channels(const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi, int channels)
+template <template <class> class Shift, class ByFactor, class Self>
+ORV_INLINE Status shift_channels(Self self, const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_steps_before_size(any_null(src, counts, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, counts, dst, dstStep, roi);
+    }
+    const unsigned first = get(counts);
     bool all_equal = true;
     uint8_t factors[4];
     for (int c = 0; c < channels; ++c) {
-        factors[c] = ByFactor::factor(counts[c]);
-        if (counts[c] != counts[0]) all_equal = false;
+        const unsigned count = get(counts + c);
+        factors[c] = ByFactor::factor(count);
+        if (count != first) all_equal = false;
     }
-    if (all_equal) return shift<Shift>(src, srcStep, counts[0], dst, dstStep, roi, channels);
+    if (all_equal) {
+        plane(src, srcStep, dst, dstStep, roi, channels, Shift<uint8_t>(first));
+        return StatusOk;
+    }
     ByFactor op;
     constant_plane(factors, src, srcStep, dst, dstStep, roi, channels, op);
     return StatusOk;
@@ -173,27 +191,27 @@ Status shift_channels(const uint8_t* src, int srcStep, const unsigned* counts, u
 #define TWO_IMAGES(name, T, channels, Op)                                                                 \
     Status name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi)  \
     {                                                                                                     \
-        return two_images<Op>(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);               \
+        return two_images<Op>(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);               \
     }
 #define ONE_CONSTANT(name, T, Op)                                                                         \
     Status name(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi)                        \
     {                                                                                                     \
-        return with_constant<Op>(src, srcStep, &value, dst, dstStep, roi, 1);                             \
+        return with_constant<Op>(name, src, srcStep, &value, dst, dstStep, roi, 1);                             \
     }
 #define CONSTANT_PER_CHANNEL(name, T, channels, Op)                                                       \
     Status name(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi)                \
     {                                                                                                     \
-        return with_constant<Op>(src, srcStep, values, dst, dstStep, roi, channels);                      \
+        return with_constant<Op>(name, src, srcStep, values, dst, dstStep, roi, channels);                      \
     }
 #define SHIFT(name, T, Shift)                                                                             \
     Status name(const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi)                 \
     {                                                                                                     \
-        return shift<Shift>(src, srcStep, count, dst, dstStep, roi, 1);                                   \
+        return shift<Shift>(name, src, srcStep, count, dst, dstStep, roi, 1);                                   \
     }
 #define SHIFT_CHANNELS(name, channels, Shift)                                                             \
     Status name(const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi) \
     {                                                                                                     \
-        return shift_channels<Shift, Shift##ByFactor>(src, srcStep, counts, dst, dstStep, roi, channels); \
+        return shift_channels<Shift, Shift##ByFactor>(name, src, srcStep, counts, dst, dstStep, roi, channels); \
     }
 
 TWO_IMAGES(And_8u_C1, uint8_t, 1, And)
@@ -236,6 +254,9 @@ ONE_CONSTANT(XorC_32s_C1, int32_t, Xor)
     Status name(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi)                     \
     {                                                                                                     \
         if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi)) return bad; \
+        if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {                                     \
+            return by_rows(name, channels, src, srcStep, dst, dstStep, roi);                              \
+        }                                                                                                 \
         plane(src, srcStep, dst, dstStep, roi, channels, Not());                                          \
         return StatusOk;                                                                                  \
     }

@@ -4,6 +4,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/overlap.h"
 #include "image/bits/mask_rows.h"
 
 namespace orv {
@@ -57,11 +58,19 @@ template <> struct Environment<float> { const FloatControl control; };
 template <class T> struct word { using type = T; };
 template <> struct word<float> { using type = std::int32_t; };
 
-template <int Channels, class T>
-Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep, Size roi, int relation)
+// Masks of other pixels than bytes have short rows that are stored element by element.
+template <class T, int Channels>
+constexpr int kAtOnce = sizeof(T) == 1 && Channels == 1 ? kReadAtOnce : 0;
+
+template <int Channels, class T, class Self>
+ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep, Size roi, int relation)
 {
     if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
         return bad;
+    }
+    const ChannelCounts counts(Channels, 1);
+    if (may_overlap<kAtOnce<T, Channels>>(roi, counts, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, counts, src1, src1Step, src2, src2Step, dst, dstStep, roi, relation);
     }
     const Environment<T> environment;
     using Image = ImageOperand<T, Channels>;
@@ -69,10 +78,14 @@ Status two_images(const T* src1, int src1Step, const T* src2, int src2Step, uint
     return StatusOk;
 }
 
-template <int Channels, class T>
-Status with_constant(const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation)
+template <int Channels, class T, class Self>
+ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation)
 {
     if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    const ChannelCounts counts(Channels, 1);
+    if (may_overlap<kAtOnce<T, Channels>>(roi, counts, src, srcStep, dst, dstStep)) {
+        return by_rows(self, counts, src, srcStep, values, dst, dstStep, roi, relation);
+    }
     const Environment<T> environment;
     const ImageOperand<T, Channels> image{src, srcStep};
 #if ORV_HAVE_VECTORS
@@ -82,7 +95,9 @@ Status with_constant(const T* src, int srcStep, const T* values, uint8_t* dst, i
     const Pattern<Word> pattern = make_pattern(words, Channels);
     const ConstantOperand<T, Channels> constants{reinterpret_cast<const T*>(pattern.row)};
 #else
-    const ConstantOperand<T, Channels> constants{values};
+    T kept[Channels];
+    __builtin_memcpy(kept, values, sizeof(kept));
+    const ConstantOperand<T, Channels> constants{kept};
 #endif
     compare<T, Channels>(relation, image, constants, dst, dstStep, roi);
     return StatusOk;
@@ -96,17 +111,17 @@ Status with_constant(const T* src, int srcStep, const T* values, uint8_t* dst, i
     Status name(const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep,      \
                 Size roi, int relation)                                                                   \
     {                                                                                                     \
-        return two_images<channels>(src1, src1Step, src2, src2Step, dst, dstStep, roi, relation);         \
+        return two_images<channels>(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, relation);         \
     }
 #define ONE_CONSTANT(name, T)                                                                             \
     Status name(const T* src, int srcStep, T value, uint8_t* dst, int dstStep, Size roi, int relation)    \
     {                                                                                                     \
-        return with_constant<1>(src, srcStep, &value, dst, dstStep, roi, relation);                       \
+        return with_constant<1>(name, src, srcStep, &value, dst, dstStep, roi, relation);                       \
     }
 #define CONSTANT_PER_CHANNEL(name, T, channels)                                                           \
     Status name(const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation) \
     {                                                                                                     \
-        return with_constant<channels>(src, srcStep, values, dst, dstStep, roi, relation);                \
+        return with_constant<channels>(name, src, srcStep, values, dst, dstStep, roi, relation);                \
     }
 
 TWO_IMAGES(Compare_8u_C1, uint8_t, 1)

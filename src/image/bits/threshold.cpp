@@ -6,6 +6,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/overlap.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -237,10 +238,13 @@ ORV_INLINE void with_conditions(bool first, bool second, Run run)
     }
 }
 
-template <class T>
-Status replace(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, const T& threshold, const T& value)
+template <class T, class Self>
+ORV_INLINE Status replace(Self self, const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, const T& threshold, const T& value)
 {
     if (const Status bad = check(relation, any_null(src, dst), srcStep, dstStep, roi)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
+        return by_rows(self, 1, src, srcStep, dst, dstStep, roi, relation, threshold, value);
+    }
     using Bits = decltype(bits(threshold));
     const Bits limit = bits(threshold);
     const auto run = [&](auto above, auto flips) {
@@ -259,11 +263,12 @@ Status replace(const T* src, int srcStep, T* dst, int dstStep, Size roi, int rel
 }
 
 // Whether a threshold pair is the wrong way round is asked of the numbers, not of their bits.
-ORV_INLINE bool wrong_order(const float* lower, const float* upper, int channels)
+ORV_INLINE bool wrong_order(const int32_t* lower, const int32_t* upper, int channels)
 {
     const FloatControl control;
     bool wrong = false;
-    for (int c = 0; c < channels; ++c) wrong = wrong | (get(lower + c) > get(upper + c));
+    const auto number = [](const int32_t* word) { return get(reinterpret_cast<const float*>(word)); };
+    for (int c = 0; c < channels; ++c) wrong = wrong | (number(lower + c) > number(upper + c));
     return wrong;
 }
 
@@ -286,6 +291,9 @@ ORV_INLINE bool load_channels(const float* values, int32_t (&words)[3])
 Status Threshold_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi, int relation, float threshold)
 {
     if (const Status bad = check(relation, any_null(src, dst), srcStep, dstStep, roi)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
+        return by_rows(Threshold_32f_C1, 1, src, srcStep, dst, dstStep, roi, relation, threshold);
+    }
     const int32_t limit = bits(threshold);
     with_conditions(relation == relation_greater, needs_flip(limit), [&](auto above, auto flips) {
         const ForAll<int32_t, Limit<decltype(above)::value, decltype(flips)::value>> op = {{flip_of(limit), comparable(limit)}};
@@ -297,6 +305,9 @@ Status Threshold_32f_C1(const float* src, int srcStep, float* dst, int dstStep, 
 Status Threshold_32f_C3(const float* src, int srcStep, float* dst, int dstStep, Size roi, int relation, const float* thresholds)
 {
     if (const Status bad = check(relation, any_null(src, dst, thresholds), srcStep, dstStep, roi)) return bad;
+    if (may_overlap(roi, 3, src, srcStep, dst, dstStep)) {
+        return by_rows(Threshold_32f_C3, 3, src, srcStep, dst, dstStep, roi, relation, thresholds);
+    }
     int32_t t[3];
     const bool flips = load_channels(thresholds, t);
     with_conditions(relation == relation_greater, flips, [&](auto above, auto any_flips) {
@@ -310,7 +321,7 @@ Status Threshold_32f_C3(const float* src, int srcStep, float* dst, int dstStep, 
 #define THRESHOLD_VALUE(name, T)                                                                          \
     Status name(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, T threshold, T value) \
     {                                                                                                     \
-        return replace(src, srcStep, dst, dstStep, roi, relation, threshold, value);                  \
+        return replace(name, src, srcStep, dst, dstStep, roi, relation, threshold, value);            \
     }
 THRESHOLD_VALUE(Threshold_Val_8u_C1, uint8_t)
 THRESHOLD_VALUE(Threshold_Val_16u_C1, uint16_t)
@@ -320,8 +331,11 @@ Status Threshold_LTValGTVal_32f_C1(const float* src, int srcStep, float* dst, in
                                    float valueLT, float thresholdGT, float valueGT)
 {
     if (const Status bad = check(relation_less, any_null(src, dst), srcStep, dstStep, roi)) return bad;
-    if (wrong_order(&thresholdLT, &thresholdGT, 1)) return StatusBadThreshold;
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
+        return by_rows(Threshold_LTValGTVal_32f_C1, 1, src, srcStep, dst, dstStep, roi, thresholdLT, valueLT, thresholdGT, valueGT);
+    }
     const int32_t lower = bits(thresholdLT), upper = bits(thresholdGT);
+    if (wrong_order(&lower, &upper, 1)) return StatusBadThreshold;
     with_conditions(needs_flip(upper), needs_flip(lower), [&](auto upper_flips, auto lower_flips) {
         const ForAll<int32_t, ReplaceBoth<decltype(upper_flips)::value, decltype(lower_flips)::value>> op = {
             {flip_of(upper), comparable(upper), bits(valueGT), flip_of(lower), comparable(lower), bits(valueLT)}};
@@ -335,9 +349,13 @@ Status Threshold_LTValGTVal_32f_C3(const float* src, int srcStep, float* dst, in
 {
     const bool null = any_null(src, dst, thresholdLT, valueLT) || any_null(thresholdGT, valueGT);
     if (const Status bad = check(relation_less, null, srcStep, dstStep, roi)) return bad;
-    if (wrong_order(thresholdLT, thresholdGT, 3)) return StatusBadThreshold;
+    if (may_overlap(roi, 3, src, srcStep, dst, dstStep)) {
+        return by_rows(Threshold_LTValGTVal_32f_C3, 3, src, srcStep, dst, dstStep, roi, thresholdLT, valueLT, thresholdGT,
+                       valueGT);
+    }
     int32_t lower[3], upper[3], low_value[3], high_value[3];
     const bool lower_flips = load_channels(thresholdLT, lower), upper_flips = load_channels(thresholdGT, upper);
+    if (wrong_order(lower, upper, 3)) return StatusBadThreshold;
     load_channels(valueLT, low_value);
     load_channels(valueGT, high_value);
     with_conditions(upper_flips, lower_flips, [&](auto flips_upper, auto flips_lower) {

@@ -5,6 +5,8 @@
 #include "core/checks.h"
 #include "image/moving/copy_rows.h"
 #include "core/memory.h"
+#include "core/overlap.h"
+#include "core/sizes.h"
 
 namespace orv {
 namespace border {
@@ -112,6 +114,7 @@ struct Frame {
     ptrdiff_t left, middle, right;
 
     ORV_INLINE ptrdiff_t whole() const { return left + middle + right; }
+    ORV_INLINE const uint8_t* src_row(int y) const { return row_at(src, srcStep, y); }
     ORV_INLINE uint8_t* dst_row(int y) const { return row_at(dst, dstStep, y); }
 };
 
@@ -131,6 +134,14 @@ struct Constant {
         for (int y = 0; y < f.top; ++y) run.fill(f.dst_row(y), f.whole());
         for (int y = 0; y < f.bottom; ++y) run.fill(f.dst_row(f.top + f.rows + y), f.whole());
     }
+    // The order that shows where rows overlap. put(y, fill): row y as fill(to) makes it.
+    template <class Put> void in_order(const Frame& f, Put put) const
+    {
+        const auto whole = [&](uint8_t* to) { run.fill(to, f.whole()); };
+        for (int y = 0; y < f.top; ++y) put(y, whole);
+        for (int y = 0; y < f.rows; ++y) put(f.top + y, [&](uint8_t* to) { row(f, f.src_row(y), to); });
+        for (int y = 0; y < f.bottom; ++y) put(f.top + f.rows + y, whole);
+    }
 };
 
 // ... or the nearest one of the edge.
@@ -149,6 +160,15 @@ struct Nearest {
         const uint8_t* const last = f.dst_row(f.top + f.rows - 1);
         for (int y = 0; y < f.bottom; ++y) copy_row(last, f.dst_row(f.top + f.rows + y), f.whole());
         for (int y = 0; y < f.top; ++y) copy_row(first, f.dst_row(y), f.whole());
+    }
+    // Borders above and below repeat what then stands in the first and last row.
+    template <class Put> void in_order(const Frame& f, Put put) const
+    {
+        for (int y = 0; y < f.rows; ++y) put(f.top + y, [&](uint8_t* to) { row(f, f.src_row(y), to); });
+        const auto last = [&](uint8_t* to) { copy_row(f.dst_row(f.top + f.rows - 1), to, f.whole()); };
+        for (int y = 0; y < f.bottom; ++y) put(f.top + f.rows + y, last);
+        const auto first = [&](uint8_t* to) { copy_row(f.dst_row(f.top), to, f.whole()); };
+        for (int y = 0; y < f.top; ++y) put(y, first);
     }
 };
 
@@ -175,19 +195,43 @@ Status surround_upwards(const Frame& f, const Surrounding& surrounding)
     return StatusOk;
 }
 
-// The same for steps with which rows would overwrite others that are still to be read.
+// Rows that share memory are made in a row of their own.
+template <class Surrounding>
+__attribute__((noinline, cold)) Status surround_by_rows(const Frame& f, const Surrounding& surrounding)
+{
+    auto* const spare = static_cast<uint8_t*>(orv_allocate_checked(int64_t{f.whole()}));
+    if (spare == nullptr) return StatusNoMemory;
+    surrounding.in_order(f, [&](int y, auto fill) {
+        fill(spare);
+        std::memcpy(f.dst_row(y), spare, static_cast<std::size_t>(f.whole()));
+    });
+    orv_release(spare);
+    return StatusOk;
+}
+
+// One place for source and destination, with steps with which rows would overwrite others that are still to be
+// read.
 template <class Surrounding>
 Status surround_copy(const Frame& f, const Surrounding& surrounding)
 {
-    auto* const copy = static_cast<uint8_t*>(orv_allocate_checked(int64_t{f.middle} * f.rows));
+    auto* const copy = static_cast<uint8_t*>(orv_allocate_checked(size_product(f.middle, f.rows)));
     if (copy == nullptr) return StatusNoMemory;
     for (int y = 0; y < f.rows; ++y) copy_row(row_at(f.src, f.srcStep, y), copy + f.middle * y, f.middle);
     Frame from_copy = f;
     from_copy.src = copy;
     from_copy.srcStep = static_cast<int>(f.middle);
-    surround(from_copy, surrounding);
+    const Status status = surround_by_rows(from_copy, surrounding);
     orv_release(copy);
-    return StatusOk;
+    return status;
+}
+
+// A source that stands where it goes to is as good as one elsewhere: only the frame around it is written.
+ORV_INLINE bool shares_memory(const Frame& f)
+{
+    const Area dst = {f.dst, f.dstStep, f.whole(), f.top + f.rows + f.bottom};
+    if (f.whole() > f.dstStep && dst.rows > 1) return true;
+    if (f.src == f.dst_row(f.top) + f.left && f.srcStep == f.dstStep) return false;
+    return overlap(Area{f.src, f.srcStep, f.middle, f.rows}, dst);
 }
 
 template <class Surrounding>
@@ -197,6 +241,7 @@ Status extend(const Frame& f, const Surrounding& surrounding)
         const bool rows_stay_apart = f.srcStep <= f.dstStep && f.whole() <= f.dstStep;
         return rows_stay_apart ? surround_upwards(f, surrounding) : surround_copy(f, surrounding);
     }
+    if (shares_memory(f)) return surround_by_rows(f, surrounding);
     surround(f, surrounding);
     return StatusOk;
 }

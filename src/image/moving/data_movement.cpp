@@ -8,6 +8,7 @@
 #include "core/checks.h"
 #include "image/moving/copy_rows.h"
 #include "core/float_control.h"
+#include "core/overlap.h"
 #include "elementwise/rows.h"
 #include "simd/conversion.h"
 
@@ -32,10 +33,13 @@ struct Pixel {
 //
 // Bytes and bit patterns only: a float that passed through the x87 would lose its signalling NaNs.
 
-template <class T>
-Status copy(const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels)
+template <class T, class Self>
+ORV_INLINE Status copy(Self self, const T* src, int srcStep, T* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, dst, dstStep, roi);
+    }
     const int pixel_bytes = channels * static_cast<int>(sizeof(T));
     const Rows rows(roi, pixel_bytes, 1, srcStep, dstStep);
     for (int y = 0; y < rows.count; ++y) {
@@ -108,10 +112,13 @@ struct Widen {
     ORV_INLINE auto few(const From* p) const { return simd::load_as<simd::half<To>>::from(p); }
 };
 
-template <class From, class To>
-Status widen(const From* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
+template <class From, class To, class Self>
+ORV_INLINE Status widen(Self self, const From* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
+    if (may_overlap(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, dst, dstStep, roi);
+    }
     convert(src, srcStep, dst, dstStep, roi, channels, Widen<From, To>{});
     return StatusOk;
 }
@@ -155,11 +162,14 @@ struct Narrow {
     ORV_INLINE auto few(const float* p) const { return packed<Few>(p); }
 };
 
-template <class To>
-Status narrow(const float* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
+template <class To, class Self>
+ORV_INLINE Status narrow(Self self, const float* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (may_overlap(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, dst, dstStep, roi);
+    }
     const FloatControl control;
     convert(src, srcStep, dst, dstStep, roi, channels, Narrow<To>{});
     return StatusOk;
@@ -329,13 +339,23 @@ struct Reorder4 {
 // Steps are checked before the size here. Index 3 is refused for three channels as well: there is no
 // such channel.
 template <int Channels>
-Status check_order(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
+struct Order {
+    int channel[Channels];
+    bool null;
+    explicit Order(const int* order) : null(order == nullptr)
+    {
+        if (!null) std::memcpy(channel, order, sizeof(channel));
+    }
+};
+
+template <int Channels>
+Status check_order(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const Order<Channels>& order)
 {
-    if (any_null(src, dst, order)) return StatusNullPointer;
+    if (any_null(src, dst) || order.null) return StatusNullPointer;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;
     if (is_empty(roi)) return StatusBadSize;
     for (int c = 0; c < Channels; ++c) {
-        if (order[c] < 0 || order[c] >= Channels) return StatusBadChannelOrder;
+        if (order.channel[c] < 0 || order.channel[c] >= Channels) return StatusBadChannelOrder;
     }
     return StatusOk;
 }
@@ -644,6 +664,20 @@ void transpose_tiles(const Word* src, int srcStep, Word* dst, int dstStep, int w
     }
 }
 
+ORV_INLINE bool rows_apart(int step, int words, int rows)
+{
+    return rows == 1 || (step < 0 ? -std::int64_t{step} : step) >= std::int64_t{4} * words;
+}
+
+// For rows that overlap.
+Status transpose_by_rows(const Word* src, int srcStep, Word* dst, int dstStep, Size roi)
+{
+    return make_rows(area(dst, dstStep, {roi.height, roi.width}, 1), [&](int x, void* to) {
+        transpose_plain(src + x, srcStep, static_cast<Word*>(to), 0, 1, roi.height);
+        return StatusOk;
+    });
+}
+
 // Source and destination start at the same place with the same step: the square that they share is
 // exchanged about its diagonal, and what the longer side has beyond it moves to rows, or columns,
 // that the source does not have.
@@ -670,7 +704,7 @@ void transpose_in_place(Word* image, int step, int width, int height)
 #define COPY(name, T, channels)                                                     \
     Status name(const T* src, int srcStep, T* dst, int dstStep, Size roi)           \
     {                                                                               \
-        return copy(src, srcStep, dst, dstStep, roi, channels);                     \
+        return copy(name, src, srcStep, dst, dstStep, roi, channels);               \
     }
 COPY(Copy_8u_C1, uint8_t, 1)
 COPY(Copy_8u_C3, uint8_t, 3)
@@ -708,7 +742,7 @@ SET_VALUES(Set_32f_C4, float, 4, set_bits)
 #define CONVERT(name, From, To, channels, convert)                                  \
     Status name(const From* src, int srcStep, To* dst, int dstStep, Size roi)       \
     {                                                                               \
-        return convert(src, srcStep, dst, dstStep, roi, channels);                  \
+        return convert(name, src, srcStep, dst, dstStep, roi, channels);            \
     }
 CONVERT(Convert_8u16u_C1, uint8_t, uint16_t, 1, widen)
 CONVERT(Convert_8u32f_C1, uint8_t, float, 1, widen)
@@ -719,16 +753,18 @@ CONVERT(Convert_32f8u_C3, float, uint8_t, 3, narrow)
 
 Status SwapChannels_8u_C3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
 {
-    if (const Status bad = check_order<3>(src, srcStep, dst, dstStep, roi, order)) return bad;
-    reorder3(src, srcStep, dst, dstStep, roi, order);
+    const Order<3> kept(order);
+    if (const Status bad = check_order(src, srcStep, dst, dstStep, roi, kept)) return bad;
+    reorder3(src, srcStep, dst, dstStep, roi, kept.channel);
     return StatusOk;
 }
 
 Status SwapChannels_8u_C4(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
 {
-    if (const Status bad = check_order<4>(src, srcStep, dst, dstStep, roi, order)) return bad;
+    const Order<4> kept(order);
+    if (const Status bad = check_order(src, srcStep, dst, dstStep, roi, kept)) return bad;
     plane(reinterpret_cast<const Pixel<4>*>(src), srcStep, reinterpret_cast<Pixel<4>*>(dst), dstStep, roi, 1,
-          Reorder4(order));
+          Reorder4(kept.channel));
     return StatusOk;
 }
 
@@ -737,11 +773,15 @@ Status Transpose_32f_C1(const float* src, int srcStep, float* dst, int dstStep, 
     if (const Status bad = check_image(roi, src, dst)) return bad;
     const auto* const s = reinterpret_cast<const Word*>(src);
     auto* const d = reinterpret_cast<Word*>(dst);
-    if (s == d && srcStep == dstStep) {
+    const bool apart = rows_apart(dstStep, roi.height, roi.width);
+    if (s == d && srcStep == dstStep && apart && rows_apart(srcStep, roi.width, roi.height)) {
         transpose_in_place(d, dstStep, roi.width, roi.height);
-    } else {
-        transpose_tiles(s, srcStep, d, dstStep, roi.width, roi.height);
+        return StatusOk;
     }
+    if (!apart || overlap(area(s, srcStep, roi, 1), area(d, dstStep, {roi.height, roi.width}, 1))) {
+        return transpose_by_rows(s, srcStep, d, dstStep, roi);
+    }
+    transpose_tiles(s, srcStep, d, dstStep, roi.width, roi.height);
     return StatusOk;
 }
 
