@@ -182,7 +182,7 @@ void surround(const Frame& f, const Surrounding& surrounding)
 // Source and destination begin at the same place. No row moves up, so from the last one on each can go
 // to its place through a copy of that row alone.
 template <class Surrounding>
-Status surround_upwards(const Frame& f, const Surrounding& surrounding)
+__attribute__((noinline)) Status surround_upwards(const Frame& f, const Surrounding& surrounding)
 {
     auto* const copy = static_cast<uint8_t*>(orv_allocate_checked(int64_t{f.middle}));
     if (copy == nullptr) return StatusNoMemory;
@@ -212,7 +212,7 @@ __attribute__((noinline, cold)) Status surround_by_rows(const Frame& f, const Su
 // One place for source and destination, with steps with which rows would overwrite others that are still to be
 // read.
 template <class Surrounding>
-Status surround_copy(const Frame& f, const Surrounding& surrounding)
+__attribute__((noinline, cold)) Status surround_copy(const Frame& f, const Surrounding& surrounding)
 {
     auto* const copy = static_cast<uint8_t*>(orv_allocate_checked(size_product(f.middle, f.rows)));
     if (copy == nullptr) return StatusNoMemory;
