@@ -9,37 +9,13 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "image/cubic_family.h"
 #include "simd/vec.h"
 #include "image/resize/pixel_rounding.h"
 #include "image/resize/resize_layout.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
-
-// The cubics of two parameters. D. P. Mitchell and A. N. Netravali, "Reconstruction filters in computer
-// graphics", SIGGRAPH 1988, formula (8). (0, 1/2) is Catmull-Rom, (1, 0) the B-spline.
-class CubicFamily {
-public:
-    ORV_INLINE CubicFamily(double B, double C)
-        : near3_((12 - 9 * B - 6 * C) / 6), near2_((-18 + 12 * B + 6 * C) / 6), near0_((6 - 2 * B) / 6),
-          far3_((-B - 6 * C) / 6), far2_((6 * B + 30 * C) / 6), far1_((-12 * B - 48 * C) / 6), far0_((8 * B + 24 * C) / 6)
-    {
-    }
-    // For the taps at the distances 1 + f, f, 1 - f, 2 - f; 0 <= f <= 1.
-    ORV_INLINE void weights(double f, float* w) const
-    {
-        w[0] = rounded(static_cast<float>(far(1 + f)));
-        w[1] = rounded(static_cast<float>(near(f)));
-        w[2] = rounded(static_cast<float>(near(1 - f)));
-        w[3] = rounded(static_cast<float>(far(2 - f)));
-    }
-
-private:
-    // Term by term, as the formula is written: sums that ought to meet a tie hang on the last bit.
-    ORV_INLINE double near(double d) const { return near3_ * d * d * d + near2_ * d * d + near0_; }
-    ORV_INLINE double far(double d) const { return far3_ * d * d * d + far2_ * d * d + far1_ * d + far0_; }
-    double near3_, near2_, near0_, far3_, far2_, far1_, far0_;
-};
 
 struct TapLimits {
     int low, high;  // both are pixels

@@ -31,17 +31,6 @@ bool is_known(int interpolation)
     return code == kNearest || code == kLinear || (code >= kCubic && code <= kSupersampling) || code == kLanczos;
 }
 
-bool is_cubic(int code) { return code >= kCubic && code <= kCubicB05C03; }
-
-CubicFamily family_of(int code)
-{
-    switch (code) {
-        case kBSpline: return CubicFamily(1, 0);
-        case kCubicB05C03: return CubicFamily(0.5, 0.3);
-        default: return CubicFamily(0, 0.5);
-    }
-}
-
 // What both rectangles have in common with the images: sources end, destinations start at their first pixel.
 Rectangle clipped(Rectangle r, std::int64_t width, std::int64_t height)
 {

@@ -3,23 +3,11 @@
 #pragma once
 
 #include "core/shapes.h"
+#include "image/interpolation.h"
 
 namespace orv {
 
-// In pixels, relative to the first pixel of an image.
-struct Rectangle {
-    int x, y, width, height;
-};
-
-// Interpolation codes, which kSmoothEdges may be combined with.
-constexpr int kNearest = 1;
-constexpr int kLinear = 2;
-constexpr int kCubic = 4;         // cubic convolution with a = -1/2, the same as Catmull-Rom
-constexpr int kBSpline = 5;       // B = 1, C = 0
-constexpr int kCatmullRom = 6;    // B = 0, C = 1/2
-constexpr int kCubicB05C03 = 7;   // B = 1/2, C = 3/10
-constexpr int kSupersampling = 8; // area average
-constexpr int kLanczos = 16;      // three lobes
+// What an interpolation code may be combined with.
 constexpr unsigned kFlags = 0xE0000000u;
 constexpr unsigned kSmoothEdges = 0x80000000u;
 
