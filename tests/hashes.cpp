@@ -237,7 +237,7 @@ void hash_registries(Hashes& hashes)
     const auto hash = [&](const Subject& subject) {
         const bool vector = begins_with(subject.family, "signal_");
         if (!vector && (!begins_with(subject.family, "image_") || contains(subject.family, "_resize_"))) return;
-        if (contains(subject.family, "_tables_")) return;
+        if (contains(subject.family, "_tables_") || contains(subject.family, "_warp_")) return;
         ASSERT_TRUE(subject.is_plain()) << subject.name;
         hash_operation(hashes, subject, vector ? vectors : contains(subject.family, "border") ? borders : images);
     };
@@ -447,6 +447,73 @@ void hash_random_numbers(Hashes& hashes)
     hashes["GenerateGaussian"] = hash.value();
 }
 
+// Every interpolation of a warp, through one call each.
+template <class T, class Method>
+void hash_warp(Hashes& hashes, const char* name, int channels, Method method)
+{
+    const int w = 61, h = 47, wide = 90, high = 70;
+    const auto count = [&](int pixels) { return static_cast<std::size_t>(pixels * channels); };
+    const auto src = values<T>(count(w * h), near_one, 61);
+    const int pixel = channels * static_cast<int>(sizeof(T));
+    Hash hash;
+    for (const int interpolation : {1, 2, 4, 5, 6, 7, 16}) {
+        std::vector<T> dst(count(wide * high));
+        hash.add(method(src.data(), Size{w, h}, w * pixel, dst.data(), wide * pixel, Size{wide, high}, interpolation) ? 1 : 0);
+        hash.add(dst.data(), dst.size() * sizeof(T));
+    }
+    hashes[name] = hash.value();
+}
+
+void hash_warps(Hashes& hashes)
+{
+    static const double matrix[9] = {1.25, 0.25, 2, -0.125, 1.0625, 5, 1.0 / 512, 1.0 / 256, 1};
+    const auto xs = values<float>(90 * 70, whole, 1), ys = values<float>(90 * 70, whole, 2);
+    // Whole numbers and halves, some of them outside.
+    std::vector<float> x(xs.size()), y(ys.size());
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        x[i] = static_cast<float>(i % 90) * 0.75f + xs[i] / 128;
+        y[i] = static_cast<float>(i / 90) * 0.75f + ys[i] / 128;
+    }
+#define WARPS(suffix, T, channels)                                                                                                              \
+    hash_warp<T>(hashes, "Rotate_" #suffix, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {                      \
+        return W::Rotate_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, 33, 4, 38, code); \
+    });                                                                                                                                         \
+    hash_warp<T>(hashes, "WarpPerspective_" #suffix, channels, [&](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {            \
+        return W::WarpPerspective_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, matrix, code); \
+    });                                                                                                                                         \
+    hash_warp<T>(hashes, "Remap_" #suffix, channels, [&](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {                      \
+        return W::Remap_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, x.data(), 4 * to.width, y.data(), 4 * to.width, d, ds, to.width, to.height, code); \
+    });
+    WARPS(8u_C1, u8, 1)
+    WARPS(8u_C3, u8, 3)
+    WARPS(8u_C4, u8, 4)
+    WARPS(16u_C1, u16, 1)
+    WARPS(32f_C1, float, 1)
+#undef WARPS
+#define ABOUT(suffix, T, channels)                                                                                                  \
+    hash_warp<T>(hashes, "RotateCenter_" #suffix, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {    \
+        return W::RotateCenter_##suffix(s, from.width, from.height, ss, d, ds, to.width, to.height, -77.25, 20, 31, code);          \
+    });
+    ABOUT(8u_C3, u8, 3)
+    ABOUT(8u_C4, u8, 4)
+    ABOUT(16u_C1, u16, 1)
+    ABOUT(32f_C1, float, 1)
+#undef ABOUT
+    Hash rotated, shifts, projected;
+    for (int i = -40; i < 40; ++i) {
+        double bound[4], shift[2];
+        W::GetRotateBound(i, 3, 40, 50, 13.25 * i, 0.1, 1e9, bound);
+        rotated.add(bound, sizeof(bound));
+        W::GetRotateShift(0.3 * i, 1.0 / 3, 1e5 * i, shift, shift + 1);
+        shifts.add(shift, sizeof(shift));
+        W::GetPerspectiveBound(i, 3, 40, 50, matrix, bound);
+        projected.add(bound, sizeof(bound));
+    }
+    hashes["GetRotateBound"] = rotated.value();
+    hashes["GetRotateShift"] = shifts.value();
+    hashes["GetPerspectiveBound"] = projected.value();
+}
+
 Hashes all_hashes()
 {
     Hashes hashes;
@@ -456,6 +523,7 @@ Hashes all_hashes()
     hash_matrices(hashes);
     hash_transforms(hashes);
     hash_random_numbers(hashes);
+    hash_warps(hashes);
     return hashes;
 }
 

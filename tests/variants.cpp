@@ -605,6 +605,104 @@ void check(const char*, const char* name, const Operation<orv::PlanesDstStandard
     });
 }
 
+// --- Warps ----------------------------------------------------------------------------------------
+
+// A source and a destination, about the middles of which maps turn.
+template <class T>
+struct Warped {
+    Size from, canvas;
+    Rectangle srcRoi, dstRoi;
+    const T* src;
+    T* dst;
+    int srcStep, dstStep, interpolation;
+
+    Warped(TypedTrial& t, std::mt19937& g, const char* name)
+        : from(random_size(g)), canvas(random_size(g)), srcRoi(random_rectangle(g)), dstRoi({uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height})
+    {
+        const int channels = channels_of(name), pixel = channels * static_cast<int>(sizeof(T));
+        src = t.block<T>(from.width * from.height * channels, static_cast<Fill>(uniform(g, 0, 3)));
+        dst = t.block<T>((canvas.width + 3) * (canvas.height + 3) * channels, Fill::uniform);
+        srcStep = from.width * pixel;
+        dstStep = (canvas.width + 3) * pixel;
+        static const int codes[] = {1, 2, 4, 5, 6, 7, 16};
+        interpolation = uniform(g, 0, 19) == 0 ? 3 : codes[uniform(g, 0, 6)];
+        if (uniform(g, 0, 1) == 0) srcRoi = {0, 0, from.width, from.height};
+    }
+};
+double random_angle(std::mt19937& g) { return uniform(g, 0, 3) == 0 ? 90 * uniform(g, -9, 9) : uniform(g, -9999, 9999) / 7.0; }
+double random_middle(std::mt19937& g, int length) { return uniform(g, 0, 2 * length) / 2.0; }
+
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Rotating<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Warped<T> w(t, g, name);
+        const double angle = random_angle(g), x = random_middle(g, w.canvas.width), y = random_middle(g, w.canvas.height);
+        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, &angle, &x, &y, w.interpolation); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::RotatingAbout<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Warped<T> w(t, g, name);
+        const double angle = random_angle(g), x = random_middle(g, w.from.width), y = random_middle(g, w.from.height);
+        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.dst, w.dstStep, w.canvas, &angle, &x, &y, w.interpolation); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Projecting<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Warped<T> w(t, g, name);
+        double* const h = t.block<double>(9, Fill::uniform);
+        const bool affine = uniform(g, 0, 2) == 0;
+        for (int i = 0; i < 9; ++i) h[i] = (i % 4 == 0 ? 1 : 0) + uniform(g, -9, 9) / (i < 6 ? 20.0 : affine ? 1e300 : 900.0) * (i % 3 == 2 ? 20 : 1);
+        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, h, w.interpolation); };
+    });
+}
+template <class T>
+void check(const char*, const char* name, const Operation<orv::Remapping<T>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+        const Warped<T> w(t, g, name);
+        const int n = w.canvas.width * w.canvas.height, step = 4 * w.canvas.width;
+        float* const x = t.block<float>(n, Fill::special);
+        float* const y = t.block<float>(n, Fill::special);
+        for (int i = 0; i < n; ++i) {
+            if (uniform(g, 0, 19) != 0) x[i] = static_cast<float>(i % w.canvas.width) * 0.9f - 1;
+            if (uniform(g, 0, 19) != 0) y[i] = static_cast<float>(i / w.canvas.width) * 0.9f - 1;
+        }
+        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, x, step, y, step, w.dst, w.dstStep, w.canvas, w.interpolation); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::RotationBound>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Rectangle r = random_rectangle(g);
+        const double angle = random_value<double>(g, Fill::near_high), x = uniform(g, -99, 99) / 7.0, y = random_value<double>(g, Fill::special);
+        double* const bound = t.block<double>(4, Fill::uniform);
+        return [=](auto* kernel) { return kernel(r, &angle, &x, &y, bound); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::RotationShift>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const double angle = random_angle(g), x = uniform(g, -99, 99) / 7.0, y = uniform(g, 0, 3) == 0 ? 1.7e308 : uniform(g, -99, 99) * 1e100;
+        double* const shift = t.block<double>(2, Fill::uniform);
+        return [=](auto* kernel) { return kernel(&x, &y, &angle, shift, shift + 1); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::ProjectionBound>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+        const Rectangle r = random_rectangle(g);
+        double* const h = t.block<double>(9, static_cast<Fill>(uniform(g, 0, 3)));
+        double* const bound = t.block<double>(4, Fill::uniform);
+        return [=](auto* kernel) { return kernel(r, h, bound); };
+    });
+}
+
 // --- Transforms and random numbers ----------------------------------------------------------------
 
 // Records hold pointers, so what a record is good for is compared: its transform at the plain level.

@@ -1,0 +1,295 @@
+// What loops need that compute places in memory and fetch from them.
+#pragma once
+
+#include "simd/conversion.h"
+#include "simd/reductions.h"
+#include "simd/vec.h"
+
+#if ORV_HAVE_VECTORS
+
+namespace orv {
+namespace simd {
+inline namespace ORV_LEVEL {
+
+// A bit per lane, that of its sign.
+ORV_INLINE unsigned mask_of_lanes(vec<double, 2> a) { return static_cast<unsigned>(_mm_movemask_pd(a.v)); }
+
+// As many floats as there are lanes.
+template <class V>
+V load_doubles(const float* p);
+template <>
+ORV_INLINE vec<double, 2> load_doubles<vec<double, 2>>(const float* p)
+{
+    return {_mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))))};
+}
+
+#if ORV_HAVE_FLOAT256
+ORV_INLINE unsigned mask_of_lanes(vec<double, 4> a) { return static_cast<unsigned>(_mm256_movemask_pd(a.v)); }
+ORV_INLINE unsigned mask_of_lanes(vec<float, 8> a) { return static_cast<unsigned>(_mm256_movemask_ps(a.v)); }
+template <>
+ORV_INLINE vec<double, 4> load_doubles<vec<double, 4>>(const float* p)
+{
+    return {_mm256_cvtps_pd(_mm_loadu_ps(p))};
+}
+#endif
+
+#if ORV_HAVE_INT256
+
+using doubles256 = vec<double, 4>;
+using floats256 = vec<float, 8>;
+using words256 = vec<u64, 4>;
+
+// --- Numbers ----------------------------------------------------------------------------------------
+
+ORV_INLINE doubles256 whole_part(doubles256 a)
+{
+    return {_mm256_round_pd(a.v, _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC)};
+}
+// a times a power of two as integers, to the nearest, ties to even; from 0 to 2^51.
+ORV_INLINE words256 to_words(doubles256 a, double power)
+{
+    const __m256d shift = _mm256_set1_pd(0x1p52);
+    const __m256d sum = add_exact_product(a, splat<doubles256>(power), doubles256{shift}).v;
+    return {_mm256_xor_si256(_mm256_castpd_si256(sum), _mm256_castpd_si256(shift))};
+}
+ORV_INLINE floats256 floor(floats256 a) { return {_mm256_round_ps(a.v, _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC)}; }
+// Whole numbers up to 2^51 in magnitude.
+ORV_INLINE words256 to_signed_words(doubles256 whole)
+{
+    const __m256d shift = _mm256_set1_pd(0x1.8p52);
+    return {_mm256_sub_epi64(_mm256_castpd_si256(_mm256_add_pd(whole.v, shift)), _mm256_castpd_si256(shift))};
+}
+// Rounded once or twice: for estimates only.
+ORV_INLINE doubles256 estimate_product_sum(doubles256 a, doubles256 b, doubles256 c)
+{
+    return {_mm256_fmadd_pd(a.v, b.v, c.v)};
+}
+ORV_INLINE floats256 estimate_product_sum(floats256 a, floats256 b, floats256 c)
+{
+    return {_mm256_fmadd_ps(a.v, b.v, c.v)};
+}
+ORV_INLINE doubles256 magnitude(doubles256 a) { return {_mm256_andnot_pd(_mm256_set1_pd(-0.0), a.v)}; }
+ORV_INLINE floats256 magnitude(floats256 a) { return {_mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v)}; }
+
+ORV_INLINE words256 splat_words(s64 value) { return {_mm256_set1_epi64x(value)}; }
+template <int bits>
+ORV_INLINE words256 shift_right(words256 a)
+{
+    return {_mm256_srli_epi64(a.v, bits)};
+}
+template <int bits>
+ORV_INLINE vec<s32, 8> shift_left(vec<s32, 8> a)
+{
+    return {_mm256_slli_epi32(a.v, bits)};
+}
+// Of lanes from 0 on.
+template <int bits>
+ORV_INLINE vec<s32, 8> shift_right(vec<s32, 8> a)
+{
+    return {_mm256_srli_epi32(a.v, bits)};
+}
+// The lower words of the lanes of a, the upper ones of b.
+ORV_INLINE vec<s32, 8> odd_words(vec<s32, 8> a, vec<s32, 8> b) { return {_mm256_blend_epi16(a.v, b.v, 0xAA)}; }
+// Products of the lower halves, signed.
+ORV_INLINE words256 mul_lower(words256 a, words256 b) { return {_mm256_mul_epi32(a.v, b.v)}; }
+// The lower halves of a, then those of b.
+ORV_INLINE vec<s32, 8> lower_halves(words256 a, words256 b)
+{
+    const __m256 both = _mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88);
+    return {_mm256_permute4x64_epi64(_mm256_castps_si256(both), 0xD8)};
+}
+
+// Loads of single lanes from memory are free of the shuffles that compilers would rather take them out of registers by.
+template <class T, std::size_t n>
+ORV_INLINE void in_memory(T (&array)[n])
+{
+    __asm__("" : "+m"(array));
+}
+
+// --- Lanes from eight or four places ----------------------------------------------------------------
+
+template <class T>
+ORV_INLINE const T* displaced(const T* base, s64 bytes)
+{
+    return reinterpret_cast<const T*>(reinterpret_cast<std::size_t>(base) + static_cast<std::size_t>(bytes));
+}
+ORV_INLINE __m128i load_32(const void* p)
+{
+    s32 four;
+    std::memcpy(&four, p, sizeof(four));
+    return _mm_cvtsi32_si128(four);
+}
+ORV_INLINE __m128i load_64(const void* p) { return _mm_loadl_epi64(static_cast<const __m128i*>(p)); }
+
+ORV_INLINE vec<s32, 4> four_dwords_at(const void* base, const s64* at)
+{
+    const char* const p = static_cast<const char*>(base);
+    const __m128i low = _mm_unpacklo_epi32(load_32(displaced(p, at[0])), load_32(displaced(p, at[1])));
+    const __m128i high = _mm_unpacklo_epi32(load_32(displaced(p, at[2])), load_32(displaced(p, at[3])));
+    return {_mm_unpacklo_epi64(low, high)};
+}
+ORV_INLINE vec<s32, 8> dwords_at(const void* base, const s64* at)
+{
+    return {
+        _mm256_inserti128_si256(_mm256_castsi128_si256(four_dwords_at(base, at).v), four_dwords_at(base, at + 4).v, 1)};
+}
+// Two bytes from each of eight places, as words. Reads four.
+ORV_INLINE vec<s16, 16> pairs_of_bytes_at(const u8* base, const s64* at)
+{
+    const auto two = [&](int i, int j) {
+        return _mm_unpacklo_epi16(load_32(displaced(base, at[i])), load_32(displaced(base, at[j])));
+    };
+    const __m128i low = _mm_unpacklo_epi32(two(0, 1), two(2, 3)), high = _mm_unpacklo_epi32(two(4, 5), two(6, 7));
+    return {_mm256_cvtepu8_epi16(_mm_unpacklo_epi64(low, high))};
+}
+// Two floats from each of eight places: the first ones and the second ones.
+ORV_INLINE twice<floats256> pairs_of_floats_at(const float* base, const s64* at)
+{
+    const auto two = [&](int i, int j) {
+        return _mm_castsi128_ps(_mm_unpacklo_epi32(load_64(displaced(base, at[i])), load_64(displaced(base, at[j]))));
+    };
+    const auto four = [](__m128 low, __m128 high) {
+        return _mm256_insertf128_ps(_mm256_castps128_ps256(low), high, 1);
+    };
+    const __m256 a = four(two(0, 1), two(4, 5)), b = four(two(2, 3), two(6, 7));
+    const __m256d c = _mm256_castps_pd(a), d = _mm256_castps_pd(b);
+    return {{_mm256_castpd_ps(_mm256_unpacklo_pd(c, d))}, {_mm256_castpd_ps(_mm256_unpackhi_pd(c, d))}};
+}
+// Eight bytes from each of two places, each at the start of a half.
+ORV_INLINE vec<u8, 32> two_qwords(const void* first, const void* second)
+{
+    s64 high;
+    std::memcpy(&high, second, sizeof(high));
+    // A load into all quarters spares the shuffle that moves a half up.
+    return {_mm256_blend_epi32(_mm256_castsi128_si256(load_64(first)), _mm256_set1_epi64x(high), 0xF0)};
+}
+// Four pixels of one channel in a row from each of four places: vectors of the first, the second ... pixels.
+ORV_INLINE void four_in_a_row(const u8* base, const s64* at, doubles256* taps)
+{
+    const __m128i rows = four_dwords_at(base, at).v, byte = _mm_set1_epi32(0xFF);
+    taps[0].v = _mm256_cvtepi32_pd(_mm_and_si128(rows, byte));
+    taps[1].v = _mm256_cvtepi32_pd(_mm_and_si128(_mm_srli_epi32(rows, 8), byte));
+    taps[2].v = _mm256_cvtepi32_pd(_mm_and_si128(_mm_srli_epi32(rows, 16), byte));
+    taps[3].v = _mm256_cvtepi32_pd(_mm_srli_epi32(rows, 24));
+}
+ORV_INLINE void two_in_a_row(const u16* base, const s64* at, doubles256* taps)
+{
+    const __m128i rows = four_dwords_at(base, at).v;
+    taps[0].v = _mm256_cvtepi32_pd(_mm_and_si128(rows, _mm_set1_epi32(0xFFFF)));
+    taps[1].v = _mm256_cvtepi32_pd(_mm_srli_epi32(rows, 16));
+}
+ORV_INLINE void four_in_a_row(const u16* base, const s64* at, doubles256* taps)
+{
+    const auto row = [&](int i) { return load_64(displaced(base, at[i])); };
+    const __m128i a = _mm_unpacklo_epi32(row(0), row(1)), b = _mm_unpacklo_epi32(row(2), row(3));
+    const __m128i first = _mm_unpacklo_epi64(a, b), second = _mm_unpackhi_epi64(a, b), word = _mm_set1_epi32(0xFFFF);
+    taps[0].v = _mm256_cvtepi32_pd(_mm_and_si128(first, word));
+    taps[1].v = _mm256_cvtepi32_pd(_mm_srli_epi32(first, 16));
+    taps[2].v = _mm256_cvtepi32_pd(_mm_and_si128(second, word));
+    taps[3].v = _mm256_cvtepi32_pd(_mm_srli_epi32(second, 16));
+}
+ORV_INLINE void four_in_a_row(const float* base, const s64* at, doubles256* taps)
+{
+    const auto row = [&](int i) { return _mm_loadu_ps(displaced(base, at[i])); };
+    const __m128 a = _mm_unpacklo_ps(row(0), row(1)), b = _mm_unpackhi_ps(row(0), row(1));
+    const __m128 c = _mm_unpacklo_ps(row(2), row(3)), d = _mm_unpackhi_ps(row(2), row(3));
+    taps[0].v = _mm256_cvtps_pd(_mm_movelh_ps(a, c));
+    taps[1].v = _mm256_cvtps_pd(_mm_movehl_ps(c, a));
+    taps[2].v = _mm256_cvtps_pd(_mm_movelh_ps(b, d));
+    taps[3].v = _mm256_cvtps_pd(_mm_movehl_ps(d, b));
+}
+// In each half its own lane of a: those of lanes n and n + 1.
+ORV_INLINE vec<s32, 8> splat_halves(vec<s32, 8> a, int n)
+{
+    return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(n, n, n, n, n + 1, n + 1, n + 1, n + 1))};
+}
+// Likewise from memory.
+ORV_INLINE floats256 splat_halves(const float* p, const float* q)
+{
+    return {_mm256_blend_ps(_mm256_broadcast_ss(p), _mm256_broadcast_ss(q), 0xF0)};
+}
+ORV_INLINE floats256 splat_at(const float* p) { return {_mm256_broadcast_ss(p)}; }
+ORV_INLINE doubles256 splat_at(const double* p) { return {_mm256_broadcast_sd(p)}; }
+// Four bytes.
+ORV_INLINE doubles256 doubles_of_bytes(const u8* p) { return {_mm256_cvtepi32_pd(_mm_cvtepu8_epi32(load_32(p)))}; }
+
+// --- Pixels of four channels as floats ----------------------------------------------------------------
+
+// Sixteen bytes as two vectors.
+ORV_INLINE twice<floats256> to_floats(vec<u8, 16> a)
+{
+    return {{_mm256_cvtepi32_ps(_mm256_cvtepu8_epi32(a.v))},
+            {_mm256_cvtepi32_ps(_mm256_cvtepu8_epi32(_mm_srli_si128(a.v, 8)))}};
+}
+// Four pixels of three or four channels in a row, each in four bytes. Reads 16 bytes.
+template <int channels>
+ORV_INLINE vec<u8, 16> four_pixels(const u8* p)
+{
+    const __m128i row = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+    if (channels == 4) return {row};
+    return {_mm_shuffle_epi8(row, _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1))};
+}
+// The sums of the halves of a, then those of b.
+ORV_INLINE floats256 sums_of_halves(floats256 a, floats256 b)
+{
+    return {_mm256_add_ps(_mm256_permute2f128_ps(a.v, b.v, 0x20), _mm256_permute2f128_ps(a.v, b.v, 0x31))};
+}
+
+// --- Results ----------------------------------------------------------------------------------------
+
+// Two quadruples of pixels of four bytes as six times four bytes: without their fourth ones.
+ORV_INLINE void store_triples(u8* p, vec<u8, 32> a)
+{
+    const __m256i packed =
+        _mm256_shuffle_epi8(a.v, _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1, 0, 1, 2, 4, 5,
+                                                  6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1));
+    const __m128i high = _mm256_extracti128_si256(packed, 1);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_castsi256_si128(packed));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p + 12), high);
+    const s32 last = _mm_extract_epi32(high, 2);
+    std::memcpy(p + 20, &last, sizeof(last));
+}
+// Integers, to the nearest, ties to even under FloatControl; clamped to the type.
+ORV_INLINE void store_as(u8* p, vec<s32, 8> a)
+{
+    const __m128i words = _mm_packs_epi32(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi16(words, words));
+}
+ORV_INLINE void store_as(u16* p, vec<s32, 8> a)
+{
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p),
+                     _mm_packus_epi32(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1)));
+}
+// One NaN for all.
+ORV_INLINE floats256 with_one_nan(floats256 a)
+{
+    return {_mm256_blendv_ps(a.v, _mm256_castsi256_ps(_mm256_set1_epi32(0x7FC00000)),
+                             _mm256_cmp_ps(a.v, a.v, _CMP_UNORD_Q))};
+}
+ORV_INLINE void store_as(u8* p, doubles256 a)
+{
+    const __m128i integers = _mm256_cvtpd_epi32(a.v);
+    const s32 four = _mm_cvtsi128_si32(_mm_packus_epi16(_mm_packs_epi32(integers, integers), integers));
+    std::memcpy(p, &four, sizeof(four));
+}
+ORV_INLINE void store_as(u16* p, doubles256 a)
+{
+    const __m128i integers = _mm256_cvtpd_epi32(a.v);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi32(integers, integers));
+}
+ORV_INLINE void store_as(float* p, doubles256 a)
+{
+    const __m128 floats = _mm256_cvtpd_ps(a.v);
+    _mm_storeu_ps(p,
+                  _mm_blendv_ps(floats, _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000)), _mm_cmpunord_ps(floats, floats)));
+}
+// Rounded to the digits and the range of floats.
+ORV_INLINE doubles256 to_single(doubles256 a) { return {_mm256_cvtps_pd(_mm256_cvtpd_ps(a.v))}; }
+
+#endif
+
+}  // namespace ORV_LEVEL
+}  // namespace simd
+}  // namespace orv
+
+#endif  // ORV_HAVE_VECTORS
