@@ -8,9 +8,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 if [ "$1" = --static ]; then
-    cmake -S . -B build/static -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DORVANE_BUILD_TESTS=OFF
-    cmake --build build/static
-    folder=build/static
+    # From the objects of the shared library, which are the same: all but the last step is done.
+    folder=build/release
+    trap 'rm -rf "$work"; cmake --preset release -DBUILD_SHARED_LIBS=ON' EXIT
+    cmake --preset release -DBUILD_SHARED_LIBS=OFF
+    cmake --build --preset release --target orvane
 else
     folder=$1
 fi

@@ -42,13 +42,16 @@ tests() {
 # One seed for all runs here, so that a failure is the change's and not the day's; --seed=N tries others.
 seed=--seed=7
 
-# Each chooses its own level; EPYC is another vendor's.
+# Each chooses its own level; EPYC is another vendor's. Two of them have kernels that another one runs: the choice, the
+# hashes and the frame will do there.
 processors="pentium3:px coreduo:w7 core2duo:v8 n270:s8 Penryn:p8 SandyBridge:g9 Haswell:h9 EPYC:h9"
 
 # emulate PROCESSOR:LEVEL: a run whose output and status wait in files, because several go on at a time.
 emulate() {
-    local output=$log_folder/emulated_${1%:*}
-    qemu-i386 -cpu "${1%:*}" build/i386/tests/orvane_tests --brief "$seed" --expect-level="${1#*:}" > "$output" 2>&1
+    local output=$log_folder/emulated_${1%:*} filter='*'
+    case $1 in n270:* | EPYC:*) filter='Features*:Level*:StartUp*:Hashes*:InPlace*' ;; esac
+    qemu-i386 -cpu "${1%:*}" build/i386/tests/orvane_tests --brief "$seed" --expect-level="${1#*:}" \
+        --gtest_filter="$filter" > "$output" 2>&1
     echo $? > "$output.status"
 }
 export -f emulate
@@ -73,8 +76,9 @@ if check "build, 64 bit" build release; then
     check "kernel symbols, 64 bit" ctest --test-dir build/release -R kernel_symbols
     check "package" scripts/check_package.sh build/release
     check ".deb, 64 bit" scripts/check_archive.sh build/release
+    check "static library" scripts/check_package.sh --static
 fi
-check "static library" scripts/check_package.sh --static
+check "clang" scripts/check_clang.sh
 
 if ! echo 'int main(){}' | g++ -m32 -x c++ - -o /dev/null 2> /dev/null; then
     skip "32 bit" "g++-multilib is not there"

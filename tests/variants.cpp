@@ -153,7 +153,7 @@ void check(const char*, const char* name, const Operation<orv::MatrixVectorProdu
 {
     const bool transposed = contains(name, "_tv_");
     compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
-        const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2, e = sizeof(T) * gap;
+        const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2, e = static_cast<int>(sizeof(T)) * gap;
         const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h);
         const T* const x = t.block<T>((inner - 1) * gap + 1, Fill::uniform);
         T* const y = t.block<T>((h - 1) * gap + 1, Fill::uniform);

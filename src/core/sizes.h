@@ -18,7 +18,7 @@ ORV_SIZE long long size_product(long long factor) { return factor < kTooLarge ? 
 template <class... Factors>
 ORV_SIZE long long size_product(long long first, Factors... others)
 {
-    return size_product(size_product(first) * size_product(others...));
+    return size_product(size_product(first) * size_product(static_cast<long long>(others)...));
 }
 
 // `bytes`, padded to a multiple of the 64 bytes on which buffers and their rows begin.

@@ -94,6 +94,7 @@ ORV_INLINE Doubles load_doubles(const float* p)
     return r;
 }
 
+#if ORV_HAVE_VECTORS
 ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
 {
     sum.lo = simd::add_exact_product(a.lo, b.lo, sum.lo);
@@ -103,6 +104,7 @@ ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
     if (__builtin_expect(!simd::any(nan), true)) return result;
     return simd::select(nan, simd::splat<Floats>(value_of<float>(Bits<float>::kNan)), result);
 }
+#endif
 
 // The vector or the constant that the other one is multiplied with.
 struct Elements {

@@ -15,7 +15,6 @@ namespace {
 using namespace orv::simd;
 
 template <class T> constexpr Lane lane_of = Lane::u8;
-template <> constexpr Lane lane_of<s8> = Lane::s8;
 template <> constexpr Lane lane_of<u16> = Lane::u16;
 template <> constexpr Lane lane_of<s16> = Lane::s16;
 template <> constexpr Lane lane_of<u32> = Lane::u32;
