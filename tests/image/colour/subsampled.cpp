@@ -26,13 +26,18 @@ u8 packed_byte(Image& rgb, const Standard& s, int y, int pair, int which, int wi
     return static_cast<u8>(chroma(s, which == 1 ? 1 : 2, {first[0] + second[0], first[1] + second[1], first[2] + second[2]}, 2));
 }
 
-// Noise, and in some images the ends of the range only: sums saturate there.
+// Noise, in some images the ends of the range only, where sums saturate, and in some pairs of equal primaries.
 Image noise(int bytes, int height, std::mt19937& g)
 {
     Image image = random_image(bytes, height, g);
-    if (uniform(g, 0, 2) != 0) return image;
-    for (int y = 0; y < height; ++y) {
-        for (int i = 0; i < bytes; ++i) image.row(y)[i] = static_cast<u8>(g() % 2 != 0 ? 255 - g() % 3 : g() % 3);
+    const int kind = uniform(g, 0, 3);
+    for (int y = 0; kind < 2 && y < height; ++y) {
+        u8* const row = image.row(y);
+        for (int i = 0; i < bytes; ++i) {
+            const bool high = kind == 1 && i % 6 >= 3 ? row[i - 3] != 0 : g() % 2 != 0;
+            const auto off = static_cast<u8>(kind == 0 ? g() % 3 : 0);
+            row[i] = static_cast<u8>(high ? 255 - off : off);
+        }
     }
     return image;
 }
