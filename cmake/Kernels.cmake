@@ -62,6 +62,7 @@ if(ORVANE_SANITIZE)
     -fno-sanitize-recover=all -fno-omit-frame-pointer "SHELL:-mllvm -asan-instrumentation-with-call-threshold=0")
   add_link_options(-fsanitize=address,undefined)
 endif()
+set(ORVANE_COVERAGE -fsanitize-coverage=inline-8bit-counters,pc-table)
 
 # Compiles everything that is not a kernel: the lowest level, the code every processor can run.
 function(orvane_common_options target)
@@ -96,6 +97,10 @@ function(orvane_add_family path)
       set(checked TRUE)
     endif()
     orvane_add_kernels(${target} ${level} ${checked} ${PROJECT_SOURCE_DIR}/src/${path}.cpp ${family_OPTIONS})
+    if(ORVANE_FUZZ AND level STREQUAL "px")
+      # Inputs are kept for what they reach in the plain text; the others would double the time of the build.
+      target_compile_options(${target} PRIVATE ${ORVANE_COVERAGE})
+    endif()
     set_property(GLOBAL APPEND PROPERTY ORVANE_KERNEL_TARGETS ${target})
   endforeach()
 endfunction()
@@ -164,6 +169,7 @@ namespace orv {
 }  // namespace orv
 ]])
   set_property(GLOBAL APPEND PROPERTY ORVANE_TABLES ${tables})
+  set_property(GLOBAL APPEND PROPERTY ORVANE_FAMILIES ${name})
   set_property(GLOBAL APPEND PROPERTY ORVANE_FAMILY_HEADERS "#include \"${header}\"\n")
   set_property(GLOBAL APPEND PROPERTY ORVANE_FAMILY_REGISTRIES
     "REGISTRY_BEGIN(${name})\n#include \"${path}.inc\"\nREGISTRY_END(${name})\n")

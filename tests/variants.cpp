@@ -32,7 +32,7 @@ void check(const char* family, const char* name, const Operation<Status(Args...)
 // Blocks that end or start at a page that cannot be touched, and a call that uses them.
 class TypedTrial : public Trial {
 public:
-    explicit TypedTrial(std::mt19937& g) : g_(g) {}
+    explicit TypedTrial(Generator& g) : g_(g) {}
 
     template <class T>
     T* block(std::ptrdiff_t count, Fill fill)
@@ -40,7 +40,8 @@ public:
         const auto n = static_cast<std::size_t>(count);
         blocks_.push_back({std::make_unique<GuardedBlock>(n * sizeof(T), uniform(g_, 0, 3) != 0), n * sizeof(T), {}});
         T* const p = blocks_.back().memory->as<T>();
-        for (std::size_t i = 0; i < n; ++i) p[i] = random_value<T>(g_, fill);
+        auto&& pixels = generator_of_pixels(g_);
+        for (std::size_t i = 0; i < n; ++i) p[i] = random_value<T>(pixels, fill);
         return p;
     }
     template <class Run>
@@ -77,7 +78,7 @@ private:
         std::size_t bytes;
         Bytes before;
     };
-    std::mt19937& g_;
+    Generator& g_;
     std::vector<Block> blocks_;
     std::function<Status(Kernel)> run_;
     Bytes reported_;
@@ -89,7 +90,7 @@ void compare(const char* name, const Operation<Status(Args...)>& operation, Make
 {
     Kernel variant[orv::kLevels];
     for (int level = 0; level < orv::kLevels; ++level) variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
-    compare_levels(name, variant, [&](std::mt19937& g, int) {
+    compare_levels(name, variant, [make](Generator& g, int) {
         auto trial = std::make_unique<TrialType>(g);
         TrialType& t = *trial;
         auto call = make(t, g);
@@ -105,7 +106,7 @@ struct Matrix {
     T* base;
     int stride1, stride2, width, height;
 
-    Matrix(TypedTrial& t, std::mt19937& g, int columns, int rows, Fill fill = Fill::uniform) : width(columns), height(rows)
+    Matrix(TypedTrial& t, Generator& g, int columns, int rows, Fill fill = Fill::uniform) : width(columns), height(rows)
     {
         const int e = sizeof(T), gap = uniform(g, 0, 2) == 0 ? e * uniform(g, 1, 3) : 0;
         stride1 = e * width + gap, stride2 = e;
@@ -113,13 +114,13 @@ struct Matrix {
         base = t.block<T>(((height - 1) * std::ptrdiff_t{stride1} + (width - 1) * std::ptrdiff_t{stride2}) / e + 1, fill);
     }
 };
-int random_side(std::mt19937& g) { return uniform(g, 0, 9) == 0 ? uniform(g, 20, 70) : uniform(g, 1, 19); }
-Fill random_number_fill(std::mt19937& g) { return uniform(g, 0, 1) == 0 ? Fill::uniform : Fill::near_low; }
+int random_side(Generator& g) { return uniform(g, 0, 9) == 0 ? uniform(g, 20, 70) / kSmaller : uniform(g, 1, 19); }
+Fill random_number_fill(Generator& g) { return uniform(g, 0, 1) == 0 ? Fill::uniform : Fill::near_low; }
 
 template <class T>
 void check(const char*, const char* name, const Operation<orv::MatrixMatrixDst<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int w = random_side(g), h = random_side(g);
         const Matrix<T> a(t, g, w, h), b(t, g, w, h), d(t, g, w, h);
         return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, b.base, b.stride1, b.stride2, d.base, d.stride1, d.stride2, w, h); };
@@ -128,7 +129,7 @@ void check(const char*, const char* name, const Operation<orv::MatrixMatrixDst<T
 template <class T>
 void check(const char*, const char* name, const Operation<orv::MatrixValueDst<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int w = random_side(g), h = random_side(g);
         const Matrix<T> a(t, g, w, h), d(t, g, w, h);
         const T value = random_value<T>(g, Fill::uniform);
@@ -139,7 +140,7 @@ template <class T>
 void check(const char*, const char* name, const Operation<orv::MatrixProduct<T>>& operation)
 {
     const bool transposed = contains(name, "_tm_");
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const int inner = random_side(g), h = random_side(g), w = random_side(g);
         const Fill fill = random_number_fill(g);
         const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h, fill), b(t, g, w, inner, fill), d(t, g, w, h);
@@ -152,7 +153,7 @@ template <class T>
 void check(const char*, const char* name, const Operation<orv::MatrixVectorProduct<T>>& operation)
 {
     const bool transposed = contains(name, "_tv_");
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2, e = static_cast<int>(sizeof(T)) * gap;
         const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h);
         const T* const x = t.block<T>((inner - 1) * gap + 1, Fill::uniform);
@@ -163,7 +164,7 @@ void check(const char*, const char* name, const Operation<orv::MatrixVectorProdu
 template <class T>
 void check(const char*, const char* name, const Operation<orv::MatrixDst<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int w = random_side(g), h = random_side(g);
         const Matrix<T> a(t, g, w, h, Fill::near_high), d(t, g, h, w);
         return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, w, h, d.base, d.stride1, d.stride2); };
@@ -172,7 +173,7 @@ void check(const char*, const char* name, const Operation<orv::MatrixDst<T>>& op
 template <class T>
 void check(const char*, const char* name, const Operation<orv::MatricesDst<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T), apart = e * (w * h + uniform(g, 0, 2));
         T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
         return [=](auto* kernel) { return kernel(d, apart, e * w, e, w, h, count); };
@@ -181,7 +182,7 @@ void check(const char*, const char* name, const Operation<orv::MatricesDst<T>>& 
 template <class T>
 void check(const char*, const char* name, const Operation<orv::MatricesSrcDst<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T), apart = e * (w * h + uniform(g, 0, 2));
         const T* const s = t.block<T>((count - 1) * apart / e + w * h, Fill::near_high);
         T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
@@ -191,7 +192,7 @@ void check(const char*, const char* name, const Operation<orv::MatricesSrcDst<T>
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Decomposition<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int n = random_side(g);
         const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
         int* const index = t.block<int>(n, Fill::uniform);
@@ -201,7 +202,7 @@ void check(const char*, const char* name, const Operation<orv::Decomposition<T>>
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Substitution<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int n = random_side(g), e = sizeof(T);
         const Matrix<T> a(t, g, n, n);
         int* const index = t.block<int>(n, Fill::uniform);
@@ -214,7 +215,7 @@ void check(const char*, const char* name, const Operation<orv::Substitution<T>>&
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Inversion<T>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int n = random_side(g);
         const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
         const auto work = std::make_shared<std::vector<T>>(static_cast<std::size_t>(n) * static_cast<std::size_t>(n + 1));
@@ -244,17 +245,18 @@ public:
 };
 // Numbers around 1: sums of some dozen products of them stay near 1, too.
 template <class T>
-T* unit_block(TypedTrial& t, std::mt19937& g, int count)
+T* unit_block(TypedTrial& t, Generator& g, int count)
 {
     T* const p = t.block<T>(count, Fill::near_low);
-    for (int i = 0; i < count; ++i) p[i] = static_cast<T>(uniform(g, -1000, 1000)) / 1024;
+    auto&& pixels = generator_of_pixels(g);
+    for (int i = 0; i < count; ++i) p[i] = static_cast<T>(uniform(pixels, -1000, 1000)) / 1024;
     return p;
 }
 
 template <class T>
 void check(const char*, const char* name, const Operation<orv::ProductUpdate<T>>& operation)
 {
-    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, Generator& g) {
         const int rows = random_side(g), columns = random_side(g), inner = random_side(g);
         const T* const a = unit_block<T>(t, g, rows * inner);
         const T* const b = unit_block<T>(t, g, inner * columns);
@@ -269,7 +271,7 @@ template <class T>
 void check(const char*, const char* name, const Operation<orv::VectorProductUpdate<T>>& operation)
 {
     const bool dots = begins_with(name, "add_dot");
-    compare<NearlyEqual<T>>(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare<NearlyEqual<T>>(name, operation, [=](TypedTrial& t, Generator& g) {
         const int rows = random_side(g), columns = random_side(g), stride = uniform(g, 1, 2);
         const T* const a = unit_block<T>(t, g, rows * columns);
         const T* const x = unit_block<T>(t, g, dots ? rows : (columns - 1) * stride + 1);
@@ -280,7 +282,7 @@ void check(const char*, const char* name, const Operation<orv::VectorProductUpda
 template <class T>
 void check(const char*, const char* name, const Operation<orv::OuterProductUpdate<T>>& operation)
 {
-    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, Generator& g) {
         const int rows = random_side(g), columns = random_side(g), stride = uniform(g, 1, 2);
         const T* const x = unit_block<T>(t, g, rows);
         const T* const y = unit_block<T>(t, g, (columns - 1) * stride + 1);
@@ -291,7 +293,7 @@ void check(const char*, const char* name, const Operation<orv::OuterProductUpdat
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Rotations<T>>& operation)
 {
-    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, Generator& g) {
         const int rows = 1 + random_side(g), columns = 1 + random_side(g), pairs = std::max(rows, columns);
         T* const c = t.block<T>(pairs, Fill::uniform);
         T* const s = t.block<T>(pairs, Fill::uniform);
@@ -307,7 +309,7 @@ void check(const char*, const char* name, const Operation<orv::Rotations<T>>& op
 template <class T>
 void check(const char*, const char* name, const Operation<orv::PanelFactors<T>>& operation)
 {
-    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, Generator& g) {
         const int columns = uniform(g, 1, orv::kPanelColumns), rows = columns + random_side(g);
         T* const a = unit_block<T>(t, g, rows * columns);
         for (int i = 0; i < columns; ++i) a[i * rows + i] += 4;  // pivots that rounding does not choose
@@ -324,7 +326,7 @@ void check(const char*, const char* name, const Operation<orv::PanelFactors<T>>&
 template <class T>
 void check(const char*, const char* name, const Operation<orv::TriangleSolution<T>>& operation)
 {
-    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare<NearlyEqual<T>>(name, operation, [](TypedTrial& t, Generator& g) {
         const int columns = random_side(g);
         T* const l = unit_block<T>(t, g, orv::kTriangle * orv::kTriangle);
         for (int i = 0; i < orv::kTriangle * orv::kTriangle; ++i) l[i] /= 8;
@@ -335,7 +337,7 @@ void check(const char*, const char* name, const Operation<orv::TriangleSolution<
 
 // --- Resizing -------------------------------------------------------------------------------------
 
-Size random_size(std::mt19937& g) { return {uniform(g, 1, 60), uniform(g, 1, 40)}; }
+Size random_size(Generator& g) { return {uniform(g, 1, 60 / kSmaller), uniform(g, 1, 40 / kSmaller)}; }
 int interpolation_of(const char* name)
 {
     return contains(name, "Nearest") ? orv::kResizeNearest : contains(name, "Linear") ? orv::kResizeLinear : orv::kResizeCubic;
@@ -373,7 +375,7 @@ unsigned char* plan_for(TypedTrial& t, Size from, Size to, int interpolation)
 
 void check(const char*, const char* name, const Operation<orv::PlanInit>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size from = random_size(g), to = random_size(g);
         unsigned char* const plan = t.block<unsigned char>(PlanBytes(from, to, interpolation_of(name)).plan + 64, Fill::uniform);
         return [=](auto* kernel) { return kernel(from, to, plan); };
@@ -381,7 +383,7 @@ void check(const char*, const char* name, const Operation<orv::PlanInit>& operat
 }
 void check(const char*, const char* name, const Operation<orv::PlanInitCubic>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size from = random_size(g), to = random_size(g);
         const PlanBytes bytes(from, to, orv::kResizeCubic);
         unsigned char* const plan = t.block<unsigned char>(bytes.plan + 64, Fill::uniform);
@@ -392,7 +394,7 @@ void check(const char*, const char* name, const Operation<orv::PlanInitCubic>& o
 }
 void check(const char*, const char* name, const Operation<orv::PlanBufferSize>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         static const int kinds[] = {orv::kResizeNearest, orv::kResizeLinear, orv::kResizeCubic};
         const Size from = random_size(g), to = random_size(g);
         const void* const plan = plan_for(t, from, to, kinds[uniform(g, 0, 2)]);
@@ -414,7 +416,7 @@ struct Applied {
     const void* plan;
     std::shared_ptr<Bytes> buffer;
 
-    Applied(TypedTrial& t, std::mt19937& g, const char* name) : from(random_size(g)), to(random_size(g))
+    Applied(TypedTrial& t, Generator& g, const char* name) : from(random_size(g)), to(random_size(g))
     {
         const int pixel = channels_of(name);
         x0 = uniform(g, 0, to.width - 1), y0 = uniform(g, 0, to.height - 1);
@@ -431,7 +433,7 @@ struct Applied {
 template <class T>
 void check(const char*, const char* name, const Operation<orv::ResizeApply<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Applied<T> a(t, g, name);
         return [=](auto* kernel) { return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, a.plan, a.buffer->data()); };
     });
@@ -439,7 +441,7 @@ void check(const char*, const char* name, const Operation<orv::ResizeApply<T>>& 
 template <class T>
 void check(const char*, const char* name, const Operation<orv::ResizeApplyBorder<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Applied<T> a(t, g, name);
         return [=](auto* kernel) {
             return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, orv::kBorderReplicate, nullptr, a.plan, a.buffer->data());
@@ -447,18 +449,18 @@ void check(const char*, const char* name, const Operation<orv::ResizeApplyBorder
     });
 }
 
-Rectangle random_rectangle(std::mt19937& g)
+Rectangle random_rectangle(Generator& g)
 {
-    return {uniform(g, -9, 9), uniform(g, -9, 9), uniform(g, 1, 50), uniform(g, 1, 40)};
+    return {uniform(g, -9, 9), uniform(g, -9, 9), uniform(g, 1, 50 / kSmaller), uniform(g, 1, 40 / kSmaller)};
 }
-int random_interpolation(std::mt19937& g)
+int random_interpolation(Generator& g)
 {
     static const int codes[] = {1, 2, 4, 5, 6, 7, 8, 16};
     return codes[uniform(g, 0, 7)] | (uniform(g, 0, 3) == 0 ? static_cast<int>(orv::kSmoothEdges) : 0);
 }
 void check(const char*, const char* name, const Operation<orv::ResampleBufferSize>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         Rectangle from = random_rectangle(g), to = random_rectangle(g);
         if (uniform(g, 0, 3) == 0) from.width = INT_MAX - uniform(g, 0, 9);
         if (uniform(g, 0, 3) == 0) to.height = INT_MAX - uniform(g, 0, 9);
@@ -473,7 +475,7 @@ void check(const char*, const char* name, const Operation<orv::ResampleBufferSiz
 }
 void check(const char*, const char* name, const Operation<orv::Zoom>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size from = random_size(g);
         const int width = uniform(g, 1, 100), x = uniform(g, -50, 50), y = uniform(g, -50, 50);
         const float zoom = uniform(g, 0, 2) == 0 ? random_value<float>(g, Fill::special) : static_cast<float>(uniform(g, 1, 50)) / 8;
@@ -489,7 +491,7 @@ void check(const char*, const char* name, const Operation<orv::Zoom>& operation)
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Resample<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const int pixel = channels_of(name), e = sizeof(T);
         const Size from = random_size(g), canvas = random_size(g);
         const Rectangle srcRoi = random_rectangle(g), dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
@@ -515,14 +517,14 @@ struct Plane {
     T* pixels;
     int step;
 
-    Plane(TypedTrial& t, std::mt19937& g, int row, int height, Fill fill = Fill::near_high)
+    Plane(TypedTrial& t, Generator& g, int row, int height, Fill fill = Fill::near_high)
     {
         const int gap = uniform(g, 0, 2) == 0 ? uniform(g, 1, 9) : 0;
         pixels = t.block<T>((height - 1) * std::ptrdiff_t{row + gap} + row, fill);
         step = (row + gap) * static_cast<int>(sizeof(T));
     }
 };
-Size random_roi(std::mt19937& g) { return {uniform(g, 1, uniform(g, 0, 9) == 0 ? 400 : 70), uniform(g, 1, 3)}; }
+Size random_roi(Generator& g) { return {uniform(g, 1, uniform(g, 0, 9) == 0 ? 400 / kSmaller : 70), uniform(g, 1, 3)}; }
 
 // Tables, and what looks like one: constants for every channel, and the factors of a colour matrix.
 template <class From, class To>
@@ -531,7 +533,7 @@ void check(const char* family, const char* name, const Operation<orv::SrcTableDs
     const bool twist = contains(family, "twist");
     if (!twist && !contains(family, "tables")) return compare_levels(subject(family, name, operation));
     const int channels = twist ? 3 : 1, entries = twist ? 12 : 1 << (8 * std::min<int>(sizeof(From), 2));
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const Plane<From> a(t, g, roi.width * channels, roi.height);
         const Plane<To> d(t, g, roi.width * channels, roi.height);
@@ -541,7 +543,7 @@ void check(const char* family, const char* name, const Operation<orv::SrcTableDs
 }
 void check(const char*, const char* name, const Operation<orv::SrcTwistDst<unsigned char>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const Plane<unsigned char> a(t, g, roi.width * channels_of(name), roi.height), d(t, g, roi.width * channels_of(name), roi.height);
         const float* const factors = t.block<float>(12, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
@@ -550,7 +552,7 @@ void check(const char*, const char* name, const Operation<orv::SrcTwistDst<unsig
 }
 void check(const char*, const char* name, const Operation<orv::SrcTablesDst>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const int row = roi.width * channels_of(name);
         const Plane<unsigned char> a(t, g, row, roi.height), d(t, g, row, roi.height);
@@ -561,7 +563,7 @@ void check(const char*, const char* name, const Operation<orv::SrcTablesDst>& op
 }
 void check(const char*, const char* name, const Operation<orv::SrcPaletteDst>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const Plane<unsigned short> a(t, g, roi.width, roi.height, Fill::special);
         const Plane<unsigned> d(t, g, roi.width, roi.height);
@@ -573,8 +575,8 @@ void check(const char*, const char* name, const Operation<orv::SrcPaletteDst>& o
 template <class From, class To>
 void check(const char*, const char* name, const Operation<orv::SrcCurveDst<From, To>>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
-        const Size roi = uniform(g, 0, 19) == 0 ? Size{300, 260} : random_roi(g);
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = uniform(g, 0, 19) == 0 ? Size{300 / kSmaller, 260 / kSmaller} : random_roi(g);
         const Plane<From> a(t, g, roi.width, roi.height, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
         const Plane<To> d(t, g, roi.width, roi.height);
         const int count = uniform(g, 1, uniform(g, 0, 1) == 0 ? 8 : 40);
@@ -588,7 +590,7 @@ void check(const char* family, const char* name, const Operation<orv::SrcDstStan
 {
     if (!contains(name, "YUV422")) return compare_levels(subject(family, name, operation));
     const bool packs = contains(name, "C3C2");
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const int pairs = 4 * ((roi.width + 1) / 2), row = 3 * roi.width, code = uniform(g, 0, 3);
         const Plane<unsigned char> a(t, g, packs ? row : pairs, roi.height), d(t, g, packs ? pairs : row, roi.height);
@@ -597,7 +599,7 @@ void check(const char* family, const char* name, const Operation<orv::SrcDstStan
 }
 void check(const char*, const char* name, const Operation<orv::PlanesDstStandard>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const int w = (roi.width + 1) / 2, h = (roi.height + 1) / 2, code = uniform(g, 0, 3);
         const Plane<unsigned char> y(t, g, roi.width, roi.height), u(t, g, w, h), v(t, g, w, h), d(t, g, 3 * roi.width, roi.height);
@@ -616,7 +618,7 @@ struct Warped {
     T* dst;
     int srcStep, dstStep, interpolation;
 
-    Warped(TypedTrial& t, std::mt19937& g, const char* name)
+    Warped(TypedTrial& t, Generator& g, const char* name)
         : from(random_size(g)), canvas(random_size(g)), srcRoi(random_rectangle(g)), dstRoi({uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height})
     {
         const int channels = channels_of(name), pixel = channels * static_cast<int>(sizeof(T));
@@ -629,13 +631,13 @@ struct Warped {
         if (uniform(g, 0, 1) == 0) srcRoi = {0, 0, from.width, from.height};
     }
 };
-double random_angle(std::mt19937& g) { return uniform(g, 0, 3) == 0 ? 90 * uniform(g, -9, 9) : uniform(g, -9999, 9999) / 7.0; }
-double random_middle(std::mt19937& g, int length) { return uniform(g, 0, 2 * length) / 2.0; }
+double random_angle(Generator& g) { return uniform(g, 0, 3) == 0 ? 90 * uniform(g, -9, 9) : uniform(g, -9999, 9999) / 7.0; }
+double random_middle(Generator& g, int length) { return uniform(g, 0, 2 * length) / 2.0; }
 
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Rotating<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Warped<T> w(t, g, name);
         const double angle = random_angle(g), x = random_middle(g, w.canvas.width), y = random_middle(g, w.canvas.height);
         return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, &angle, &x, &y, w.interpolation); };
@@ -644,7 +646,7 @@ void check(const char*, const char* name, const Operation<orv::Rotating<T>>& ope
 template <class T>
 void check(const char*, const char* name, const Operation<orv::RotatingAbout<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Warped<T> w(t, g, name);
         const double angle = random_angle(g), x = random_middle(g, w.from.width), y = random_middle(g, w.from.height);
         return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.dst, w.dstStep, w.canvas, &angle, &x, &y, w.interpolation); };
@@ -653,7 +655,7 @@ void check(const char*, const char* name, const Operation<orv::RotatingAbout<T>>
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Projecting<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Warped<T> w(t, g, name);
         double* const h = t.block<double>(9, Fill::uniform);
         const bool affine = uniform(g, 0, 2) == 0;
@@ -664,7 +666,7 @@ void check(const char*, const char* name, const Operation<orv::Projecting<T>>& o
 template <class T>
 void check(const char*, const char* name, const Operation<orv::Remapping<T>>& operation)
 {
-    compare(name, operation, [=](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Warped<T> w(t, g, name);
         const int n = w.canvas.width * w.canvas.height, step = 4 * w.canvas.width;
         float* const x = t.block<float>(n, Fill::special);
@@ -678,7 +680,7 @@ void check(const char*, const char* name, const Operation<orv::Remapping<T>>& op
 }
 void check(const char*, const char* name, const Operation<orv::RotationBound>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Rectangle r = random_rectangle(g);
         const double angle = random_value<double>(g, Fill::near_high), x = uniform(g, -99, 99) / 7.0, y = random_value<double>(g, Fill::special);
         double* const bound = t.block<double>(4, Fill::uniform);
@@ -687,7 +689,7 @@ void check(const char*, const char* name, const Operation<orv::RotationBound>& o
 }
 void check(const char*, const char* name, const Operation<orv::RotationShift>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const double angle = random_angle(g), x = uniform(g, -99, 99) / 7.0, y = uniform(g, 0, 3) == 0 ? 1.7e308 : uniform(g, -99, 99) * 1e100;
         double* const shift = t.block<double>(2, Fill::uniform);
         return [=](auto* kernel) { return kernel(&x, &y, &angle, shift, shift + 1); };
@@ -695,7 +697,7 @@ void check(const char*, const char* name, const Operation<orv::RotationShift>& o
 }
 void check(const char*, const char* name, const Operation<orv::ProjectionBound>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Rectangle r = random_rectangle(g);
         double* const h = t.block<double>(9, static_cast<Fill>(uniform(g, 0, 3)));
         double* const bound = t.block<double>(4, Fill::uniform);
@@ -723,8 +725,8 @@ struct FftMemory {
 
 void check(const char*, const char* name, const Operation<orv::InitFft>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
-        const int order = uniform(g, 0, 12), flag = 1 << uniform(g, 0, 3), n = 1 << order;
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const int order = uniform(g, 0, 13 - kSmaller), flag = 1 << uniform(g, 0, 3), n = 1 << order;
         const FftMemory m(order, flag);
         const float* const src = t.block<float>(n, Fill::uniform);
         float* const dst = t.block<float>(n + 2, Fill::uniform);
@@ -738,8 +740,8 @@ void check(const char*, const char* name, const Operation<orv::InitFft>& operati
 }
 void check(const char*, const char* name, const Operation<orv::RunFft>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
-        const int order = uniform(g, 0, 12), flag = 1 << uniform(g, 0, 3), n = 1 << order;
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const int order = uniform(g, 0, 13 - kSmaller), flag = 1 << uniform(g, 0, 3), n = 1 << order;
         const FftMemory m(order, flag);
         orv::FftSpec* spec = nullptr;
         orv::orv_FftInit(&spec, order, flag, 1, m.spec->data(), m.init->data());
@@ -750,12 +752,15 @@ void check(const char*, const char* name, const Operation<orv::RunFft>& operatio
 }
 struct PlaneSides {
     int x, y, step;
-    explicit PlaneSides(std::mt19937& g) : x(uniform(g, 1, 8)), y(uniform(g, 1, 7)), step(4 * ((1 << x) + uniform(g, 0, 3))) {}
+    explicit PlaneSides(Generator& g)
+        : x(uniform(g, 1, 9 - kSmaller)), y(uniform(g, 1, 8 - kSmaller)), step(4 * ((1 << x) + uniform(g, 0, 3)))
+    {
+    }
     int floats() const { return ((1 << y) - 1) * step / 4 + (1 << x); }
 };
 void check(const char*, const char* name, const Operation<orv::InitFft2>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const PlaneSides side(g);
         const int flag = 1 << uniform(g, 0, 3);
         const FftMemory m(side.x, side.y, flag);
@@ -771,7 +776,7 @@ void check(const char*, const char* name, const Operation<orv::InitFft2>& operat
 }
 void check(const char*, const char* name, const Operation<orv::RunFft2>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
         const PlaneSides side(g);
         const int flag = 1 << uniform(g, 0, 3);
         const FftMemory m(side.x, side.y, flag);
@@ -784,8 +789,8 @@ void check(const char*, const char* name, const Operation<orv::RunFft2>& operati
 }
 void check(const char*, const char* name, const Operation<orv::ExpandSpectrum>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
-        const int n = 1 << uniform(g, 0, 10);
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const int n = 1 << uniform(g, 0, 11 - kSmaller);
         const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::near_high);
         Complex32f* const dst = t.block<Complex32f>(n, Fill::uniform);
         return [=](auto* kernel) { return kernel(src, dst, n); };
@@ -793,8 +798,8 @@ void check(const char*, const char* name, const Operation<orv::ExpandSpectrum>& 
 }
 void check(const char*, const char* name, const Operation<orv::SpectrumToPower>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
-        const int order = uniform(g, 0, 10), n = 1 << order, length = n + uniform(g, 0, n - 1);
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const int order = uniform(g, 0, 11 - kSmaller), n = 1 << order, length = n + uniform(g, 0, n - 1);
         const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::uniform);
         float* const dst = t.block<float>(length, Fill::uniform);
         return [=](auto* kernel) { return kernel(src, dst, order, length); };
@@ -802,8 +807,8 @@ void check(const char*, const char* name, const Operation<orv::SpectrumToPower>&
 }
 void check(const char*, const char* name, const Operation<orv::FillFromStream>& operation)
 {
-    compare(name, operation, [](TypedTrial& t, std::mt19937& g) {
-        const int n = uniform(g, 1, 700);
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const int n = uniform(g, 1, 700 / kSmaller);
         double* const r = t.block<double>(n, Fill::uniform);
         orv::RandomStream* const made = orv::orv_create_random_stream(uniform(g, INT_MIN, INT_MAX));
         const orv::RandomStream start = *made;

@@ -41,11 +41,21 @@ ORV_INLINE float mean_of(const float* x, std::ptrdiff_t n)
     return rounded(static_cast<float>(rounded(sums[0] / static_cast<double>(n))));
 }
 
+// One NaN for all: of two that meet, compilers may take either.
+ORV_INLINE One same_nan(One a) { return a.v == a.v ? a : One{-__builtin_nanf("")}; }
+#if ORV_HAVE_VECTORS
+template <class V>
+ORV_INLINE V same_nan(V a)
+{
+    return simd::select(simd::unordered(a, a), simd::splat<V>(-__builtin_nanf("")), a);
+}
+#endif
+
 template <class V>
 ORV_INLINE void center_and_window_at(const float* signal, const float* window, float* windowed, float mean)
 {
     const V centred = Lanes<V>::load(signal) - Lanes<V>::splat(mean);
-    store_lanes(windowed, Lanes<V>::load(window) * centred);
+    store_lanes(windowed, same_nan(Lanes<V>::load(window) * centred));
 }
 
 inline void center_and_window(const float* signal, const float* window, float* windowed, std::ptrdiff_t n)

@@ -13,14 +13,14 @@ namespace test {
 
 enum Element { e_u8, e_u16, e_s16, e_s32, e_u32, e_f32, e_c32, e_f64, e_none };
 template <class T> constexpr Element element = e_none;
-template <> constexpr Element element<unsigned char> = e_u8;
-template <> constexpr Element element<unsigned short> = e_u16;
-template <> constexpr Element element<short> = e_s16;
-template <> constexpr Element element<int> = e_s32;
-template <> constexpr Element element<unsigned> = e_u32;
-template <> constexpr Element element<float> = e_f32;
-template <> constexpr Element element<Complex32f> = e_c32;
-template <> constexpr Element element<double> = e_f64;
+template <> inline constexpr Element element<unsigned char> = e_u8;
+template <> inline constexpr Element element<unsigned short> = e_u16;
+template <> inline constexpr Element element<short> = e_s16;
+template <> inline constexpr Element element<int> = e_s32;
+template <> inline constexpr Element element<unsigned> = e_u32;
+template <> inline constexpr Element element<float> = e_f32;
+template <> inline constexpr Element element<Complex32f> = e_c32;
+template <> inline constexpr Element element<double> = e_f64;
 
 // Calls f with a value of the element's type.
 template <class F>

@@ -24,11 +24,20 @@ public:
     virtual std::string text() const { return {}; }
     // With a tolerance where levels may differ.
     virtual bool agrees(const Bytes& actual, const Bytes& expected) const { return actual == expected; }
-    // With the destination in the place of a source the outcome is a part of the bytes.
-    virtual bool in_place() const { return false; }
+    // If the destination is a source: the plain kernel gives what it gives with a destination of its own.
+    virtual void check_in_place(Kernel) {}
 };
-using Maker = std::function<std::unique_ptr<Trial>(std::mt19937& generator, int number)>;
+using Maker = std::function<std::unique_ptr<Trial>(Generator& generator, int number)>;
 
+struct Result {
+    orv::Status status;
+    Bytes outcome;
+};
+Result result_of(Trial& trial, Kernel kernel);
+// What a kernel does otherwise than expected, in words; empty if nothing.
+std::string disagreement(Trial& trial, Kernel kernel, const Result& expected);
+
+// Runs the cases (compare_cases.cpp), or keeps the maker for inputs to come (fuzz/fuzz_target.cpp).
 void compare_levels(const char* name, const Kernel (&variant)[orv::kLevels], const Maker& make);
 
 // The cases that follow from the signature alone: images, vectors, constants, values, results.

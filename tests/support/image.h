@@ -16,7 +16,7 @@ namespace test {
 class FencedRows {
 public:
     static constexpr int kRows = 8;
-    static constexpr int kRowBytes = 8192;
+    static constexpr int kRowBytes = 8192 / kSmaller;
     static constexpr int kStep = 2 * kRowBytes;
     static constexpr std::size_t kBytes = kStep * kRows + kRowBytes;
 
@@ -45,7 +45,7 @@ struct Placement {
 // An image of height rows of row_bytes, with everything around it filled with random bytes.
 class Image {
 public:
-    Image(int row_bytes, int height, Placement placement, std::mt19937& generator)
+    Image(int row_bytes, int height, Placement placement, Generator& generator)
         : row_bytes_(row_bytes), height_(height), placement_(placement)
     {
         if (placement.fenced) {
@@ -56,8 +56,9 @@ public:
             const int extent = std::abs(step_) * (height - 1) + row_bytes;
             buffer_.resize(static_cast<std::size_t>(extent + placement.offset + 64));
         }
+        auto&& bytes = generator_of_pixels(generator);
         for_each_owned([&](unsigned char* p, int n) {
-            for (int i = 0; i < n; ++i) p[i] = static_cast<unsigned char>(generator());
+            for (int i = 0; i < n; ++i) p[i] = static_cast<unsigned char>(bytes());
         });
     }
 
@@ -78,11 +79,12 @@ public:
     }
 
     template <class T>
-    void fill(std::mt19937& generator, Fill kind)
+    void fill(Generator& generator, Fill kind)
     {
+        auto&& pixels = generator_of_pixels(generator);
         for (int y = 0; y < height_; ++y) {
             for (int i = 0; i + static_cast<int>(sizeof(T)) <= row_bytes_; i += static_cast<int>(sizeof(T))) {
-                const T value = random_value<T>(generator, kind);
+                const T value = random_value<T>(pixels, kind);
                 std::memcpy(row(y) + i, &value, sizeof(T));
             }
         }

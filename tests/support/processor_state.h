@@ -45,8 +45,11 @@ private:
     }
     static bool has_sse()
     {
-        unsigned a = 0, b = 0, c = 0, d = 0;
-        return __get_cpuid(1, &a, &b, &c, &d) != 0 && (d & bit_SSE) != 0;
+        static const bool has = [] {
+            unsigned a = 0, b = 0, c = 0, d = 0;
+            return __get_cpuid(1, &a, &b, &c, &d) != 0 && (d & bit_SSE) != 0;
+        }();
+        return has;  // asked once: virtual machines take a microsecond or more for an answer
     }
     unsigned mxcsr() const
     {
@@ -73,8 +76,11 @@ private:
     {
 #if defined(__OPTIMIZE__)
         constexpr int kAvxLevel = 5;
-        unsigned a = 0, b = 0, c = 0, d = 0;
-        if (orv::orv_variant_index < kAvxLevel || __get_cpuid_count(0xD, 1, &a, &b, &c, &d) == 0 || (a & 4) == 0) return false;
+        static const bool can_tell = [] {
+            unsigned a = 0, b = 0, c = 0, d = 0;
+            return __get_cpuid_count(0xD, 1, &a, &b, &c, &d) != 0 && (a & 4) != 0;
+        }();
+        if (orv::orv_variant_index < kAvxLevel || !can_tell) return false;
         __asm__ volatile("vzeroupper" : : : "memory");
         return (parts_in_use() & 4) == 0;  // an emulator may call them used at all times
 #else

@@ -4,33 +4,18 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <random>
-#include <string>
 #include <type_traits>
 
 #include "Complex32f.h"
 #include "support/emulators.h"
-#include "support/options.h"
+#include "support/generator.h"
 
 namespace test {
-
-// One generator per test, from the seed of the run and the name of the test.
-inline std::mt19937 make_generator(const std::string& name)
-{
-    std::seed_seq seed{static_cast<std::uint32_t>(options().seed), static_cast<std::uint32_t>(options().seed >> 32),
-                       static_cast<std::uint32_t>(std::hash<std::string>()(name))};
-    return std::mt19937(seed);
-}
-
-inline int uniform(std::mt19937& generator, int low, int high)
-{
-    return std::uniform_int_distribution<int>(low, high)(generator);
-}
 
 enum class Fill { uniform, near_low, near_high, special, kinds };
 
 template <class T>
-T random_value(std::mt19937& generator, Fill fill)
+T random_value(Generator& generator, Fill fill)
 {
     if constexpr (std::is_same<T, Complex32f>::value) {
         const float re = random_value<float>(generator, fill);
@@ -42,7 +27,7 @@ T random_value(std::mt19937& generator, Fill fill)
             return uniform(generator, 0, 3) == 0 ? -L::quiet_NaN() : value;
         }
         switch (fill) {
-            case Fill::uniform: return static_cast<T>(std::normal_distribution<double>(0, 300)(generator));
+            case Fill::uniform: return static_cast<T>(normal(generator, 300));
             case Fill::near_low: return static_cast<T>(uniform(generator, -4, 4)) / 2;
             case Fill::near_high: {  // any bit pattern
                 unsigned char bytes[sizeof(T)];

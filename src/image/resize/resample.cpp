@@ -280,7 +280,9 @@ Status ZoomMapping(Size source, int dstWidth, const float& zoom, int panX, int p
     const float factor = rounded(ratio * zoom);
     const auto shift = [=](int length, int pan) {
         const double corner = rounded(rounded(length * 0.5) - rounded(rounded(length / static_cast<double>(zoom)) * 0.5));
-        return rounded(-rounded(corner + pan) * static_cast<double>(factor));
+        const double scale = static_cast<double>(factor);
+        if (scale != scale) return scale;  // both factors are NaNs, and compilers may swap them
+        return rounded(-rounded(corner + pan) * scale);
     };
     mapping->factor = static_cast<double>(factor);
     mapping->xShift = shift(source.width, panX);
