@@ -15,7 +15,7 @@ sed -nE 's/^ *"command": "(.*)",?$/\1/p' $build/compile_commands.json |
     (cd $build && xargs -d '\n' -P "$(nproc)" -n 1 sh -c)
 
 kernels=$(cmake --build --preset clang --target help | sed -nE "s/^(kernel_${family//\//_}_[a-z0-9]{2}): phony$/\1/p")
-tests=$(printf 'tests/CMakeFiles/orvane_tests.dir/%s.cpp.o ' "$family" support/main support/compare_levels)
+tests=$(printf 'tests/CMakeFiles/orvane_tests.dir/%s.cpp.o ' "$family" support/main support/compare_cases support/compare_levels)
 # shellcheck disable=SC2086
 cmake --build --preset clang --target $kernels orvane_core orvane_facade gmock $tests
 # An archive gives the tests what they call, and no more of the library has to be there.
