@@ -27,8 +27,7 @@ public:
 
     struct Block {
         std::uint8_t from[2][16];  // per destination byte; 0x80 for none. Words: one index of 32 bits per pixel
-        int start[2];
-        int padding[2];
+        std::int64_t start[2];  // in bytes: no int counts those of the longest rows
     };
 
     ORV_INLINE PixelPicker(const int* index, int width, int source_width, Block* blocks)
@@ -78,8 +77,8 @@ private:
             std::int64_t start = std::int64_t{index_[x]} * kPixelBytes;
             if (start > last_start) start = last_start;
             const std::int64_t next = start + kWindow > last_start ? last_start : start + kWindow;
-            block.start[0] = static_cast<int>(start);
-            block.start[1] = static_cast<int>(next);
+            block.start[0] = start;
+            block.start[1] = next;
             __builtin_memset(block.from, 0x80, sizeof(block.from));
             for (int i = 0; i < kBlock; ++i) {
                 const std::int64_t at = std::int64_t{index_[x + i]} * kPixelBytes - start;

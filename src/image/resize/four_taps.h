@@ -19,7 +19,11 @@ inline namespace ORV_LEVEL {
 
 struct TapLimits {
     int low, high;  // both are pixels
-    ORV_INLINE int clamp(int index) const { return index < low ? low : index > high ? high : index; }
+    // Taps may lie where no int counts, next to pixels that are counted last.
+    ORV_INLINE int clamp(std::int64_t index) const
+    {
+        return index < low ? low : index > high ? high : static_cast<int>(index);
+    }
 };
 
 // Positions of one axis: the index of the second tap, in ascending order, and the weights.
@@ -71,15 +75,14 @@ template <class Real, class T, int Channels>
 ORV_INLINE void fetch_row(const FourTapsJob<T>& job, int row, Real* out)
 {
     const T* const line = row_at(job.src, job.srcStep, job.rows_within.clamp(row));
-    const int first = job.first_column();
-    const int last = static_cast<int>(first + job.span() - 1);
-    int x = first;
+    std::int64_t x = job.first_column();
+    const std::int64_t last = x + job.span() - 1;
     for (; x <= last && x < job.columns_within.low; ++x) {
         for (int c = 0; c < Channels; ++c) *out++ = static_cast<Real>(get(line + std::ptrdiff_t{job.columns_within.low} * Channels + c));
     }
-    const int inner_end = last < job.columns_within.high ? last : job.columns_within.high;
-    const std::ptrdiff_t samples = inner_end < x ? 0 : static_cast<std::ptrdiff_t>((std::int64_t{inner_end} - x + 1) * Channels);
-    const T* const from = line + std::ptrdiff_t{x} * Channels;
+    const std::int64_t inner_end = last < job.columns_within.high ? last : job.columns_within.high;
+    const std::ptrdiff_t samples = inner_end < x ? 0 : static_cast<std::ptrdiff_t>((inner_end - x + 1) * Channels);
+    const T* const from = line + static_cast<std::ptrdiff_t>(x) * Channels;
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_INT256
     if constexpr (sizeof(T) == 1 && sizeof(Real) == 4) {
@@ -96,7 +99,7 @@ ORV_INLINE void fetch_row(const FourTapsJob<T>& job, int row, Real* out)
 #endif
     for (; i < samples; ++i) out[i] = static_cast<Real>(get(from + i));
     out += samples;
-    x += static_cast<int>(samples / Channels);
+    x += samples / Channels;
     for (; x <= last; ++x) {
         for (int c = 0; c < Channels; ++c) *out++ = static_cast<Real>(get(line + std::ptrdiff_t{job.columns_within.high} * Channels + c));
     }
@@ -151,7 +154,7 @@ ORV_INLINE void run_four_taps(const FourTapsJob<T>& job, FourTapsBuffers& buffer
     for (int y = 0; y < job.size.height; ++y) {
         const double* sums[4];
         for (int k = 0; k < 4; ++k) {
-            const int row = job.rows_within.clamp(job.rows.index[y] - 1 + k);
+            const int row = job.rows_within.clamp(std::int64_t{job.rows.index[y]} - 1 + k);
             const int slot = row & 3;
             if (empty[slot] || held[slot] != row) {
                 engine.sum_row(row, buffers.sums[slot]);

@@ -268,10 +268,12 @@ struct FourTapsOfBytes {
         const std::ptrdiff_t x = sample / Channels, c = sample % Channels;
         double sums[4];
         for (int k = 0; k < 4; ++k) {
-            const T* const line = row_at(job.src, job.srcStep, job.rows_within.clamp(job.rows.index[y] - 1 + k)) + c;
+            const int row = job.rows_within.clamp(std::int64_t{job.rows.index[y]} - 1 + k);
+            const T* const line = row_at(job.src, job.srcStep, row) + c;
             double t[4];
             for (int j = 0; j < 4; ++j) {
-                t[j] = static_cast<double>(get(line + std::ptrdiff_t{job.columns_within.clamp(job.columns.index[x] - 1 + j)} * Channels));
+                const std::ptrdiff_t column = job.columns_within.clamp(std::int64_t{job.columns.index[x]} - 1 + j);
+                t[j] = static_cast<double>(get(line + column * Channels));
             }
             sums[k] = weighted(t[0], t[1], t[2], t[3], job.columns.weights + 4 * x);
         }

@@ -218,8 +218,8 @@ Status resample(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* ds
     const bool smooth = smooths(interpolation);
     SquareAxis x = {xFactor, xShift, source.x, source.x + source.width - 1, smooth, 0, 0};
     SquareAxis y = {yFactor, yShift, source.y, source.y + source.height - 1, smooth, 0, 0};
-    x.find(destination.x, std::int64_t{destination.x} + destination.width - 1);
-    y.find(destination.y, std::int64_t{destination.y} + destination.height - 1);
+    x.find(destination.x, destination.x + (destination.width - 1));
+    y.find(destination.y, destination.y + (destination.height - 1));
     if (x.count() == 0 || y.count() == 0) return StatusOk;  // the image lies elsewhere
 
     Parts parts(buffer);

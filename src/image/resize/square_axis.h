@@ -58,23 +58,31 @@ struct SquareAxis {
         const int k = static_cast<int>(centre(position));
         return k < high ? k : high;
     }
-    ORV_INLINE bool covers(int position) const
+    ORV_INLINE bool covers_part_of(int position) const
     {
-        const double s = source_of(position + 0.5);
-        if (s >= low && s < high + 1.0) return true;
-        if (!smooth) return false;
         const double part = coverage(position);
         return part >= kLeastPart && part < 1;
     }
 
-    // Finds begin and end among the positions from `first` to `last`. They ascend in the source, so those that are
-    // covered follow each other, and most often they are nearly all.
-    ORV_INLINE void find(std::int64_t first, std::int64_t last)
+    // The first of the positions below `end_of_all` whose centre does not come from before `bound`. They ascend.
+    ORV_INLINE int first_from(double bound, int first, int end_of_all) const
     {
-        while (first <= last && !covers(static_cast<int>(first))) ++first;
-        while (first <= last && !covers(static_cast<int>(last))) --last;
-        begin = static_cast<int>(first);
-        end = static_cast<int>(last + 1);
+        while (first < end_of_all) {
+            const int middle = first + (end_of_all - first) / 2;
+            if (source_of(middle + 0.5) >= bound) end_of_all = middle;
+            else first = middle + 1;
+        }
+        return first;
+    }
+
+    // Finds begin and end among the positions from `first` to `last`.
+    ORV_INLINE void find(int first, int last)
+    {
+        begin = first_from(low, first, last + 1);
+        end = first_from(high + 1.0, begin, last + 1);
+        if (!smooth) return;
+        if (begin > first && covers_part_of(begin - 1)) --begin;
+        if (end <= last && covers_part_of(end)) ++end;
     }
 
     ORV_INLINE int count() const { return end - begin; }
@@ -126,7 +134,8 @@ struct Taps {
     }
 
     // `values` are those of the indices from i on; the sum of the weights becomes 1 where `normalised`.
-    ORV_INLINE int put_taps(const SquareAxis& axis, int i, const double* values, int count, bool normalised, int position, int at)
+    ORV_INLINE int put_taps(const SquareAxis& axis, std::int64_t i, const double* values, int count, bool normalised,
+                            int position, int at)
     {
         double sum = 1;
         if (normalised) {
@@ -168,7 +177,7 @@ struct Taps {
             double values[6];
             if (f > 0) {
                 for (int k = 0; k < 6; ++k) values[k] = lanczos(f + 2 - k);
-                at = put_taps(axis, i - 2, values, 6, true, x - axis.begin, at);
+                at = put_taps(axis, std::int64_t{i} - 2, values, 6, true, x - axis.begin, at);
             } else {
                 values[0] = 1;
                 at = put_taps(axis, i, values, 1, false, x - axis.begin, at);

@@ -370,6 +370,72 @@ TEST(Resample, HostsFloatControl)
     });
 }
 
+// Images as large as ints can count, of which only a corner exists: the pixels that a small image has in its place.
+template <class T>
+void check_far_corner(int code, int channels, std::mt19937& g)
+{
+    constexpr int most = INT32_MAX, width = 80, height = 24, to_width = 20, to_height = 6;
+    const int pixel = channels * static_cast<int>(sizeof(T)), src_step = width * pixel, dst_step = to_width * pixel;
+    std::vector<T> src(static_cast<std::size_t>(width * height * channels)), dst(static_cast<std::size_t>(to_width * to_height * channels));
+    for (T& v : src) v = static_cast<T>(g() % 255);
+    const std::vector<T> blank(dst.size(), T{9});
+    const auto moved = [](T* p, std::int64_t bytes) { return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(p) - static_cast<std::uintptr_t>(bytes)); };
+    T* const far_src = moved(src.data(), std::int64_t{most - width} * pixel + std::int64_t{most - height} * src_step);
+    T* const far_dst = moved(dst.data(), std::int64_t{most - to_width} * pixel + std::int64_t{most - to_height} * dst_step);
+    const int left = most - width, top = most - height;
+    const Rectangle sources[] = {{left, top, width, height}, {left, 0, width, most}, {0, 0, most, most}};
+    const Rectangle to = {most - to_width, most - to_height, to_width, to_height};
+    const GuardedBlock work(1 << 18);
+    for (const double factor : {0.5, 1.0}) {
+        // The image ends where the destination does, so taps beyond it are asked for.
+        const auto shift = [=](double end, double of) { return end - of * factor; };
+        dst = blank;
+        ASSERT_EQ(operation<T>(channels)(src.data(), {width, height}, src_step, {0, 0, width, height}, dst.data(), dst_step,
+                                         {0, 0, to_width, to_height}, factor, factor, shift(to_width, width),
+                                         shift(to_height, height), code, work.as()), orv::StatusOk);
+        const std::vector<T> expected = dst;
+        ASSERT_NE(expected, blank);
+        // Tables count what the area average adds up and what lies side by side; rows of other interpolations do not.
+        for (int i = 0; i < (code == 1 ? 3 : code == 8 ? 1 : 2); ++i) {
+            dst = blank;
+            ASSERT_EQ(operation<T>(channels)(far_src, {most, most}, src_step, sources[i], far_dst, dst_step, to, factor, factor,
+                                             shift(most, most), shift(most, most), code, work.as()), orv::StatusOk);
+            ASSERT_EQ(dst, expected) << "code " << code << ", factor " << factor << ", source " << i;
+        }
+    }
+}
+
+TEST(Resample, FarCornersOfTheLargestImages)
+{
+    if (sizeof(void*) < 8) GTEST_SKIP() << "no such images with 32-bit addresses";
+    std::mt19937 g = make_generator("far");
+    for (const int code : {1, 2, 4, 5, 7, 8, 16, 1 | kSmooth, 5 | kSmooth}) {
+        at_every_level([&] {
+            check_far_corner<u8>(code, 3, g);
+            check_far_corner<u8>(code, 4, g);
+            check_far_corner<u16>(code, 1, g);
+            check_far_corner<float>(code, 1, g);
+        });
+    }
+}
+
+// What is looked for in so many positions is found at once, also if it is not there.
+TEST(Resample, ImagesFarFromTheDestination)
+{
+    const std::vector<u16> src(64, 1);
+    std::vector<u16> dst(64, 9);
+    u8 work[64];
+    at_every_level([&] {
+        for (const double shift : {-1e6, -9.0, 3e9}) {
+            for (const int code : {1, 5, 8, 8 | kSmooth}) {
+                EXPECT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 8, 8, 16, 0, 0, 8, 8, dst.data(), 16, 0, 0, INT32_MAX, INT32_MAX, 1,
+                                                      1, shift, shift, code, work));
+            }
+        }
+        EXPECT_THAT(dst, testing::Each(9));
+    });
+}
+
 TEST(Resample, BufferSizeChecksComeInOrder)
 {
     const struct {
