@@ -1960,9 +1960,9 @@ public:
     //
     // Rounding of floats. Lowpass and Hipass: the sum of each row, from left to right, is formed in double
     // and rounded to single; these are added from top to bottom in double, and the result is rounded
-    // once. Laplace 5x5: of each row the sum weighted with the kernel's row is formed in double from
-    // o = src(x-2) + src(x+2), i = 3 * (src(x-1) + src(x+1)) and c = src(x), and rounded to single:
-    // (-o - i) - 4c, 6c - 3o or (20c - 4o) + 2i; these are added from top to bottom in double, and the result is
+    // once. Laplace 5x5: of each row three weighted sums are formed in double and rounded to single,
+    // p = (o + i) + 4c, q = 6c - 3o and p + q, where o = src(x-2) + src(x+2), i = 3 * (src(x-1) + src(x+1)) and
+    // c = src(x); the result is q(y-1) - p(y-2) + 2 * (p + q)(y) + q(y+1) - p(y+2), from left to right in double,
     // rounded once. A row's sum beyond the range of floats is infinite. SobelCross: every difference and sum is
     // rounded to single; 3x3 takes d(r, x) = src(x-1, r) - src(x+1, r) of the rows, then d(y+1) - d(y-1); 5x5
     // takes (src(y+2) - src(y-2)) + 2 * (src(y+1) - src(y-1)) of the columns, then the same of these from

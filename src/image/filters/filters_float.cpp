@@ -22,9 +22,9 @@ struct Hipass : Box<Radius, 1> {
     }
 };
 
-// Three kinds of rows, so three weighted sums of each source row: those of the top and the bottom, of the rows next
-// to the centre's, and of its own. They are whole sums: where pixels at equal distance outgrow single precision,
-// their weighted sum with the rest may not. The factor of 3 rounds, so it is not fused with an addition.
+// The rows of the kernel are -p, q, 2r, q and -p, where p = 1 3 4 3 1, q = -3 0 6 0 -3 and r = p + q. Of each source row
+// its three weighted sums are kept, not those of pixels at equal distance: where these outgrow single precision, the
+// weighted sum may not. The factor of 3 rounds, so it is not fused with an addition.
 struct Laplace5x5 {
     static constexpr int kRadius = 2;
     static constexpr int kApart = 1;
@@ -37,15 +37,17 @@ struct Laplace5x5 {
         const D centre = doubles<D>::widen(s);
         const D outer = doubles<D>::widen(s - 2) + doubles<D>::widen(s + 2);
         const D inner = times(doubles<D>::widen(s - 1) + doubles<D>::widen(s + 1), 3.0);
-        const D own = exact_product_plus(inner, 2.0, exact_product_plus(centre, 20.0, times(outer, -4.0)));
-        sums[0] = to_single(exact_product_plus(centre, -4.0, times(outer, -1.0) - inner));  // -1 -3 -4 -3 -1
-        sums[1] = to_single(exact_product_plus(centre, 6.0, times(outer, -3.0)));           // -3  0  6  0 -3
-        sums[2] = to_single(own);                                                           // -4  6 20  6 -4
+        const D p = exact_product_plus(centre, 4.0, outer + inner);
+        const D q = exact_product_plus(centre, 6.0, times(outer, -3.0));
+        sums[0] = to_single(p);
+        sums[1] = to_single(q);
+        sums[2] = to_single(p + q);
     }
     template <class D>
     ORV_INLINE D result(const D (&sums)[5][3], const float*) const
     {
-        return sums[0][0] + sums[1][1] + sums[2][2] + sums[3][1] + sums[4][0];
+        const D above = sums[1][1] - sums[0][0];
+        return exact_product_plus(sums[2][2], 2.0, above) + sums[3][1] - sums[4][0];
     }
 };
 

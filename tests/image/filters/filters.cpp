@@ -69,16 +69,17 @@ template <int r> float hipass(const Source<float>& s, int x, int y)
 }
 float laplace5(const Source<float>& s, int x, int y)
 {
-    double total = 0;
+    double p[5], q[5], both[5];
     for (int j = -2; j <= 2; ++j) {
         const double outer = plus(s(x - 2, y + j), s(x + 2, y + j)), centre = s(x, y + j);
         const double inner = times(3, plus(s(x - 1, y + j), s(x + 1, y + j)));
-        const double row = j == 0         ? plus(plus(times(20, centre), times(-4, outer)), times(2, inner))
-                           : j * j == 1 ? plus(times(6, centre), times(-3, outer))
-                                        : plus(plus(-outer, -inner), times(-4, centre));
-        total = j == -2 ? single(row) : plus(total, single(row));
+        const double first = plus(plus(outer, inner), times(4, centre)), second = plus(times(6, centre), times(-3, outer));
+        p[j + 2] = single(first);
+        q[j + 2] = single(second);
+        both[j + 2] = single(plus(first, second));
     }
-    return single(total);
+    const double sum = plus(plus(q[1], -p[0]), times(2, both[2]));
+    return single(plus(plus(sum, q[3]), -p[4]));
 }
 float cross3(const Source<float>& s, int x, int y)
 {
