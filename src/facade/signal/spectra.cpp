@@ -1,15 +1,10 @@
 // Vector spectra and windows.
+#include "facade/forms.h"
 #include "signal/spectra.h"
-
-#include "SignalProcessingWrapper.h"
-#include "facade/signal/in_place_vector.h"
 
 using namespace orv;
 
-bool SignalProcessingWrapper::MulPack_32f(const float* src1, const float* src2, float* dst, int len)
-{
-    return orv_MulPack_32f(src1, src2, dst, {len}) == StatusOk;
-}
+VECTOR_SRC_SRC_DST(MulPack_32f, orv_MulPack_32f, float, float)
 
 // Intended: the result is inverted, true on failure and false on success. Hosts depend on it.
 bool SignalProcessingWrapper::MulPack_32f_I(const float* src, float* srcDst, int len)
@@ -19,25 +14,10 @@ bool SignalProcessingWrapper::MulPack_32f_I(const float* src, float* srcDst, int
            }, true) != StatusOk;
 }
 
-bool SignalProcessingWrapper::MulPackConj_32f_I(const float* src, float* srcDst, int len)
-{
-    return orv_MulPackConj_32f(src, srcDst, {len}) == StatusOk;
-}
-
-bool SignalProcessingWrapper::Magnitude_32f(const float* re, const float* im, float* dst, int len)
-{
-    return orv_Magnitude_32f(re, im, dst, {len}) == StatusOk;
-}
-
-bool SignalProcessingWrapper::RealToCplx_32f(const float* re, const float* im, Complex32f* dst, int len)
-{
-    return orv_RealToCplx_32f(re, im, dst, {len}) == StatusOk;
-}
-
-bool SignalProcessingWrapper::WinHamming_32f(const float* src, float* dst, int len)
-{
-    return orv_WinHamming_32f(src, dst, {len}) == StatusOk;
-}
+VECTOR_SRC_DST(MulPackConj_32f_I, orv_MulPackConj_32f, float, float)
+VECTOR_SRC_SRC_DST(Magnitude_32f, orv_Magnitude_32f, float, float)
+VECTOR_SRC_SRC_DST(RealToCplx_32f, orv_RealToCplx_32f, float, Complex32f)
+VECTOR_SRC_DST(WinHamming_32f, orv_WinHamming_32f, float, float)
 
 bool SignalProcessingWrapper::WinHamming_32f_I(float* srcDst, int len)
 {

@@ -1,7 +1,6 @@
 // Vectors filled and moved.
+#include "facade/forms.h"
 #include "signal/vector_moves.h"
-
-#include "SignalProcessingWrapper.h"
 
 using namespace orv;
 
@@ -12,8 +11,4 @@ bool SignalProcessingWrapper::Zero_16u(unsigned short* dst, int len)
     return true;
 }
 
-bool SignalProcessingWrapper::Copy_16u(const unsigned short* src, unsigned short* dst, int len)
-{
-    orv_Copy_16u(src, dst, {len});
-    return true;
-}
+VECTOR_SRC_DST(Copy_16u, always_true(orv_Copy_16u), unsigned short, unsigned short)

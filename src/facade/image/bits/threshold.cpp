@@ -2,118 +2,102 @@
 //
 // Intended: the kernels refuse all operators but less and greater, and so the methods for the other three
 // return false for whatever they are given.
+#include "facade/forms.h"
 #include "image/bits/threshold.h"
-
-#include "ImageProcessingWrapper.h"
-#include "facade/in_place.h"
 
 using namespace orv;
 
-// Value: float, or const float* for one threshold per channel.
-#define THRESHOLD(name, operation, Value, relation)                                                                                   \
-    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* dst, int dstStep, int width, int height, Value threshold) \
-    {                                                                                                                                 \
-        return orv_##operation(src, srcStep, dst, dstStep, {width, height}, relation, threshold) == StatusOk;                         \
+namespace {
+
+// The operator stands between the size and the limits.
+template <class Inner>
+struct When {
+    const Inner& operation;
+    Relation relation;
+
+    template <class T, class... Limits>
+    Status operator()(const T* src, int srcStep, T* dst, int dstStep, Size size, const Limits&... limits) const
+    {
+        return operation(src, srcStep, dst, dstStep, size, relation, limits...);
     }
+};
 
-#define THRESHOLD_IN_PLACE(name, operation, Value, channels, relation)                                                     \
-    bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height, Value threshold)               \
-    {                                                                                                                      \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                       \
-                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, relation, threshold); \
-               }) == StatusOk;                                                                                             \
-    }
+template <class Inner>
+When<Inner> when(const Inner& operation, Relation relation)
+{
+    return {operation, relation};
+}
 
-#define THRESHOLD_VALUE(name, operation, T, relation)                                                                \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* dst, int dstStep, int width, int height,         \
-                                      T threshold, T value)                                                          \
-    {                                                                                                                \
-        return orv_##operation(src, srcStep, dst, dstStep, {width, height}, relation, threshold, value) == StatusOk; \
-    }
+}  // namespace
 
-#define THRESHOLD_VALUE_IN_PLACE(name, operation, T, relation)                                                                    \
-    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, int width, int height, T threshold, T value)                     \
-    {                                                                                                                             \
-        return in_place_checked(srcDst, srcDstStep, width, height, 1, [=](const auto& tile) {                                     \
-                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, relation, threshold, value); \
-               }) == StatusOk;                                                                                                    \
-    }
+SRC_DST(ThresholdLess_32f_C1R, when(orv_Threshold_32f_C1, relation_less), float, float, float)
+SRC_DST(ThresholdLessEq_32f_C1R, when(orv_Threshold_32f_C1, relation_less_eq), float, float, float)
+SRC_DST(ThresholdEq_32f_C1R, when(orv_Threshold_32f_C1, relation_eq), float, float, float)
+SRC_DST(ThresholdGreaterEq_32f_C1R, when(orv_Threshold_32f_C1, relation_greater_eq), float, float, float)
+SRC_DST(ThresholdGreater_32f_C1R, when(orv_Threshold_32f_C1, relation_greater), float, float, float)
 
-#define THRESHOLD_BOTH(name, operation, Value)                                                                                       \
-    bool ImageProcessingWrapper::name(const float* src, int srcStep, float* dst, int dstStep, int width, int height,                 \
-                                      Value thresholdLT, Value valueLT, Value thresholdGT, Value valueGT)                            \
-    {                                                                                                                                \
-        return orv_##operation(src, srcStep, dst, dstStep, {width, height}, thresholdLT, valueLT, thresholdGT, valueGT) == StatusOk; \
-    }
+SRC_DST(ThresholdLess_32f_C3R, when(orv_Threshold_32f_C3, relation_less), float, float, const float*)
+SRC_DST(ThresholdLessEq_32f_C3R, when(orv_Threshold_32f_C3, relation_less_eq), float, float, const float*)
+SRC_DST(ThresholdEq_32f_C3R, when(orv_Threshold_32f_C3, relation_eq), float, float, const float*)
+SRC_DST(ThresholdGreaterEq_32f_C3R, when(orv_Threshold_32f_C3, relation_greater_eq), float, float, const float*)
+SRC_DST(ThresholdGreater_32f_C3R, when(orv_Threshold_32f_C3, relation_greater), float, float, const float*)
 
-#define THRESHOLD_BOTH_IN_PLACE(name, operation, Value, channels)                                                                                               \
-    bool ImageProcessingWrapper::name(float* srcDst, int srcDstStep, int width, int height, Value thresholdLT, Value valueLT, Value thresholdGT, Value valueGT) \
-    {                                                                                                                                                           \
-        return in_place_checked(srcDst, srcDstStep, width, height, channels, [=](const auto& tile) {                                                            \
-                   return orv_##operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, thresholdLT, valueLT, thresholdGT, valueGT);               \
-               }) == StatusOk;                                                                                                                                  \
-    }
+SRCDST(ThresholdLess_32f_C1IR, steps_checked(when(orv_Threshold_32f_C1, relation_less)), float, 1, float)
+SRCDST(ThresholdLessEq_32f_C1IR, steps_checked(when(orv_Threshold_32f_C1, relation_less_eq)), float, 1, float)
+SRCDST(ThresholdEq_32f_C1IR, steps_checked(when(orv_Threshold_32f_C1, relation_eq)), float, 1, float)
+SRCDST(ThresholdGreaterEq_32f_C1IR, steps_checked(when(orv_Threshold_32f_C1, relation_greater_eq)), float, 1, float)
+SRCDST(ThresholdGreater_32f_C1IR, steps_checked(when(orv_Threshold_32f_C1, relation_greater)), float, 1, float)
 
-THRESHOLD(ThresholdLess_32f_C1R, Threshold_32f_C1, float, relation_less)
-THRESHOLD(ThresholdLessEq_32f_C1R, Threshold_32f_C1, float, relation_less_eq)
-THRESHOLD(ThresholdEq_32f_C1R, Threshold_32f_C1, float, relation_eq)
-THRESHOLD(ThresholdGreaterEq_32f_C1R, Threshold_32f_C1, float, relation_greater_eq)
-THRESHOLD(ThresholdGreater_32f_C1R, Threshold_32f_C1, float, relation_greater)
+SRCDST(ThresholdLess_32f_C3IR, steps_checked(when(orv_Threshold_32f_C3, relation_less)), float, 3, const float*)
+SRCDST(ThresholdLessEq_32f_C3IR, steps_checked(when(orv_Threshold_32f_C3, relation_less_eq)), float, 3, const float*)
+SRCDST(ThresholdEq_32f_C3IR, steps_checked(when(orv_Threshold_32f_C3, relation_eq)), float, 3, const float*)
+SRCDST(ThresholdGreaterEq_32f_C3IR, steps_checked(when(orv_Threshold_32f_C3, relation_greater_eq)),
+       float, 3, const float*)
+SRCDST(ThresholdGreater_32f_C3IR, steps_checked(when(orv_Threshold_32f_C3, relation_greater)), float, 3, const float*)
 
-THRESHOLD(ThresholdLess_32f_C3R, Threshold_32f_C3, const float*, relation_less)
-THRESHOLD(ThresholdLessEq_32f_C3R, Threshold_32f_C3, const float*, relation_less_eq)
-THRESHOLD(ThresholdEq_32f_C3R, Threshold_32f_C3, const float*, relation_eq)
-THRESHOLD(ThresholdGreaterEq_32f_C3R, Threshold_32f_C3, const float*, relation_greater_eq)
-THRESHOLD(ThresholdGreater_32f_C3R, Threshold_32f_C3, const float*, relation_greater)
+SRC_DST(ThresholdLess_Val_32f_C1R, when(orv_Threshold_Val_32f_C1, relation_less), float, float, float, float)
+SRC_DST(ThresholdLessEq_Val_32f_C1R, when(orv_Threshold_Val_32f_C1, relation_less_eq), float, float, float, float)
+SRC_DST(ThresholdEq_Val_32f_C1R, when(orv_Threshold_Val_32f_C1, relation_eq), float, float, float, float)
+SRC_DST(ThresholdGreaterEq_Val_32f_C1R, when(orv_Threshold_Val_32f_C1, relation_greater_eq), float, float, float, float)
+SRC_DST(ThresholdGreater_Val_32f_C1R, when(orv_Threshold_Val_32f_C1, relation_greater), float, float, float, float)
 
-THRESHOLD_IN_PLACE(ThresholdLess_32f_C1IR, Threshold_32f_C1, float, 1, relation_less)
-THRESHOLD_IN_PLACE(ThresholdLessEq_32f_C1IR, Threshold_32f_C1, float, 1, relation_less_eq)
-THRESHOLD_IN_PLACE(ThresholdEq_32f_C1IR, Threshold_32f_C1, float, 1, relation_eq)
-THRESHOLD_IN_PLACE(ThresholdGreaterEq_32f_C1IR, Threshold_32f_C1, float, 1, relation_greater_eq)
-THRESHOLD_IN_PLACE(ThresholdGreater_32f_C1IR, Threshold_32f_C1, float, 1, relation_greater)
+SRC_DST(ThresholdLess_Val_8u_C1R, when(orv_Threshold_Val_8u_C1, relation_less),
+        unsigned char, unsigned char, unsigned char, unsigned char)
+SRC_DST(ThresholdLessEq_Val_8u_C1R, when(orv_Threshold_Val_8u_C1, relation_less_eq),
+        unsigned char, unsigned char, unsigned char, unsigned char)
+SRC_DST(ThresholdEq_Val_8u_C1R, when(orv_Threshold_Val_8u_C1, relation_eq),
+        unsigned char, unsigned char, unsigned char, unsigned char)
+SRC_DST(ThresholdGreaterEq_Val_8u_C1R, when(orv_Threshold_Val_8u_C1, relation_greater_eq),
+        unsigned char, unsigned char, unsigned char, unsigned char)
+SRC_DST(ThresholdGreater_Val_8u_C1R, when(orv_Threshold_Val_8u_C1, relation_greater),
+        unsigned char, unsigned char, unsigned char, unsigned char)
 
-THRESHOLD_IN_PLACE(ThresholdLess_32f_C3IR, Threshold_32f_C3, const float*, 3, relation_less)
-THRESHOLD_IN_PLACE(ThresholdLessEq_32f_C3IR, Threshold_32f_C3, const float*, 3, relation_less_eq)
-THRESHOLD_IN_PLACE(ThresholdEq_32f_C3IR, Threshold_32f_C3, const float*, 3, relation_eq)
-THRESHOLD_IN_PLACE(ThresholdGreaterEq_32f_C3IR, Threshold_32f_C3, const float*, 3, relation_greater_eq)
-THRESHOLD_IN_PLACE(ThresholdGreater_32f_C3IR, Threshold_32f_C3, const float*, 3, relation_greater)
+SRCDST(ThresholdLess_Val_8u_C1IR, steps_checked(when(orv_Threshold_Val_8u_C1, relation_less)),
+       unsigned char, 1, unsigned char, unsigned char)
+SRCDST(ThresholdLessEq_Val_8u_C1IR, steps_checked(when(orv_Threshold_Val_8u_C1, relation_less_eq)),
+       unsigned char, 1, unsigned char, unsigned char)
+SRCDST(ThresholdEq_Val_8u_C1IR, steps_checked(when(orv_Threshold_Val_8u_C1, relation_eq)),
+       unsigned char, 1, unsigned char, unsigned char)
+SRCDST(ThresholdGreaterEq_Val_8u_C1IR, steps_checked(when(orv_Threshold_Val_8u_C1, relation_greater_eq)),
+       unsigned char, 1, unsigned char, unsigned char)
+SRCDST(ThresholdGreater_Val_8u_C1IR, steps_checked(when(orv_Threshold_Val_8u_C1, relation_greater)),
+       unsigned char, 1, unsigned char, unsigned char)
 
-THRESHOLD_VALUE(ThresholdLess_Val_32f_C1R, Threshold_Val_32f_C1, float, relation_less)
-THRESHOLD_VALUE(ThresholdLessEq_Val_32f_C1R, Threshold_Val_32f_C1, float, relation_less_eq)
-THRESHOLD_VALUE(ThresholdEq_Val_32f_C1R, Threshold_Val_32f_C1, float, relation_eq)
-THRESHOLD_VALUE(ThresholdGreaterEq_Val_32f_C1R, Threshold_Val_32f_C1, float, relation_greater_eq)
-THRESHOLD_VALUE(ThresholdGreater_Val_32f_C1R, Threshold_Val_32f_C1, float, relation_greater)
+SRC_DST(Threshold_GT_32f_C1, when(orv_Threshold_32f_C1, relation_greater), float, float, float)
+SRCDST(Threshold_GT_32f_C1I, steps_checked(when(orv_Threshold_32f_C1, relation_greater)), float, 1, float)
+SRC_DST(Threshold_LT_32f_C1, when(orv_Threshold_32f_C1, relation_less), float, float, float)
+SRCDST(Threshold_LT_32f_C1I, steps_checked(when(orv_Threshold_32f_C1, relation_less)), float, 1, float)
+SRC_DST(Threshold_GTVal_32f_C1, when(orv_Threshold_Val_32f_C1, relation_greater), float, float, float, float)
+SRCDST(Threshold_GTVal_32f_C1I, steps_checked(when(orv_Threshold_Val_32f_C1, relation_greater)), float, 1, float, float)
+SRC_DST(Threshold_GTVal_16u_C1, when(orv_Threshold_Val_16u_C1, relation_greater),
+        unsigned short, unsigned short, unsigned short, unsigned short)
+SRC_DST(Threshold_LTVal_32f_C1, when(orv_Threshold_Val_32f_C1, relation_less), float, float, float, float)
+SRCDST(Threshold_LTVal_32f_C1I, steps_checked(when(orv_Threshold_Val_32f_C1, relation_less)), float, 1, float, float)
 
-THRESHOLD_VALUE(ThresholdLess_Val_8u_C1R, Threshold_Val_8u_C1, unsigned char, relation_less)
-THRESHOLD_VALUE(ThresholdLessEq_Val_8u_C1R, Threshold_Val_8u_C1, unsigned char, relation_less_eq)
-THRESHOLD_VALUE(ThresholdEq_Val_8u_C1R, Threshold_Val_8u_C1, unsigned char, relation_eq)
-THRESHOLD_VALUE(ThresholdGreaterEq_Val_8u_C1R, Threshold_Val_8u_C1, unsigned char, relation_greater_eq)
-THRESHOLD_VALUE(ThresholdGreater_Val_8u_C1R, Threshold_Val_8u_C1, unsigned char, relation_greater)
-
-THRESHOLD_VALUE_IN_PLACE(ThresholdLess_Val_8u_C1IR, Threshold_Val_8u_C1, unsigned char, relation_less)
-THRESHOLD_VALUE_IN_PLACE(ThresholdLessEq_Val_8u_C1IR, Threshold_Val_8u_C1, unsigned char, relation_less_eq)
-THRESHOLD_VALUE_IN_PLACE(ThresholdEq_Val_8u_C1IR, Threshold_Val_8u_C1, unsigned char, relation_eq)
-THRESHOLD_VALUE_IN_PLACE(ThresholdGreaterEq_Val_8u_C1IR, Threshold_Val_8u_C1, unsigned char, relation_greater_eq)
-THRESHOLD_VALUE_IN_PLACE(ThresholdGreater_Val_8u_C1IR, Threshold_Val_8u_C1, unsigned char, relation_greater)
-
-THRESHOLD(Threshold_GT_32f_C1, Threshold_32f_C1, float, relation_greater)
-THRESHOLD_IN_PLACE(Threshold_GT_32f_C1I, Threshold_32f_C1, float, 1, relation_greater)
-THRESHOLD(Threshold_LT_32f_C1, Threshold_32f_C1, float, relation_less)
-THRESHOLD_IN_PLACE(Threshold_LT_32f_C1I, Threshold_32f_C1, float, 1, relation_less)
-THRESHOLD_VALUE(Threshold_GTVal_32f_C1, Threshold_Val_32f_C1, float, relation_greater)
-THRESHOLD_VALUE_IN_PLACE(Threshold_GTVal_32f_C1I, Threshold_Val_32f_C1, float, relation_greater)
-THRESHOLD_VALUE(Threshold_GTVal_16u_C1, Threshold_Val_16u_C1, unsigned short, relation_greater)
-THRESHOLD_VALUE(Threshold_LTVal_32f_C1, Threshold_Val_32f_C1, float, relation_less)
-THRESHOLD_VALUE_IN_PLACE(Threshold_LTVal_32f_C1I, Threshold_Val_32f_C1, float, relation_less)
-
-THRESHOLD_BOTH(Threshold_LTValGTVal_32f_C1R, Threshold_LTValGTVal_32f_C1, float)
-THRESHOLD_BOTH_IN_PLACE(Threshold_LTValGTVal_32f_C1IR, Threshold_LTValGTVal_32f_C1, float, 1)
-THRESHOLD_BOTH(Threshold_LTValGTVal_32f_C3R, Threshold_LTValGTVal_32f_C3, const float*)
-THRESHOLD_BOTH_IN_PLACE(Threshold_LTValGTVal_32f_C3IR, Threshold_LTValGTVal_32f_C3, const float*, 3)
-
-#undef THRESHOLD
-#undef THRESHOLD_IN_PLACE
-#undef THRESHOLD_VALUE
-#undef THRESHOLD_VALUE_IN_PLACE
-#undef THRESHOLD_BOTH
-#undef THRESHOLD_BOTH_IN_PLACE
+SRC_DST(Threshold_LTValGTVal_32f_C1R, orv_Threshold_LTValGTVal_32f_C1, float, float, float, float, float, float)
+SRCDST(Threshold_LTValGTVal_32f_C1IR, steps_checked(orv_Threshold_LTValGTVal_32f_C1),
+       float, 1, float, float, float, float)
+SRC_DST(Threshold_LTValGTVal_32f_C3R, orv_Threshold_LTValGTVal_32f_C3,
+        float, float, const float*, const float*, const float*, const float*)
+SRCDST(Threshold_LTValGTVal_32f_C3IR, steps_checked(orv_Threshold_LTValGTVal_32f_C3),
+       float, 3, const float*, const float*, const float*, const float*)

@@ -1,34 +1,25 @@
 // Fixed-kernel filters. The 3x3 and 5x5 methods of a kind share an operation and differ in a code.
+#include "facade/forms.h"
 #include "image/filters/filters.h"
-
-#include "ImageProcessingWrapper.h"
 
 using namespace orv;
 
-#define SRC_DST_MASK(name, operation, T, mask)                                                          \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* dst, int dstStep, int width, int height) \
-    {                                                                                                   \
-        return orv_##operation(src, srcStep, dst, dstStep, {width, height}, mask) == StatusOk;          \
-    }
-
-SRC_DST_MASK(FilterLowpass3x3_8u_C3R, FilterLowpass_8u_C3, unsigned char, mask_3x3)
-SRC_DST_MASK(FilterLowpass5x5_8u_C3R, FilterLowpass_8u_C3, unsigned char, mask_5x5)
-SRC_DST_MASK(FilterLowpass3x3_16u_C1R, FilterLowpass_16u_C1, unsigned short, mask_3x3)
-SRC_DST_MASK(FilterLowpass5x5_16u_C1R, FilterLowpass_16u_C1, unsigned short, mask_5x5)
-SRC_DST_MASK(FilterLowpass3x3_32f_C1R, FilterLowpass_32f_C1, float, mask_3x3)
-SRC_DST_MASK(FilterLowpass5x5_32f_C1R, FilterLowpass_32f_C1, float, mask_5x5)
-SRC_DST_MASK(FilterLowpass3x3_32f_C3R, FilterLowpass_32f_C3, float, mask_3x3)
-SRC_DST_MASK(FilterLowpass5x5_32f_C3R, FilterLowpass_32f_C3, float, mask_5x5)
-SRC_DST_MASK(FilterHipass3x3_32f_C1R, FilterHipass_32f_C1, float, mask_3x3)
-SRC_DST_MASK(FilterHipass5x5_32f_C1R, FilterHipass_32f_C1, float, mask_5x5)
-SRC_DST_MASK(FilterLaplace3x3_32f_C1R, FilterLaplace_32f_C1, float, mask_3x3)
-SRC_DST_MASK(FilterLaplace5x5_32f_C1R, FilterLaplace_32f_C1, float, mask_5x5)
-SRC_DST_MASK(FilterSobelCross3x3_32f_C1R, FilterSobelCross_32f_C1, float, mask_3x3)
-SRC_DST_MASK(FilterSobelCross5x5_32f_C1R, FilterSobelCross_32f_C1, float, mask_5x5)
-SRC_DST_MASK(FilterGauss3x3_16u_C1R, FilterGauss_16u_C1, unsigned short, mask_3x3)
-SRC_DST_MASK(FilterGauss5x5_16u_C1R, FilterGauss_16u_C1, unsigned short, mask_5x5)
-
-#undef SRC_DST_MASK
+SRC_DST(FilterLowpass3x3_8u_C3R, with(orv_FilterLowpass_8u_C3, mask_3x3), unsigned char, unsigned char)
+SRC_DST(FilterLowpass5x5_8u_C3R, with(orv_FilterLowpass_8u_C3, mask_5x5), unsigned char, unsigned char)
+SRC_DST(FilterLowpass3x3_16u_C1R, with(orv_FilterLowpass_16u_C1, mask_3x3), unsigned short, unsigned short)
+SRC_DST(FilterLowpass5x5_16u_C1R, with(orv_FilterLowpass_16u_C1, mask_5x5), unsigned short, unsigned short)
+SRC_DST(FilterLowpass3x3_32f_C1R, with(orv_FilterLowpass_32f_C1, mask_3x3), float, float)
+SRC_DST(FilterLowpass5x5_32f_C1R, with(orv_FilterLowpass_32f_C1, mask_5x5), float, float)
+SRC_DST(FilterLowpass3x3_32f_C3R, with(orv_FilterLowpass_32f_C3, mask_3x3), float, float)
+SRC_DST(FilterLowpass5x5_32f_C3R, with(orv_FilterLowpass_32f_C3, mask_5x5), float, float)
+SRC_DST(FilterHipass3x3_32f_C1R, with(orv_FilterHipass_32f_C1, mask_3x3), float, float)
+SRC_DST(FilterHipass5x5_32f_C1R, with(orv_FilterHipass_32f_C1, mask_5x5), float, float)
+SRC_DST(FilterLaplace3x3_32f_C1R, with(orv_FilterLaplace_32f_C1, mask_3x3), float, float)
+SRC_DST(FilterLaplace5x5_32f_C1R, with(orv_FilterLaplace_32f_C1, mask_5x5), float, float)
+SRC_DST(FilterSobelCross3x3_32f_C1R, with(orv_FilterSobelCross_32f_C1, mask_3x3), float, float)
+SRC_DST(FilterSobelCross5x5_32f_C1R, with(orv_FilterSobelCross_32f_C1, mask_5x5), float, float)
+SRC_DST(FilterGauss3x3_16u_C1R, with(orv_FilterGauss_16u_C1, mask_3x3), unsigned short, unsigned short)
+SRC_DST(FilterGauss5x5_16u_C1R, with(orv_FilterGauss_16u_C1, mask_5x5), unsigned short, unsigned short)
 
 // The forms that make their own border add its kind, and the value that the replicating ones do not use.
 

@@ -1,73 +1,44 @@
 // Copy, set, conversion, channel order, transposition and mirroring.
+#include "facade/forms.h"
 #include "image/moving/data_movement.h"
-
-#include "ImageProcessingWrapper.h"
-#include "facade/in_place.h"
 
 using namespace orv;
 
-#define SRC_DST(name, operation, From, To)                                                        \
-    bool ImageProcessingWrapper::name(const From* src, int srcStep, To* dst, int dstStep, int width, \
-                                      int height)                                                 \
-    {                                                                                             \
-        return orv_##operation(src, srcStep, dst, dstStep, {width, height}) == StatusOk;          \
-    }
-
-SRC_DST(Copy_8u_C1, Copy_8u_C1, unsigned char, unsigned char)
-SRC_DST(Copy_8u_C3, Copy_8u_C3, unsigned char, unsigned char)
-SRC_DST(Copy_8u_C4, Copy_8u_C4, unsigned char, unsigned char)
-SRC_DST(Copy_16u_C1, Copy_16u_C1, unsigned short, unsigned short)
-SRC_DST(Copy_16s_C1, Copy_16s_C1, short, short)
-SRC_DST(Copy_32s_C1, Copy_32s_C1, int, int)
-SRC_DST(Copy_32f_C1, Copy_32f_C1, float, float)
-SRC_DST(Copy_32f_C3, Copy_32f_C3, float, float)
-SRC_DST(Copy_32f_C4, Copy_32f_C4, float, float)
+SRC_DST(Copy_8u_C1, orv_Copy_8u_C1, unsigned char, unsigned char)
+SRC_DST(Copy_8u_C3, orv_Copy_8u_C3, unsigned char, unsigned char)
+SRC_DST(Copy_8u_C4, orv_Copy_8u_C4, unsigned char, unsigned char)
+SRC_DST(Copy_16u_C1, orv_Copy_16u_C1, unsigned short, unsigned short)
+SRC_DST(Copy_16s_C1, orv_Copy_16s_C1, short, short)
+SRC_DST(Copy_32s_C1, orv_Copy_32s_C1, int, int)
+SRC_DST(Copy_32f_C1, orv_Copy_32f_C1, float, float)
+SRC_DST(Copy_32f_C3, orv_Copy_32f_C3, float, float)
+SRC_DST(Copy_32f_C4, orv_Copy_32f_C4, float, float)
 
 // Intended: always true, whatever the status.
-bool ImageProcessingWrapper::Copy_32fc_C1(const Complex32f* src, int srcStep, Complex32f* dst, int dstStep,
-                                          int width, int height)
-{
-    orv_Copy_32fc_C1(src, srcStep, dst, dstStep, {width, height});
-    return true;
-}
+SRC_DST(Copy_32fc_C1, always_true(orv_Copy_32fc_C1), Complex32f, Complex32f)
 
-#define VALUE_DST(name, T, Value)                                                                 \
-    bool ImageProcessingWrapper::name(Value value, T* dst, int dstStep, int width, int height)    \
-    {                                                                                             \
-        return orv_##name(value, dst, dstStep, {width, height}) == StatusOk;                      \
-    }
+VALUE_DST(Set_8u_C1, orv_Set_8u_C1, unsigned char, unsigned char)
+VALUE_DST(Set_16u_C1, orv_Set_16u_C1, unsigned short, unsigned short)
+VALUE_DST(Set_16s_C1, orv_Set_16s_C1, short, short)
+VALUE_DST(Set_32s_C1, orv_Set_32s_C1, int, int)
+VALUE_DST(Set_32f_C1, orv_Set_32f_C1, float, float)
+VALUE_DST(Set_8u_C3, orv_Set_8u_C3, const unsigned char*, unsigned char)
+VALUE_DST(Set_8u_C4, orv_Set_8u_C4, const unsigned char*, unsigned char)
+VALUE_DST(Set_32s_C3, orv_Set_32s_C3, const int*, int)
+VALUE_DST(Set_32s_C4, orv_Set_32s_C4, const int*, int)
+VALUE_DST(Set_32f_C3, orv_Set_32f_C3, const float*, float)
+VALUE_DST(Set_32f_C4, orv_Set_32f_C4, const float*, float)
 
-VALUE_DST(Set_8u_C1, unsigned char, unsigned char)
-VALUE_DST(Set_16u_C1, unsigned short, unsigned short)
-VALUE_DST(Set_16s_C1, short, short)
-VALUE_DST(Set_32s_C1, int, int)
-VALUE_DST(Set_32f_C1, float, float)
-VALUE_DST(Set_8u_C3, unsigned char, const unsigned char*)
-VALUE_DST(Set_8u_C4, unsigned char, const unsigned char*)
-VALUE_DST(Set_32s_C3, int, const int*)
-VALUE_DST(Set_32s_C4, int, const int*)
-VALUE_DST(Set_32f_C3, float, const float*)
-VALUE_DST(Set_32f_C4, float, const float*)
+SRC_DST(Convert_8u16u_C1, orv_Convert_8u16u_C1, unsigned char, unsigned short)
+SRC_DST(Convert_8u32f_C1, orv_Convert_8u32f_C1, unsigned char, float)
+SRC_DST(Convert_8u32f_C3, orv_Convert_8u32f_C3, unsigned char, float)
+SRC_DST(Convert_16u32f_C1, orv_Convert_16u32f_C1, unsigned short, float)
+SRC_DST(Convert_32f16u_C1, orv_Convert_32f16u_C1, float, unsigned short)
+SRC_DST(Convert_32f8u_C3, orv_Convert_32f8u_C3, float, unsigned char)
 
-SRC_DST(Convert_8u16u_C1, Convert_8u16u_C1, unsigned char, unsigned short)
-SRC_DST(Convert_8u32f_C1, Convert_8u32f_C1, unsigned char, float)
-SRC_DST(Convert_8u32f_C3, Convert_8u32f_C3, unsigned char, float)
-SRC_DST(Convert_16u32f_C1, Convert_16u32f_C1, unsigned short, float)
-SRC_DST(Convert_32f16u_C1, Convert_32f16u_C1, float, unsigned short)
-SRC_DST(Convert_32f8u_C3, Convert_32f8u_C3, float, unsigned char)
+SRC_DST(Transpose_32f_C1R, orv_Transpose_32f_C1, float, float)
 
-SRC_DST(Transpose_32f_C1R, Transpose_32f_C1, float, float)
-
-#undef SRC_DST
-#undef VALUE_DST
-
-bool ImageProcessingWrapper::SwapChannels_8u_C3IR(unsigned char* srcDst, int srcDstStep, int width, int height,
-                                                  const int* order)
-{
-    return in_place_checked(srcDst, srcDstStep, width, height, 3, [=](const auto& tile) {
-               return orv_SwapChannels_8u_C3(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size, order);
-           }) == StatusOk;
-}
+SRCDST(SwapChannels_8u_C3IR, steps_checked(orv_SwapChannels_8u_C3), unsigned char, 3, const int*)
 
 // Directly in place: each pixel is read before it is written.
 bool ImageProcessingWrapper::SwapChannels_8u_C4IR(unsigned char* srcDst, int srcDstStep, int width, int height,

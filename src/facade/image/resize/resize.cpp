@@ -49,11 +49,54 @@ Status with_plan(int interpolation, Size source, Size destination, int channels,
     return apply(blocks.plan, blocks.work);
 }
 
+// The apply steps under one argument list, each with its interpolation.
+template <class Inner>
+struct Nearest {
+    static constexpr int kInterpolation = kResizeNearest;
+    const Inner& operation;
+
+    template <class T>
+    Status operator()(const T* src, int srcStep, T* dst, int dstStep, int x, int y, Size size, void* plan,
+                      void* work) const
+    {
+        return operation(src, srcStep, dst, dstStep, x, y, size, plan, work);
+    }
+};
+
+template <int Interpolation, class Inner>
+struct Interpolated {
+    static constexpr int kInterpolation = Interpolation;
+    const Inner& operation;
+
+    template <class T>
+    Status operator()(const T* src, int srcStep, T* dst, int dstStep, int x, int y, Size size, void* plan,
+                      void* work) const
+    {
+        return operation(src, srcStep, dst, dstStep, x, y, size, kBorderReplicate, nullptr, plan, work);
+    }
+};
+
+template <class Inner>
+Nearest<Inner> nearest(const Inner& operation)
+{
+    return {operation};
+}
+template <class Inner>
+Interpolated<kResizeLinear, Inner> linear(const Inner& operation)
+{
+    return {operation};
+}
+template <class Inner>
+Interpolated<kResizeCubic, Inner> cubic(const Inner& operation)
+{
+    return {operation};
+}
+
 // Zoom and pan. No status comes out: these methods are always true, which hosts rely on. `zoom` stays in memory: on the
 // x87 even a copy of a float may trap in a host that has unmasked exceptions.
 template <class T, class Operation>
-void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size source, T* dst, int dstStep, Size destination,
-                  int channels, const float& zoom, int panX, int panY, bool smooth)
+void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size source, T* dst, int dstStep,
+                  Size destination, int channels, const float& zoom, int panX, int panY, bool smooth)
 {
     SquareMapping mapping;
     orv_ZoomMapping(source, destination.width, zoom, panX, panY, smooth, &mapping);
@@ -62,86 +105,66 @@ void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size so
     if (orv_ResizeGetBufSize(from, to, channels, mapping.interpolation, &size) != StatusOk) return;
     void* const buffer = orv_allocate(size);
     if (buffer == nullptr) return;
-    operation(src, source, srcStep, from, dst, dstStep, to, mapping.factor, mapping.factor, mapping.xShift, mapping.yShift,
-              mapping.interpolation, buffer);
+    operation(src, source, srcStep, from, dst, dstStep, to, mapping.factor, mapping.factor, mapping.xShift,
+              mapping.yShift, mapping.interpolation, buffer);
     orv_release(buffer);
 }
 
 }  // namespace
 
-// The factors are never read: the sizes alone make the scale.
-#define NEAREST(name, operation, T, channels)                                                                      \
+// (name, operation, T, channels). The factors are never read: the sizes alone make the scale.
+#define RESIZE(name, operation, T, channels)                                                                       \
     bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
                                       int dstWidth, int dstHeight, double, double)                                 \
     {                                                                                                              \
-        const Size destination = {dstWidth, dstHeight};                                                            \
-        return with_plan(kResizeNearest, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
-                   return operation(src, srcStep, dst, dstStep, 0, 0, destination, plan, work);                    \
-               }) == StatusOk;                                                                                     \
+        const auto apply = operation;                                                                              \
+        const Size from = {srcWidth, srcHeight}, to = {dstWidth, dstHeight};                                       \
+        return with_plan(apply.kInterpolation, from, to, channels, [&](void* plan, void* work) {                   \
+            return apply(src, srcStep, dst, dstStep, 0, 0, to, plan, work);                                        \
+        }) == StatusOk;                                                                                            \
     }
 
-#define INTERPOLATED(name, operation, interpolation, T, channels)                                                  \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
-                                      int dstWidth, int dstHeight, double, double)                                 \
-    {                                                                                                              \
-        const Size destination = {dstWidth, dstHeight};                                                            \
-        return with_plan(interpolation, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
-                   return operation(src, srcStep, dst, dstStep, 0, 0, destination, kBorderReplicate, nullptr, plan, work); \
-               }) == StatusOk;                                                                                     \
-    }
-
-#define CENTER_NEAREST(name, operation, T, channels)                                                               \
+// (name, operation, T, channels)
+#define RESIZE_CENTER(name, operation, T, channels)                                                                \
     bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
                                       int dstWidth, int dstHeight, double, double, double centerX, double centerY) \
     {                                                                                                              \
-        const Size destination = {dstWidth, dstHeight};                                                            \
-        return with_plan(kResizeNearest, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
-                   int x = 0, y = 0;                                                                               \
-                   orv_ResizeCenterOffset(destination, centerX, centerY, &x, &y);                                  \
-                   return operation(src, srcStep, dst, dstStep, x, y, destination, plan, work);                    \
-               }) == StatusOk;                                                                                     \
+        const auto apply = operation;                                                                              \
+        const Size from = {srcWidth, srcHeight}, to = {dstWidth, dstHeight};                                       \
+        return with_plan(apply.kInterpolation, from, to, channels, [&](void* plan, void* work) {                   \
+            int x = 0, y = 0;                                                                                      \
+            orv_ResizeCenterOffset(to, centerX, centerY, &x, &y);                                                  \
+            return apply(src, srcStep, dst, dstStep, x, y, to, plan, work);                                        \
+        }) == StatusOk;                                                                                            \
     }
 
-#define CENTER_INTERPOLATED(name, operation, interpolation, T, channels)                                           \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
-                                      int dstWidth, int dstHeight, double, double, double centerX, double centerY) \
-    {                                                                                                              \
-        const Size destination = {dstWidth, dstHeight};                                                            \
-        return with_plan(interpolation, {srcWidth, srcHeight}, destination, channels, [&](void* plan, void* work) { \
-                   int x = 0, y = 0;                                                                               \
-                   orv_ResizeCenterOffset(destination, centerX, centerY, &x, &y);                                  \
-                   return operation(src, srcStep, dst, dstStep, x, y, destination, kBorderReplicate, nullptr, plan, work); \
-               }) == StatusOk;                                                                                     \
-    }
+RESIZE(ResizeNN_16u_C1R, nearest(orv_ResizeNearest_16u_C1), unsigned short, 1)
+RESIZE(ResizeNN_8u_C3R, nearest(orv_ResizeNearest_8u_C3), unsigned char, 3)
+RESIZE(ResizeNN_8u_C4R, nearest(orv_ResizeNearest_8u_C4), unsigned char, 4)
 
-NEAREST(ResizeNN_16u_C1R, orv_ResizeNearest_16u_C1, unsigned short, 1)
-NEAREST(ResizeNN_8u_C3R, orv_ResizeNearest_8u_C3, unsigned char, 3)
-NEAREST(ResizeNN_8u_C4R, orv_ResizeNearest_8u_C4, unsigned char, 4)
-
-INTERPOLATED(ResizeCubic_16u_C1R, orv_ResizeCubic_16u_C1, kResizeCubic, unsigned short, 1)
-INTERPOLATED(ResizeCubic_8u_C3R, orv_ResizeCubic_8u_C3, kResizeCubic, unsigned char, 3)
-INTERPOLATED(ResizeCubic_8u_C4R, orv_ResizeCubic_8u_C4, kResizeCubic, unsigned char, 4)
+RESIZE(ResizeCubic_16u_C1R, cubic(orv_ResizeCubic_16u_C1), unsigned short, 1)
+RESIZE(ResizeCubic_8u_C3R, cubic(orv_ResizeCubic_8u_C3), unsigned char, 3)
+RESIZE(ResizeCubic_8u_C4R, cubic(orv_ResizeCubic_8u_C4), unsigned char, 4)
 
 // Intended: linear, although its name says nearest neighbour. Hosts depend on what it computes.
-CENTER_INTERPOLATED(ResizeCenterNN_16u_C1R, orv_ResizeLinear_16u_C1, kResizeLinear, unsigned short, 1)
-CENTER_NEAREST(ResizeCenterNN_8u_C3R, orv_ResizeNearest_8u_C3, unsigned char, 3)
-CENTER_NEAREST(ResizeCenterNN_8u_C4R, orv_ResizeNearest_8u_C4, unsigned char, 4)
+RESIZE_CENTER(ResizeCenterNN_16u_C1R, linear(orv_ResizeLinear_16u_C1), unsigned short, 1)
+RESIZE_CENTER(ResizeCenterNN_8u_C3R, nearest(orv_ResizeNearest_8u_C3), unsigned char, 3)
+RESIZE_CENTER(ResizeCenterNN_8u_C4R, nearest(orv_ResizeNearest_8u_C4), unsigned char, 4)
 
-CENTER_INTERPOLATED(ResizeCenterCubic_16u_C1R, orv_ResizeCubic_16u_C1, kResizeCubic, unsigned short, 1)
-CENTER_INTERPOLATED(ResizeCenterCubic_8u_C3R, orv_ResizeCubic_8u_C3, kResizeCubic, unsigned char, 3)
-CENTER_INTERPOLATED(ResizeCenterCubic_8u_C4R, orv_ResizeCubic_8u_C4, kResizeCubic, unsigned char, 4)
+RESIZE_CENTER(ResizeCenterCubic_16u_C1R, cubic(orv_ResizeCubic_16u_C1), unsigned short, 1)
+RESIZE_CENTER(ResizeCenterCubic_8u_C3R, cubic(orv_ResizeCubic_8u_C3), unsigned char, 3)
+RESIZE_CENTER(ResizeCenterCubic_8u_C4R, cubic(orv_ResizeCubic_8u_C4), unsigned char, 4)
 
-#undef NEAREST
-#undef INTERPOLATED
-#undef CENTER_NEAREST
-#undef CENTER_INTERPOLATED
+#undef RESIZE
+#undef RESIZE_CENTER
 
 bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
                                               int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
                                               int interpolation, int* size)
 {
-    return orv_ResizeGetBufSize({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight},
-                                channels, interpolation, size) == StatusOk;
+    return orv_ResizeGetBufSize({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight},
+                                {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, channels, interpolation,
+                                size) == StatusOk;
 }
 
 bool ImageProcessingWrapper::ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
@@ -151,18 +174,19 @@ bool ImageProcessingWrapper::ResizeSqrPixel_16u_C1R(const unsigned short* src, i
                                                     double xShift, double yShift, int interpolation,
                                                     unsigned char* buffer)
 {
-    return orv_ResizeSqrPixel_16u_C1(src, {srcWidth, srcHeight}, srcStep, {srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst,
-                                     dstStep, {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, xFactor, yFactor, xShift, yShift,
+    return orv_ResizeSqrPixel_16u_C1(src, {srcWidth, srcHeight}, srcStep,
+                                     {srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst, dstStep,
+                                     {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, xFactor, yFactor, xShift, yShift,
                                      interpolation, buffer) == StatusOk;
 }
 
-#define ALWAYS_TRUE_ZOOM(name, operation, T, channels)                                                                 \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, int srcWidth, int srcHeight, T* dst, int dstStep,     \
-                                      int dstWidth, int dstHeight, float zoom, int panX, int panY, bool smooth)        \
-    {                                                                                                                  \
-        zoom_and_pan(operation, src, srcStep, {srcWidth, srcHeight}, dst, dstStep, {dstWidth, dstHeight}, channels,    \
-                     zoom, panX, panY, smooth);                                                                        \
-        return true;                                                                                                   \
+#define ALWAYS_TRUE_ZOOM(name, operation, T, channels)                                                              \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, int srcWidth, int srcHeight, T* dst, int dstStep,  \
+                                      int dstWidth, int dstHeight, float zoom, int panX, int panY, bool smooth)     \
+    {                                                                                                               \
+        zoom_and_pan(operation, src, srcStep, {srcWidth, srcHeight}, dst, dstStep, {dstWidth, dstHeight}, channels, \
+                     zoom, panX, panY, smooth);                                                                     \
+        return true;                                                                                                \
     }
 
 // Intended: true whatever happens.

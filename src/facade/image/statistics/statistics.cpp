@@ -1,5 +1,5 @@
 // Sums, means, deviations, extremes and histograms.
-#include "ImageProcessingWrapper.h"
+#include "facade/forms.h"
 #include "image/statistics/extremes.h"
 #include "image/statistics/float_sums.h"
 #include "image/statistics/histogram.h"
@@ -7,92 +7,72 @@
 
 using namespace orv;
 
-#define RESULTS(name, T, R, result)                                                                \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, int width, int height, R* result) \
-    {                                                                                              \
-        return orv_##name(src, srcStep, {width, height}, result) == StatusOk;                      \
+namespace {
+
+// Methods choose between the two kinds of sums by a bool, kernels by a code.
+template <class Inner>
+struct Hinted {
+    const Inner& operation;
+
+    Status operator()(const float* src, int srcStep, Size size, double* results, bool fast) const
+    {
+        return operation(src, srcStep, size, results, fast ? kHintFast : kHintAccurate);
     }
+};
 
-#define RESULTS_WITH_HINT(name, result)                                                              \
-    bool ImageProcessingWrapper::name(const float* src, int srcStep, int width, int height,          \
-                                      double* result, bool fast)                                     \
-    {                                                                                                \
-        return orv_##name(src, srcStep, {width, height}, result, fast ? kHintFast : kHintAccurate) == \
-               StatusOk;                                                                             \
-    }
+template <class Inner>
+Hinted<Inner> hinted(const Inner& operation)
+{
+    return {operation};
+}
 
-#define TWO_RESULTS(name, T, R, first, second)                                                        \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, int width, int height, R* first, R* second) \
-    {                                                                                                 \
-        return orv_##name(src, srcStep, {width, height}, first, second) == StatusOk;                  \
-    }
+}  // namespace
 
-#define POSITION(name, T, value)                                                                  \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, int width, int height, T* value, \
-                                      int* column, int* row)                                      \
-    {                                                                                             \
-        return orv_##name(src, srcStep, {width, height}, value, column, row) == StatusOk;         \
-    }
+SRC(Sum_8u_C1R, orv_Sum_8u_C1R, unsigned char, double*)
+SRC(Sum_8u_C3R, orv_Sum_8u_C3R, unsigned char, double*)
+SRC(Sum_8u_C4R, orv_Sum_8u_C4R, unsigned char, double*)
+SRC(Sum_16u_C1R, orv_Sum_16u_C1R, unsigned short, double*)
+SRC(Sum_16s_C1R, orv_Sum_16s_C1R, short, double*)
+SRC(Sum_32f_C1R, hinted(orv_Sum_32f_C1R), float, double*, bool)
+SRC(Sum_32f_C3R, hinted(orv_Sum_32f_C3R), float, double*, bool)
 
-#define HISTOGRAM(name, T)                                                                              \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, int width, int height, int* histogram, \
-                                      int* levels, int levelCount, int lowerLevel, int upperLevel)      \
-    {                                                                                                   \
-        return orv_##name(src, srcStep, {width, height}, histogram, levels, levelCount, lowerLevel,     \
-                          upperLevel) == StatusOk;                                                      \
-    }
+SRC(Mean_8u_C1R, orv_Mean_8u_C1R, unsigned char, double*)
+SRC(Mean_8u_C3R, orv_Mean_8u_C3R, unsigned char, double*)
+SRC(Mean_8u_C4R, orv_Mean_8u_C4R, unsigned char, double*)
+SRC(Mean_16u_C1R, orv_Mean_16u_C1R, unsigned short, double*)
+SRC(Mean_16s_C1R, orv_Mean_16s_C1R, short, double*)
+SRC(Mean_32f_C1R, hinted(orv_Mean_32f_C1R), float, double*, bool)
+SRC(Mean_32f_C3R, hinted(orv_Mean_32f_C3R), float, double*, bool)
 
-RESULTS(Sum_8u_C1R, unsigned char, double, sum)
-RESULTS(Sum_8u_C3R, unsigned char, double, sum)
-RESULTS(Sum_8u_C4R, unsigned char, double, sum)
-RESULTS(Sum_16u_C1R, unsigned short, double, sum)
-RESULTS(Sum_16s_C1R, short, double, sum)
-RESULTS_WITH_HINT(Sum_32f_C1R, sum)
-RESULTS_WITH_HINT(Sum_32f_C3R, sum)
+SRC(Mean_StdDev_8u_C1R, orv_Mean_StdDev_8u_C1R, unsigned char, double*, double*)
+SRC(Mean_StdDev_16u_C1R, orv_Mean_StdDev_16u_C1R, unsigned short, double*, double*)
 
-RESULTS(Mean_8u_C1R, unsigned char, double, mean)
-RESULTS(Mean_8u_C3R, unsigned char, double, mean)
-RESULTS(Mean_8u_C4R, unsigned char, double, mean)
-RESULTS(Mean_16u_C1R, unsigned short, double, mean)
-RESULTS(Mean_16s_C1R, short, double, mean)
-RESULTS_WITH_HINT(Mean_32f_C1R, mean)
-RESULTS_WITH_HINT(Mean_32f_C3R, mean)
+SRC(Min_8u_C1, orv_Min_8u_C1, unsigned char, unsigned char*)
+SRC(Min_8u_C3, orv_Min_8u_C3, unsigned char, unsigned char*)
+SRC(Min_16u_C1, orv_Min_16u_C1, unsigned short, unsigned short*)
+SRC(Min_16s_C1, orv_Min_16s_C1, short, short*)
+SRC(Min_32f_C1, orv_Min_32f_C1, float, float*)
+SRC(Min_32f_C3, orv_Min_32f_C3, float, float*)
 
-TWO_RESULTS(Mean_StdDev_8u_C1R, unsigned char, double, mean, stdDev)
-TWO_RESULTS(Mean_StdDev_16u_C1R, unsigned short, double, mean, stdDev)
+SRC(Max_8u_C1, orv_Max_8u_C1, unsigned char, unsigned char*)
+SRC(Max_8u_C4, orv_Max_8u_C4, unsigned char, unsigned char*)
+SRC(Max_16u_C1, orv_Max_16u_C1, unsigned short, unsigned short*)
+SRC(Max_16s_C1, orv_Max_16s_C1, short, short*)
+SRC(Max_32f_C1, orv_Max_32f_C1, float, float*)
+SRC(Max_32f_C3, orv_Max_32f_C3, float, float*)
 
-RESULTS(Min_8u_C1, unsigned char, unsigned char, minimum)
-RESULTS(Min_8u_C3, unsigned char, unsigned char, minimum)
-RESULTS(Min_16u_C1, unsigned short, unsigned short, minimum)
-RESULTS(Min_16s_C1, short, short, minimum)
-RESULTS(Min_32f_C1, float, float, minimum)
-RESULTS(Min_32f_C3, float, float, minimum)
+SRC(MinMax_8u_C1, orv_MinMax_8u_C1, unsigned char, unsigned char*, unsigned char*)
+SRC(MinMax_8u_C3, orv_MinMax_8u_C3, unsigned char, unsigned char*, unsigned char*)
+SRC(MinMax_8u_C4, orv_MinMax_8u_C4, unsigned char, unsigned char*, unsigned char*)
+SRC(MinMax_16u_C1, orv_MinMax_16u_C1, unsigned short, unsigned short*, unsigned short*)
+SRC(MinMax_16s_C1, orv_MinMax_16s_C1, short, short*, short*)
+SRC(MinMax_32f_C1, orv_MinMax_32f_C1, float, float*, float*)
+SRC(MinMax_32f_C3, orv_MinMax_32f_C3, float, float*, float*)
 
-RESULTS(Max_8u_C1, unsigned char, unsigned char, maximum)
-RESULTS(Max_8u_C4, unsigned char, unsigned char, maximum)
-RESULTS(Max_16u_C1, unsigned short, unsigned short, maximum)
-RESULTS(Max_16s_C1, short, short, maximum)
-RESULTS(Max_32f_C1, float, float, maximum)
-RESULTS(Max_32f_C3, float, float, maximum)
+SRC(MinIndx_8u_C1R, orv_MinIndx_8u_C1R, unsigned char, unsigned char*, int*, int*)
+SRC(MinIndx_16u_C1R, orv_MinIndx_16u_C1R, unsigned short, unsigned short*, int*, int*)
+SRC(MaxIndx_8u_C1R, orv_MaxIndx_8u_C1R, unsigned char, unsigned char*, int*, int*)
+SRC(MaxIndx_16u_C1R, orv_MaxIndx_16u_C1R, unsigned short, unsigned short*, int*, int*)
 
-TWO_RESULTS(MinMax_8u_C1, unsigned char, unsigned char, minimum, maximum)
-TWO_RESULTS(MinMax_8u_C3, unsigned char, unsigned char, minimum, maximum)
-TWO_RESULTS(MinMax_8u_C4, unsigned char, unsigned char, minimum, maximum)
-TWO_RESULTS(MinMax_16u_C1, unsigned short, unsigned short, minimum, maximum)
-TWO_RESULTS(MinMax_16s_C1, short, short, minimum, maximum)
-TWO_RESULTS(MinMax_32f_C1, float, float, minimum, maximum)
-TWO_RESULTS(MinMax_32f_C3, float, float, minimum, maximum)
-
-POSITION(MinIndx_8u_C1R, unsigned char, minimum)
-POSITION(MinIndx_16u_C1R, unsigned short, minimum)
-POSITION(MaxIndx_8u_C1R, unsigned char, maximum)
-POSITION(MaxIndx_16u_C1R, unsigned short, maximum)
-
-HISTOGRAM(HistogramEven_8u_C1, unsigned char)
-HISTOGRAM(HistogramEven_16u_C1, unsigned short)
-
-#undef RESULTS
-#undef RESULTS_WITH_HINT
-#undef TWO_RESULTS
-#undef POSITION
-#undef HISTOGRAM
+SRC(HistogramEven_8u_C1, orv_HistogramEven_8u_C1, unsigned char, int*, int*, int, int, int)
+SRC(HistogramEven_16u_C1, orv_HistogramEven_16u_C1, unsigned short, int*, int*, int, int, int)

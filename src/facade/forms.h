@@ -1,0 +1,296 @@
+// The shapes of the methods: a row of a facade is one method, and its shape is named after its arguments.
+//
+//     SHAPE(name, operation, types..., channels, types of what follows the size...)
+//
+// `types` are those of the operands in the order of the arguments, where Value is T, or const T* for one value per
+// channel. In-place shapes give the channels of a pixel. A method that departs from the rule, true for StatusOk and
+// nothing added, says so by a word round its operation. Only sources of the facade include this: its macros end with
+// them. What a source defines itself it undefines.
+#pragma once
+
+#include "ImageProcessingWrapper.h"
+#include "SignalProcessingWrapper.h"
+#include "core/operation.h"
+#include "facade/in_memory.h"
+#include "facade/in_place.h"
+#include "facade/signal/in_place_vector.h"
+
+namespace orv {
+
+using ScaleFactor = int;
+
+// --- Words round an operation ---------------------------------------------------------------------
+//
+// The outermost decides what becomes of the status. Arguments go through as references: see in_memory.h.
+
+template <class Inner>
+struct Word {
+    const Inner& operation;
+
+    template <class... Args>
+    Status operator()(const Args&... args) const
+    {
+        return operation(args...);
+    }
+};
+
+// True on failure and false on success.
+template <class Inner>
+struct Inverted : Word<Inner> {};
+
+// True whatever the status.
+template <class Inner>
+struct AlwaysTrue : Word<Inner> {};
+
+// In place, steps below 1 are refused before anything else: see in_place_checked.
+template <class Inner>
+struct StepsChecked : Word<Inner> {};
+
+// A constant of the method's own behind the caller's arguments.
+template <class Inner, class Constant>
+struct With {
+    const Inner& operation;
+    Constant constant;
+
+    template <class... Args>
+    Status operator()(const Args&... args) const
+    {
+        return operation(args..., constant);
+    }
+};
+
+template <class Inner>
+Inverted<Inner> inverted(const Inner& operation)
+{
+    return {{operation}};
+}
+template <class Inner>
+AlwaysTrue<Inner> always_true(const Inner& operation)
+{
+    return {{operation}};
+}
+template <class Inner>
+StepsChecked<Inner> steps_checked(const Inner& operation)
+{
+    return {{operation}};
+}
+template <class Inner, class Constant>
+With<Inner, Constant> with(const Inner& operation, Constant constant)
+{
+    return {operation, constant};
+}
+
+// What a method makes of the status.
+template <class Operation>
+bool result(const Operation&, Status status)
+{
+    return status == StatusOk;
+}
+template <class Inner>
+bool result(const Inverted<Inner>&, Status status)
+{
+    return status != StatusOk;
+}
+template <class Inner>
+bool result(const AlwaysTrue<Inner>&, Status)
+{
+    return true;
+}
+
+template <class Operation, class... Args>
+bool call(const Operation& operation, const Args&... args)
+{
+    return result(operation, operation(args...));
+}
+
+// The in-place call of an operation, and what its method makes of the status.
+template <class Operation, class T, class Body>
+bool call_in_place(const Operation& operation, T* srcDst, int step, int width, int height, int channels, Body body)
+{
+    return result(operation, in_place(srcDst, step, width, height, channels, body));
+}
+template <class Inner, class T, class Body>
+bool call_in_place(const StepsChecked<Inner>& operation, T* srcDst, int step, int width, int height, int channels,
+                   Body body)
+{
+    return result(operation, in_place_checked(srcDst, step, width, height, channels, body));
+}
+
+// The length of a vector, for kernels that take it as such and for those that take a number.
+struct Count {
+    int count;
+    operator int() const { return count; }
+    operator Length() const { return {count}; }
+};
+
+}  // namespace orv
+
+// --- What follows the size ------------------------------------------------------------------------
+//
+// FIRST is what a shape needs, AFTER makes parameters or arguments of the types behind it.
+
+#define FIRST(...) FIRST_(__VA_ARGS__, )
+#define FIRST_(first, ...) first
+#define AFTER(kind, ...) \
+    AFTER_(__VA_ARGS__, AFTER_5, AFTER_4, AFTER_3, AFTER_2, AFTER_1, AFTER_0, )(kind, __VA_ARGS__)
+#define AFTER_(first, A, B, C, D, E, chosen, ...) chosen
+#define AFTER_0(kind, first)
+#define AFTER_1(kind, first, A) kind(A, a)
+#define AFTER_2(kind, first, A, B) kind(A, a) kind(B, b)
+#define AFTER_3(kind, first, A, B, C) kind(A, a) kind(B, b) kind(C, c)
+#define AFTER_4(kind, first, A, B, C, D) kind(A, a) kind(B, b) kind(C, c) kind(D, d)
+#define AFTER_5(kind, first, A, B, C, D, E) kind(A, a) kind(B, b) kind(C, c) kind(D, d) kind(E, e)
+#define PARAMETER(Type, name) , Type name
+#define ARGUMENT(Type, name) , name
+#define PARAMETERS(...) AFTER(PARAMETER, __VA_ARGS__)
+#define ARGUMENTS(...) AFTER(ARGUMENT, __VA_ARGS__)
+
+// --- Images ---------------------------------------------------------------------------------------
+
+// (name, operation, T, ...): from an image to results.
+#define SRC(name, operation, ...)                                                                       \
+    bool ImageProcessingWrapper::name(const FIRST(__VA_ARGS__)* src, int srcStep, int width, int height \
+                                      PARAMETERS(__VA_ARGS__))                                          \
+    {                                                                                                   \
+        return call(operation, src, srcStep, Size{width, height} ARGUMENTS(__VA_ARGS__));               \
+    }
+
+// (name, operation, From, To, ...)
+#define SRC_DST(name, operation, From, ...)                                                               \
+    bool ImageProcessingWrapper::name(const From* src, int srcStep, FIRST(__VA_ARGS__)* dst, int dstStep, \
+                                      int width, int height PARAMETERS(__VA_ARGS__))                      \
+    {                                                                                                     \
+        return call(operation, src, srcStep, dst, dstStep, Size{width, height} ARGUMENTS(__VA_ARGS__));   \
+    }
+
+// (name, operation, From, To, ...)
+#define SRC_SRC_DST(name, operation, From, ...)                                                       \
+    bool ImageProcessingWrapper::name(const From* src1, int src1Step, const From* src2, int src2Step, \
+                                      FIRST(__VA_ARGS__)* dst, int dstStep, int width, int height     \
+                                      PARAMETERS(__VA_ARGS__))                                        \
+    {                                                                                                 \
+        return call(operation, src1, src1Step, src2, src2Step, dst, dstStep,                          \
+                    Size{width, height} ARGUMENTS(__VA_ARGS__));                                      \
+    }
+
+// (name, operation, From, Value, To, ...)
+#define SRC_VALUE_DST(name, operation, From, Value, ...)                                                       \
+    bool ImageProcessingWrapper::name(const From* src, int srcStep, Value value, FIRST(__VA_ARGS__)* dst,      \
+                                      int dstStep, int width, int height PARAMETERS(__VA_ARGS__))              \
+    {                                                                                                          \
+        return call(operation, src, srcStep, value, dst, dstStep, Size{width, height} ARGUMENTS(__VA_ARGS__)); \
+    }
+
+// (name, operation, Value, T)
+#define VALUE_DST(name, operation, Value, T)                                                   \
+    bool ImageProcessingWrapper::name(Value value, T* dst, int dstStep, int width, int height) \
+    {                                                                                          \
+        return call(operation, value, dst, dstStep, Size{width, height});                      \
+    }
+
+// (name, operation, T, channels, ...)
+#define SRCDST(name, operation, T, ...)                                                                         \
+    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, int width, int height PARAMETERS(__VA_ARGS__)) \
+    {                                                                                                           \
+        return call_in_place(operation, srcDst, srcDstStep, width, height, FIRST(__VA_ARGS__),                  \
+                             [=](const auto& tile) {                                                            \
+            return operation(tile.src, tile.srcStep, tile.dst, tile.dstStep, tile.size ARGUMENTS(__VA_ARGS__)); \
+        });                                                                                                     \
+    }
+
+// (name, operation, T, channels, ...)
+#define SRC_SRCDST(name, operation, T, ...)                                                            \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, T* srcDst, int srcDstStep, int width, \
+                                      int height PARAMETERS(__VA_ARGS__))                              \
+    {                                                                                                  \
+        return call_in_place(operation, srcDst, srcDstStep, width, height, FIRST(__VA_ARGS__),         \
+                             [=](const auto& tile) {                                                   \
+            return operation(src, srcStep, tile.src, tile.srcStep, tile.dst, tile.dstStep,             \
+                             tile.size ARGUMENTS(__VA_ARGS__));                                        \
+        });                                                                                            \
+    }
+
+// (name, operation, Value, T, channels, ...)
+#define VALUE_SRCDST(name, operation, Value, T, ...)                                     \
+    bool ImageProcessingWrapper::name(Value value, T* srcDst, int srcDstStep, int width, \
+                                      int height PARAMETERS(__VA_ARGS__))                \
+    {                                                                                    \
+        VALUE_IN_PLACE(operation, __VA_ARGS__)                                           \
+    }
+
+// (name, operation, T, Value, channels, ...)
+#define SRCDST_VALUE(name, operation, T, Value, ...)                                     \
+    bool ImageProcessingWrapper::name(T* srcDst, int srcDstStep, Value value, int width, \
+                                      int height PARAMETERS(__VA_ARGS__))                \
+    {                                                                                    \
+        VALUE_IN_PLACE(operation, __VA_ARGS__)                                           \
+    }
+
+#define VALUE_IN_PLACE(operation, ...)                                                     \
+    const auto& kept = in_memory(value);                                                   \
+    return call_in_place(operation, srcDst, srcDstStep, width, height, FIRST(__VA_ARGS__), \
+                         [=, &kept](const auto& tile) {                                    \
+        return operation(tile.src, tile.srcStep, kept, tile.dst, tile.dstStep,             \
+                         tile.size ARGUMENTS(__VA_ARGS__));                                \
+    });
+
+// --- Vectors --------------------------------------------------------------------------------------
+
+// (name, operation, From, To, ...)
+#define VECTOR_SRC_DST(name, operation, From, ...)                                                                \
+    bool SignalProcessingWrapper::name(const From* src, FIRST(__VA_ARGS__)* dst, int len PARAMETERS(__VA_ARGS__)) \
+    {                                                                                                             \
+        return call(operation, src, dst, Count{len} ARGUMENTS(__VA_ARGS__));                                      \
+    }
+
+// (name, operation, From, To, ...)
+#define VECTOR_SRC_SRC_DST(name, operation, From, ...)                                              \
+    bool SignalProcessingWrapper::name(const From* src1, const From* src2, FIRST(__VA_ARGS__)* dst, \
+                                       int len PARAMETERS(__VA_ARGS__))                             \
+    {                                                                                               \
+        return call(operation, src1, src2, dst, Count{len} ARGUMENTS(__VA_ARGS__));                 \
+    }
+
+// (name, operation, From, Value, To, ...)
+#define VECTOR_SRC_VALUE_DST(name, operation, From, Value, ...)                               \
+    bool SignalProcessingWrapper::name(const From* src, Value value, FIRST(__VA_ARGS__)* dst, \
+                                       int len PARAMETERS(__VA_ARGS__))                       \
+    {                                                                                         \
+        return call(operation, src, value, dst, Count{len} ARGUMENTS(__VA_ARGS__));           \
+    }
+
+// (name, operation, T)
+#define VECTOR_SRCDST(name, operation, T)                                                             \
+    bool SignalProcessingWrapper::name(T* srcDst, int len)                                            \
+    {                                                                                                 \
+        return result(operation, in_place_vector(srcDst, len, [](const T* copy, T* place, Length n) { \
+            return operation(copy, place, Count{n.count});                                            \
+        }));                                                                                          \
+    }
+
+// (name, operation, T, ...)
+#define VECTOR_SRC_SRCDST(name, operation, ...) VECTOR_SRC_SRCDST_OF(name, operation, FIRST(__VA_ARGS__), __VA_ARGS__)
+#define VECTOR_SRC_SRCDST_OF(name, operation, T, ...)                                                  \
+    bool SignalProcessingWrapper::name(const T* src, T* srcDst, int len PARAMETERS(__VA_ARGS__))       \
+    {                                                                                                  \
+        return result(operation, in_place_vector(srcDst, len, [=](const T* copy, T* place, Length n) { \
+            return operation(src, copy, place, n ARGUMENTS(__VA_ARGS__));                              \
+        }));                                                                                           \
+    }
+
+// (name, operation, T, Value, ...) and (name, operation, Value, T, ...): there are two orders of arguments.
+#define VECTOR_SRCDST_VALUE(name, operation, T, ...)                                                         \
+    bool SignalProcessingWrapper::name(T* srcDst, FIRST(__VA_ARGS__) value, int len PARAMETERS(__VA_ARGS__)) \
+    {                                                                                                        \
+        VECTOR_VALUE_IN_PLACE(operation, __VA_ARGS__)                                                        \
+    }
+#define VECTOR_VALUE_SRCDST(name, operation, Value, ...)                                                         \
+    bool SignalProcessingWrapper::name(Value value, FIRST(__VA_ARGS__)* srcDst, int len PARAMETERS(__VA_ARGS__)) \
+    {                                                                                                            \
+        VECTOR_VALUE_IN_PLACE(operation, __VA_ARGS__)                                                            \
+    }
+#define VECTOR_VALUE_IN_PLACE(operation, ...)                                                                   \
+    const auto& kept = in_memory(value);                                                                        \
+    return result(operation, in_place_vector(srcDst, len, [=, &kept](const auto* copy, auto* place, Length n) { \
+        return operation(copy, kept, place, n ARGUMENTS(__VA_ARGS__));                                          \
+    }));
