@@ -93,8 +93,8 @@ FAULTS = [
     # The facade.
     ("a stale row in the copy of an in-place call", "src/facade/in_place.h", "const Size bytes = {static_cast<int>(width * pixel_bytes), height};", "const Size bytes = {static_cast<int>(width * pixel_bytes), height - 1};", "InPlace*:*Overlap*:Mirror*:DataMovement*"),
     ("a step of zero in place", "src/facade/in_place.h", "return step < 1 ? StatusBadStep", "return step < 0 ? StatusBadStep", "*"),
-    ("a binding that hosts depend on is mended", "src/facade/image/arithmetic/integer_arithmetic.cpp", "VALUE_SRCDST_SCALED(AddC_8u_C1I, MulC_8u_C1, ", "VALUE_SRCDST_SCALED(AddC_8u_C1I, AddC_8u_C1, ", "IntegerArithmetic*"),
-    ("an inverted result is mended", "src/facade/signal/vector_arithmetic.cpp", "SRC_SRCDST_SCALED(Mul_8u_I, Mul_8u, unsigned char, failed)", "SRC_SRCDST_SCALED(Mul_8u_I, Mul_8u, unsigned char, ok)", "VectorArithmetic*"),
+    ("a binding that hosts depend on is mended", "src/facade/image/arithmetic/integer_arithmetic.cpp", "VALUE_SRCDST(AddC_8u_C1I, orv_MulC_8u_C1, ", "VALUE_SRCDST(AddC_8u_C1I, orv_AddC_8u_C1, ", "IntegerArithmetic*"),
+    ("an inverted result is mended", "src/facade/signal/vector_arithmetic.cpp", "VECTOR_SRC_SRCDST(Mul_8u_I, inverted(orv_Mul_8u), ", "VECTOR_SRC_SRCDST(Mul_8u_I, orv_Mul_8u, ", "VectorArithmetic*"),
     # Dispatch, symbols, levels, layers.
     ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
     ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),
