@@ -1,4 +1,4 @@
-// The build that this translation unit is: one family of kernels at one level. Only kernel sources include this.
+// The build that this translation unit is: one family of kernels at one level; lapack_calls.cpp names its own.
 //
 // Everything that a kernel source instantiates must live in a namespace of that build. The linker merges
 // inline functions of equal names, and the copy that stays may have been compiled for AVX2, so that the program

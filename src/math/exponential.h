@@ -37,8 +37,8 @@ ORV_INLINE doubles exp_for_float_anywhere(doubles x)
     return select(unordered(x), from_bits(words(0x7FF8000000000000)), y);
 }
 
-// exp(x) times 2^(less / 256): below 0.51 ulp as long as the result is a normal number.
-ORV_INLINE doubles exp_times(doubles x, words lessened)
+// exp(x) times 2^(steps / 256): below 0.51 ulp as long as the result is a normal number.
+ORV_INLINE doubles exp_times(doubles x, words steps)
 {
     const doubles shifted = x * k256OverLn2 + kRoundDouble;
     const doubles k = shifted - kRoundDouble;
@@ -48,7 +48,7 @@ ORV_INLINE doubles exp_times(doubles x, words lessened)
     const doubles tail = lookup(orv_exp2_tail, index & words(255));
     const doubles rr = r * r;
     const doubles p = (r * 0x1.5555572084ad2p-3 + 0x1.00000000000d2p-1) + rr * 0x1.55554e5562558p-5;
-    const doubles scale = power_of_two_256th(index + lessened);
+    const doubles scale = power_of_two_256th(index + steps);
     return scale + scale * ((tail + rr * p) + r);
 }
 

@@ -5,8 +5,8 @@
 //     doubles   double lanes           words   as many 64-bit integers        mask64  of their comparisons
 //     floats    float lanes            ints    as many 32-bit integers        mask32  of their comparisons
 //
-// The vector layer (core/simd) has no one-lane form and no doubles: families of single steps have a
-// scalar text of their own there, formulas of forty steps should not be written twice.
+// Unlike the vectors of vec.h, these integers and masks have as many lanes as the numbers they belong to at every
+// level, also where only floats have registers of 256 bits: a formula takes bits apart without asking.
 #pragma once
 
 #include <cstddef>
