@@ -467,7 +467,9 @@ TEST(Overlap, BorderOfMoreThanAllMemory)
     const Bytes before = buffer;
     float* const floats = reinterpret_cast<float*>(buffer.data());
     at_every_level([&] {
-        EXPECT_FALSE(W::CopyReplicateBorder_32f_C1I(floats, 4, 2147483631, 1136903107, 2147483631, 1136903107, 0, 0));
+        for (const int width : {2147483631, 1073741825}) {
+            EXPECT_FALSE(W::CopyReplicateBorder_32f_C1I(floats, 4, width, 1136903107, width, 1136903107, 0, 0)) << width;
+        }
         ASSERT_EQ(buffer, before);
     });
 }
