@@ -1,8 +1,6 @@
 // What the families that interpolate share: rectangles and the codes of interpolations.
 #pragma once
 
-#include <cstdint>
-
 namespace orv {
 
 // In pixels, relative to the first pixel of an image.

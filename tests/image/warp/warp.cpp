@@ -550,7 +550,7 @@ TEST(Warp, RefusalsInOrder)
     const double identity[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1}, none[9] = {}, bad[9] = {1, 0, 0, 0, 1, 0, 0, inf, 1};
     const double flat[9] = {1, 2, 0, 2, 4, 0, 0, 0, 1}, horizon[9] = {1, 0, 0, 0, 1, 0, 1, 0, -4},
                  tiny[9] = {1, 0, 0, 0, 1e-95, 0, 0, 0, 1};
-    const Rectangle all = {0, 0, 8, 8}, empty = {0, 0, 0, 8}, outside = {8, 0, 4, 4}, negative = {-5, -9, 5, 9};
+    const orv::Rectangle all = {0, 0, 8, 8}, empty = {0, 0, 0, 8}, outside = {8, 0, 4, 4}, negative = {-5, -9, 5, 9};
     at_every_level([&] {
         const auto& rotate = orv_Rotate_8u_C1;
         EXPECT_EQ(rotate(nullptr, {0, 8}, 8, all, d, 8, all, &nan, &zero, &zero, 1), StatusNullPointer);
