@@ -325,8 +325,9 @@ TEST(Overlap, ChannelOrderInTheImage)
         std::memcpy(three.data(), order3, sizeof(order3));
         std::memcpy(four.data(), order4, sizeof(order4));
         Bytes want3 = three, want4 = four;
-        for (int i = 0; i < 3 * width; ++i) want3[i] = three[i - i % 3 + order3[i % 3]];
-        for (int i = 0; i < 4 * width; ++i) want4[i] = four[i - i % 4 + order4[i % 4]];
+        const auto at = [](Bytes& pixels, int i) -> u8& { return pixels[static_cast<std::size_t>(i)]; };
+        for (int i = 0; i < 3 * width; ++i) at(want3, i) = at(three, i - i % 3 + order3[i % 3]);
+        for (int i = 0; i < 4 * width; ++i) at(want4, i) = at(four, i - i % 4 + order4[i % 4]);
         at_every_level([&] {
             Bytes got3 = three, got4 = four;
             ASSERT_TRUE(W::SwapChannels_8u_C3IR(got3.data(), 3 * width, width, 1, reinterpret_cast<int*>(got3.data())));
@@ -354,7 +355,7 @@ TEST(Overlap, Transposition)
         std::vector<int> want = memory;
         for (int x = 0; x < width; ++x) {
             const std::vector<int> now = want;
-            for (int y = 0; y < height; ++y) want[dst + x * dst_step / 4 + y] = now[src + y * src_step / 4 + x];
+            for (int y = 0; y < height; ++y) want.data()[dst + x * dst_step / 4 + y] = now.data()[src + y * src_step / 4 + x];
         }
         at_every_level([&] {
             std::vector<int> got = memory;

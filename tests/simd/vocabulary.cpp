@@ -38,7 +38,8 @@ std::vector<T> special_values()
             for (int off = -1; off <= 1; ++off) values.push_back(static_cast<T>((u64{1} << bit) + static_cast<u64>(off)));
         }
         for (const T end : {L::min(), L::max()}) {
-            for (int off = 0; off < 2; ++off) values.push_back(static_cast<T>(end + (end == L::max() ? -off : off)));
+            values.push_back(end);
+            values.push_back(static_cast<T>(end == L::max() ? end - T{1} : end + T{1}));
         }
         return values;
     } else {
