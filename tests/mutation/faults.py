@@ -25,6 +25,11 @@ STANDARDS = "src/image/colour/standards.h"
 SUBSAMPLED = "src/image/colour/subsampled.cpp"
 TWIST = "src/image/colour/twist.cpp"
 ALPHA = "src/image/colour/alpha.cpp"
+WARP_POSITIONS = "src/image/warp/positions.h"
+WARP_SOURCE = "src/image/warp/source.h"
+WARP_MANY = "src/image/warp/many.h"
+WARP_INVERSE = "src/image/warp/projection.h"
+WARP_TURN = "src/image/warp/turn.h"
 
 MAGNITUDE_END = "        simd::store(dst + n - F::N, last);\n        return StatusOk;\n"
 COMPLEX_START = "    std::ptrdiff_t i = 0;\n#if ORV_HAVE_VECTORS\n    using V = simd::half<uint32_t>;\n"
@@ -71,6 +76,21 @@ FAULTS = [
     ("a NaN becomes white", TWIST, "simd::min(simd::splat<V>(255), Twist::many(c, p0, p1, p2))", "simd::min(Twist::many(c, p0, p1, p2), simd::splat<V>(255))", "Twist*"),
     ("ground and top exchanged", ALPHA, "const F upper = top * all, lower = (all - top) * numbers<3>(a)", "const F upper = (all - top) * all, lower = top * numbers<3>(a)", "Alpha*"),
     ("a shift for the division by 255", ALPHA, "return (m + (m >> 8)) >> 8;", "return m >> 8;", "Alpha*"),
+    # Rotation, perspective, remapping.
+    ("an edge on both sides", WARP_POSITIONS, "return x >= left && x < right && y >= top && y < bottom;",
+     "return x >= left && x <= right && y >= top && y < bottom;", "Warp*"),
+    ("pixels behind the horizon", WARP_POSITIONS, "return w > 0 ? 1 / w :", "return w != 0 ? 1 / w :", "Warp*"),
+    ("clockwise", WARP_TURN, "s = on_grid(angle.negative ? -sine : sine);", "s = on_grid(angle.negative ? sine : -sine);", "Warp*"),
+    ("the remainder of a large angle", WARP_TURN, "3 + (exponent - 3) % 12", "(exponent - 3) % 12", "Warp*"),
+    ("the matrix for its inverse", WARP_INVERSE, "m[1] = h[2] * h[7] - h[1] * h[8];", "m[1] = h[1] * h[8] - h[2] * h[7];", "Warp*"),
+    ("the sign of a matrix counts", WARP_INVERSE, "if ((det < 0) != (side < 0)) {", "if (det < 0) {", "Warp*"),
+    ("a tap that is not clamped", WARP_SOURCE, "column < left ? left : column > right ? right : column", "column < left ? left : column", "Warp*"),
+    ("a tap without weight counts", WARP_SOURCE, "if (part == 0) return a;\n", "", "Warp*"),
+    ("the weights of rows for those of columns", WARP_SOURCE, "put(dst + c, to_pixel<T>(sum(v, h)));", "put(dst + c, to_pixel<T>(sum(w, h)));", "Warp*"),
+    ("fractions in halves of their steps", WARP_MANY, "fraction = position & simd::splat<Dwords>(16383);",
+     "fraction = position & simd::splat<Dwords>(16382);", "Warp*"),
+    ("estimates that are not checked", WARP_MANY, "kUnsure = 1.f / 512", "kUnsure = 0", "Warp*"),
+    ("the last pixels of a run left out", WARP_MANY, "if (k < end) visit(end - step);", "", "Warp*"),
     # Checks.
     ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    with_scaling", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    with_scaling", "IntegerArithmetic*"),
     ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),

@@ -59,6 +59,41 @@ ORV_INLINE Position<D> point(D x, D y)
     return {x, y, x - of<D>(0.5), y - of<D>(0.5)};
 }
 
+// Whether all of some positions lie beyond the same side of a window.
+struct Beyond {
+    bool left = true, top = true, right = true, bottom = true;
+
+    ORV_INLINE void meet(const Window& window, double x, double y)
+    {
+        left = left && x < window.left;
+        top = top && y < window.top;
+        right = right && x >= window.right;
+        bottom = bottom && y >= window.bottom;
+    }
+    ORV_INLINE bool any() const { return left || top || right || bottom; }
+};
+
+// Destination pixels, the last ones included.
+struct Area {
+    double x[2], y[2];
+};
+
+// Of a map whose coordinates, for each column and each row, either never fall or never rise: what the four corners
+// say holds for all that lies between.
+template <class Map>
+bool shows_nothing_between_corners(const Map& map, const Window& shown, const Area& area)
+{
+    Beyond beyond;
+    for (const double y : area.y) {
+        const typename Map::Row row = map.row(y);
+        for (const double x : area.x) {
+            const auto p = map.template at<double>(row, x, 0);
+            beyond.meet(shown, p.x, p.y);
+        }
+    }
+    return beyond.any();
+}
+
 // --- Maps -----------------------------------------------------------------------------------------
 
 struct Rotation {
@@ -80,6 +115,10 @@ struct Rotation {
         const D px = (x + of<D>(0.5)) - of<D>(xShift);
         return point(of<D>(turn.c) * px - of<D>(row.s_py), of<D>(turn.s) * px + of<D>(row.c_py));
     }
+    bool shows_nothing(const Window& shown, const Area& area) const
+    {
+        return shows_nothing_between_corners(*this, shown, area);
+    }
 };
 
 struct Affinity {
@@ -99,6 +138,10 @@ struct Affinity {
     {
         const D centre = x + of<D>(0.5);
         return point(of<D>(m[0]) * centre + of<D>(row.x), of<D>(m[3]) * centre + of<D>(row.y));
+    }
+    bool shows_nothing(const Window& shown, const Area& area) const
+    {
+        return shows_nothing_between_corners(*this, shown, area);
     }
 };
 
@@ -132,6 +175,37 @@ struct Projection {
         const D r = reciprocal_if_positive(of<D>(m[6]) * centre + of<D>(row.w));
         return point((of<D>(m[0]) * centre + of<D>(row.x)) * r, (of<D>(m[3]) * centre + of<D>(row.y)) * r);
     }
+
+    // Beyond a side where a linear function of the place, say m0 x + m1 y + m2 - left w, has one sign at all
+    // corners, by more than what roundings make of it.
+    bool shows_nothing(const Window& shown, const Area& area) const
+    {
+        const double magnitude[3] = {reach(m, area), reach(m + 3, area), reach(m + 6, area)};
+        const double doubt_x = 0x1p-40 * (magnitude[0] + shown.right * magnitude[2]);
+        const double doubt_y = 0x1p-40 * (magnitude[1] + shown.bottom * magnitude[2]);
+        bool behind = true, left = true, top = true, right = true, bottom = true;
+        for (const double y : area.y) {
+            const Row r = row(y);
+            for (const double x : area.x) {
+                const double centre = x + 0.5, w = m[6] * centre + r.w;
+                const double column = m[0] * centre + r.x, line = m[3] * centre + r.y;
+                behind = behind && !(w > 0);
+                left = left && column - shown.left * w < -doubt_x;
+                top = top && line - shown.top * w < -doubt_y;
+                right = right && column - shown.right * w > doubt_x;
+                bottom = bottom && line - shown.bottom * w > doubt_y;
+            }
+        }
+        return behind || left || top || right || bottom;
+    }
+
+private:
+    // The largest sum of the magnitudes of the terms.
+    static double reach(const double* terms, const Area& area)
+    {
+        const auto magnitude = [](double v) { return v < 0 ? -v : v; };
+        return magnitude(terms[0]) * (area.x[1] + 1) + magnitude(terms[1]) * (area.y[1] + 1) + magnitude(terms[2]);
+    }
 };
 
 ORV_INLINE void load_doubles(double& to, const float* p) { to = static_cast<double>(get(p)); }
@@ -160,6 +234,7 @@ struct Maps {
         load_doubles(ty, row.y + column);
         return {tx + of<D>(0.5), ty + of<D>(0.5), tx, ty};
     }
+    bool shows_nothing(const Window&, const Area&) const { return false; }
 };
 
 // --- Chunks ---------------------------------------------------------------------------------------
@@ -233,12 +308,13 @@ public:
     }
 
 private:
-    // Both outside on the same side: so is all that lies between.
+    // Both beyond the same side: so is all that lies between.
     ORV_INLINE bool beyond(const Position<double>& a, const Position<double>& b) const
     {
-        const Window& w = wanted_.shown;
-        return (a.x < w.left && b.x < w.left) || (a.x >= w.right && b.x >= w.right) || (a.y < w.top && b.y < w.top) ||
-               (a.y >= w.bottom && b.y >= w.bottom);
+        Beyond both;
+        both.meet(wanted_.shown, a.x, a.y);
+        both.meet(wanted_.shown, b.x, b.y);
+        return both.any();
     }
     ORV_INLINE bool is_inner(const Position<double>& p) const
     {

@@ -23,23 +23,11 @@ bool is_known(int interpolation)
            interpolation == kLanczos;
 }
 
-// The whole part of a number below 2^47, in two halves: on 32 bits the one instruction for it is the x87's.
-ORV_INLINE std::int64_t whole(double x)
-{
-    const int high = static_cast<int>(x / 65536);
-    return std::int64_t{high} * 65536 + static_cast<int>(x - high * 65536.0);
-}
-
 // A range of the destination, which may lie anywhere within 33 bits.
 struct Range {
     std::int64_t begin, end;
     bool is_empty() const { return end <= begin; }
-    // What may show a point between two bounds.
-    void clip(double low, double high)
-    {
-        if (low > static_cast<double>(begin)) begin = low < 9e9 ? whole(low) : end;
-        if (high < static_cast<double>(end)) end = high > -9e9 ? whole(high) : begin;
-    }
+    std::int64_t size() const { return end - begin; }
 };
 
 // Of the source, the part in the image counts, of the destination that without negative coordinates.
@@ -134,22 +122,49 @@ void fill_block(const Job<T, Channels>& job, const Map& map, const Interpolation
 }
 
 template <class T, int Channels, class Map, class Interpolation>
+void fill_blocks(const Job<T, Channels>& job, const Map& map, const Interpolation& interpolation, const Wanted& wanted,
+                 Range columns, Range rows)
+{
+    for (std::int64_t y = rows.begin; y < rows.end; y += kBlockRows) {
+        const Range some_rows = {y, y + kBlockRows < rows.end ? y + kBlockRows : rows.end};
+        for (std::int64_t x = columns.begin; x < columns.end; x += kBlockColumns) {
+            const Range some_columns = {x, x + kBlockColumns < columns.end ? x + kBlockColumns : columns.end};
+            fill_block(job, map, interpolation, wanted, some_columns, some_rows);
+        }
+    }
+}
+
+// Destinations may be huge and show little: halves of them that show nothing are not looked at.
+template <class T, int Channels, class Map, class Interpolation>
+void fill_area(const Job<T, Channels>& job, const Map& map, const Interpolation& interpolation, const Wanted& wanted,
+               Range columns, Range rows)
+{
+    constexpr std::int64_t large = 4096;
+    if (columns.size() <= large && rows.size() <= large) {
+        return fill_blocks(job, map, interpolation, wanted, columns, rows);
+    }
+    const Area area = {{static_cast<double>(columns.begin), static_cast<double>(columns.end - 1)},
+                       {static_cast<double>(rows.begin), static_cast<double>(rows.end - 1)}};
+    if (map.shows_nothing(wanted.shown, area)) return;
+    const bool wide = columns.size() > rows.size();
+    Range& halved = wide ? columns : rows;
+    const Range whole = halved;
+    halved.end = whole.begin + whole.size() / 2;
+    fill_area(job, map, interpolation, wanted, columns, rows);
+    halved = {halved.end, whole.end};
+    fill_area(job, map, interpolation, wanted, columns, rows);
+}
+
+template <class T, int Channels, class Map, class Interpolation>
 void fill_with(const Job<T, Channels>& job, const Map& map, const Interpolation& interpolation)
 {
     const Wanted wanted = {job.source.shown(), interpolation.inner(job.source)};
-    for (std::int64_t y = job.y.begin; y < job.y.end; y += kBlockRows) {
-        const Range rows = {y, y + kBlockRows < job.y.end ? y + kBlockRows : job.y.end};
-        for (std::int64_t x = job.x.begin; x < job.x.end; x += kBlockColumns) {
-            const Range columns = {x, x + kBlockColumns < job.x.end ? x + kBlockColumns : job.x.end};
-            fill_block(job, map, interpolation, wanted, columns, rows);
-        }
-    }
+    fill_area(job, map, interpolation, wanted, job.x, job.y);
 }
 
 template <class T, int Channels, class Map>
 void fill(const Job<T, Channels>& job, const Map& map)
 {
-    if (job.x.is_empty() || job.y.is_empty()) return;
     if (job.interpolation == kNearest)
         fill_with(job, map, Nearest<T, Channels>{});
     else if (job.interpolation == kLinear)
@@ -191,17 +206,6 @@ Bounds rotated(Rectangle r, const Turn& turn, double xShift, double yShift)
     return bounds;
 }
 
-template <class T, int Channels>
-void rotate(Job<T, Channels>& job, const Turn& turn, double xShift, double yShift)
-{
-    // Nothing is shown far outside. The grid of sine and cosine puts pixels off by 2^-31 of their distance.
-    const Bounds bounds = rotated(job.counting(), turn, 0, 0);
-    const double margin = 16;
-    job.x.clip((bounds.left + xShift) - margin, (bounds.right + xShift) + margin);
-    job.y.clip((bounds.top + yShift) - margin, (bounds.bottom + yShift) + margin);
-    fill(job, Rotation{turn, xShift, yShift});
-}
-
 ORV_INLINE bool all_finite(const double* a, const double* b, const double* c)
 {
     return is_finite_at(a) && is_finite_at(b) && is_finite_at(c);
@@ -217,7 +221,7 @@ Status rotate(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst,
     if (!all_finite(angle, xShift, yShift)) return StatusNotFinite;
     if (!is_known(interpolation)) return StatusBadInterpolation;
     const FloatControl control;
-    rotate(job, Turn(*angle), *xShift, *yShift);
+    fill(job, Rotation{Turn(*angle), *xShift, *yShift});
     return StatusOk;
 }
 
@@ -244,7 +248,7 @@ Status rotate_about(const T* src, Size srcSize, int srcStep, T* dst, int dstStep
     const Turn turn(*angle);
     double xShift, yShift;
     if (!shift_that_keeps(*centerX, *centerY, turn, &xShift, &yShift)) return StatusNotFinite;
-    rotate(job, turn, xShift, yShift);
+    fill(job, Rotation{turn, xShift, yShift});
     return StatusOk;
 }
 
