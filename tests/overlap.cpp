@@ -8,6 +8,7 @@
 
 #include "ImageProcessingWrapper.h"
 #include "gmock/gmock.h"
+#include "support/emulators.h"
 #include "support/allocations.h"
 #include "support/levels.h"
 #include "support/random.h"
@@ -223,6 +224,7 @@ void check(const Method& method, const Placement& p, const Bytes& memory)
 
 TEST(Overlap, RowsFromTheTopEachThroughATemporary)
 {
+    if (!left_nan_wins()) GTEST_SKIP() << "this emulator chooses among NaNs differently from one level to the next";
     std::mt19937 g = make_generator("overlap");
     for (const Method& method : kMethods) {
         const Bytes memory = random_memory(g);
