@@ -88,6 +88,8 @@ private:
 template <class TrialType = TypedTrial, class... Args, class Make>
 void compare(const char* name, const Operation<Status(Args...)>& operation, Make make)
 {
+    // Emulators read lanes that a masked load leaves out: beside a page that cannot be read they die.
+    if (!std::is_same<TrialType, TypedTrial>::value && !left_nan_wins()) return;
     Kernel variant[orv::kLevels];
     for (int level = 0; level < orv::kLevels; ++level) variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
     compare_levels(name, variant, [make](Generator& g, int) {
