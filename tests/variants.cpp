@@ -29,7 +29,8 @@ void check(const char* family, const char* name, const Operation<Status(Args...)
 
 // --- Calls with memory of their own making --------------------------------------------------------
 
-// Blocks that end or start at a page that cannot be touched, and a call that uses them.
+// Blocks that end or start at a page that cannot be touched, and a call that uses them. Emulators read lanes that a
+// masked load leaves out: there a little room follows each block.
 class TypedTrial : public Trial {
 public:
     explicit TypedTrial(Generator& g) : g_(g) {}
@@ -38,7 +39,7 @@ public:
     T* block(std::ptrdiff_t count, Fill fill)
     {
         const auto n = static_cast<std::size_t>(count);
-        blocks_.push_back({std::make_unique<GuardedBlock>(n * sizeof(T), uniform(g_, 0, 3) != 0), n * sizeof(T), {}});
+        blocks_.push_back({std::make_unique<GuardedBlock>(n * sizeof(T) + (left_nan_wins() ? 0 : 64), uniform(g_, 0, 3) != 0), n * sizeof(T), {}});
         T* const p = blocks_.back().memory->as<T>();
         auto&& pixels = generator_of_pixels(g_);
         for (std::size_t i = 0; i < n; ++i) p[i] = random_value<T>(pixels, fill);
@@ -88,8 +89,6 @@ private:
 template <class TrialType = TypedTrial, class... Args, class Make>
 void compare(const char* name, const Operation<Status(Args...)>& operation, Make make)
 {
-    // Emulators read lanes that a masked load leaves out: beside a page that cannot be read they die.
-    if (!std::is_same<TrialType, TypedTrial>::value && !left_nan_wins()) return;
     Kernel variant[orv::kLevels];
     for (int level = 0; level < orv::kLevels; ++level) variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
     compare_levels(name, variant, [make](Generator& g, int) {
