@@ -1,7 +1,6 @@
 // Every operation of the vector vocabulary, at every width of every level, against its meaning on single numbers.
 #include "vocabulary.h"
 
-#include <cfloat>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -13,6 +12,7 @@
 #include "gmock/gmock.h"
 #include "support/emulators.h"
 #include "support/exact.h"
+#include "support/host_control.h"
 #include "support/random.h"
 
 namespace {
@@ -373,28 +373,9 @@ void expect_meanings(Entries entries)
     }
 }
 
-// Where the test itself computes on the x87, its doubles must have the 53 bits that kernels compute in.
-class DoublePrecision {
-public:
-#if FLT_EVAL_METHOD == 2
-    DoublePrecision()
-    {
-        const unsigned short doubles = 0x027F;
-        __asm__ volatile("fnstcw %0" : "=m"(before_));
-        __asm__ volatile("fldcw %0" : : "m"(doubles));
-    }
-    ~DoublePrecision() { __asm__ volatile("fldcw %0" : : "m"(before_)); }
-
-private:
-    unsigned short before_;
-#else
-    DoublePrecision() {}
-#endif
-};
-
 TEST(Vocabulary, MeansTheSameAtEveryLevel)
 {
-    const DoublePrecision precision;
+    const test::DoublePrecision precision;  // the meanings are computed here
     const struct { int level; Entries (*entries)(); } levels[] = {
         {orv::level_px, px::entries}, {orv::level_w7, w7::entries}, {orv::level_v8, v8::entries},
         {orv::level_p8, p8::entries}, {orv::level_g9, g9::entries}, {orv::level_h9, h9::entries}};

@@ -1,7 +1,51 @@
-// Floating-point environments that hosts run in, for the time of a call.
+// Floating-point environments: those that hosts run in, for the time of a call, and the one that oracles need.
 #pragma once
 
+#include <vector>
+
+#include "gmock/gmock.h"
+#include "support/levels.h"
+
 namespace test {
+
+// Doubles are computed with 53 bits while this lives, also on the x87; that takes a store after each step, too.
+class DoublePrecision {
+public:
+    DoublePrecision()
+    {
+        __asm__ volatile("fnstcw %0" : "=m"(saved_));
+        const auto wanted = static_cast<unsigned short>((saved_ & ~0x300) | 0x200);
+        __asm__ volatile("fldcw %0" : : "m"(wanted));
+    }
+    ~DoublePrecision() { __asm__ volatile("fldcw %0" : : "m"(saved_)); }
+    DoublePrecision(const DoublePrecision&) = delete;
+    DoublePrecision& operator=(const DoublePrecision&) = delete;
+
+private:
+    unsigned short saved_;
+};
+
+// The control word that the tested code computes under, for tests that also want it kept.
+struct HostControl {
+#if defined(__SSE__) && defined(__x86_64__)
+    static std::vector<unsigned> modes() { return {0x3F80u, 0x5F80u, 0x7F80u, 0x9FC0u}; }
+    static unsigned get() { return __builtin_ia32_stmxcsr() & ~0x3Fu; }
+    static void set(unsigned mode) { __builtin_ia32_ldmxcsr(mode); }
+#else
+    static std::vector<unsigned> modes() { return {0x007Fu, 0x0C7Fu, 0x0B7Fu, 0x037Fu}; }
+    static unsigned get()
+    {
+        unsigned short word;
+        __asm__ volatile("fnstcw %0" : "=m"(word));
+        return word;
+    }
+    static void set(unsigned mode)
+    {
+        const auto word = static_cast<unsigned short>(mode);
+        __asm__ volatile("fldcw %0" : : "m"(word));
+    }
+#endif
+};
 
 struct FloatEnvironment {
     const char* name;
@@ -40,5 +84,29 @@ private:
     unsigned short x87_ = 0;
     unsigned mxcsr_ = 0;
 };
+
+// Calls, each with a name and the result that it must have: at every level they write the same into dst in every
+// environment.
+template <class Calls, class T>
+void expect_same_for_every_host(const Calls& calls, std::vector<T>& dst)
+{
+    at_every_level([&] {
+        for (const auto& c : calls) {
+            dst.assign(64, 77);
+            ASSERT_EQ(c.call(), c.expected) << c.name;
+            const std::vector<T> usual = dst;
+            for (const FloatEnvironment& e : kFloatEnvironments) {
+                dst.assign(64, 77);
+                bool done = false;
+                {
+                    const HostFloats host(e);
+                    done = c.call();
+                }
+                ASSERT_EQ(done, c.expected) << c.name << ", " << e.name;
+                ASSERT_EQ(dst, usual) << c.name << ", " << e.name;
+            }
+        }
+    });
+}
 
 }  // namespace test

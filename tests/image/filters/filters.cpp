@@ -11,6 +11,7 @@
 #include "image/filters/filters.h"
 #include "support/allocations.h"
 #include "support/image.h"
+#include "support/host_control.h"
 #include "support/levels.h"
 #include "support/random.h"
 
@@ -559,18 +560,6 @@ TEST(Filters, WithoutMemory)
 
 // A host that rounds upwards, flushes denormals or computes in fewer bits gets the same pixels, and
 // keeps its setting.
-struct HostControl {
-#if defined(__SSE__) && defined(__x86_64__)
-    static std::vector<unsigned> modes() { return {0x3F80u, 0x5F80u, 0x7F80u, 0x9FC0u}; }
-    static unsigned get() { return __builtin_ia32_stmxcsr() & ~0x3Fu; }
-    static void set(unsigned mode) { __builtin_ia32_ldmxcsr(mode); }
-#else
-    static std::vector<unsigned> modes() { return {0x007Fu, 0x0C7Fu, 0x0B7Fu, 0x037Fu}; }
-    static unsigned get() { unsigned short word; __asm__ volatile("fnstcw %0" : "=m"(word)); return word; }
-    static void set(unsigned mode) { const auto word = static_cast<unsigned short>(mode); __asm__ volatile("fldcw %0" : : "m"(word)); }
-#endif
-};
-
 TEST(Filters, HostsFloatControl)
 {
     std::mt19937 g = make_generator("control");

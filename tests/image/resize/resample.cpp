@@ -351,23 +351,7 @@ TEST(Resample, HostsFloatControl)
     };
 #undef RESAMPLED
 #undef ZOOMED
-    at_every_level([&] {
-        for (const auto& c : calls) {
-            dst.assign(64, 77);
-            ASSERT_EQ(c.call(), c.expected) << c.name;
-            const std::vector<u16> usual = dst;
-            for (const FloatEnvironment& e : kFloatEnvironments) {
-                dst.assign(64, 77);
-                bool done = false;
-                {
-                    const HostFloats host(e);
-                    done = c.call();
-                }
-                ASSERT_EQ(done, c.expected) << c.name << ", " << e.name;
-                ASSERT_EQ(dst, usual) << c.name << ", " << e.name;
-            }
-        }
-    });
+    expect_same_for_every_host(calls, dst);
 }
 
 // Images as large as ints can count, of which only a corner exists: the pixels that a small image has in its place.

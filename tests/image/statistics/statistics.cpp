@@ -8,27 +8,14 @@
 #include "ImageProcessingWrapper.h"
 #include "gmock/gmock.h"
 #include "support/allocations.h"
+#include "support/host_control.h"
 #include "support/image.h"
 #include "support/levels.h"
 
 namespace test {
 namespace {
 
-// Oracles compute in double: on the x87 that takes 53 bits and a store after each step.
-class DoublePrecision {
-public:
-    DoublePrecision()
-    {
-        __asm__ volatile("fnstcw %0" : "=m"(saved_));
-        const unsigned short wanted = static_cast<unsigned short>((saved_ & ~0x300) | 0x200);
-        __asm__ volatile("fldcw %0" : : "m"(wanted));
-    }
-    ~DoublePrecision() { __asm__ volatile("fldcw %0" : : "m"(saved_)); }
-
-private:
-    unsigned short saved_;
-};
-
+// Oracles compute in double: on the x87 that takes DoublePrecision and a store after each step.
 double stored(double value)
 {
     volatile double in_memory = value;

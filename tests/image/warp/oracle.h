@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/exact.h"
+#include "support/host_control.h"
 
 namespace test {
 namespace warp {
@@ -28,13 +29,9 @@ struct Rounded {
         return Rounded(op(a.v, b.v));
 #else
         // The x87 with 53 bits. (From 113 bits the compiler goes by way of 64, which rounds twice.)
-        const unsigned short doubles = 0x027F;
-        unsigned short before;
+        const DoublePrecision precision;
         volatile F x = a.v, y = b.v, result;
-        __asm__ volatile("fnstcw %0" : "=m"(before));
-        __asm__ volatile("fldcw %0" : : "m"(doubles));
         result = static_cast<F>(op(x, y));
-        __asm__ volatile("fldcw %0" : : "m"(before));
         return Rounded(result);
 #endif
     }

@@ -10,6 +10,7 @@
 #include "spectral/random/random_numbers.h"
 #include "support/allocations.h"
 #include "support/exact_sine.h"
+#include "support/host_control.h"
 #include "support/levels.h"
 #include "support/random.h"
 
@@ -17,23 +18,6 @@ namespace test {
 namespace {
 
 using Exact = long double;
-
-// Doubles are computed with 53 bits while this lives, also on the x87.
-class DoublePrecision {
-public:
-    DoublePrecision()
-    {
-        const unsigned short wanted = 0x027F;
-        __asm__ volatile("fnstcw %0" : "=m"(saved_));
-        __asm__ volatile("fldcw %0" : : "m"(wanted));
-    }
-    ~DoublePrecision() { __asm__ volatile("fldcw %0" : : "m"(saved_)); }
-    DoublePrecision(const DoublePrecision&) = delete;
-    DoublePrecision& operator=(const DoublePrecision&) = delete;
-
-private:
-    unsigned short saved_;
-};
 
 // x[n] = x[n-250] xor x[n-147], as an endless row of words.
 class Words {
