@@ -10,6 +10,8 @@
 
 #include "core/checks.h"
 #include "elementwise/float_arithmetic.h"
+#include "simd/conversion.h"
+#include "simd/neighbours.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -26,72 +28,22 @@ ORV_INLINE std::uint32_t stored(double part)
     return is_nan_bits<float>(bits) ? Bits<float>::kNan : bits;
 }
 
-#if ORV_HAVE_VECTORS
-#if ORV_HAVE_FLOAT256
-using Doubles = __m256d;
-#define ORV_PD(op) _mm256_##op##_pd
-#else
-using Doubles = __m128d;
-#define ORV_PD(op) _mm_##op##_pd
-#endif
-
 // As many complex values as a widest float vector has, in double: the values of `lo` come first.
-struct Complexes {
-    static constexpr int kCount = static_cast<int>(sizeof(Doubles)) / 8;
-    Doubles lo, hi;
-};
+using Doubles = simd::widest<double>;
+using Complexes = simd::twice<Doubles>;
+constexpr int kComplexes = Doubles::N;
 
-ORV_INLINE Doubles load_as_double(const float* p)
-{
-#if ORV_HAVE_FLOAT256
-    return _mm256_cvtps_pd(_mm_loadu_ps(p));
-#else
-    return _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
-#endif
-}
-
-ORV_INLINE Doubles all_re(Doubles x) { return ORV_PD(unpacklo)(x, x); }
-ORV_INLINE Doubles all_im(Doubles x) { return ORV_PD(unpackhi)(x, x); }
-#if ORV_HAVE_FLOAT256
-ORV_INLINE Doubles exchanged(Doubles x) { return _mm256_permute_pd(x, 5); }
-ORV_INLINE Doubles im_negated(Doubles x) { return _mm256_xor_pd(x, _mm256_setr_pd(0.0, -0.0, 0.0, -0.0)); }
-ORV_INLINE Doubles re_negated(Doubles x) { return _mm256_xor_pd(x, _mm256_setr_pd(-0.0, 0.0, -0.0, 0.0)); }
-#else
-ORV_INLINE Doubles exchanged(Doubles x) { return _mm_shuffle_pd(x, x, 1); }
-ORV_INLINE Doubles im_negated(Doubles x) { return _mm_xor_pd(x, _mm_setr_pd(0.0, -0.0)); }
-ORV_INLINE Doubles re_negated(Doubles x) { return _mm_xor_pd(x, _mm_setr_pd(-0.0, 0.0)); }
-#endif
-
-// (x.re re - x.im im, x.im re + x.re im): re and im hold one factor's parts, x the other one.
+// Products with one factor, whose parts stand in re and im: of x, and of its conjugate with x.
+//     (x.re re - x.im im, x.im re + x.re im)
+//     (x.re re + x.im im, x.im re - x.re im)
 ORV_INLINE Doubles multiplied(Doubles re, Doubles im, Doubles x)
 {
-    const Doubles crossed = ORV_PD(mul)(im, exchanged(x));
-#if ORV_HAVE_FUSED
-    return _mm256_fmaddsub_pd(re, x, crossed);  // its product is exact: the fused form changes nothing
-#elif ORV_HAVE_FLOAT256
-    return _mm256_addsub_pd(_mm256_mul_pd(re, x), crossed);
-#else
-    return _mm_add_pd(_mm_mul_pd(re, x), re_negated(crossed));
-#endif
+    return simd::product_minus_plus(re, x, im * simd::exchanged(x));
 }
-// (x.re re + x.im im, x.im re - x.re im): the product with the conjugate of the factor.
 ORV_INLINE Doubles multiplied_by_conjugate(Doubles re, Doubles im, Doubles x)
 {
-    const Doubles crossed = ORV_PD(mul)(im, exchanged(x));
-#if ORV_HAVE_FUSED
-    return _mm256_fmsubadd_pd(re, x, crossed);
-#elif ORV_HAVE_FLOAT256
-    return _mm256_addsub_pd(_mm256_mul_pd(re, x), im_negated(re_negated(crossed)));
-#else
-    return _mm_add_pd(_mm_mul_pd(re, x), im_negated(crossed));
-#endif
+    return simd::product_plus_minus(re, x, im * simd::exchanged(x));
 }
-
-ORV_INLINE simd::widest<float> to_floats(Complexes x)
-{
-    return simd::to_float(simd::twice<simd::widest<double>>{{x.lo}, {x.hi}});
-}
-#endif
 
 // a times b.
 struct ComplexProduct {
@@ -100,12 +52,10 @@ struct ComplexProduct {
     {
         return {rounded(a.re * b.re) - rounded(a.im * b.im), rounded(a.re * b.im) + rounded(a.im * b.re)};
     }
-#if ORV_HAVE_VECTORS
     static ORV_INLINE Complexes many(Complexes a, Complexes b)
     {
-        return {multiplied(all_re(a.lo), all_im(a.lo), b.lo), multiplied(all_re(a.hi), all_im(a.hi), b.hi)};
+        return {multiplied(simd::even_twice(a.lo), simd::odd_twice(a.lo), b.lo), multiplied(simd::even_twice(a.hi), simd::odd_twice(a.hi), b.hi)};
     }
-#endif
 };
 
 // a times the conjugate of b.
@@ -115,13 +65,11 @@ struct ComplexProductConjugate {
     {
         return {rounded(a.re * b.re) + rounded(a.im * b.im), rounded(a.im * b.re) - rounded(a.re * b.im)};
     }
-#if ORV_HAVE_VECTORS
     static ORV_INLINE Complexes many(Complexes a, Complexes b)
     {
-        return {multiplied_by_conjugate(all_re(b.lo), all_im(b.lo), a.lo),
-                multiplied_by_conjugate(all_re(b.hi), all_im(b.hi), a.hi)};
+        return {multiplied_by_conjugate(simd::even_twice(b.lo), simd::odd_twice(b.lo), a.lo),
+                multiplied_by_conjugate(simd::even_twice(b.hi), simd::odd_twice(b.hi), a.hi)};
     }
-#endif
 };
 
 // b over a, by the reciprocal of |a|^2. Over 0 both parts are NaNs: 0 (or a NaN) times infinity.
@@ -136,19 +84,16 @@ struct ComplexQuotient {
         return {rounded(rounded(a.re * b.re) + rounded(a.im * b.im)) * r,
                 rounded(rounded(a.re * b.im) - rounded(a.im * b.re)) * r};
     }
-#if ORV_HAVE_VECTORS
     ORV_INLINE Complexes many(Complexes a, Complexes b)
     {
         // The reciprocals of both vectors in one division.
-        const Doubles lo2 = ORV_PD(mul)(a.lo, a.lo), hi2 = ORV_PD(mul)(a.hi, a.hi);
-        const Doubles m = ORV_PD(add)(ORV_PD(unpacklo)(lo2, hi2), ORV_PD(unpackhi)(lo2, hi2));
-        const Doubles r = ORV_PD(div)(ORV_PD(set1)(1.0), m);
-        const Doubles lo = multiplied_by_conjugate(all_re(a.lo), all_im(a.lo), b.lo);
-        const Doubles hi = multiplied_by_conjugate(all_re(a.hi), all_im(a.hi), b.hi);
-        return {ORV_PD(mul)(lo, ORV_PD(unpacklo)(r, r)), ORV_PD(mul)(hi, ORV_PD(unpackhi)(r, r))};
+        const Doubles lo2 = a.lo * a.lo, hi2 = a.hi * a.hi;
+        const Doubles r = simd::splat<Doubles>(1.0) / (simd::even_of(lo2, hi2) + simd::odd_of(lo2, hi2));
+        const Doubles lo = multiplied_by_conjugate(simd::even_twice(a.lo), simd::odd_twice(a.lo), b.lo);
+        const Doubles hi = multiplied_by_conjugate(simd::even_twice(a.hi), simd::odd_twice(a.hi), b.hi);
+        return {lo * simd::even_twice(r), hi * simd::odd_twice(r)};
     }
     void met_nan(const ComplexDouble& a) { zeros |= a.re == 0 && a.im == 0; }
-#endif
 };
 
 // What stands at position i of a row of complex values, and a constant that stands everywhere.
@@ -158,39 +103,29 @@ struct ComplexVector {
     {
         return {static_cast<double>(get(p + 2 * i)), static_cast<double>(get(p + 2 * i + 1))};
     }
-#if ORV_HAVE_VECTORS
     ORV_INLINE Complexes many(std::ptrdiff_t i) const
     {
-        return {load_as_double(p + 2 * i), load_as_double(p + 2 * i + Complexes::kCount)};
+        using simd::load_as;
+        return {load_as<Doubles>::from(p + 2 * i), load_as<Doubles>::from(p + 2 * i + Doubles::N)};
     }
-#endif
 };
 struct ComplexConstant {
     ComplexDouble value;
     ORV_INLINE ComplexDouble one(std::ptrdiff_t) const { return value; }
-#if ORV_HAVE_VECTORS
     ORV_INLINE Complexes many(std::ptrdiff_t) const
     {
-        const __m128d pixel = _mm_setr_pd(value.re, value.im);
-#if ORV_HAVE_FLOAT256
-        const Doubles v = _mm256_insertf128_pd(_mm256_castpd128_pd256(pixel), pixel, 1);
-#else
-        const Doubles v = pixel;
-#endif
+        const Doubles v = simd::splat_two<Doubles>(value.re, value.im);
         return {v, v};
     }
-#endif
 };
 
-#if ORV_HAVE_VECTORS
 // Puts the NaN in the place of NaNs and tells the operation of them. Not inlined: it is rare.
 template <class A, class Op>
 __attribute__((noinline)) simd::widest<float> with_one_nan(simd::widest<float> v, A a, std::ptrdiff_t i, Op& op)
 {
-    for (int k = 0; k < Complexes::kCount; ++k) op.met_nan(a.one(i + k));
+    for (int k = 0; k < kComplexes; ++k) op.met_nan(a.one(i + k));
     return simd::select(simd::unordered(v, v), simd::splat<simd::widest<float>>(value_of<float>(Bits<float>::kNan)), v);
 }
-#endif
 
 // dst = op(a, b) on n complex values. The destination may be one of the sources: the last vectors, which
 // overlap their neighbours, are computed before anything is stored.
@@ -199,9 +134,9 @@ ORV_INLINE void complex_row(A a, ComplexVector b, float* dst, std::ptrdiff_t n, 
 {
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
-    constexpr int N = Complexes::kCount;
+    constexpr int N = kComplexes;
     using F = simd::widest<float>;
-    const auto at = [&](std::ptrdiff_t k) { return to_floats(op.many(a.many(k), b.many(k))); };
+    const auto at = [&](std::ptrdiff_t k) { return simd::to_float(op.many(a.many(k), b.many(k))); };
     const auto one_at = [&](std::ptrdiff_t k) {
         const F v = at(k);
         return __builtin_expect(simd::any(simd::unordered(v, v)), false) ? with_one_nan(v, a, k, op) : v;
@@ -229,10 +164,6 @@ ORV_INLINE void complex_row(A a, ComplexVector b, float* dst, std::ptrdiff_t n, 
         put(bits + 2 * i + 1, stored(result.im));
     }
 }
-
-#if ORV_HAVE_VECTORS
-#undef ORV_PD
-#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace orv

@@ -11,7 +11,25 @@ inline namespace ORV_LEVEL {
 // One vector V from as many narrower lanes in memory.
 template <class V> struct load_as;
 
+template <>
+struct load_as<vec<double, 1>> {
+    static ORV_INLINE vec<double, 1> from(const float* p)
+    {
+        vec<float, 1> one;
+        load_to(one, p);
+        return {static_cast<double>(one.v)};
+    }
+};
+
 #if ORV_HAVE_VECTORS
+template <>
+struct load_as<vec<double, 2>> {
+    static ORV_INLINE vec<double, 2> from(const float* p)
+    {
+        return {_mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))))};
+    }
+};
+
 template <>
 struct load_as<vec<u16, 8>> {
     static ORV_INLINE vec<u16, 8> from(const u8* p)
@@ -35,6 +53,13 @@ struct load_as<vec<float, 4>> {
         const __m128i words = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
         return {_mm_cvtepi32_ps(_mm_unpacklo_epi16(words, _mm_setzero_si128()))};
     }
+};
+
+#endif
+#if ORV_HAVE_FLOAT256
+template <>
+struct load_as<vec<double, 4>> {
+    static ORV_INLINE vec<double, 4> from(const float* p) { return {_mm256_cvtps_pd(_mm_loadu_ps(p))}; }
 };
 
 #endif

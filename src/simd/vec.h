@@ -144,6 +144,7 @@ struct count {
 #include "simd/gaps128.inc"
 
 #define ORV_BYTES 16
+#define ORV_FROM_SI(type) _mm_castsi128_##type
 #define ORV_I __m128i
 #define ORV_MM(op) _mm_##op
 #define ORV_SI(op) _mm_##op##_si128
@@ -152,6 +153,7 @@ struct count {
 #include "simd/floating.inc"
 #include "simd/double.inc"
 #undef ORV_BYTES
+#undef ORV_FROM_SI
 #undef ORV_I
 #undef ORV_MM
 #undef ORV_SI
@@ -162,6 +164,7 @@ struct count {
 #if ORV_HAVE_FLOAT256
 #define ORV_SIMD_WIDE
 #define ORV_BYTES 32
+#define ORV_FROM_SI(type) _mm256_castsi256_##type
 #define ORV_MM(op) _mm256_##op
 #define ORV_SI(op) _mm256_##op##_si256
 #define ORV_GAP41(op) _mm256_##op
@@ -173,6 +176,7 @@ struct count {
 #include "simd/double.inc"
 #undef ORV_SIMD_WIDE
 #undef ORV_BYTES
+#undef ORV_FROM_SI
 #undef ORV_I
 #undef ORV_MM
 #undef ORV_SI

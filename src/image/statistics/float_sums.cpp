@@ -7,6 +7,7 @@
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "elementwise/rows.h"
+#include "simd/conversion.h"
 
 namespace orv {
 namespace float_sums {
@@ -39,42 +40,24 @@ template <int channels>
 void add_in_order(const Band& band, RunningSums<channels>& sums)
 {
     constexpr int kSums = 2 * channels;
-#if ORV_HAVE_VECTORS
-    __m128d local[channels];
-    for (int c = 0; c < channels; ++c) local[c] = _mm_loadu_pd(sums.sum + 2 * c);
-#else
-    double local[kSums];
-    for (int s = 0; s < kSums; ++s) local[s] = sums.sum[s];
-#endif
+    using V = simd::half<double>;
+    constexpr int kVectors = kSums / V::N;
+    V local[kVectors];
+    for (int k = 0; k < kVectors; ++k) local[k] = simd::load<V>(sums.sum + k * V::N);
     for (int y = 0; y < band.rows; ++y) {
         const float* const row = row_at(band.first, band.step, y);
         ptrdiff_t i = 0;
         for (; i <= band.n - kSums; i += kSums) {
-#if ORV_HAVE_VECTORS
-            for (int c = 0; c < channels; ++c) {
-                const __m128i two = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(row + i + 2 * c));
-                local[c] = _mm_add_pd(local[c], _mm_cvtps_pd(_mm_castsi128_ps(two)));
-            }
-#else
-            for (int s = 0; s < kSums; ++s) local[s] += static_cast<double>(get(row + i + s));
-#endif
+            for (int k = 0; k < kVectors; ++k) local[k] = local[k] + simd::load_as<V>::from(row + i + k * V::N);
         }
         if (i == band.n) continue;
         // A last even column.
-#if ORV_HAVE_VECTORS
         double stored[kSums];
-        for (int c = 0; c < channels; ++c) _mm_storeu_pd(stored + 2 * c, local[c]);
+        for (int k = 0; k < kVectors; ++k) simd::store(stored + k * V::N, local[k]);
         for (int s = 0; s < channels; ++s) stored[s] += static_cast<double>(get(row + i + s));
-        for (int c = 0; c < channels; ++c) local[c] = _mm_loadu_pd(stored + 2 * c);
-#else
-        for (int s = 0; s < channels; ++s) local[s] += static_cast<double>(get(row + i + s));
-#endif
+        for (int k = 0; k < kVectors; ++k) local[k] = simd::load<V>(stored + k * V::N);
     }
-#if ORV_HAVE_VECTORS
-    for (int c = 0; c < channels; ++c) _mm_storeu_pd(sums.sum + 2 * c, local[c]);
-#else
-    for (int s = 0; s < kSums; ++s) sums.sum[s] = local[s];
-#endif
+    for (int k = 0; k < kVectors; ++k) simd::store(sums.sum + k * V::N, local[k]);
 }
 
 #if ORV_HAVE_VECTORS
@@ -92,55 +75,26 @@ void add_in_order(const Band& band, RunningSums<channels>& sums)
 // Elements are first added up in float, which suits data that were integers of 8 or 16 bits; then in
 // double, which suits nearly everything whose magnitudes are not too far apart; then in order.
 
-#if ORV_HAVE_FLOAT256
+// Accumulators.
 struct Floats {
-    static constexpr int N = 8;
-    __m256 v;
-    static ORV_INLINE Floats load(const float* p) { return {_mm256_loadu_ps(p)}; }
-    static ORV_INLINE Floats splat(float x) { return {_mm256_set1_ps(x)}; }
-    ORV_INLINE void store(float* p) const { _mm256_storeu_ps(p, v); }
-    ORV_INLINE void add(const float* p) { v = _mm256_add_ps(v, _mm256_loadu_ps(p)); }
-    ORV_INLINE void keep_largest(const float* p)
-    {
-        const __m256 magnitude = _mm256_castsi256_ps(_mm256_set1_epi32(0x7FFFFFFF));
-        v = _mm256_max_ps(v, _mm256_and_ps(_mm256_loadu_ps(p), magnitude));
-    }
-    ORV_INLINE void keep_larger(Floats other) { v = _mm256_max_ps(v, other.v); }
+    using V = simd::widest<float>;
+    static constexpr int N = V::N;
+    V v;
+    static ORV_INLINE Floats splat(float x) { return {simd::splat<V>(x)}; }
+    ORV_INLINE void store(float* p) const { simd::store(p, v); }
+    ORV_INLINE void add(const float* p) { v = v + simd::load<V>(p); }
+    ORV_INLINE void keep_largest(const float* p) { v = simd::max(v, simd::magnitude(simd::load<V>(p))); }
+    ORV_INLINE void keep_larger(Floats other) { v = simd::max(v, other.v); }
 };
 struct Doubles {
-    static constexpr int N = 4;
-    __m256d v;
-    static ORV_INLINE Doubles splat(double x) { return {_mm256_set1_pd(x)}; }
-    ORV_INLINE void store(double* p) const { _mm256_storeu_pd(p, v); }
-    ORV_INLINE void add(const float* p) { v = _mm256_add_pd(v, _mm256_cvtps_pd(_mm_loadu_ps(p))); }
-    ORV_INLINE void add(Doubles other) { v = _mm256_add_pd(v, other.v); }
+    using V = simd::widest<double>;
+    static constexpr int N = V::N;
+    V v;
+    static ORV_INLINE Doubles splat(double x) { return {simd::splat<V>(x)}; }
+    ORV_INLINE void store(double* p) const { simd::store(p, v); }
+    ORV_INLINE void add(const float* p) { v = v + simd::load_as<V>::from(p); }
+    ORV_INLINE void add(Doubles other) { v = v + other.v; }
 };
-#else
-struct Floats {
-    static constexpr int N = 4;
-    __m128 v;
-    static ORV_INLINE Floats load(const float* p) { return {_mm_loadu_ps(p)}; }
-    static ORV_INLINE Floats splat(float x) { return {_mm_set1_ps(x)}; }
-    ORV_INLINE void store(float* p) const { _mm_storeu_ps(p, v); }
-    ORV_INLINE void add(const float* p) { v = _mm_add_ps(v, _mm_loadu_ps(p)); }
-    ORV_INLINE void keep_largest(const float* p)
-    {
-        v = _mm_max_ps(v, _mm_and_ps(_mm_loadu_ps(p), _mm_castsi128_ps(_mm_set1_epi32(0x7FFFFFFF))));
-    }
-    ORV_INLINE void keep_larger(Floats other) { v = _mm_max_ps(v, other.v); }
-};
-struct Doubles {
-    static constexpr int N = 2;
-    __m128d v;
-    static ORV_INLINE Doubles splat(double x) { return {_mm_set1_pd(x)}; }
-    ORV_INLINE void store(double* p) const { _mm_storeu_pd(p, v); }
-    ORV_INLINE void add(const float* p)
-    {
-        v = _mm_add_pd(v, _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)))));
-    }
-    ORV_INLINE void add(Doubles other) { v = _mm_add_pd(v, other.v); }
-};
-#endif
 
 // Whether an addition was rounded. The flags of the caller stay as they are. Additions must not move out of
 // the watch, so their operands and results pass through fence().
@@ -280,10 +234,10 @@ private:
             const InexactWatch watch;
             for (int k = 0; k < kVectors; ++k) {
                 lanes[k] = Floats::splat(start);
-                InexactWatch::fence(lanes[k]);
+                InexactWatch::fence(lanes[k].v);
             }
             for_each(band, [&](const float* p, int k) { lanes[k].add(p); });
-            for (int k = 0; k < kVectors; ++k) InexactWatch::fence(lanes[k]);
+            for (int k = 0; k < kVectors; ++k) InexactWatch::fence(lanes[k].v);
             exact = !watch.seen();
         }
         if (!exact) return false;
@@ -307,12 +261,12 @@ private:
             const InexactWatch watch;
             for (int k = 0; k < kVectors * kHalves; ++k) {
                 lanes[k] = Doubles::splat(start);
-                InexactWatch::fence(lanes[k]);
+                InexactWatch::fence(lanes[k].v);
             }
             for_each(band, [&](const float* p, int k) {
                 for (int h = 0; h < kHalves; ++h) lanes[k * kHalves + h].add(p + h * Doubles::N);
             });
-            for (int k = 0; k < kVectors * kHalves; ++k) InexactWatch::fence(lanes[k]);
+            for (int k = 0; k < kVectors * kHalves; ++k) InexactWatch::fence(lanes[k].v);
             exact = !watch.seen();
         }
         if (!exact) return false;
