@@ -131,7 +131,7 @@ template <class F>
 ORV_INLINE F restored(F t)
 {
     using Int = decltype(simd::bits(t));
-    return simd::from_bits(simd::bits(t) & simd::splat<Int>(~31));
+    return simd::from_bits(simd::bits(t) & simd::splat<Int>(~31u));
 }
 template <class F>
 ORV_INLINE auto nearest_integer(F t)
@@ -257,7 +257,7 @@ ORV_INLINE simd::twice<simd::vec<std::uint16_t, N>> quotients_of_two(const simd:
     F t0 = floats(second.lo) / floats(by.lo), t1 = floats(second.hi) / floats(by.hi);
     if (scaled) {
         // Exactly 2^-scaleFactor: correctly rounded quotients want no push.
-        const F power = simd::from_bits(simd::bits(simd::splat<F>(factor)) & simd::splat<Ints>(~31));
+        const F power = simd::from_bits(simd::bits(simd::splat<F>(factor)) & simd::splat<simd::recast<std::uint32_t, F>>(~31u));
         t0 = t0 * power;
         t1 = t1 * power;
     }
@@ -474,7 +474,7 @@ struct QuotientInFixedPoint : QuotientInSteps<std::uint16_t, Rounding::fixed_poi
     template <class F, class Ints> static ORV_INLINE simd::mask_of<F> near_tie(F t, Ints q)
     {
         const F away = t - simd::to_float(q);
-        const F distance = simd::from_bits(simd::bits(away) & simd::splat<Ints>(0x7FFFFFFF));
+        const F distance = simd::from_bits(simd::bits(away) & simd::splat<simd::recast<std::uint32_t, F>>(0x7FFFFFFF));
         const F half = simd::splat<F>(0.5f), nearly_half = simd::splat<F>(0.5f - 1.f / 16384);
         return simd::greater(distance, nearly_half) & simd::greater(half, distance);
     }

@@ -120,7 +120,7 @@ private:
         ReducedAngle angle = Function::reduced(x);
         const mask32 near = less_equal(magnitude(angle.k), Function::kNear);
         angle.r = select(near, angle.r, reduce_middle(Function::kSigned ? x : magnitude(x), angle.k, Function::kHalfTurn));
-        if (__builtin_expect(!all_of(less_equal(magnitude(x), kFar)), 0)) Function::replace_far(src, &angle);
+        if (__builtin_expect(!all(less_equal(magnitude(x), kFar)), 0)) Function::replace_far(src, &angle);
         return angle;
     }
 };
@@ -167,10 +167,10 @@ template <Multiples multiples>
 ORV_INLINE void replace_far_by_halves(const float* src, ReducedAngle* angle)
 {
     const ints first(multiples == Multiples::odd ? 1 : 0);
-    FarAngles far(angle->r, shift_left<1>(angle->n) + first);
+    FarAngles far(angle->r, shifted_left<1>(angle->n) + first);
     far.replace<multiples>(src);
     angle->r = load_floats(far.r);
-    angle->n = shift_right<1>(load_ints(far.quadrant));
+    angle->n = shifted_right<1>(load_ints(far.quadrant));
 }
 
 struct Sine {
@@ -210,7 +210,7 @@ struct Cosine {
     static ORV_INLINE ReducedAngle reduced(floats x)
     {
         const floats size = magnitude(x);
-        const floats shifted = shifted_product(larger(0x1.9p+0f, size), 0x1.45f306p-2f, kShift);
+        const floats shifted = shifted_product(max(0x1.9p+0f, size), 0x1.45f306p-2f, kShift);
         const floats k = shifted - kShift;
         return {reduce_near(size, k, kHalfTurn), k, bits(shifted)};
     }
@@ -244,7 +244,7 @@ struct SineAndCosine {
         // Odd quadrants exchange the two and turn the sign of what was the sine; from the third on both turn.
         const ints odd = sign_if<0>(angle.n), turn = sign_if<1>(angle.n);
         const ints sine = bits(s) ^ odd, cosine = bits(c);
-        const ints change = ((sine ^ cosine) & shift_right_signed<31>(odd)) ^ turn;
+        const ints change = ((sine ^ cosine) & shifted_right_signed<31>(odd)) ^ turn;
         store(dst[0] + at, from_bits(sine ^ change));
         store(dst[1] + at, from_bits(cosine ^ change));
     }

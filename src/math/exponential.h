@@ -15,7 +15,7 @@ constexpr double k256OverLn2 = 0x1.71547652b82fep+8;
 // 2^(k/256) rounded, for k in the low bits of the argument.
 ORV_INLINE doubles power_of_two_256th(words k)
 {
-    return from_bits(lookup(orv_exp2_scale, k & words(255)) + shift_left<44>(k));
+    return from_bits(lookup(orv_exp2_scale, k & words(255)) + shifted_left<44>(k));
 }
 
 // For rounding to float: relative error below 3e-14 for |x| < 700, meaningless beyond.

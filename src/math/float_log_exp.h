@@ -33,7 +33,7 @@ struct LnOfFloat : QuickLn {
     {
         const doubles x = load_doubles(src[0] + at);
         const doubles y = ln_for_float(x);
-        if (__builtin_expect(all_of(less(0.0, x) & less(x, __builtin_inf())), 1)) store(dst, y);
+        if (__builtin_expect(all(less(0.0, x) & less(x, __builtin_inf())), 1)) store(dst, y);
         else special(x, y, dst);
     }
 
@@ -52,7 +52,7 @@ struct ExpOfFloat : QuickExp {
     static ORV_INLINE void in_double(const float* const* src, int at, float* dst)
     {
         const doubles x = load_doubles(src[0] + at);
-        if (__builtin_expect(all_of(less(magnitude(x), 87.0)), 1)) store(dst, exp_for_float(x));
+        if (__builtin_expect(all(less(magnitude(x), 87.0)), 1)) store(dst, exp_for_float(x));
         else special(x, dst);
     }
 

@@ -23,9 +23,9 @@ struct ShortExpOfFloats {
         const floats p = (r * 8.33465345203876495361328125e-3f + 4.18990887701511383056640625e-2f) * rr +
                          (r * 0.16666878759860992431640625f + 0.4999913871288299560546875f);
         const floats y = (p * rr + r) + 1.0f;
-        const floats result = from_bits(bits(y) + shift_left<23>(bits(shifted)));
+        const floats result = from_bits(bits(y) + shifted_left<23>(bits(shifted)));
         const mask32 ordinary = less(magnitude(x), 87.0f);
-        if (__builtin_expect(all_of(ordinary), 1)) return store(dst[0], result);
+        if (__builtin_expect(all(ordinary), 1)) return store(dst[0], result);
         float special[N];
         for (int i = 0; i < N; i += kDoubles) store(special + i, exp_for_float_anywhere(load_doubles(src[0] + i)));
         store(dst[0], select(ordinary, result, load_floats(special)));
@@ -41,7 +41,7 @@ struct ShortLnOfFloats {
         const floats x = load_floats(src[0]);
         const std::uint32_t sqrt_half = 0x3F3504F3, one = 0x3F800000;
         const ints b = bits(x) + ints(one - sqrt_half);
-        const floats k = to_floats(shift_right<23>(b) - ints(127));
+        const floats k = to_float_signed(shifted_right<23>(b) - ints(127));
         const floats f = from_bits((b & ints(0x007FFFFF)) + ints(sqrt_half)) - 1.0f;
         const floats ff = f * f;
         const floats high = (ff * 8.75536426901817321777343750e-2f + (f * -0.14337868988513946533203125f + 0.14922939240932464599609375f)) * ff +
@@ -51,7 +51,7 @@ struct ShortLnOfFloats {
         const floats tail = (high * ff) * ff + low;
         const floats result = k * 0x1.62e43p-1f + (f * tail + f);
         const mask32 ordinary = less_equal(0x1p-126f, x) & less(x, __builtin_inff());
-        if (__builtin_expect(all_of(ordinary), 1)) return store(dst[0], result);
+        if (__builtin_expect(all(ordinary), 1)) return store(dst[0], result);
         float special[N];
         for (int i = 0; i < N; i += kDoubles) {
             const doubles wide = load_doubles(src[0] + i);

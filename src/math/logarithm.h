@@ -23,7 +23,7 @@ ORV_INLINE LogParts split(doubles x)
     const std::uint64_t sqrt_half = 0x3FE6A09E667F3BCD, one = 0x3FF0000000000000;
     const words b = bits(x) + words(one - sqrt_half);
     // The biased exponent as the low bits of 2^52, which is an exact way from integer to double.
-    const words exponent = shift_right<52>(b) | words(0x4330000000000000);
+    const words exponent = shifted_right<52>(b) | words(0x4330000000000000);
     const words m = (b & words(0x000FFFFFFFFFFFFF)) + words(sqrt_half);
     return {from_bits(exponent) - (0x1p52 + 1023), from_bits(m) - 1.0};
 }

@@ -11,7 +11,7 @@
 
 #include <type_traits>
 
-#include "simd/two_registers.h"
+#include "simd/lanes.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -55,7 +55,7 @@ struct QuickSteps : Formula {
     ORV_INLINE void step(const float* const* src, float* const* dst)
     {
         const Rounded2 quick = Formula::quick(src);
-        if (__builtin_expect(all_of(quick.sure), 1)) store(dst[0], quick.value);
+        if (__builtin_expect(all(quick.sure), 1)) store(dst[0], quick.value);
         else in_double(src[0], src[Formula::kSources - 1], dst[0]);
     }
 

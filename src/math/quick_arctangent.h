@@ -27,10 +27,10 @@ ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
     alignas(16) static const float turn_low[4] = {0, -0x1.777a5cp-24f, -0x1.777a5cp-25f, -0x1.777a5cp-25f};
     const floats2 size_y = magnitude(y), size_x = magnitude(x);
     // A NaN of either becomes one of these two: the result is not sure then.
-    const floats2 most = larger(size_x, size_y), least = smaller(size_y, size_x);
-    const ints2 octant = shift_right<31>(bits(x)) ^ bits(less(size_x, size_y));
+    const floats2 most = max(size_x, size_y), least = min(size_y, size_x);
+    const ints2 octant = shifted_right<31>(bits(x)) ^ bits(less(size_x, size_y));
 
-    const ints2 eighth = bits(fused(smaller(least * reciprocal_estimate(most), 7.25f / 8), 8.0f - 0x1p-8f, kRoundFloat));
+    const ints2 eighth = bits(fused(min(least * reciprocal_estimate(most), 7.25f / 8), 8.0f - 0x1p-8f, kRoundFloat));
     const floats2 c = pick(eighths, eighth);
     const floats2 numerator = fused_minus(least, c, most);
     const floats2 denominator = fused(c, least, most);
@@ -53,7 +53,7 @@ ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
     const floats2 sum_rest = (flipped - (sum - turn)) + ((angle_rest ^ flip) + pick_of_four(turn_low, octant));
 
     // Results below 2^-66 other than zero are never sure: their parts need not be normal numbers.
-    const floats2 margin = fused(magnitude(v), 0x1.8p-32f, fused(sum, 0x1p-34f, smaller(least, 0x1p-90f)));
+    const floats2 margin = fused(magnitude(v), 0x1.8p-32f, fused(sum, 0x1p-34f, min(least, 0x1p-90f)));
     const floats2 value = sum + (sum_rest + margin);
     const mask2 sure = equal(value, sum + (sum_rest - margin));
     const mask2 in_range = between(most, 0x35800000, 0x5D800000);  // 2^-20 to 2^60

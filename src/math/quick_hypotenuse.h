@@ -15,13 +15,13 @@ ORV_INLINE auto quick_hypotenuse(F a, F b)
 {
     const F aa = a * a, bb = b * b;
     // A NaN becomes one of these two: the result is not sure then.
-    const F most = larger(aa, bb), least = smaller(bb, aa);
+    const F most = max(aa, bb), least = min(bb, aa);
     const F sum = most + least, root = sqrt(sum);
     // All of these are exact, but for what is too small to matter.
     const F sum_rest = least - (sum - most);
     const F square_rests = fused_less(a, a, aa) + fused_less(b, b, bb);
     const F left = fused_minus(sum, root, root) + (sum_rest + square_rests);
-    auto result = round_pair(root, left * (reciprocal_root_estimate(larger(sum, 0x1p-60f)) * 0.5f), 0x1p-34f);
+    auto result = round_pair(root, left * (reciprocal_root_estimate(max(sum, 0x1p-60f)) * 0.5f), 0x1p-34f);
     const auto in_range = between(most, 0x21800000, 0x7B800000);  // 2^-60 to 2^120
     const auto zeros = equal(from_bits(bits(a) | bits(b)), 0.0f);
     result.sure = result.sure & (in_range | zeros);
@@ -41,7 +41,7 @@ ORV_INLINE bool quick_magnitude(const float* re, const float* im, floats* result
 {
     const Rounded quick = quick_hypotenuse(load_floats(re), load_floats(im));
     *result = quick.value;
-    return __builtin_expect(all_of(quick.sure), 1);
+    return __builtin_expect(all(quick.sure), 1);
 }
 #else
 struct QuickHypotenuse {};

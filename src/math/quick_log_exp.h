@@ -27,7 +27,7 @@ ORV_INLINE Rounded2 quick_exp(floats2 x)
     const floats2 half = fused(rest, 0.5f, 0.5f);
     const floats2 p = fused(r, fused(r, fused(r, 0x1.10f94p-7f, 0x1.5559e4p-5f), 0x1.555556p-3f), half);
     const floats2 tail = fused(r, fused(r, p, rest), rest);
-    const floats2 scale = from_bits(bits(pick(power, bits(shifted))) + shift_left<20>(bits(shifted)));
+    const floats2 scale = from_bits(bits(pick(power, bits(shifted))) + shifted_left<20>(bits(shifted)));
     const floats2 high = fused(scale, r, scale);
     const floats2 low = fused(scale, tail, fused(scale, r, scale - high));
     return round_pair(high, low, 0x1p-32f);
@@ -45,8 +45,8 @@ ORV_INLINE Rounded2 quick_ln(floats2 x)
                                                   -0x1.7109fap-20f, 0x1.4344e4p-19f, 0x1.089a6ep-20f,  -0x1.a0db88p-26f};
     const std::uint32_t one = 0x3F800000, start = one - 0x000AAAAB;  // 1 stands in the middle of its interval
     const ints2 b = bits(x) - ints2(start);
-    const ints2 interval = shift_right<20>(b);
-    const floats2 k = to_floats(shift_right_signed<23>(b));
+    const ints2 interval = shifted_right<20>(b);
+    const floats2 k = to_float_signed(shifted_right_signed<23>(b));
     const floats2 m = from_bits((b & ints2(0x007FFFFF)) + ints2(start));
     const floats2 r = fused(m, pick(c, interval), -1.0f);
     const floats2 whole = fused(k, 0x1.62e4p-1f, pick(high_part, interval));  // exact

@@ -133,10 +133,10 @@ ORV_INLINE SineCosine sine_and_cosine(Angle angle, doubles x)
     const doubles s = sine_polynomial(angle.r, z), c = cosine_polynomial(z);
     // Odd quadrants exchange the two; the second bit of the quadrant is the sign of the sine, that of the
     // next quadrant the sign of the cosine.
-    const doubles exchange = has_sign(from_bits(shift_left<63>(angle.quadrant))) & (s ^ c);
+    const doubles exchange = has_sign(from_bits(shifted_left<63>(angle.quadrant))) & (s ^ c);
     const words sign(0x8000000000000000);
-    const words sine_sign = (shift_left<62>(angle.quadrant) & sign) ^ (bits(x) & sign);
-    const words cosine_sign = shift_left<62>(angle.quadrant + words(1)) & sign;
+    const words sine_sign = (shifted_left<62>(angle.quadrant) & sign) ^ (bits(x) & sign);
+    const words cosine_sign = shifted_left<62>(angle.quadrant + words(1)) & sign;
     return {(s ^ exchange) ^ from_bits(sine_sign), (c ^ exchange) ^ from_bits(cosine_sign)};
 }
 

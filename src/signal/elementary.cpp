@@ -44,7 +44,7 @@ struct SqrtOfDoubles {
         const doubles x = load_doubles(src[0]);
         const mask64 valid = less_equal(0.0, x);
         doubles y = sqrt(x);
-        if (__builtin_expect(!all_of(valid), 0)) {
+        if (__builtin_expect(!all(valid), 0)) {
             y = select(valid, y, from_bits(words(0xFFF8000000000000)));
             status = StatusSqrtOfNegative;
         }
@@ -57,7 +57,7 @@ struct ExpOfDoubles {
     ORV_INLINE void step(const double* const* src, double* const* dst) const
     {
         const doubles x = load_doubles(src[0]);
-        if (__builtin_expect(all_of(less(magnitude(x), kExpOrdinary)), 1)) return store(dst[0], exp(x));
+        if (__builtin_expect(all(less(magnitude(x), kExpOrdinary)), 1)) return store(dst[0], exp(x));
         store(dst[0], exp_anywhere(x));
     }
 };
@@ -69,7 +69,7 @@ struct LnOfDoubles {
     {
         const doubles x = load_doubles(src[0]);
         const mask64 ordinary = less_equal(0x1p-1022, x) & less(x, __builtin_inf());
-        if (__builtin_expect(all_of(ordinary), 1)) return store(dst[0], ln(split(x)));
+        if (__builtin_expect(all(ordinary), 1)) return store(dst[0], ln(split(x)));
         LogEvents events;
         store(dst[0], ln_anywhere(x, &events));
         warning.note(events);
@@ -82,7 +82,7 @@ struct SineCosineOfDoubles {
     {
         const doubles x = load_doubles(src[0]);
         const doubles size = magnitude(x);
-        const bool ordinary = all_of(less_equal(size, kOrdinaryAngle));
+        const bool ordinary = all(less_equal(size, kOrdinaryAngle));
         if (__builtin_expect(ordinary, 1)) return put(sine_and_cosine(reduce(size), x), dst);
         // NaNs have no sign.
         const doubles sign = select(less(size, __builtin_inf()), x, size);
@@ -123,7 +123,7 @@ struct Atan2OfFloat : QuickArctangent {
         // Infinities and two zeros would divide into NaNs.
         const doubles larger = magnitude(y) + magnitude(x);
         const mask64 ordinary = less(0.0, larger) & less(larger, __builtin_inf());
-        if (__builtin_expect(all_of(ordinary), 1)) store(dst, arctangent(y, x));
+        if (__builtin_expect(all(ordinary), 1)) store(dst, arctangent(y, x));
         else store(dst, anywhere(y, x));
     }
 
@@ -156,7 +156,7 @@ struct HypotOfFloat : QuickHypotenuse {
         const doubles a = load_doubles(src[0] + at), b = load_doubles(src[1] + at);
         const doubles sum = a * a + b * b;  // the squares are exact and far from overflow
         doubles y = sqrt(sum);
-        if (__builtin_expect(!all_of(less(sum, __builtin_inf())), 0)) {
+        if (__builtin_expect(!all(less(sum, __builtin_inf())), 0)) {
             // As C has it: infinity even beside a NaN.
             const doubles infinity = __builtin_inf();
             y = select(unordered(sum), from_bits(words(0x7FF8000000000000)), y);

@@ -20,6 +20,11 @@ struct load_as<vec<double, 1>> {
         return {static_cast<double>(one.v)};
     }
 };
+ORV_INLINE void store(float* p, vec<double, 1> a)
+{
+    const float rounded_once = static_cast<float>(a.v);
+    __builtin_memcpy(p, &rounded_once, sizeof(float));
+}
 
 #if ORV_HAVE_VECTORS
 template <>
@@ -86,6 +91,15 @@ struct load_as<vec<float, 8>> {
 #endif
 
 #if ORV_HAVE_VECTORS
+// Rounded to float.
+ORV_INLINE void store(float* p, vec<double, 2> a)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castps_si128(_mm_cvtpd_ps(a.v)));
+}
+#if ORV_HAVE_FLOAT256
+ORV_INLINE void store(float* p, vec<double, 4> a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a.v)); }
+#endif
+
 // 32-bit lanes from 0 to the most of the narrower type, packed in memory order.
 ORV_INLINE vec<u16, 8> pack(vec<s32, 4> a, vec<s32, 4> b)
 {

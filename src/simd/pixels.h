@@ -9,15 +9,6 @@ namespace orv {
 namespace simd {
 inline namespace ORV_LEVEL {
 
-// Shifts by a fixed number of bits, which take one operation where those by a register take two.
-template <int bits> ORV_INLINE vec<u16, 8> shifted_left(vec<u16, 8> a) { return {_mm_slli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, 4> shifted_left(vec<s32, 4> a) { return {_mm_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, 4> shifted_left(vec<u32, 4> a) { return {_mm_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u16, 8> shifted_right(vec<u16, 8> a) { return {_mm_srli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s16, 8> shifted_right(vec<s16, 8> a) { return {_mm_srai_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, 4> shifted_right(vec<u32, 4> a) { return {_mm_srli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, 4> shifted_right(vec<s32, 4> a) { return {_mm_srai_epi32(a.v, bits)}; }
-
 // The even and the odd lanes of a, then those of b (within each 128-bit half).
 ORV_INLINE vec<s32, 4> even_lanes(vec<s32, 4> a, vec<s32, 4> b)
 {
@@ -65,13 +56,6 @@ template <int distance> ORV_INLINE void store_parts(u8* p, vec<u8, 16> v) { stor
 
 #if ORV_HAVE_INT256
 ORV_INLINE vec<s8, 32> sub_saturate(vec<s8, 32> a, vec<s8, 32> b) { return {_mm256_subs_epi8(a.v, b.v)}; }
-template <int bits> ORV_INLINE vec<u16, 16> shifted_left(vec<u16, 16> a) { return {_mm256_slli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, 8> shifted_left(vec<s32, 8> a) { return {_mm256_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, 8> shifted_left(vec<u32, 8> a) { return {_mm256_slli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u16, 16> shifted_right(vec<u16, 16> a) { return {_mm256_srli_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s16, 16> shifted_right(vec<s16, 16> a) { return {_mm256_srai_epi16(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<u32, 8> shifted_right(vec<u32, 8> a) { return {_mm256_srli_epi32(a.v, bits)}; }
-template <int bits> ORV_INLINE vec<s32, 8> shifted_right(vec<s32, 8> a) { return {_mm256_srai_epi32(a.v, bits)}; }
 ORV_INLINE vec<s32, 8> even_lanes(vec<s32, 8> a, vec<s32, 8> b)
 {
     return {_mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0x88))};

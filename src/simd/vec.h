@@ -64,6 +64,12 @@ template <int N> struct register_of<double, N, 32> { using type = __m256d; };
 #endif
 #if ORV_HAVE_INT256
 template <class T, int N> struct register_of<T, N, 32> { using type = __m256i; };
+#elif ORV_HAVE_FLOAT256
+// Integers beside floats of 256 bits, where there are none so wide: in two halves. Formulas have them, loops do not.
+struct split_register {
+    __m128i lo, hi;
+};
+template <class T, int N> struct register_of<T, N, 32> { using type = split_register; };
 #endif
 
 template <class T, int lanes>
@@ -71,6 +77,17 @@ struct vec {
     using lane = T;
     static constexpr int N = lanes;
     typename register_of<T, N>::type v;
+    vec() = default;
+    ORV_INLINE vec(typename register_of<T, N>::type value) : v(value) {}
+    ORV_INLINE vec(T value) { splat_to(*this, value); }  // in every lane
+};
+template <class T>
+struct vec<T, 1> {
+    using lane = T;
+    static constexpr int N = 1;
+    T v;
+    vec() = default;
+    ORV_INLINE vec(T value) : v(value) {}
 };
 
 template <class T> constexpr bool is_float = false;
@@ -112,6 +129,11 @@ struct twice {
     using lane = typename V::lane;
     static constexpr int N = 2 * V::N;
     V lo, hi;
+    twice() = default;
+    ORV_INLINE twice(V low, V high) : lo(low), hi(high) {}
+    ORV_INLINE twice(lane value) : lo(value), hi(value) {}  // in every lane
+
+#include "simd/twice_friends.inc"
 };
 template <class V> using pair = twice<V>;
 template <class V> struct mask_type<twice<V>> { using type = twice<mask_of<V>>; };
@@ -159,6 +181,9 @@ struct count {
 #undef ORV_SI
 #undef ORV_GAP41
 #undef ORV_GAP41_128
+#endif
+#if ORV_HAVE_FLOAT256 && !ORV_HAVE_INT256
+#include "simd/split.inc"
 #endif
 
 #if ORV_HAVE_FLOAT256

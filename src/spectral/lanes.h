@@ -38,7 +38,6 @@ using Four = simd::vec<float, 4>;
 
 ORV_INLINE void store_lanes(float* p, Four a) { simd::store(p, a); }
 ORV_INLINE Four negated(Four a) { return {_mm_xor_ps(a.v, _mm_set1_ps(-0.0f))}; }
-ORV_INLINE Four magnitude(Four a) { return {_mm_andnot_ps(_mm_set1_ps(-0.0f), a.v)}; }
 ORV_INLINE Four larger(Four a, Four b) { return simd::max(a, b); }
 ORV_INLINE bool any_reaches(Four a, Four limit) { return simd::any(simd::greater_equal(a, limit)); }
 #endif
@@ -47,7 +46,6 @@ using Eight = simd::vec<float, 8>;
 
 ORV_INLINE void store_lanes(float* p, Eight a) { simd::store(p, a); }
 ORV_INLINE Eight negated(Eight a) { return {_mm256_xor_ps(a.v, _mm256_set1_ps(-0.0f))}; }
-ORV_INLINE Eight magnitude(Eight a) { return {_mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v)}; }
 ORV_INLINE Eight larger(Eight a, Eight b) { return simd::max(a, b); }
 ORV_INLINE bool any_reaches(Eight a, Eight limit) { return simd::any(simd::greater_equal(a, limit)); }
 #endif

@@ -214,6 +214,8 @@ void add_integers(Words& words, Lane lane)
     words.each<T>("ShiftLeft", lane, [=](T a, T, T) { return wide(a) * 32; });
     words.each<T>("ShiftRight", lane, [](T a, T, T) { return s64{a} >> 5; });
     words.each<T>("ShiftAllOut", lane, [](T a, T, T) { return s64{a} >> (8 * sizeof(T) - 1); });
+    words.each<T>("ShiftedLeft", lane, [=](T a, T, T) { return wide(a) * 32; });
+    words.each<T>("ShiftedRight", lane, [](T a, T, T) { return s64{a} >> 5; });
     words.each<T>("Not", lane, [](T a, T, T) { return ~a; });
     words.each<T>("OnesWhere", lane, [](T a, T b, T) { return a == b ? -1 : 0; });
     words.each<T>("WidenNarrow", lane, [](T a, T, T) { return a; });
@@ -231,7 +233,6 @@ void add_integers(Words& words, Lane lane)
         words.each<T>("ProductNarrowed", lane, [](T a, T b, T) { return clamped<T>(s64{a} * b); });
         words.each<T>("ProductScaledDown", lane, [](T a, T b, T) { return clamped<T>(scaled_down(s64{a} * b, 31)); });
         words.each<T, float>("ToFloat", lane, [](T a, T, T) { return static_cast<float>(a); });
-        words.each<T, float>("FromBits", lane, [](T a, T, T) { return value_of<float>(static_cast<u32>(a)); }, any_nan);
         words.each<T>("ThirdInDouble", lane, [](T a, T, T) {
             volatile double third = static_cast<double>(a) * (1.0 / 3);
             return std::nearbyint(third);
@@ -293,6 +294,44 @@ void add_floats(Words& words, Lane lane)
     words.each<F>("Subtract", lane, [](F a, F b, F) { return rounded<F>(Quad{a} - b); }, any_nan);
     words.each<F>("Multiply", lane, [](F a, F b, F) { return rounded<F>(Quad{a} * b); }, of_product);
     words.each<F>("Divide", lane, [](F a, F b, F) { return rounded<F>(Quad{a} / b); }, of_product);
+    words.each<F>("Magnitude", lane, [](F a, F, F) { return std::abs(a); }, any_nan);
+    words.each<F>("Less", lane, [](F a, F b, F c) { return a < b ? a : c; });
+    words.each<F>("LessEqual", lane, [](F a, F b, F c) { return a <= b ? a : c; });
+    words.each<F>("NotEqual", lane, [](F a, F b, F c) { return a == b ? c : a; });
+    words.add<F, F>("LanesOf", lane, [](const F* a, const F* b, const F*, F* r, int lanes) {
+        unsigned bits = 0;
+        for (int i = 0; i < lanes; ++i) bits |= (a[i] < b[i] ? 1u : 0u) << i;
+        for (int i = 0; i < lanes; ++i) r[i] = static_cast<F>(bits);
+        return lanes;
+    });
+    words.each<F>("MinusProduct", lane, [](F a, F b, F) { return rounded<F>(Quad{a} - b); }, any_nan);
+    words.each<F>("WithNumbers", lane, [](F a, F, F) {
+        const F x = rounded<F>(Quad{rounded<F>(Quad{a} / 2)} + 1);
+        return rounded<F>(Quad{x > 2 ? x : F{2}} - a);
+    }, of_product);
+    words.each<F>("Fused", lane, [](F a, F b, F c) { return std::fma(a, b, c); }, any_nan);
+    words.each<F>("FusedMinus", lane, [](F a, F b, F c) { return std::fma(-a, b, c); }, any_nan);
+    words.each<F>("FusedLess", lane, [](F a, F b, F c) { return std::fma(a, b, -c); }, any_nan);
+    // Of lane i: which of its own, its neighbour's and the other operand's lanes it gets; a lone lane's are zeros.
+    const auto neighbours = [&](const char* name, auto of) {
+        words.add<F, F>(name, lane, [of](const F* a, const F* b, const F* c, F* r, int lanes) {
+            const F nothing[2] = {};
+            for (int i = 0; i < lanes; i += 2) {
+                const F pair[2] = {a[i], lanes > 1 ? a[i + 1] : F{0}};
+                const F* const other = lanes > 1 ? b + i : nothing;
+                for (int k = 0; k < 2 && i + k < lanes; ++k) r[i + k] = of(k, pair, other, c[i + k]);
+            }
+            return lanes;
+        }, any_nan);
+    };
+    neighbours("EvenTwice", [](int, const F* a, const F*, F) { return a[0]; });
+    neighbours("OddTwice", [](int, const F* a, const F*, F) { return a[1]; });
+    neighbours("Exchanged", [](int k, const F* a, const F*, F) { return a[1 - k]; });
+    neighbours("EvenOf", [](int k, const F* a, const F* b, F) { return k == 0 ? a[0] : b[0]; });
+    neighbours("OddOf", [](int k, const F* a, const F* b, F) { return k == 0 ? a[1] : b[1]; });
+    neighbours("SplatTwo", [](int k, const F* a, const F*, F) { return rounded<F>(Quad{a[k]} + k + 1); });
+    neighbours("ProductMinusPlus", [](int k, const F* a, const F*, F c) { return rounded<F>(Quad{a[k]} + (k == 0 ? -Quad{c} : Quad{c})); });
+    neighbours("ProductPlusMinus", [](int k, const F* a, const F*, F c) { return rounded<F>(Quad{a[k]} + (k == 0 ? Quad{c} : -Quad{c})); });
     words.each<F>("Unordered", lane, [](F a, F b, F c) { return std::isnan(a) || std::isnan(b) ? a : c; });
     words.each<F>("Root", lane, [](F a, F, F) {
         if (!(a > 0) || std::isinf(a)) return std::sqrt(a);
@@ -330,7 +369,19 @@ Words make_words()
 
     words.each<u64>("Upper", Lane::u64, [](u64 a, u64, u64) { return a >> 32; });
     words.each<u64>("AddWide", Lane::u64, [](u64 a, u64 b, u64) { return a + b; });
-    words.each<float, s32>("Bits", Lane::f32, [](float a, float, float) { return raw(a); });
+    words.each<u64>("Add", Lane::u64, [](u64 a, u64 b, u64) { return a + b; });
+    words.each<u64>("Subtract", Lane::u64, [](u64 a, u64 b, u64) { return a - b; });
+    words.each<u64>("And", Lane::u64, [](u64 a, u64 b, u64) { return a & b; });
+    words.each<u64>("Or", Lane::u64, [](u64 a, u64 b, u64) { return a | b; });
+    words.each<u64>("Xor", Lane::u64, [](u64 a, u64 b, u64) { return a ^ b; });
+    words.each<u64>("ShiftedLeft", Lane::u64, [](u64 a, u64, u64) { return a * 32; });
+    words.each<u64>("ShiftedRight", Lane::u64, [](u64 a, u64, u64) { return a / 32; });
+    words.each<u64, double>("FromBits", Lane::u64, [](u64 a, u64, u64) { return value_of<double>(a); }, any_nan);
+    words.each<u32, float>("FromBits", Lane::u32, [](u32 a, u32, u32) { return value_of<float>(a); }, any_nan);
+    words.each<u32, float>("ToFloatSigned", Lane::u32, [](u32 a, u32, u32) { return static_cast<float>(static_cast<s32>(a)); });
+    words.each<u32>("ShiftedRightSigned", Lane::u32, [](u32 a, u32, u32) { return static_cast<s32>(a) >> 5; });
+    words.each<float, u32>("Bits", Lane::f32, [](float a, float, float) { return raw(a); });
+    words.each<double, u64>("Bits", Lane::f64, [](double a, double, double) { return raw(a); });
     words.each<float, s32>("Truncate", Lane::f32, [](float a, float, float) { return to_int(static_cast<double>(std::trunc(a))); });
     words.each<float, s32>("RoundToInt", Lane::f32, [](float a, float, float) { return to_int(static_cast<double>(std::nearbyint(a))); });
     words.each<float>("ThereAndBack", Lane::f32, [](float a, float, float) { return a; }, any_nan);

@@ -4,6 +4,7 @@
 #include "core/float_control.h"
 #include "simd/conversion.h"
 #include "simd/halves.h"
+#include "simd/neighbours.h"
 #include "simd/reductions.h"
 #include "simd/vec.h"
 #include "vocabulary.h"
@@ -13,6 +14,8 @@ namespace ORV_LEVEL {
 namespace {
 
 using namespace orv::simd;
+
+template <class T> using beside_floats = recast<T, widest<float>>;
 
 template <class T> constexpr Lane lane_of = Lane::u8;
 template <> constexpr Lane lane_of<u16> = Lane::u16;
@@ -77,6 +80,29 @@ OPERATION(OnesWhere, ones_where<V>(equal(a, b)))
 OPERATION(Bits, bits(a))
 OPERATION(FromBits, from_bits(a))
 OPERATION(ToFloat, to_float(a))
+OPERATION(ToFloatSigned, to_float_signed(a))
+OPERATION(Less, select(less(a, b), a, c))
+OPERATION(LessEqual, select(less_equal(a, b), a, c))
+OPERATION(NotEqual, select(!equal(a, b), a, c))
+OPERATION(LanesOf, splat<V>(static_cast<typename V::lane>(lanes_of(less(a, b)))))
+OPERATION(MinusProduct, minus_exact(a, b, splat<V>(1)))
+OPERATION(WithNumbers, max(a * 0.5f + 1.0f, 2.0f) - a)
+OPERATION(ShiftedLeft, shifted_left<5>(a))
+OPERATION(ShiftedRight, shifted_right<5>(a))
+OPERATION(ShiftedRightSigned, shifted_right_signed<5>(a))
+OPERATION(EvenTwice, even_twice(a))
+OPERATION(OddTwice, odd_twice(a))
+OPERATION(Exchanged, exchanged(a))
+OPERATION(EvenOf, even_of(a, b))
+OPERATION(OddOf, odd_of(a, b))
+OPERATION(SplatTwo, a + splat_two<V>(1, 2))
+OPERATION(ProductMinusPlus, product_minus_plus(a, splat<V>(1), c))
+OPERATION(ProductPlusMinus, product_plus_minus(a, splat<V>(1), c))
+#if ORV_HAVE_FUSED
+OPERATION(Fused, fused(a, b, c))
+OPERATION(FusedMinus, fused_minus(c, a, b))
+OPERATION(FusedLess, fused_less(a, b, c))
+#endif
 OPERATION(Truncate, truncate(a))
 OPERATION(RoundToInt, round_to_int(a))
 OPERATION(ThereAndBack, to_float(to_double(a)))
@@ -144,6 +170,8 @@ void run_ends(const void* a, const void*, const void*, void* results, int n)
 #define ANY(name, T) SINGLE(name, T), {#name, lane_of<T>, 2 * widest<T>::N, run<name, twice<widest<T>>>}
 #define INTEGERS(name) ANY(name, u8), ANY(name, u16), ANY(name, s16), ANY(name, u32), ANY(name, s32)
 #define FLOATS(name) ANY(name, float), ANY(name, double)
+// Integers as wide as the widest floats.
+#define BESIDE(name, T) SINGLE(name, T), AT(beside_floats<T>, name, T)
 #define SHIFTED(name) ANY(name, u16), ANY(name, s16), ANY(name, u32), ANY(name, s32)
 
 const Entry all_entries[] = {
@@ -164,8 +192,23 @@ const Entry all_entries[] = {
     FLOATS(Unordered), SINGLE(SelectBySign, s32),
     INTEGERS(BothHold), FLOATS(BothHold), INTEGERS(OneHolds), FLOATS(OneHolds), INTEGERS(FirstFails), FLOATS(FirstFails),
     INTEGERS(Any), FLOATS(Any), INTEGERS(All), FLOATS(All), SINGLE(OnesWhere, u8), SINGLE(OnesWhere, s32),
-    SINGLE(ToFloat, s32), SINGLE(FromBits, s32), SINGLE(ThirdInDouble, s32),
-    ONE(Bits, float), ONE(Truncate, float), ONE(RoundToInt, float),
+    SINGLE(ToFloat, s32), FLOATS(Magnitude), FLOATS(Less), SINGLE(LessEqual, float), SINGLE(LessEqual, double),
+    SINGLE(NotEqual, float), SINGLE(NotEqual, double), SINGLE(LanesOf, float), SINGLE(LanesOf, double),
+    SINGLE(MinusProduct, float), SINGLE(MinusProduct, double), FLOATS(WithNumbers),
+    BESIDE(FromBits, u32), BESIDE(ToFloatSigned, u32), BESIDE(Add, u32), BESIDE(Subtract, u32), BESIDE(And, u32), BESIDE(Or, u32),
+    BESIDE(Xor, u32), BESIDE(ShiftedLeft, u32), BESIDE(ShiftedRight, u32), BESIDE(ShiftedRightSigned, u32),
+    BESIDE(Add, u64), BESIDE(Subtract, u64), BESIDE(And, u64), BESIDE(Or, u64), BESIDE(Xor, u64), BESIDE(FromBits, u64),
+    BESIDE(ShiftedLeft, u64), BESIDE(ShiftedRight, u64), SINGLE(ShiftedLeft, u16), SINGLE(ShiftedRight, u16), SINGLE(ShiftedRight, s16),
+    SINGLE(ShiftedLeft, s32), SINGLE(ShiftedRight, s32),
+    SINGLE(EvenTwice, double), SINGLE(OddTwice, double), SINGLE(Exchanged, double), SINGLE(EvenOf, double), SINGLE(OddOf, double),
+    SINGLE(SplatTwo, double), ONE(ProductMinusPlus, double), AT(widest<double>, ProductMinusPlus, double),
+    ONE(ProductPlusMinus, double), AT(widest<double>, ProductPlusMinus, double),
+#if ORV_HAVE_FUSED
+    REGISTERS(Fused, double), REGISTERS(FusedMinus, double), REGISTERS(FusedLess, double), REGISTERS(Fused, float),
+    {"Fused", Lane::f32, 16, run<Fused, twice<widest<float>>>},
+#endif
+    SINGLE(ThirdInDouble, s32),
+    SINGLE(Bits, float), SINGLE(Bits, double), ONE(Truncate, float), ONE(RoundToInt, float),
     SINGLE(ThereAndBack, float), SINGLE(RoundedToSingle, float), SINGLE(ExactProduct, float),
     SINGLE(WidenNarrow, u8), SINGLE(WidenNarrow, u16), SINGLE(WidenNarrow, s16),
     SINGLE(NarrowSaturates, u8), SINGLE(NarrowSaturates, u16), SINGLE(NarrowSaturates, s16),
@@ -175,8 +218,8 @@ const Entry all_entries[] = {
     SINGLE(SumOfBytes, u8), SINGLE(SumOfProducts, s16), SINGLE(ProductNarrowed, s32), SINGLE(ProductScaledDown, s32),
     SINGLE(InRegister, u8),
 #if ORV_HAVE_VECTORS
-    AT(floats_of<half<s32>>, Bits, float), AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),
-    AT(floats_of<widest<s32>>, Bits, float), AT(floats_of<widest<s32>>, Truncate, float), AT(floats_of<widest<s32>>, RoundToInt, float),
+    AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),
+    AT(floats_of<widest<s32>>, Truncate, float), AT(floats_of<widest<s32>>, RoundToInt, float),
     REGISTERS(PackTwo, s32), REGISTERS(PackFour, s32), REGISTERS(PackMasks, s16), REGISTERS(PackFourMasks, s32),
     {"LoadAs", Lane::u8, 1, run_load_as<half<u16>, u8>}, {"LoadAs", Lane::u8, 1, run_load_as<widest<u16>, u8>},
     {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<half<s32>>, u8>}, {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<widest<s32>>, u8>},

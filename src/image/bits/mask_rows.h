@@ -163,7 +163,10 @@ private:
         };
         if constexpr (sizeof(T) == 1) return part(0);
         if constexpr (sizeof(T) == 2) return pack_masks(part(0), part(1));
-        if constexpr (sizeof(T) == 4) return pack_masks(bits(part(0)), bits(part(1)), bits(part(2)), bits(part(3)));
+        if constexpr (sizeof(T) == 4) {
+            const auto words = [&](int i) { return simd::as<std::int32_t>(bits(part(i))); };
+            return pack_masks(words(0), words(1), words(2), words(3));
+        }
     }
     template <class V> ORV_INLINE V fails(std::ptrdiff_t pixel, int element) const
     {

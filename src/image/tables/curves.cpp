@@ -257,7 +257,10 @@ private:
         const Floats bounded = simd::select(simd::greater(splat(curve_.levels), x), splat(curve_.values), to_end);
         return simd::select(simd::unordered(x, x), simd::splat<Floats>(__builtin_nanf("")), bounded);
     }
-    static ORV_INLINE Ints bits_of(simd::mask_of<Floats> mask) { return simd::bits(simd::ones_where<Floats>(mask)); }
+    static ORV_INLINE Ints bits_of(simd::mask_of<Floats> mask)
+    {
+        return simd::as<std::int32_t>(simd::bits(simd::ones_where<Floats>(mask)));
+    }
 
     // How many levels after the first and before the last are not above x.
     ORV_INLINE Ints segment_by_counting(Floats x) const

@@ -59,8 +59,8 @@ ORV_INLINE doubles sine_of_fraction(doubles w)
     const doubles s = r + (sine_tail(r, z) + low);
     const doubles c = (doubles(1.0) - z * 0.5) + (zz * cosine_tail(z, zz) - r * low);
     const words quadrant = bits(shifted);
-    const mask64 odd = less(from_bits(shift_left<63>(quadrant) | bits(doubles(1.0))), 0.0);
-    const words sign = shift_left<62>(quadrant) & words(0x8000000000000000);
+    const mask64 odd = less(from_bits(shifted_left<63>(quadrant) | bits(doubles(1.0))), 0.0);
+    const words sign = shifted_left<62>(quadrant) & words(0x8000000000000000);
     return (s ^ (odd & (s ^ c))) ^ from_bits(sign);
 }
 
@@ -75,7 +75,7 @@ ORV_INLINE doubles gaussians(const std::uint32_t* pairs, doubles mean, doubles s
         logarithm = select(zero, -0x1.74385446d71c3p+9, logarithm);  // ln 2^-1074
     }
     const doubles radius = sqrt(logarithm * -2.0);
-    const doubles sine = sine_of_fraction(to_doubles(shift_right<32>(both)));
+    const doubles sine = sine_of_fraction(to_doubles(shifted_right<32>(both)));
     return radius * sigma * sine + mean;
 }
 
