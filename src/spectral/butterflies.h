@@ -50,7 +50,7 @@ ORV_INLINE void butterfly8(Complex<V>* x)
     Complex<V> o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
     butterfly4<inverse>(o0, o1, o2, o3);
     // The odd half times the eighth root and its cube: (1 -+ i) / sqrt 2 and (-1 -+ i) / sqrt 2.
-    const V h = Lanes<V>::splat(0.70710678118654752440f);
+    const V h = simd::splat<V>(0.70710678118654752440f);
     const Complex<V> w1 = inverse ? Complex<V>{h * (o1.re - o1.im), h * (o1.re + o1.im)}
                                   : Complex<V>{h * (o1.re + o1.im), h * (o1.im - o1.re)};
     // Without its sign in front: minus this, for the real part too in the inverse.

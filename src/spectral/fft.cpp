@@ -73,7 +73,7 @@ Status FftForward_32f(const float* src, float* dst, const FftSpec* spec, unsigne
     if (spec->scales_forward) {
         const One scale = {spec->scale};
         const std::ptrdiff_t count = plan.order == 0 ? 2 : (std::ptrdiff_t{1} << plan.order) + 2;
-        for (std::ptrdiff_t i = 0; i < count; ++i) store_lanes(dst + i, Lanes<One>::load(dst + i) * scale);
+        for (std::ptrdiff_t i = 0; i < count; ++i) simd::store(dst + i, simd::load<One>(dst + i) * scale);
     }
     return StatusOk;
 }

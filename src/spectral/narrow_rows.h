@@ -31,7 +31,7 @@ public:
                 V samples[kLanes];
                 load_lanes_of(samples, at + r, x);
                 ORV_UNROLL
-                for (int i = 0; i < kLanes; ++i) store_lanes(lines_[(x + i) / 2] + (i % 2) * kLanes + r, samples[i]);
+                for (int i = 0; i < kLanes; ++i) simd::store(lines_[(x + i) / 2] + (i % 2) * kLanes + r, samples[i]);
             }
         }
         transform_lines<false>(plan_.lines, lines_[0], lines_[0]);
@@ -46,7 +46,7 @@ public:
                 for (int part = 0; part < kLineFloats; part += kLanes) {
                     V values[kLanes];
                     load_lanes_of(values, of, part);
-                    for (int r = 0; r < rows; ++r) store_lanes(line(u / kLanes, r) + part + i, values[r]);
+                    for (int r = 0; r < rows; ++r) simd::store(line(u / kLanes, r) + part + i, values[r]);
                 }
             }
         }
@@ -63,7 +63,7 @@ public:
                 for (int part = 0; part < kLineFloats; part += kLanes) {
                     V values[kLanes];
                     load_lanes_of(values, of, part);
-                    for (int i = 0; i < kLanes && i < half_; ++i) store_lanes(lines_[u + i] + part + r, values[i]);
+                    for (int i = 0; i < kLanes && i < half_; ++i) simd::store(lines_[u + i] + part + r, values[i]);
                 }
             }
         }
@@ -71,7 +71,7 @@ public:
         for (int k = 1; 2 * k <= half_; ++k) unsplit_pair(lines_[k], lines_[half_ - k], plan_.split + 2 * k);
         transform_lines<true>(plan_.lines, lines_[0], lines_[0]);
 
-        const V scale = Lanes<V>::splat(factor);
+        const V scale = simd::splat<V>(factor);
         const bool direct = rows == kLanes && width_ >= kLanes;
         for (int x = 0; x < width_; x += kLanes) {
             for (int r = 0; r < kLanes; r += V::N) {
@@ -79,7 +79,7 @@ public:
                 ORV_UNROLL
                 for (int i = 0; i < kLanes; ++i) {
                     const int pair = (x + i) / 2 < half_ ? (x + i) / 2 : 0;
-                    samples[i] = Lanes<V>::load(frequency(pair) + (i % 2) * kLanes + r) * scale;
+                    samples[i] = simd::load<V>(frequency(pair) + (i % 2) * kLanes + r) * scale;
                 }
                 float* to[V::N];
                 for (int j = 0; j < V::N; ++j) to[j] = direct ? row_at(dst, step, r + j) : rows_[r + j];
@@ -106,7 +106,7 @@ private:
         __builtin_memset(rows_[r], 0, kLanes * sizeof(float));
         __builtin_memcpy(rows_[r], row, static_cast<std::size_t>(width_) * sizeof(float));
         if (factor == 1.0f) return rows_[r];
-        for (int x = 0; x < width_; ++x) store_lanes(rows_[r] + x, Lanes<One>::load(rows_[r] + x) * One{factor});
+        for (int x = 0; x < width_; ++x) simd::store(rows_[r] + x, simd::load<One>(rows_[r] + x) * One{factor});
         return rows_[r];
     }
 

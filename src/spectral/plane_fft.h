@@ -21,21 +21,21 @@ class LargestMagnitude {
 public:
     LargestMagnitude()
     {
-        for (V& v : largest_) v = Lanes<V>::splat(0.0f);
+        for (V& v : largest_) v = simd::splat<V>(0.0f);
     }
     ORV_INLINE void add(const float* row, int width)
     {
         for (int x = 0; x < width; x += kTogether * V::N) {
             ORV_UNROLL
             for (int i = 0; i < kTogether; ++i) {
-                largest_[i] = larger(magnitude(Lanes<V>::load(row + x + i * V::N)), largest_[i]);
+                largest_[i] = simd::max(simd::magnitude(simd::load<V>(row + x + i * V::N)), largest_[i]);
             }
         }
     }
     bool reaches(float limit) const
     {
-        const V first = larger(largest_[0], largest_[1]), second = larger(largest_[2], largest_[3]);
-        return any_reaches(larger(first, second), Lanes<V>::splat(limit));
+        const V first = simd::max(largest_[0], largest_[1]), second = simd::max(largest_[2], largest_[3]);
+        return simd::any(simd::greater_equal(simd::max(first, second), simd::splat<V>(limit)));
     }
 
 private:
@@ -97,9 +97,9 @@ private:
     float more() const { return 4.0f * static_cast<float>(width_) * static_cast<float>(height_); }
     void lessen_lines(int first, int end) const
     {
-        const V factor = Lanes<V>::splat(less());
+        const V factor = simd::splat<V>(less());
         for (int c = first; c < end; ++c) {
-            for (float* p = line(c, 0); p < line(c, height_); p += V::N) store_lanes(p, Lanes<V>::load(p) * factor);
+            for (float* p = line(c, 0); p < line(c, height_); p += V::N) simd::store(p, simd::load<V>(p) * factor);
         }
     }
 
@@ -166,13 +166,13 @@ private:
     }
     const float* lessened_row(const float* from, float* to) const
     {
-        const V factor = Lanes<V>::splat(less());
-        for (int x = 0; x < width_; x += V::N) store_lanes(to + x, Lanes<V>::load(from + x) * factor);
+        const V factor = simd::splat<V>(less());
+        for (int x = 0; x < width_; x += V::N) simd::store(to + x, simd::load<V>(from + x) * factor);
         return to;
     }
     void store_block(float* dst, int dstStep, int first, int end, float factor) const
     {
-        const V factors = Lanes<V>::splat(factor);
+        const V factors = simd::splat<V>(factor);
         for (int v = 0; v < height_; ++v) {
             float* const row = row_at(dst, dstStep, v);
             for (int c = first; c < end; ++c) store_packed(row, c, line(c, columns_.position[v]), factors);
@@ -242,7 +242,7 @@ private:
         if (c > 0) return store_complex(row + c * kLineFloats - 1, from, factor);
         if (width_ < kLineFloats) return store_narrow(row, from, factor);
         for (int i = 0; i < kLanes; i += V::N) {
-            const Complex<V> shifted = {Lanes<V>::load(from + kLanes + i), Lanes<V>::load(from + 1 + i)};
+            const Complex<V> shifted = {simd::load<V>(from + kLanes + i), simd::load<V>(from + 1 + i)};
             Interleaved<V>::store(row + 2 * i, scaled_by(shifted, factor));
         }
     }
@@ -253,9 +253,9 @@ private:
         Complex<V> shifted[kLanes / V::N];
         for (int i = 0; i < kLanes; i += V::N) {
             shifted[i / V::N] = Interleaved<V>::load(row + 2 * i);
-            store_lanes(to + 1 + i, shifted[i / V::N].im);
+            simd::store(to + 1 + i, shifted[i / V::N].im);
         }
-        for (int i = 0; i < kLanes; i += V::N) store_lanes(to + kLanes + i, shifted[i / V::N].re);
+        for (int i = 0; i < kLanes; i += V::N) simd::store(to + kLanes + i, shifted[i / V::N].re);
     }
 
     // Images of width 2, 4 and 8. Sizes that the compiler knows: a call would take longer than the copy.
@@ -283,8 +283,8 @@ private:
     void put_lane0(int v, Complex<One> value) const
     {
         float* const to = line(0, columns_.position[v]);
-        store_lanes(to, value.re);
-        store_lanes(to + kLanes, value.im);
+        simd::store(to, value.re);
+        simd::store(to + kLanes, value.im);
     }
 
     // Takes apart what travelled as one complex column: lane 0 has F[v][0] at frequency v and F[v][W/2] at H - v.
@@ -326,8 +326,8 @@ private:
         float* const to = line(0, v);
         if (v == 0 || v == height_ / 2) {
             const float* const row = row_at(src, srcStep, pack_position(v));
-            store_lanes(to, One{get(row)} * scale);
-            store_lanes(to + kLanes, One{get(row + last)} * scale);
+            simd::store(to, One{get(row)} * scale);
+            simd::store(to + kLanes, One{get(row + last)} * scale);
             return;
         }
         const float* const re = row_at(src, srcStep, pack_position(v));

@@ -54,8 +54,8 @@ ORV_INLINE V same_nan(V a)
 template <class V>
 ORV_INLINE void center_and_window_at(const float* signal, const float* window, float* windowed, float mean)
 {
-    const V centred = Lanes<V>::load(signal) - Lanes<V>::splat(mean);
-    store_lanes(windowed, same_nan(Lanes<V>::load(window) * centred));
+    const V centred = simd::load<V>(signal) - simd::splat<V>(mean);
+    simd::store(windowed, same_nan(simd::load<V>(window) * centred));
 }
 
 inline void center_and_window(const float* signal, const float* window, float* windowed, std::ptrdiff_t n)

@@ -36,75 +36,54 @@ constexpr float kLastTwiddles[] = {0.461939766f, -0.191341716f, 0.353553391f,  -
 ORV_INLINE void load_lanes_of(One* x, const float* const* lines, int part)
 {
     ORV_UNROLL
-    for (int l = 0; l < kLanes; ++l) x[l] = Lanes<One>::load(lines[0] + part + l);
+    for (int l = 0; l < kLanes; ++l) x[l] = simd::load<One>(lines[0] + part + l);
 }
 ORV_INLINE void store_lanes_of(const One* x, float* const* lines, int part)
 {
     ORV_UNROLL
-    for (int l = 0; l < kLanes; ++l) store_lanes(lines[0] + part + l, x[l]);
+    for (int l = 0; l < kLanes; ++l) simd::store(lines[0] + part + l, x[l]);
 }
 
 #if ORV_HAVE_VECTORS
-ORV_INLINE void transpose4(__m128& a, __m128& b, __m128& c, __m128& d)
-{
-    const __m128 t0 = _mm_unpacklo_ps(a, b), t1 = _mm_unpackhi_ps(a, b);
-    const __m128 t2 = _mm_unpacklo_ps(c, d), t3 = _mm_unpackhi_ps(c, d);
-    a = _mm_shuffle_ps(t0, t2, 0x44);
-    b = _mm_shuffle_ps(t0, t2, 0xEE);
-    c = _mm_shuffle_ps(t1, t3, 0x44);
-    d = _mm_shuffle_ps(t1, t3, 0xEE);
-}
-ORV_INLINE void load_lanes_of(Four* x, const float* const* lines, int part)
+ORV_INLINE void load_lanes_of(simd::vec<float, 4>* x, const float* const* lines, int part)
 {
     for (int l = 0; l < kLanes; l += 4) {
         ORV_UNROLL
-        for (int i = 0; i < 4; ++i) x[l + i].v = _mm_loadu_ps(lines[i] + part + l);
-        transpose4(x[l].v, x[l + 1].v, x[l + 2].v, x[l + 3].v);
+        for (int i = 0; i < 4; ++i) x[l + i].v = simd::load<simd::vec<float, 4>>(lines[i] + part + l).v;
+        transpose(x[l], x[l + 1], x[l + 2], x[l + 3]);
     }
 }
-ORV_INLINE void store_lanes_of(const Four* x, float* const* lines, int part)
+ORV_INLINE void store_lanes_of(const simd::vec<float, 4>* x, float* const* lines, int part)
 {
     for (int l = 0; l < kLanes; l += 4) {
-        __m128 a = x[l].v, b = x[l + 1].v, c = x[l + 2].v, d = x[l + 3].v;
-        transpose4(a, b, c, d);
-        _mm_storeu_ps(lines[0] + part + l, a);
-        _mm_storeu_ps(lines[1] + part + l, b);
-        _mm_storeu_ps(lines[2] + part + l, c);
-        _mm_storeu_ps(lines[3] + part + l, d);
+        simd::vec<float, 4> a = x[l], b = x[l + 1], c = x[l + 2], d = x[l + 3];
+        transpose(a, b, c, d);
+        simd::store(lines[0] + part + l, a);
+        simd::store(lines[1] + part + l, b);
+        simd::store(lines[2] + part + l, c);
+        simd::store(lines[3] + part + l, d);
     }
 }
 #endif
 
 #if ORV_HAVE_FLOAT256
-ORV_INLINE void transpose4(__m256& a, __m256& b, __m256& c, __m256& d)
-{
-    const __m256 t0 = _mm256_unpacklo_ps(a, b), t1 = _mm256_unpackhi_ps(a, b);
-    const __m256 t2 = _mm256_unpacklo_ps(c, d), t3 = _mm256_unpackhi_ps(c, d);
-    a = _mm256_shuffle_ps(t0, t2, 0x44);
-    b = _mm256_shuffle_ps(t0, t2, 0xEE);
-    c = _mm256_shuffle_ps(t1, t3, 0x44);
-    d = _mm256_shuffle_ps(t1, t3, 0xEE);
-}
-ORV_INLINE void load_lanes_of(Eight* x, const float* const* lines, int part)
+ORV_INLINE void load_lanes_of(simd::vec<float, 8>* x, const float* const* lines, int part)
 {
     ORV_UNROLL
     for (int l = 0; l < kLanes; l += 4) {
         ORV_UNROLL
-        for (int i = 0; i < 4; ++i) x[l + i].v = Interleaved<Eight>::halves(lines[i] + part + l, lines[i + 4] + part + l);
-        transpose4(x[l].v, x[l + 1].v, x[l + 2].v, x[l + 3].v);
+        for (int i = 0; i < 4; ++i) x[l + i].v = simd::load_halves(lines[i] + part + l, lines[i + 4] + part + l).v;
+        transpose(x[l], x[l + 1], x[l + 2], x[l + 3]);
     }
 }
-ORV_INLINE void store_lanes_of(const Eight* x, float* const* lines, int part)
+ORV_INLINE void store_lanes_of(const simd::vec<float, 8>* x, float* const* lines, int part)
 {
     ORV_UNROLL
     for (int l = 0; l < kLanes; l += 4) {
-        __m256 t[4] = {x[l].v, x[l + 1].v, x[l + 2].v, x[l + 3].v};
-        transpose4(t[0], t[1], t[2], t[3]);
+        simd::vec<float, 8> t[4] = {x[l], x[l + 1], x[l + 2], x[l + 3]};
+        transpose(t[0], t[1], t[2], t[3]);
         ORV_UNROLL
-        for (int i = 0; i < 4; ++i) {
-            _mm_storeu_ps(lines[i] + part + l, _mm256_castps256_ps128(t[i]));
-            _mm_storeu_ps(lines[i + 4] + part + l, _mm256_extractf128_ps(t[i], 1));
-        }
+        for (int i = 0; i < 4; ++i) simd::store_halves(lines[i] + part + l, lines[i + 4] + part + l, t[i]);
     }
 }
 #endif
@@ -128,7 +107,7 @@ ORV_INLINE void split_pair(float* line, float* mirrored, const float* w)
 ORV_INLINE void split_first(float* line, float* last)
 {
     using V = Widest;
-    const V none = Lanes<V>::splat(0.0f);
+    const V none = simd::splat<V>(0.0f);
     for (int lane = 0; lane < kLanes; lane += V::N) {
         const Complex<V> z = load_line<V>(line + lane);
         const V sum = z.re + z.im, difference = z.re - z.im;
@@ -155,7 +134,7 @@ ORV_INLINE void unsplit_first(float* line, const float* last)
 {
     using V = Widest;
     for (int lane = 0; lane < kLanes; lane += V::N) {
-        const V a = Lanes<V>::load(line + lane), b = Lanes<V>::load(last + lane);
+        const V a = simd::load<V>(line + lane), b = simd::load<V>(last + lane);
         store_line(line + lane, Complex<V>{a + b, a - b});
     }
 }
@@ -170,7 +149,7 @@ ORV_INLINE void join_lines(const float* const* lines, const float* w, int lane, 
     V re[kLanes], im[kLanes];
     load_lanes_of(re, lines, 0);
     load_lanes_of(im, lines, 8);
-    x[0] = scaled_by(Complex<V>{re[0], im[0]}, Lanes<V>::splat(0.5f));
+    x[0] = scaled_by(Complex<V>{re[0], im[0]}, simd::splat<V>(0.5f));
     ORV_UNROLL
     for (int l = 1; l < kLanes; ++l) {
         x[l] = Complex<V>{re[l], im[l]} * load_line<V>(w + (l - 1) * kLineFloats + lane);
@@ -193,10 +172,10 @@ ORV_INLINE void store_joined(const Complex<V>* x, float* dst, std::ptrdiff_t fir
 inline void join_last(const float* values, float* dst, std::ptrdiff_t half_stride)
 {
     Complex<One> x[kLanes];
-    x[0] = {Lanes<One>::splat(0.5f) * Lanes<One>::load(values), {0.0f}};
+    x[0] = {simd::splat<One>(0.5f) * simd::load<One>(values), {0.0f}};
     for (int l = 1; l < kLanes; ++l) {
         const Complex<One> w = splat_complex<One>(kLastTwiddles + 2 * (l - 1));
-        x[l] = scaled_by(w, Lanes<One>::load(values + l));
+        x[l] = scaled_by(w, simd::load<One>(values + l));
     }
     butterfly8<false>(x);
     for (int m = 0; m < 4; ++m) Interleaved<One>::store(dst + 2 * half_stride * (2 * m + 1), x[m]);
@@ -212,7 +191,7 @@ ORV_INLINE void unjoin(const float* src, const float* w, int lane, float* const*
     ORV_UNROLL
     for (int m = 4; m < kLanes; ++m) x[m] = Interleaved<V>::load_mirrored(src + 2 * (stride * (8 - m) - first));
     butterfly8<true>(x);
-    x[0] = scaled_by(x[0], Lanes<V>::splat(0.5f));
+    x[0] = scaled_by(x[0], simd::splat<V>(0.5f));
     V re[kLanes], im[kLanes];
     re[0] = x[0].re;
     im[0] = x[0].im;
@@ -235,10 +214,10 @@ inline void unjoin_last(const float* src, float* values, std::ptrdiff_t half_str
         x[7 - m] = {x[m].re, negated(x[m].im)};
     }
     butterfly8<true>(x);
-    store_lanes(values, Lanes<One>::splat(0.5f) * x[0].re);
+    simd::store(values, simd::splat<One>(0.5f) * x[0].re);
     for (int l = 1; l < kLanes; ++l) {
         const Complex<One> w = splat_complex<One>(kLastTwiddles + 2 * (l - 1));
-        store_lanes(values + l, x[l].re * w.re + x[l].im * w.im);
+        simd::store(values + l, x[l].re * w.re + x[l].im * w.im);
     }
 }
 
@@ -336,7 +315,7 @@ ORV_INLINE void unjoin_group(const RealPlan& plan, const float* src, std::ptrdif
 ORV_INLINE void store_scaled(float* dst, const float* line, Widest factor)
 {
     using V = Widest;
-    for (int i = 0; i < kLineFloats; i += V::N) store_lanes(dst + i, Lanes<V>::load(line + i) * factor);
+    for (int i = 0; i < kLineFloats; i += V::N) simd::store(dst + i, simd::load<V>(line + i) * factor);
 }
 
 // For N >= 128: `factor` times the sum over all k of X[k] exp(+2 pi i k n / N). Imaginary parts of X[0] and X[N/2]
@@ -345,7 +324,7 @@ inline void inverse_real(const RealPlan& plan, const float* src, float* dst, flo
 {
     const std::ptrdiff_t count = std::ptrdiff_t{1} << plan.lines.order;
     const auto line = [=](std::ptrdiff_t k) { return work + k * kLineFloats; };
-    const Widest twice = Lanes<Widest>::splat(2 * factor);  // the lines hold halves
+    const Widest twice = simd::splat<Widest>(2 * factor);  // the lines hold halves
     alignas(64) float last[kLineFloats];
 
     for (std::ptrdiff_t g = 0; g < count / 8; ++g) unjoin_group(plan, src, g, line, count);

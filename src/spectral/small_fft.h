@@ -55,7 +55,7 @@ ORV_INLINE void small_transform(int order, const Complex<One>* src, Complex<One>
 inline void small_forward(int order, const float* src, float* dst)
 {
     if (order == 0) {
-        put(dst, Lanes<One>::load(src).v);
+        put(dst, simd::load<One>(src).v);
         put(dst + 1, 0.0f);
         return;
     }
