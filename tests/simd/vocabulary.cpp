@@ -388,6 +388,20 @@ Words make_words()
     words.each<float>("RoundedToSingle", Lane::f32, [](float a, float, float) { return rounded<float>(test::Quad{rounded<double>(test::Quad{a} * (1.0 / 3))}); }, any_nan);
     words.each<float>("ExactProduct", Lane::f32, [](float a, float b, float c) { return rounded<float>(test::Quad{rounded<double>(test::Quad{a} * b + c)}); }, any_nan);
 
+    const auto parts = [&](const char* name, auto from) {
+        words.add<float, float>(name, Lane::f32, [from](const float* a, const float*, const float*, float* r, int lanes) {
+            for (int i = 0; i < lanes; ++i) r[i] = a[from(i, lanes)];
+            return lanes;
+        });
+    };
+    parts("Parts", [](int i, int n) { return i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1; });
+    parts("PartsMirrored", [](int i, int n) { return i < n / 2 ? n - 2 - 2 * i : 2 * n - 1 - 2 * i; });
+    parts("PartsStored", [](int i, int) { return i; });
+    // Squares of four, one in every 16 bytes of the four vectors.
+    parts("Transpose", [](int i, int n) {
+        const int width = n / 4, row = i / width, column = i % width;
+        return column % 4 * width + column / 4 * 4 + row;
+    });
     words.add<u8, u64>("SumOfBytes", Lane::u8, [](const u8* a, const u8*, const u8*, u64* r, int lanes) {
         for (int i = 0; i < lanes; ++i) r[i / 8] = (i % 8 == 0 ? 0 : r[i / 8]) + a[i];
         return (lanes + 7) / 8;

@@ -4,6 +4,7 @@
 #include "core/float_control.h"
 #include "simd/conversion.h"
 #include "simd/halves.h"
+#include "simd/interleaved.h"
 #include "simd/neighbours.h"
 #include "simd/reductions.h"
 #include "simd/vec.h"
@@ -148,6 +149,44 @@ void run_load_as(const void* a, const void*, const void*, void* results, int n)
         store(static_cast<typename V::lane*>(results) + i, load_as<V>::from(static_cast<const From*>(a) + i));
     }
 }
+// Numbers of two parts: the first parts of V::N of them, then the second ones.
+template <class V, bool mirrored>
+void run_parts(const void* a, const void*, const void*, void* results, int n)
+{
+    for (int i = 0; i < n; i += 2 * V::N) {
+        const float* const p = static_cast<const float*>(a) + i;
+        const auto parts = mirrored ? interleaved<V>::load_mirrored(p + 2 * (V::N - 1)) : interleaved<V>::load(p);
+        store(static_cast<float*>(results) + i, parts);
+    }
+}
+// There and back.
+template <class V, bool mirrored>
+void run_parts_stored(const void* a, const void*, const void*, void* results, int n)
+{
+    for (int i = 0; i < n; i += 2 * V::N) {
+        const float* const p = static_cast<const float*>(a) + i;
+        float* const to = static_cast<float*>(results) + i;
+        if (mirrored) interleaved<V>::store_mirrored(to + 2 * (V::N - 1), interleaved<V>::load_mirrored(p + 2 * (V::N - 1)));
+        else interleaved<V>::store(to, interleaved<V>::load(p));
+    }
+}
+#define PARTS(V)                                                                                             \
+    {"Parts", Lane::f32, 2 * V::N, run_parts<V, false>}, {"PartsMirrored", Lane::f32, 2 * V::N, run_parts<V, true>}, \
+    {"PartsStored", Lane::f32, 2 * V::N, run_parts_stored<V, false>}, {"PartsStored", Lane::f32, 2 * V::N, run_parts_stored<V, true>}
+
+#if ORV_HAVE_VECTORS
+template <class V>
+void run_transpose(const void* a, const void*, const void*, void* results, int n)
+{
+    for (int i = 0; i < n; i += 4 * V::N) {
+        V row[4];
+        for (int k = 0; k < 4; ++k) row[k] = load<V>(static_cast<const float*>(a) + i + k * V::N);
+        transpose(row[0], row[1], row[2], row[3]);
+        for (int k = 0; k < 4; ++k) store(static_cast<float*>(results) + i + k * V::N, row[k]);
+    }
+}
+#endif
+
 // Rows of as many lanes as two ends may have between them: each comes out as it was.
 template <class V, int Bytes>
 void run_ends(const void* a, const void*, const void*, void* results, int n)
@@ -216,7 +255,13 @@ const Entry all_entries[] = {
     SINGLE(Average, u8), SINGLE(Average, u16), SINGLE(Magnitude, s16), SINGLE(Halved, u16), SINGLE(Raised, u16),
     SINGLE(Upper, u16), SINGLE(Upper, u32), SINGLE(Upper, u64), SINGLE(AddWide, u64),
     SINGLE(SumOfBytes, u8), SINGLE(SumOfProducts, s16), SINGLE(ProductNarrowed, s32), SINGLE(ProductScaledDown, s32),
-    SINGLE(InRegister, u8),
+    SINGLE(InRegister, u8), PARTS(half<float>), PARTS(widest<float>),
+#if ORV_HAVE_VECTORS
+    {"Transpose", Lane::f32, 16, run_transpose<half<float>>},
+#endif
+#if ORV_HAVE_FLOAT256
+    {"Transpose", Lane::f32, 32, run_transpose<vec<float, 8>>},
+#endif
 #if ORV_HAVE_VECTORS
     AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),
     AT(floats_of<widest<s32>>, Truncate, float), AT(floats_of<widest<s32>>, RoundToInt, float),
