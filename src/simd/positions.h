@@ -11,28 +11,6 @@ namespace orv {
 namespace simd {
 inline namespace ORV_LEVEL {
 
-// A bit per lane, that of its sign.
-ORV_INLINE unsigned mask_of_lanes(vec<double, 2> a) { return static_cast<unsigned>(_mm_movemask_pd(a.v)); }
-
-// As many floats as there are lanes.
-template <class V>
-V load_doubles(const float* p);
-template <>
-ORV_INLINE vec<double, 2> load_doubles<vec<double, 2>>(const float* p)
-{
-    return {_mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))))};
-}
-
-#if ORV_HAVE_FLOAT256
-ORV_INLINE unsigned mask_of_lanes(vec<double, 4> a) { return static_cast<unsigned>(_mm256_movemask_pd(a.v)); }
-ORV_INLINE unsigned mask_of_lanes(vec<float, 8> a) { return static_cast<unsigned>(_mm256_movemask_ps(a.v)); }
-template <>
-ORV_INLINE vec<double, 4> load_doubles<vec<double, 4>>(const float* p)
-{
-    return {_mm256_cvtps_pd(_mm_loadu_ps(p))};
-}
-#endif
-
 #if ORV_HAVE_INT256
 
 using doubles256 = vec<double, 4>;
@@ -68,8 +46,6 @@ ORV_INLINE floats256 estimate_product_sum(floats256 a, floats256 b, floats256 c)
 {
     return {_mm256_fmadd_ps(a.v, b.v, c.v)};
 }
-ORV_INLINE doubles256 magnitude(doubles256 a) { return {_mm256_andnot_pd(_mm256_set1_pd(-0.0), a.v)}; }
-ORV_INLINE floats256 magnitude(floats256 a) { return {_mm256_andnot_ps(_mm256_set1_ps(-0.0f), a.v)}; }
 
 ORV_INLINE words256 splat_words(s64 value) { return {_mm256_set1_epi64x(value)}; }
 template <int bits>

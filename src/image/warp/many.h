@@ -113,7 +113,7 @@ public:
             const floats256 column = nearest(x + k), row = nearest(y + k);
             const floats256 inside = between(source_.left, column, source_.right) &
                                      between(source_.top, row, source_.bottom);
-            shown |= std::uint64_t{simd::mask_of_lanes(inside)} << k;
+            shown |= std::uint64_t{simd::lanes_of(inside)} << k;
             const Dwords i = truncate(column);
             simd::store(at + k, mul_low(truncate(row), step) + (kPixelBytes == 1 ? i : mul_low(i, pixel)));
         }
@@ -381,7 +381,7 @@ struct CubicEstimate {
     }
     static ORV_INLINE unsigned unsure(floats256 value, Dwords nearest)
     {
-        return mask_of_lanes(greater(magnitude(value - to_float(nearest)), simd::splat<floats256>(0.5f - kUnsure)));
+        return lanes_of(greater(magnitude(value - to_float(nearest)), simd::splat<floats256>(0.5f - kUnsure)));
     }
 };
 

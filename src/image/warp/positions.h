@@ -210,7 +210,7 @@ private:
 
 ORV_INLINE void load_doubles(double& to, const float* p) { to = static_cast<double>(get(p)); }
 #if ORV_HAVE_VECTORS
-ORV_INLINE void load_doubles(Doubles& to, const float* p) { to = simd::load_doubles<Doubles>(p); }
+ORV_INLINE void load_doubles(Doubles& to, const float* p) { to = simd::load_as<Doubles>::from(p); }
 #endif
 
 struct Maps {
@@ -267,7 +267,7 @@ ORV_INLINE Doubles lanes_within(const Window& window, Doubles x, Doubles y)
 }
 ORV_INLINE unsigned within(const Window& window, Doubles x, Doubles y)
 {
-    return simd::mask_of_lanes(lanes_within(window, x, y));
+    return simd::lanes_of(lanes_within(window, x, y));
 }
 ORV_INLINE void put_lanes(double* to, Doubles value) { simd::store(to, value); }
 #endif
@@ -349,7 +349,7 @@ private:
                 put(p, n, chunk);
                 all = all & lanes_within(wanted_.inner, Points ? p.x : p.column, Points ? p.y : p.row);
             }
-            if (simd::mask_of_lanes(all) != (1u << Doubles::N) - 1) return false;
+            if (simd::lanes_of(all) != (1u << Doubles::N) - 1) return false;
         }
         return true;
     }
