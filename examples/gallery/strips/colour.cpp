@@ -118,17 +118,25 @@ void show_luma_and_chroma(const Picture& photo, Page& page)
     const double time = best_microseconds([&] { return W::RGBToYCbCr_8u_C3(photo.data(), photo.step, ycc.data(), ycc.step, width, height, 1); }, ok);
     const char* const names[] = {"Y", "Cb", "Cr"};
     for (int c = 0; c < 3; ++c) page.show(channel(ycc, c), std::string("W::RGBToYCbCr_8u_C3(..., 1): ") + names[c], time, ok);
+}
 
-    // A detail, there and back through 4:2:2, eight times as large.
-    const int w = std::min(width, 96) & ~1, h = std::min(height, 72), pair_step = 2 * w;
-    const Byte* const from = photo.data() + height / 2 * photo.step + 3 * (width / 2 - w / 2);
+// A detail, there and back through 4:2:2, large enough to see single pixels.
+void show_subsampling(const Picture& picture, Page& page)
+{
+    constexpr int kZoom = 12;
+    const int w = std::min(picture.width, 64) & ~1, h = std::min(picture.height, 42), pair_step = 2 * w;
+    const int x = picture.width * 44 / 100 - w / 2, y = picture.height * 48 / 100 - h / 2;
+    const Byte* const from = picture.data() + y * picture.step + 3 * x;
     std::vector<Byte> pairs(static_cast<std::size_t>(pair_step) * static_cast<std::size_t>(h));
-    Picture detail(w, h, 3), large(8 * w, 8 * h, 3);
-    W::RGBToYUV422_8u_C3C2R(from, photo.step, pairs.data(), pair_step, w, h, 1);
-    const double back = best_microseconds([&] { return W::YUV422ToRGB_8u_C2C3R(pairs.data(), pair_step, detail.data(), detail.step, w, h, 1); }, ok);
-    W::ResizeNN_8u_C3R(from, w, h, photo.step, large.data(), large.step, 8 * w, 8 * h, 8, 8);
-    page.show(large, "A detail, eight times as large", 0, true);
-    W::ResizeNN_8u_C3R(detail.data(), w, h, detail.step, large.data(), large.step, 8 * w, 8 * h, 8, 8);
+    Picture detail(w, h, 3), large(kZoom * w, kZoom * h, 3);
+    W::RGBToYUV422_8u_C3C2R(from, picture.step, pairs.data(), pair_step, w, h, 1);
+    bool ok = false;
+    const double back = best_microseconds([&] {
+        return W::YUV422ToRGB_8u_C2C3R(pairs.data(), pair_step, detail.data(), detail.step, w, h, 1);
+    }, ok);
+    W::ResizeNN_8u_C3R(from, w, h, picture.step, large.data(), large.step, large.width, large.height, kZoom, kZoom);
+    page.show(large, "A detail of the composition, twelve times as large", 0, true);
+    W::ResizeNN_8u_C3R(detail.data(), w, h, detail.step, large.data(), large.step, large.width, large.height, kZoom, kZoom);
     page.show(large, "W::YUV422ToRGB_8u_C2C3R(...): two pixels share their chroma", back, ok);
 }
 
@@ -140,7 +148,9 @@ void show_layer(const Picture& photo, Page& page)
     const double time = best_microseconds([&] {
         return W::AlphaComp_8u_AC4(ground.data(), ground.step, top.data(), top.step, composed.data(), composed.step, width, height, false);
     }, ok);
-    page.show(without_alpha(composed), "W::AlphaComp_8u_AC4(photo, ..., layer, ..., false)", time, ok);
+    const Picture seen = without_alpha(composed);
+    page.show(seen, "W::AlphaComp_8u_AC4(photo, ..., layer, ..., false)", time, ok);
+    show_subsampling(seen, page);
 }
 
 }  // namespace

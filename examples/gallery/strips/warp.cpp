@@ -4,7 +4,9 @@
 #include <cmath>
 #include <vector>
 
+#include "plot.h"
 #include "strips.h"
+#include "text.h"
 
 using W = ImageProcessingWrapper;
 
@@ -39,21 +41,58 @@ void show_rotations(const Picture& piece, Page& page)
     }
 }
 
+// A page with a headline, lines of text and the photograph.
+Picture printed_page(const Picture& photo)
+{
+    Picture page = sheet(840, 1060);
+    write_text(page, 60, 60, 7, "Primitives");
+    const char* const lines[] = {"A page that lies aslant under a camera is a", "projection of the page that was printed. The",
+                                 "matrix that undoes it follows from where its", "four corners are seen; letters stand upright",
+                                 "again, as sharp as the pixels allow."};
+    int y = 150;
+    for (const char* line : lines) write_text(page, 60, y += 36, 3, line);
+    const double zoom = 720.0 / photo.width;
+    const int height = static_cast<int>(photo.height * zoom);
+    W::ResizeCubic_8u_C3R(photo.data(), photo.width, photo.height, photo.step, page.data() + 400 * page.step + 3 * 60,
+                          page.step, 720, height, zoom, zoom);
+    write_text(page, 60, 420 + height, 3, "Fig. 1: the photograph, printed.");
+    return page;
+}
+
+struct Point {
+    double x, y;
+};
+
+// The matrix that takes the corners of a rectangle (from the upper left, clockwise) to four points: P. S. Heckbert,
+// Fundamentals of Texture Mapping and Image Warping, 1989, section 2.2.3.
+std::vector<double> matrix_to_corners(double width, double height, const Point (&p)[4])
+{
+    const double dx1 = p[1].x - p[2].x, dx2 = p[3].x - p[2].x, sx = p[0].x - p[1].x + p[2].x - p[3].x;
+    const double dy1 = p[1].y - p[2].y, dy2 = p[3].y - p[2].y, sy = p[0].y - p[1].y + p[2].y - p[3].y;
+    const double d = dx1 * dy2 - dx2 * dy1, g = (sx * dy2 - dx2 * sy) / d, h = (dx1 * sy - sx * dy1) / d;
+    return {(p[1].x - p[0].x + g * p[1].x) / width, (p[3].x - p[0].x + h * p[3].x) / height, p[0].x,
+            (p[1].y - p[0].y + g * p[1].y) / width, (p[3].y - p[0].y + h * p[3].y) / height, p[0].y,
+            g / width, h / height, 1};
+}
+
 // What a camera makes of a page that lies aslant, and what the inverse of the same matrix makes of that.
 void show_document(const Picture& photo, Page& page)
 {
-    const int w = photo.width / 2, h = photo.height / 2;
-    const double aslant[9] = {0.42, -0.1, 0.16 * w, 0.06, 0.3, 0.1 * h, 0.0, -0.28 / h, 1.05};
+    const Picture document = printed_page(photo);
+    const int w = 1120, h = 840, row = 3 * static_cast<int>(sizeof(double)), element = sizeof(double);
+    const std::vector<double> aslant = matrix_to_corners(document.width, document.height,
+                                                         {{330, 40}, {820, 90}, {1060, 800}, {60, 690}});
     double back[9];
-    const int row = 3 * static_cast<int>(sizeof(double)), element = sizeof(double);
-    MatrixWrapper::Invert_m_64f(aslant, row, element, back, row, element, 3);
-    Picture seen(w, h, 3), straight(photo.width, photo.height, 3);
+    MatrixWrapper::Invert_m_64f(aslant.data(), row, element, back, row, element, 3);
+    Picture seen(w, h, 3), straight(document.width, document.height, 3);
+    static const unsigned char desk[3] = {96, 72, 52};
+    W::Set_8u_C3(desk, seen.data(), seen.step, w, h);
     SHOW(page, seen,
-         W::WarpPerspective_8u_C3(photo.data(), photo.width, photo.height, photo.step, 0, 0, photo.width, photo.height,
-                                  seen.data(), seen.step, 0, 0, w, h, aslant, 2));
+         W::WarpPerspective_8u_C3(document.data(), document.width, document.height, document.step, 0, 0, document.width,
+                                  document.height, seen.data(), seen.step, 0, 0, w, h, aslant.data(), 2));
     SHOW(page, straight,
          W::WarpPerspective_8u_C3(seen.data(), w, h, seen.step, 0, 0, w, h, straight.data(), straight.step, 0, 0,
-                                  photo.width, photo.height, back, 4));
+                                  straight.width, straight.height, back, 4));
 }
 
 struct Maps {
@@ -109,13 +148,13 @@ void show_warp(const Picture& photo, Page& page)
                "pixel by pixel. "
                "What lies outside the piece keeps its value.");
     Picture piece(80, 53, 3);
-    W::Copy_8u_C3(photo.data() + photo.height * 2 / 5 * photo.step + 3 * (photo.width * 4 / 5), photo.step,
+    W::Copy_8u_C3(photo.data() + photo.height * 2 / 5 * photo.step + 3 * (photo.width * 21 / 25), photo.step,
                   piece.data(), piece.step, piece.width, piece.height);
     show_rotations(piece, page);
 
     page.strip("A document straightened",
-               "The photograph as a camera sees it that looks at it from below, and straight again through the inverse "
-               "matrix.");
+               "A printed page as a camera sees it that looks at it aslant, and straight again through the inverse of the "
+               "same matrix.");
     show_document(photo, page);
 
     page.strip("A lens distortion undone", "A barrel made by a map, and the map that undoes it.");
