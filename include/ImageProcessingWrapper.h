@@ -2042,6 +2042,46 @@ public:
     static bool ORVANE_CALL FilterLowpassGetBufferSize5x5_32f_C1R(int width, int height, int* size);
 
     // --------------------------------------------------------------------------------------------
+    // Smoothing filters with parameters
+    //
+    // Of floats, computed in double, in the order given, each step rounded to double (products of two floats and
+    // squares of floats are exact), and rounded to float at the end. A result that is not a number has all bits
+    // set.
+    //
+    // FilterWiener, after J. S. Lim, Two-Dimensional Signal and Image Processing, 1990, section 9.2: the local mean
+    // where the local variance is that of the noise, the pixel where it is much larger. The window of a pixel
+    // has maskWidth x maskHeight = n pixels, both sides odd, from 1 to 255. Of each of its columns the pixels and
+    // their squares are summed, top to bottom, then these sums from left to right: s1 and s2. With the mean m = s1 /
+    // n, the variance v = s2 / n - m * m and the noise's variance nu
+    //     dst = m + (src - m) * ((v - nu) / v)  where v > nu, else m.
+    // *noise is nu and is left as it is; where it is below 0, nu is the mean of all local variances of the region
+    // (those that are not above 0 count as 0), and is stored there. It is the sum of rows, from the top; a row has
+    // 32 sums of every 32nd variance, and the second half of these is added to the first until one is left. No
+    // sum runs on from pixel to pixel: a result depends on its window alone. v is right to within
+    // 3 * (maskWidth + maskHeight) * 2^-53 of s2 / n, so variances that are smaller are rounding themselves. The
+    // filter reads (maskWidth - 1) / 2 columns and (maskHeight - 1) / 2 rows beyond the region on each side; the
+    // destination must not overlap the source or this frame. Time grows with maskWidth + maskHeight.
+    //
+    // FilterGaussBorder: kernelSize = 2 * r + 1 taps, from 1 to 255, in each direction; pixels outside the region
+    // are the nearest ones of its edge, and nothing outside is read. With g[i] = exp(-(i * i) / (2 * sigma * sigma)),
+    // the exponential of SignalProcessingWrapper::Exp_64f, h = g[r] + ... + g[1] in this order, the weights are
+    // w[i] = g[i] / (1 + 2 * h), rounded to float, and for the centre w[0] = 1 - 2 * (w[r] + ... + w[1]), rounded to
+    // float: a constant image comes out as it was. First the rows, from left to right, rounded to float, then the
+    // columns of these, from the top down. Weights of 0 leave their taps out. Results are within 6 * 2^-24 of the
+    // largest amount among the pixels that take part. The destination may be exactly the source. Working memory:
+    // 2 * r + 5 rows of doubles.
+    //
+    // Checks: null pointer (noise among them), width or height below 1, a step below 1; a mask side or size that is
+    // even or outside 1 to 255; a sigma that is not above 0 or not finite; a noise that is not a number; memory.
+
+    /// dst = local mean + what stands out from it of more than the noise; see above
+    static bool ORVANE_CALL FilterWiener_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height, int maskWidth, int maskHeight, double* noise);
+    /// dst = sum of w[|i|] * w[|j|] * src(x + i, y + j), |i|, |j| <= r, by rows and columns; see above
+    static bool ORVANE_CALL FilterGaussBorder_32f_C1R(const float* src, int srcStep, float* dst, int dstStep,
+                                                      int width, int height, int kernelSize, float sigma);
+
+    // --------------------------------------------------------------------------------------------
     // Statistics
     //
     // Values of a whole region. Three- and four-channel forms write one result for each channel, in order, to

@@ -238,6 +238,7 @@ void hash_registries(Hashes& hashes)
         const bool vector = begins_with(subject.family, "signal_");
         if (!vector && (!begins_with(subject.family, "image_") || contains(subject.family, "_resize_"))) return;
         if (contains(subject.family, "_tables_") || contains(subject.family, "_warp_")) return;
+        if (contains(subject.family, "_wiener") || contains(subject.family, "_gauss")) return;
         ASSERT_TRUE(subject.is_plain()) << subject.name;
         hash_operation(hashes, subject, vector ? vectors : contains(subject.family, "border") ? borders : images);
     };
@@ -514,6 +515,28 @@ void hash_warps(Hashes& hashes)
     hashes["GetPerspectiveBound"] = projected.value();
 }
 
+// Filters with parameters, in a frame as wide as half their mask.
+void hash_filters(Hashes& hashes)
+{
+    Hash wiener, gauss;
+    const int width = 75, height = 9, frame = 7;
+    std::vector<float> dst(static_cast<std::size_t>(width * height));
+    for (int number = 0; number < 12; ++number) {
+        const int step = width + 2 * frame, w = 2 * (number % 8) + 1, h = 2 * (number * 3 % 8) + 1;
+        const auto src = values<float>(static_cast<std::size_t>(step * (height + 2 * frame)), static_cast<Content>(number % contents), 90);
+        const float* const first = src.data() + frame * step + frame;
+        double noise = number % 3 - 1;
+        wiener.add(W::FilterWiener_32f_C1(first, 4 * step, dst.data(), 4 * width, width, height, w, h, &noise) ? 1 : 0);
+        wiener.add(&noise, sizeof(noise));
+        wiener.add(dst.data(), dst.size() * sizeof(float));
+        const float sigma = static_cast<float>(number + 1) / 4;
+        gauss.add(W::FilterGaussBorder_32f_C1R(first, 4 * step, dst.data(), 4 * width, width, height, number * number + 1 - number % 2, sigma) ? 1 : 0);
+        gauss.add(dst.data(), dst.size() * sizeof(float));
+    }
+    hashes["FilterWiener_32f_C1"] = wiener.value();
+    hashes["FilterGaussBorder_32f_C1R"] = gauss.value();
+}
+
 Hashes all_hashes()
 {
     Hashes hashes;
@@ -524,6 +547,7 @@ Hashes all_hashes()
     hash_transforms(hashes);
     hash_random_numbers(hashes);
     hash_warps(hashes);
+    hash_filters(hashes);
     return hashes;
 }
 

@@ -608,6 +608,33 @@ void check(const char*, const char* name, const Operation<orv::PlanesDstStandard
     });
 }
 
+// --- Filters with parameters ----------------------------------------------------------------------
+
+// An image in a frame; near_low and uniform make variances near to each other.
+void check(const char*, const char* name, const Operation<orv::SrcDstMaskNoise>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = random_roi(g);
+        const int w = 2 * uniform(g, 0, 4) + 1, h = 2 * uniform(g, 0, 3) + 1;
+        const Plane<float> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))), d(t, g, roi.width, roi.height);
+        const float* const first = a.pixels + h / 2 * (a.step / 4) + w / 2;
+        double* const noise = t.block<double>(1, Fill::uniform);
+        return [=](auto* kernel) { return kernel(first, a.step, d.pixels, d.step, roi, w, h, noise); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::SrcDstSizeSigma>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = {random_roi(g).width, uniform(g, 1, 12)};
+        const Plane<float> a(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))), d(t, g, roi.width, roi.height);
+        float* const sigma = t.block<float>(1, Fill::near_high);
+        if (uniform(g, 0, 9) != 0) *sigma = static_cast<float>(uniform(g, 1, 60)) / 8;
+        const int size = 2 * uniform(g, 0, uniform(g, 0, 4) == 0 ? 40 : 5) + 1;
+        const bool in_place = uniform(g, 0, 3) == 0;
+        return [=](auto* kernel) { return kernel(in_place ? d.pixels : a.pixels, in_place ? d.step : a.step, d.pixels, d.step, roi, size, sigma); };
+    });
+}
+
 // --- Warps ----------------------------------------------------------------------------------------
 
 // A source and a destination, about the middles of which maps turn.

@@ -10,6 +10,7 @@
 #include "gmock/gmock.h"
 #include "image/filters/filters.h"
 #include "support/allocations.h"
+#include "support/double_steps.h"
 #include "support/image.h"
 #include "support/host_control.h"
 #include "support/levels.h"
@@ -29,25 +30,6 @@ using orv::Status;
 template <class T>
 using Source = std::function<T(int x, int y)>;  // one channel
 
-// One rounding to double, and one to float, whatever the registers hold: a quadruple has more than
-// twice the digits, so rounding to it first changes nothing.
-// (Volatile, because compilers know that, too, and would take the shorter way through the registers.)
-using Quad = __float128;
-double plus(double a, double b)
-{
-    volatile Quad exact = static_cast<Quad>(a) + static_cast<Quad>(b);
-    return static_cast<double>(exact);
-}
-double times(double a, double b)
-{
-    volatile Quad exact = static_cast<Quad>(a) * static_cast<Quad>(b);
-    return static_cast<double>(exact);
-}
-float single(double a)
-{
-    volatile float f = static_cast<float>(a);
-    return f;
-}
 float single_sum(double a, double b) { return single(plus(a, b)); }
 
 double box_total(const Source<float>& s, int r, int x, int y)
