@@ -27,9 +27,10 @@ set(ORVANE_LEVEL_FLAGS_g9 -mavx)
 set(ORVANE_LEVEL_FLAGS_h9 -mavx2 -mfma -mbmi -mbmi2)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # With its interprocedural register allocation g++ 12 forgets the vzeroupper before some calls.
-  list(APPEND ORVANE_LEVEL_FLAGS_g9 -fno-ipa-ra)
-  list(APPEND ORVANE_LEVEL_FLAGS_h9 -fno-ipa-ra)
+  # With its interprocedural register allocation g++ 12 forgets the vzeroupper before some calls, and without
+  # expensive optimisations, which -O2 has, before all.
+  list(APPEND ORVANE_LEVEL_FLAGS_g9 -fno-ipa-ra -fexpensive-optimizations)
+  list(APPEND ORVANE_LEVEL_FLAGS_h9 -fno-ipa-ra -fexpensive-optimizations)
 endif()
 
 set(ORVANE_GATE_w7 +sse2)

@@ -28,7 +28,7 @@ function(orvane_windows_dll)
     add_custom_command(OUTPUT ${object}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
       COMMAND ${ORVANE_CLANG} --target=i686-pc-windows-msvc -ffreestanding -fno-exceptions -fno-rtti -std=c++17
-        -O2 -gcodeview -march=i686 -Wall -Wextra -Werror -DORVANE_BUILDING -I${from_here}/src -I${from_here}/include
+        -O2 -gcodeview -march=i686 -Wall -Wextra -Werror -DNDEBUG -DORVANE_BUILDING -I${from_here}/src -I${from_here}/include
         -fdebug-compilation-dir=. -MD -MF ${object}.d -c ${from_here}/src/${source} -o ${object}
       DEPENDS ${sources}/${source} DEPFILE ${object}.d VERBATIM)
     list(APPEND microsoft_objects ${object})

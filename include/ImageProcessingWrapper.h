@@ -29,7 +29,7 @@
 /// down repeats the first row. Source and destination that are one image, same pointer and same step, or whose
 /// rows lie beside each other, are as good as separate ones; others take one row of memory from the heap
 /// and return false, with nothing written, when there is none. Arrays of constants are read once, before anything
-/// is written, and may lie in an image. Resizing, filters and statistics are told below.
+/// is written, and may lie in an image. Resizing, filters and statistics are described below.
 ///
 /// **In place.** Methods that end in I take a temporary buffer from the heap. When memory runs out, or for
 /// a region whose rows, each padded to 64 bytes, exceed 2^31 - 1 bytes, they return false and write nothing.

@@ -12,7 +12,7 @@
 ///
 /// **Results.** Everything comes back through the arguments; read *info after every call. 0 is success;
 /// -i says that argument i, counted from 1, is invalid, and then nothing else has been written; positive
-/// values are told below. Nothing is printed and the process is never ended: the error handler of the
+/// values are described below. Nothing is printed and the process is never ended: the error handler of the
 /// library returns silently.
 ///
 /// **Non-finite input.** The standard's singular value iteration can run for ever on infinities and NaNs.

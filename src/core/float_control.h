@@ -5,6 +5,7 @@
 // almost never need the change.
 #pragma once
 
+#include "core/assert.h"
 #include "core/level.h"
 
 #if defined(__SSE__)
@@ -25,6 +26,7 @@ public:
     {
         if ((saved_ & ~kFlags) != kDefault) _mm_setcsr(saved_);
     }
+    static ORV_INLINE bool holds() { return (_mm_getcsr() & ~kFlags) == kDefault; }
 
 private:
     static constexpr unsigned kFlags = 0x3F;  // sticky flags: what happened, not how to compute
@@ -38,6 +40,12 @@ private:
         __asm__ volatile("fldcw %0" : : "m"(wanted));
     }
     ORV_INLINE ~FloatControl() { __asm__ volatile("fnclex\n\tfldcw %0" : : "m"(saved_)); }
+    static ORV_INLINE bool holds()
+    {
+        unsigned short word;
+        __asm__ volatile("fnstcw %0" : "=m"(word));
+        return (word & 0x0F3F) == 0x023F;  // what is reserved may read as anything
+    }
 
 private:
     unsigned short saved_;

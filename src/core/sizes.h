@@ -2,6 +2,8 @@
 // of them, or the padding of a row, pass 2^63: a wrapped product then looks like a small buffer.
 #pragma once
 
+#include "core/assert.h"
+
 namespace orv {
 
 // What every size that is too large for a buffer counts as; orv_allocate_checked() refuses it.
@@ -11,7 +13,11 @@ static constexpr long long kTooLarge = 0x80000000LL;
 // that a level has or lacks.
 #define ORV_SIZE static constexpr inline __attribute__((always_inline))
 
-ORV_SIZE long long size_product(long long factor) { return factor < kTooLarge ? factor : kTooLarge; }
+ORV_SIZE long long size_product(long long factor)
+{
+    ORV_ASSERT(factor >= 0);
+    return factor < kTooLarge ? factor : kTooLarge;
+}
 
 // The product of factors that are not negative. Once it or a factor is too large for an int it is kTooLarge
 // (0 where another factor is 0), so that no step of it can wrap.

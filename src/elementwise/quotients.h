@@ -86,6 +86,7 @@ struct Division {
 
     ORV_INLINE Division(V dividend, V by) : divisor(by)
     {
+        ORV_ASSERT(!simd::any(simd::equal(by, simd::zero<V>())));
         // One division serves two vectors: 1 / (b0 b1), times b1 and times b0.
         const simd::twice<F> b = floats(divisor);
         const F both = simd::splat<F>(1.f) / (b.lo * b.hi);
@@ -95,9 +96,10 @@ struct Division {
     }
 
     // Long division: `bits` more bits of the quotient become part of `whole`, which stays at 65535 once
-    // it no longer fits. The rest times 2^bits must lie below 2^19.
+    // it no longer fits. The rest, below 2^16, times 2^bits must lie below 2^19.
     ORV_INLINE void continue_by(int bits)
     {
+        ORV_ASSERT(bits >= 0 && bits <= 3);
         const F factor = simd::splat<F>(static_cast<float>(1 << bits));
         const simd::twice<F> r = floats(rest);
         const V digits = whole_part({r.lo * factor, r.hi * factor});

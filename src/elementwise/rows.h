@@ -15,6 +15,7 @@
 
 #include <cstdint>
 
+#include "core/assert.h"
 #include "core/checks.h"
 #include "simd/vec.h"
 
@@ -31,6 +32,7 @@ constexpr bool two_at_a_time<Op, decltype(void(Op::kTwoAtATime))> = true;
 template <class V, class Compute, class T>
 ORV_INLINE void row_of_vectors(T* dst, std::ptrdiff_t n, Compute compute)
 {
+    ORV_ASSERT(n >= V::N);
     const V last = compute.template at<V>(n - V::N);
     std::ptrdiff_t i = 0;
     if constexpr (two_at_a_time<Compute>) {

@@ -14,10 +14,11 @@ constexpr bool takes_two_together = false;
 template <class Op>
 constexpr bool takes_two_together<Op, decltype(void(Op::kTogether))> = true;
 
-// n >= V::N; the last vector comes first, as everywhere.
+// The last vector comes first, as everywhere.
 template <class V, class T, class Op>
 ORV_INLINE void row_together(const T* a, const T* b, T* dst, std::ptrdiff_t n, Op& op)
 {
+    ORV_ASSERT(n >= V::N);
     const V last = op.many(simd::load<V>(a + n - V::N), simd::load<V>(b + n - V::N));
     std::ptrdiff_t i = 0;
     for (; i < n - 2 * V::N; i += 2 * V::N) {

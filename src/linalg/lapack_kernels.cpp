@@ -1,5 +1,6 @@
 #include "linalg/lapack_kernels.h"
 
+#include "core/assert.h"
 #include "linalg/packed_product.h"
 #include "linalg/plane_rotations.h"
 #include "linalg/vector_products.h"
@@ -15,6 +16,7 @@ template <class T>
 Status product(int rows, int columns, int inner, T alpha, const T* a, int aRow, int aColumn, const T* b, int bRow,
                int bColumn, T* c, int ldc)
 {
+    ORV_ASSERT(rows > 0 && columns > 0 && inner > 0 && a != nullptr && b != nullptr && c != nullptr);
     PackedProduct<T> p;
     p.a = a;
     p.b = b;
@@ -95,6 +97,7 @@ template <class T>
 ORV_INLINE void factor_panel(ptrdiff_t rows, ptrdiff_t columns, T* a, ptrdiff_t lda, int* pivotRow, int* firstZero)
 {
     constexpr T kSafe = static_cast<T>(1.17549435e-38);  // its reciprocal is finite
+    ORV_ASSERT(rows > 0 && columns > 0 && columns <= kPanelColumns && lda >= rows);
     *firstZero = 0;
     for (ptrdiff_t k = 0; k < rows && k < columns; ++k) {
         T* const column = a + k * lda;
@@ -133,26 +136,31 @@ ORV_INLINE void factor_panel(ptrdiff_t rows, ptrdiff_t columns, T* a, ptrdiff_t 
     }                                                                                                                   \
     Status add_columns_##type(int rows, int columns, T alpha, const T* a, int lda, const T* x, int stride, T* y)        \
     {                                                                                                                   \
+        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows);                                                             \
         add_columns(rows, columns, alpha, a, lda, x, stride, y);                                                        \
         return StatusOk;                                                                                                \
     }                                                                                                                   \
     Status add_dot_products_##type(int rows, int columns, T alpha, const T* a, int lda, const T* x, int stride, T* y)   \
     {                                                                                                                   \
+        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows);                                                             \
         add_dot_products(rows, columns, alpha, a, lda, x, stride, y);                                                   \
         return StatusOk;                                                                                                \
     }                                                                                                                   \
     Status add_outer_product_##type(int rows, int columns, T alpha, const T* x, const T* y, int stride, T* a, int lda)  \
     {                                                                                                                   \
+        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows);                                                             \
         add_outer_product(rows, columns, alpha, x, y, stride, a, lda);                                                  \
         return StatusOk;                                                                                                \
     }                                                                                                                   \
     Status rotate_columns_##type(int rows, int columns, bool backward, const T* c, const T* s, T* a, int lda)           \
     {                                                                                                                   \
+        ORV_ASSERT(rows > 0 && columns > 1 && lda >= rows);                                                             \
         rotate_columns(rows, columns, backward, c, s, a, lda);                                                          \
         return StatusOk;                                                                                                \
     }                                                                                                                   \
     Status rotate_rows_##type(int rows, int columns, bool backward, const T* c, const T* s, T* a, int lda)              \
     {                                                                                                                   \
+        ORV_ASSERT(columns > 0 && lda >= rows);                                                                         \
         rotate_rows(rows, columns, backward, c, s, a, lda);                                                             \
         return StatusOk;                                                                                                \
     }
@@ -168,6 +176,7 @@ Status factor_panel_32f(int rows, int columns, float* a, int lda, int* pivotRow,
 
 Status solve_unit_lower_32f(int columns, const float* l, int ldl, float* b, int ldb)
 {
+    ORV_ASSERT(columns > 0 && ldl >= kTriangle && ldb >= kTriangle);
     for (ptrdiff_t j = 0; j < columns; j += Register<float>::N) solve_block(l, ldl, b, ldb, j, columns);
     return StatusOk;
 }

@@ -5,6 +5,7 @@
 // which reads N elements of every source before it writes any. Vectors may be in place.
 #pragma once
 
+#include "core/float_control.h"
 #include "simd/lanes.h"
 
 namespace orv {
@@ -13,6 +14,7 @@ inline namespace ORV_LEVEL {
 template <int In, int Out, class T, class Op>
 ORV_INLINE void map_vectors(std::ptrdiff_t n, const T* const (&sources)[In], T* const (&destinations)[Out], Op& op)
 {
+    ORV_ASSERT(n >= 0 && FloatControl::holds());
     const T* src[In];
     T* dst[Out];
     for (int k = 0; k < In; ++k) src[k] = sources[k];

@@ -2,13 +2,14 @@
 // vectors.
 //
 // Vectors scale sums down in 32-bit lanes and compute all else in double wherever double is exact: sums always,
-// products as long as those beyond 2^53 saturate anyway, quotients as told below. The conversion back rounds to nearest, ties to even, and gives
-// the smallest integer for whatever is below the range; only the upper bound needs a step of its own.
-// Kernels that use this open with a FloatControl.
+// products as long as those beyond 2^53 saturate anyway, quotients as described below. The conversion back rounds to
+// nearest, ties to even, and gives the smallest integer for whatever is below the range; only the upper bound needs
+// a step of its own.
 #pragma once
 
 #include <cstdint>
 
+#include "core/float_control.h"
 #include "elementwise/scaled_arithmetic.h"
 
 namespace orv {
@@ -31,6 +32,7 @@ ORV_INLINE double factor_of(int scaleFactor)
 template <class D>
 ORV_INLINE D scaled_in_double(D exact, double factor)
 {
+    ORV_ASSERT(FloatControl::holds());
     return simd::min(exact * simd::splat<D>(factor), simd::splat<D>(2147483647.0));
 }
 

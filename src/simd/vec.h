@@ -24,6 +24,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "core/assert.h"
 #include "core/float_control.h"
 #include "core/level.h"
 

@@ -1,5 +1,5 @@
 // Whether a float operation has overflowed. The processor keeps a flag of it, so that nothing has to be compared;
-// a look takes some three nanoseconds. To be used under FloatControl, which masks the exceptions.
+// a look takes some three nanoseconds. FloatControl, under which this is used, masks the exceptions.
 #pragma once
 
 #include "core/float_control.h"
@@ -13,6 +13,7 @@ public:
 #if defined(__SSE__)
     ORV_INLINE OverflowWatch() : before_(_mm_getcsr() & kOverflow)
     {
+        ORV_ASSERT(FloatControl::holds());
         if (before_ != 0) _mm_setcsr(_mm_getcsr() & ~kOverflow);
     }
     ORV_INLINE ~OverflowWatch()

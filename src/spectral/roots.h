@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "core/level.h"
+#include "core/float_control.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -19,6 +19,7 @@ struct Root {
 // out are below 2^-54 of the result at pi/4.
 inline Root root_of_unity(std::uint64_t k, int order)
 {
+    ORV_ASSERT(FloatControl::holds() && order >= 0 && order < 61);
     const std::uint64_t n = std::uint64_t{1} << order;
     k &= n - 1;
     // In eighths of 1/n, so that octants are whole numbers for every n.

@@ -150,10 +150,10 @@ struct ForThree {
     }
 };
 
-// A row of n >= V::N elements.
 template <class V, class T, class At>
 ORV_INLINE void three_channel_row(T* dst, ptrdiff_t n, At at)
 {
+    ORV_ASSERT(n >= V::N);
     const V last = at(n - V::N, (n - V::N) % 3);
     ptrdiff_t i = 0;
     for (; i < n - 3 * V::N; i += 3 * V::N) {

@@ -190,11 +190,12 @@ struct Split {
     ORV_INLINE Pixels merged() const { return simd::as<T>(even | (odd << simd::count(kBits))); }
 };
 
-// Vectors of T cover n >= N elements from 0 on; whatever is at an odd end is done by `single`.
+// Vectors of T cover the elements from 0 on; whatever is at an odd end is done by `single`.
 template <class T, class Many, class Single>
 ORV_INLINE void cover(std::ptrdiff_t n, Many many, Single single)
 {
     constexpr int N = Split<T>::Pixels::N;
+    ORV_ASSERT(n >= N);
     std::ptrdiff_t i = 0;
     for (; i <= n - N; i += N) many(i);
     if (i == n) return;

@@ -109,10 +109,11 @@ struct doubles<WholeFloats> {
 ORV_INLINE void store(float* p, WholeFloats a) { simd::store(p, a.v); }
 ORV_INLINE void store_result(float* p, WholeFloats a) { simd::store(p, a.v); }
 
-// Are n >= Floats::N floats whole numbers from -2^17 to 2^17? That is what 16-bit images are, and 88 of
+// Are n floats, a vector or more, whole numbers from -2^17 to 2^17? That is what 16-bit images are, and 88 of
 // them still have a sum below 2^24.
 ORV_INLINE bool all_whole(const float* p, std::ptrdiff_t n)
 {
+    ORV_ASSERT(n >= Floats::N);
     const Floats unit = simd::splat<Floats>(12582912.0f);  // 1.5 * 2^23: sums with it have no fraction
     const Floats zero = simd::zero<Floats>();
     const simd::mask_of<Floats> all = simd::equal(zero, zero);

@@ -47,9 +47,9 @@ struct Run {
         }
     }
 
-    // n: a multiple of Bytes.
     ORV_INLINE void fill(uint8_t* dst, ptrdiff_t n) const
     {
+        ORV_ASSERT(n >= 0 && n % Bytes == 0);
         if (n < 16) return fill_few(dst, n);
         ptrdiff_t i = 0;
         for (; i + 48 <= n; i += 48) {

@@ -281,11 +281,12 @@ ORV_INLINE auto fetch_group(const Groups3<V, mirrored>& groups, const uint8_t* p
     return groups.shuffled(Group3<V>{swap_halves(g.third), swap_halves(g.second), swap_halves(g.first)});
 }
 
-// Rows of n >= N pixels, reordered within the pixels.
+// Rows of pixels, reordered within the pixels.
 template <class V>
 ORV_INLINE void reorder_groups(const Groups3<V, false>& groups, const uint8_t* src, uint8_t* dst, std::ptrdiff_t n)
 {
     constexpr int N = V::N;
+    ORV_ASSERT(n >= N);
     const auto last = fetch_group(groups, src + 3 * (n - N));
     for (std::ptrdiff_t i = 0; i < n - N; i += N) store_group(dst + 3 * i, fetch_group(groups, src + 3 * i));
     store_group(dst + 3 * (n - N), last);

@@ -177,10 +177,11 @@ ORV_INLINE void run_four_taps(const FourTapsJob<T>& job, FourTapsBuffers& buffer
 namespace orv {
 inline namespace ORV_LEVEL {
 
-// Under FloatControl. The buffer has four_taps_bytes().
+// The buffer has four_taps_bytes().
 template <int Channels, class T>
 void four_taps(const FourTapsJob<T>& job, void* buffer)
 {
+    ORV_ASSERT(buffer != nullptr && FloatControl::holds());
     FourTapsBuffers buffers(buffer, job.size.width, job.span(), Channels);
 #if ORV_HAVE_INT256
     if constexpr (sizeof(T) == 1) {

@@ -11,9 +11,10 @@ namespace orv {
 inline namespace ORV_LEVEL {
 
 // The sum with 1.5 * 2^52 has no fraction bits left: the addition itself rounds, and the integer stands in
-// the low word. For |value| below 2^31, under FloatControl.
+// the low word.
 ORV_INLINE std::int32_t nearest_integer(double value)
 {
+    ORV_ASSERT(FloatControl::holds() && value > -0x1p31 && value < 0x1p31);
     const double shifted = rounded(value + 6755399441055744.0);
     std::int64_t bits;
     __builtin_memcpy(&bits, &shifted, sizeof(bits));
@@ -39,9 +40,10 @@ ORV_INLINE float to_pixel<float>(double value)
     return pixel;
 }
 
-// The whole part, rounded down, for |value| below 2^31.
+// The whole part, rounded down.
 ORV_INLINE int floor_of(double value)
 {
+    ORV_ASSERT(value > -0x1p31 && value < 0x1p31);
     const int truncated = static_cast<int>(value);
     return truncated - (static_cast<double>(truncated) > value ? 1 : 0);
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "core/assert.h"
 #include "core/checks.h"
 #include "image/resize/resize_plan.h"
 
@@ -36,6 +37,7 @@ public:
     template <class T>
     ORV_INLINE T* take(std::int64_t count)
     {
+        ORV_ASSERT(count >= 0);
         T* const part = reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(base_) + static_cast<std::uintptr_t>(used_));
         used_ += in_lines(count * static_cast<std::int64_t>(sizeof(T)));
         return part;

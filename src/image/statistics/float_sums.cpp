@@ -128,6 +128,7 @@ ORV_INLINE double power(int e)
 // The exponent of a positive finite number: value < 2^(exponent + 1).
 ORV_INLINE int exponent_of(double value)
 {
+    ORV_ASSERT(value > 0 && value - value == 0);
     uint64_t bits;
     std::memcpy(&bits, &value, sizeof(bits));
     return static_cast<int>(bits >> 52) - 1023;

@@ -62,10 +62,11 @@ ORV_INLINE void store_both(std::uint8_t* p, simd::pair<ByteTable::V> v)
     simd::store(p, v.lo);
     simd::store(p + ByteTable::V::N, v.hi);
 }
-// n >= 64; the last vectors come first, as everywhere.
+// The last vectors come first, as everywhere.
 ORV_INLINE void byte_row(const ByteTable& table, const std::uint8_t* src, std::uint8_t* dst, std::ptrdiff_t n)
 {
     constexpr int N = 2 * ByteTable::V::N;
+    ORV_ASSERT(n >= N);
     const simd::pair<ByteTable::V> last = table.at(load_both(src + n - N));
     for (std::ptrdiff_t i = 0; i < n - N; i += N) store_both(dst + i, table.at(load_both(src + i)));
     store_both(dst + n - N, last);

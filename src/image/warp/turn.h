@@ -69,6 +69,7 @@ struct ReducedAngle {
 // coordinates exact, so that positions repeat and mirror exactly.
 ORV_INLINE double on_grid(double v)
 {
+    ORV_ASSERT(FloatControl::holds() && v >= -1 && v <= 1);
     constexpr double digits = 0x1.8p20;
     return rounded(rounded(v + digits) - digits);
 }

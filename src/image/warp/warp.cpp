@@ -225,9 +225,10 @@ Status rotate(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst,
     return StatusOk;
 }
 
-// Under FloatControl, of finite numbers.
+// Of finite numbers.
 bool shift_that_keeps(double x, double y, const Turn& turn, double* xShift, double* yShift)
 {
+    ORV_ASSERT(FloatControl::holds());
     *xShift = rounded(x - turn.x(x, y));
     *yShift = rounded(y - turn.y(x, y));
     return is_finite_at(xShift) && is_finite_at(yShift);
