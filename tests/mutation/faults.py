@@ -2,7 +2,7 @@
 
 A fault is (what is broken, file, text, text in its place, net). The text must stand in the file exactly once;
 `mutation.py --check` looks, so that the list follows the code. Nets: a filter of the test program, or the name of
-one of NETS in mutation.py.
+one of CTESTS in mutation.py, or "build".
 """
 
 VARIANTS = "Variants.*"
@@ -92,14 +92,14 @@ FAULTS = [
     ("estimates that are not checked", WARP_MANY, "kUnsure = 1.f / 512", "kUnsure = 0", "Warp*"),
     ("the last pixels of a run left out", WARP_MANY, "if (k < end) visit(end - step);", "", "Warp*"),
     # Checks.
-    ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    with_scaling", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    with_scaling", "IntegerArithmetic*"),
+    ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    if (may_overlap", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    if (may_overlap", "IntegerArithmetic*"),
     ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),
     ("statuses in the wrong order", ELIMINATION, "    if (any_null(src, dstIndex, dst)) return StatusNullPointer;\n    if (widthHeight < 1) return StatusBadSize;\n",
      "    if (widthHeight < 1) return StatusBadSize;\n    if (any_null(src, dstIndex, dst)) return StatusNullPointer;\n", "Matrices*:Elimination*"),
     ("an index that is not checked", ELIMINATION, "    if (!are_factors(lu, srcIndex, widthHeight)) return StatusSingularMatrix;\n", "", "Matrices*:Elimination*"),
     ("windows of two samples", SPECTRA, "if (len.count < 3) return StatusBadSize;", "if (len.count < 2) return StatusBadSize;", "*Spectra*:*Win*"),
     ("a block of another length", PSD, "length != record->n) return;", "length < record->n) return;", "*Psd*:*PowerSpectrum*"),
-    ("a size that wraps", "src/core/sizes.h", "{ return factor < kTooLarge ? factor : kTooLarge; }", "{ return factor; }", "InPlace*"),
+    ("a size that wraps", "src/core/sizes.h", "return factor < kTooLarge ? factor : kTooLarge;", "return factor;", "InPlace*"),
     # The host's processor and memory.
     ("upper register halves left dirty", SPECTRA, COMPLEX_START, COMPLEX_START + "#if ORV_HAVE_INT256\n    __asm__ volatile(\"vpcmpeqd %ymm15, %ymm15, %ymm15\");\n#endif\n", VARIANTS),
     ("a changed control word", SPECTRA, COMPLEX_START, COMPLEX_START + "    _mm_setcsr(_mm_getcsr() | 0x8040);\n", VARIANTS),
