@@ -10,6 +10,7 @@
 
 #include "core/checks.h"
 #include "elementwise/float_arithmetic.h"
+#include "elementwise/full_vectors.h"
 #include "simd/conversion.h"
 #include "simd/neighbours.h"
 
@@ -127,8 +128,7 @@ __attribute__((noinline)) simd::widest<float> with_one_nan(simd::widest<float> v
     return simd::select(simd::unordered(v, v), simd::splat<simd::widest<float>>(value_of<float>(Bits<float>::kNan)), v);
 }
 
-// dst = op(a, b) on n complex values. The destination may be one of the sources: the last vectors, which
-// overlap their neighbours, are computed before anything is stored.
+// dst = op(a, b) on n complex values. The destination may be one of the sources.
 template <class A, class Op>
 ORV_INLINE void complex_row(A a, ComplexVector b, float* dst, std::ptrdiff_t n, Op& op)
 {
@@ -141,21 +141,20 @@ ORV_INLINE void complex_row(A a, ComplexVector b, float* dst, std::ptrdiff_t n, 
         const F v = at(k);
         return __builtin_expect(simd::any(simd::unordered(v, v)), false) ? with_one_nan(v, a, k, op) : v;
     };
-    if (n >= N) {
-        const F last = one_at(n - N);
-        for (; i < n - 2 * N; i += 2 * N) {
+    const auto store = [dst](std::ptrdiff_t k, F v) { simd::store(dst + 2 * k, v); };
+    const auto others = [&](std::ptrdiff_t end) {
+        for (; i < end - N; i += 2 * N) {
             F first = at(i), second = at(i + N);
             if (__builtin_expect(simd::any(simd::unordered(first, second)), false)) {
                 first = with_one_nan(first, a, i, op);
                 second = with_one_nan(second, a, i + N, op);
             }
-            simd::store(dst + 2 * i, first);
-            simd::store(dst + 2 * (i + N), second);
+            store(i, first);
+            store(i + N, second);
         }
-        if (i < n - N) simd::store(dst + 2 * i, one_at(i));
-        simd::store(dst + 2 * (n - N), last);
-        return;
-    }
+        if (i < end) store(i, one_at(i));
+    };
+    if (n >= N) return full_vectors<N>(n, one_at, store, others);
 #endif
     std::uint32_t* const bits = reinterpret_cast<std::uint32_t*>(dst);
     for (; i < n; ++i) {

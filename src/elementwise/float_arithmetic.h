@@ -14,6 +14,7 @@
 #include <cstring>
 
 #include "core/float_control.h"
+#include "elementwise/full_vectors.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -105,7 +106,7 @@ ORV_INLINE Word<F> with_nans(Word<F> left, Word<F> right, Operate operate)
 
 template <class F>
 struct FloatSum {
-    static constexpr bool kTwoAtATime = true;
+    static constexpr Pace kPace = Pace::kTwo;
     static Word<F> one(Word<F> a, Word<F> b)
     {
         return with_nans<F>(b, a, [](F left, F right) { return left + right; });
@@ -115,7 +116,7 @@ struct FloatSum {
 
 template <class F>
 struct FloatDifference {
-    static constexpr bool kTwoAtATime = true;
+    static constexpr Pace kPace = Pace::kTwo;
     static Word<F> one(Word<F> a, Word<F> b)
     {
         return with_nans<F>(b, a, [](F left, F right) { return left - right; });
@@ -125,7 +126,7 @@ struct FloatDifference {
 
 template <class F>
 struct FloatProduct {
-    static constexpr bool kTwoAtATime = true;
+    static constexpr Pace kPace = Pace::kTwo;
     static Word<F> one(Word<F> a, Word<F> b)
     {
         return with_nans<F>(b, a, [](F left, F right) { return product_of(left, right); });
@@ -181,7 +182,7 @@ ORV_INLINE double reciprocal(double value)
 // Without the sign bit, NaNs included.
 template <class F>
 struct WithoutSign {
-    static constexpr bool kTwoAtATime = true;
+    static constexpr Pace kPace = Pace::kTwo;
     static Word<F> one(Word<F> a) { return a & ~Bits<F>::kSign; }
     template <class V> static ORV_INLINE V many(V a) { return simd::and_not(simd::splat<V>(-F{0}), a); }
 };
@@ -214,7 +215,7 @@ struct SquareRoot {
 // The larger and the smaller of two, bits unchanged. Where neither is larger (equal values, zeros of either
 // sign, a NaN on either side) it is b.
 struct Larger {
-    static constexpr bool kTwoAtATime = true;
+    static constexpr Pace kPace = Pace::kTwo;
     static std::uint32_t one(std::uint32_t a, std::uint32_t b)
     {
         return value_of<float>(a) > value_of<float>(b) ? a : b;
@@ -222,7 +223,7 @@ struct Larger {
     template <class V> static ORV_INLINE V many(V a, V b) { return simd::max(a, b); }
 };
 struct Smaller {
-    static constexpr bool kTwoAtATime = true;
+    static constexpr Pace kPace = Pace::kTwo;
     static std::uint32_t one(std::uint32_t a, std::uint32_t b)
     {
         return value_of<float>(a) < value_of<float>(b) ? a : b;

@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "core/float_control.h"
+#include "elementwise/full_vectors.h"
 #include "elementwise/scaled_arithmetic.h"
 #include "simd/halves.h"
 #include "simd/reductions.h"
@@ -400,7 +401,7 @@ struct QuotientOfBytes : QuotientOfScalars<std::uint8_t, Rounding::half_even> {
 // 16 bits that are not scaled up, and in fixed point not scaled at all.
 template <class T, Rounding rounding, bool scaled>
 struct QuotientOfWords : QuotientOfScalars<T, rounding> {
-    static constexpr bool kTogether = true;
+    static constexpr Pace kPace = Pace::kTogether;
     float factor;
 
     template <class V> ORV_INLINE V many(V a, V b)

@@ -7,43 +7,35 @@
 // work on a local copy of the operation: pixels that are stored might else be part of it, and its
 // constants would be loaded again for every vector.
 //
-// A row of at least one vector runs full vectors from its start and one that ends with the row. That
-// last one overlaps its neighbour, so it is computed before anything is stored: a call whose source
-// and destination are the same buffer must not see its own results. Shorter rows run the same way
-// on 128, 64 or 32 bits. Nothing outside the row is read or written.
+// A row of at least one vector runs as in full_vectors.h. Shorter rows run the same way on 128, 64 or 32 bits.
+// Nothing outside the row is read or written.
 #pragma once
 
 #include <cstdint>
 
-#include "core/assert.h"
 #include "core/checks.h"
+#include "elementwise/full_vectors.h"
 #include "simd/vec.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
 
-// Operations of one instruction ask for two vectors a round, by a member kTwoAtATime: counting would cost
-// them a quarter of their speed.
-template <class Op, class = void>
-constexpr bool two_at_a_time = false;
-template <class Op>
-constexpr bool two_at_a_time<Op, decltype(void(Op::kTwoAtATime))> = true;
-
-template <class V, class Compute, class T>
+template <class V, Pace pace_of_row, class T, class Compute>
 ORV_INLINE void row_of_vectors(T* dst, std::ptrdiff_t n, Compute compute)
 {
-    ORV_ASSERT(n >= V::N);
-    const V last = compute.template at<V>(n - V::N);
-    std::ptrdiff_t i = 0;
-    if constexpr (two_at_a_time<Compute>) {
-        for (; i < n - 2 * V::N; i += 2 * V::N) {
-            const V first = compute.template at<V>(i), second = compute.template at<V>(i + V::N);
-            simd::store(dst + i, first);
-            simd::store(dst + i + V::N, second);
+    const auto at = [&compute](std::ptrdiff_t i) __attribute__((always_inline)) { return compute.template at<V>(i); };
+    const auto store = [dst](std::ptrdiff_t i, V v) __attribute__((always_inline)) { simd::store(dst + i, v); };
+    full_vectors<V::N>(n, at, store, [=, &compute](std::ptrdiff_t end) __attribute__((always_inline)) {
+        std::ptrdiff_t i = 0;
+        if constexpr (pace_of_row != Pace::kOne) {
+            for (; i < end - V::N; i += 2 * V::N) {
+                const simd::twice<V> both = compute.template both<V>(i);
+                store(i, both.lo);
+                store(i + V::N, both.hi);
+            }
         }
-    }
-    for (; i < n - V::N; i += V::N) simd::store(dst + i, compute.template at<V>(i));
-    simd::store(dst + n - V::N, last);
+        for (; i < end; i += V::N) store(i, at(i));
+    });
 }
 
 template <class T, class Compute>
@@ -52,7 +44,7 @@ ORV_INLINE void short_row(T* dst, std::ptrdiff_t n, Compute compute)
     using Half = simd::half<T>;
     constexpr int size = sizeof(T);
     if (n >= Half::N) {
-        row_of_vectors<Half>(dst, n, compute);
+        row_of_vectors<Half, Pace::kOne>(dst, n, compute);
     } else if (size == 8 || n * size >= 8) {
         simd::store_ends<Half, 8>(dst, n, compute.template ends<Half, 8>(n));
     } else if constexpr (size < 8) {
@@ -78,18 +70,14 @@ struct Reversed : Op {
 };
 
 // What a loop computes at a position, for one and for two sources.
-template <class Op, bool two = two_at_a_time<Op>>
-struct Pace {};
-template <class Op>
-struct Pace<Op, true> { static constexpr bool kTwoAtATime = true; };
-
 template <class T, class Op>
-struct FromOne : Pace<Op> {
-    ORV_INLINE FromOne(const T* source, Op* operation) : a(source), op(operation) {}
+struct FromOne {
+    static constexpr Pace kPace = pace<Op>;
     const T* a;
     Op* op;
     ORV_INLINE T one(std::ptrdiff_t i) const { return op->one(get(a + i)); }
     template <class V> ORV_INLINE V at(std::ptrdiff_t i) const { return op->many(simd::load<V>(a + i)); }
+    template <class V> ORV_INLINE simd::twice<V> both(std::ptrdiff_t i) const { return {at<V>(i), at<V>(i + V::N)}; }
     template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const
     {
         return op->many(simd::load_ends<V, Bytes>(a, n));
@@ -97,8 +85,8 @@ struct FromOne : Pace<Op> {
 };
 
 template <class T, class Op>
-struct FromTwo : Pace<Op> {
-    ORV_INLINE FromTwo(const T* first, const T* second, Op* operation) : a(first), b(second), op(operation) {}
+struct FromTwo {
+    static constexpr Pace kPace = pace<Op>;
     const T* a;
     const T* b;
     Op* op;
@@ -106,6 +94,18 @@ struct FromTwo : Pace<Op> {
     template <class V> ORV_INLINE V at(std::ptrdiff_t i) const
     {
         return op->many(simd::load<V>(a + i), simd::load<V>(b + i));
+    }
+    template <class V> ORV_INLINE simd::twice<V> both(std::ptrdiff_t i) const
+    {
+        if constexpr (kPace == Pace::kTogether) {
+            const auto two = [i](const T* p, int k) __attribute__((always_inline)) {
+                return simd::in_register(simd::load<V>(p + i + k * V::N));
+            };
+            const V left[2] = {two(a, 0), two(a, 1)}, right[2] = {two(b, 0), two(b, 1)};
+            return op->many(left, right);
+        } else {
+            return {at<V>(i), at<V>(i + V::N)};
+        }
     }
     template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const
     {
@@ -126,7 +126,7 @@ ORV_INLINE void run_row(T* dst, std::ptrdiff_t n, Compute compute)
 #if ORV_HAVE_VECTORS
     using Wide = simd::widest<T>;
     if (n >= Wide::N) {
-        row_of_vectors<Wide>(dst, n, compute);
+        row_of_vectors<Wide, pace<Compute>>(dst, n, compute);
     } else {
         short_row(dst, n, compute);
     }
@@ -259,26 +259,30 @@ template <int Period, class T, class Op>
 ORV_INLINE void pattern_row(const Pattern<T>& pattern, const T* src, T* dst, std::ptrdiff_t n, Op& op)
 {
     using V = simd::widest<T>;
-    const V last = op.many(simd::load<V>(pattern.at(n - V::N)), simd::load<V>(src + n - V::N));
-    const V k0 = simd::load<V>(pattern.row);
-    if (Period == 1) {
-        for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) {
-            simd::store(dst + i, op.many(k0, simd::load<V>(src + i)));
-        }
-    } else {
-        const V k1 = simd::load<V>(pattern.row + V::N);
-        const V k2 = simd::load<V>(pattern.row + 2 * V::N);
+    const auto with = [=, &op](V constants, std::ptrdiff_t i) __attribute__((always_inline)) {
+        return op.many(constants, simd::load<V>(src + i));
+    };
+    const auto store = [dst](std::ptrdiff_t i, V v) __attribute__((always_inline)) { simd::store(dst + i, v); };
+    const auto at = [=, &pattern](std::ptrdiff_t i) __attribute__((always_inline)) {
+        return with(simd::load<V>(pattern.at(i)), i);
+    };
+    full_vectors<V::N>(n, at, store, [=, &pattern](std::ptrdiff_t end) __attribute__((always_inline)) {
         std::ptrdiff_t i = 0;
-        for (; i < n - 3 * V::N; i += 3 * V::N) {
-            simd::store(dst + i, op.many(k0, simd::load<V>(src + i)));
-            simd::store(dst + i + V::N, op.many(k1, simd::load<V>(src + i + V::N)));
-            simd::store(dst + i + 2 * V::N, op.many(k2, simd::load<V>(src + i + 2 * V::N)));
+        const V k0 = simd::load<V>(pattern.row);
+        if (Period == 1) {
+            for (; i < end; i += V::N) store(i, with(k0, i));
+            return;
         }
-        if (i < n - V::N) simd::store(dst + i, op.many(k0, simd::load<V>(src + i)));
+        const V k1 = simd::load<V>(pattern.row + V::N), k2 = simd::load<V>(pattern.row + 2 * V::N);
+        for (; i < end - 2 * V::N; i += 3 * V::N) {
+            store(i, with(k0, i));
+            store(i + V::N, with(k1, i + V::N));
+            store(i + 2 * V::N, with(k2, i + 2 * V::N));
+        }
+        if (i < end) store(i, with(k0, i));
         i += V::N;
-        if (i < n - V::N) simd::store(dst + i, op.many(k1, simd::load<V>(src + i)));
-    }
-    simd::store(dst + n - V::N, last);
+        if (i < end) store(i, with(k1, i));
+    });
 }
 
 // dst = op(constant of the channel, src). There are 1 to 4 channels. The constants may lie in the destination,

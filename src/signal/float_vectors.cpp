@@ -129,13 +129,10 @@ void accumulate(const float* src, Factor factor, float* srcDst, std::ptrdiff_t n
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
     constexpr int N = Floats::N;
-    const auto at = [&](std::ptrdiff_t k) { return accumulated(other.many(k), factor.many(k), load_doubles(srcDst + k)); };
-    if (n >= N) {
-        const Floats last = at(n - N);
-        for (; i < n - N; i += N) simd::store(srcDst + i, at(i));
-        simd::store(srcDst + n - N, last);
-        return;
-    }
+    const auto at = [&](std::ptrdiff_t k) {
+        return accumulated(other.many(k), factor.many(k), load_doubles(srcDst + k));
+    };
+    if (n >= N) return full_vectors<N>(n, at, [&](std::ptrdiff_t k, Floats v) { simd::store(srcDst + k, v); });
 #endif
     std::uint32_t* const bits = reinterpret_cast<std::uint32_t*>(srcDst);
     for (; i < n; ++i) put(bits + i, accumulated(other.one(i), factor.one(i), static_cast<double>(get(srcDst + i))));

@@ -6,7 +6,6 @@
 #include "core/float_control.h"
 #include "elementwise/quotients.h"
 #include "elementwise/rows.h"
-#include "elementwise/rows_together.h"
 #include "elementwise/scaled_arithmetic.h"
 #include "signal/scaled_words.h"
 
@@ -26,7 +25,7 @@ using std::uint8_t;
 template <class T, class Op>
 void run(const T* src1, const T* src2, T* dst, Length len, Op& op)
 {
-    plane_together(src1, 0, src2, 0, dst, 0, {len.count, 1}, 1, op);
+    plane(src1, 0, src2, 0, dst, 0, {len.count, 1}, 1, op);
 }
 template <class T, class Op>
 void run(const T* src, T value, T* dst, Length len, Op& op)

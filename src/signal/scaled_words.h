@@ -10,6 +10,7 @@
 #include <cstdint>
 
 #include "core/float_control.h"
+#include "elementwise/full_vectors.h"
 #include "elementwise/scaled_arithmetic.h"
 
 namespace orv {
@@ -85,7 +86,7 @@ struct InWords<Difference<int32_t>> {
 template <class Kind>
 struct SaturatedWords {
     using Form = InWords<Kind>;
-    static constexpr bool kTogether = true;
+    static constexpr Pace kPace = Pace::kTogether;
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(Kind::exact(a, b)); }
     template <class V> ORV_INLINE V many(V a, V b) const
     {
@@ -137,7 +138,7 @@ struct HalvedWords {
 
 // Products in 64-bit lanes: saturated, and scaled down.
 struct ProductSaturated {
-    static constexpr bool kTogether = true;
+    static constexpr Pace kPace = Pace::kTogether;
     int32_t one(int32_t a, int32_t b) const { return saturate<int32_t>(std::int64_t{a} * b); }
     template <class V> ORV_INLINE V many(V a, V b) const { return simd::narrow(simd::mul_wide(a, b)); }
     template <class V> ORV_INLINE simd::twice<V> many(const V (&a)[2], const V (&b)[2]) const
@@ -256,7 +257,7 @@ inline int32_t word_quotient(int32_t divisor, int32_t dividend, int scaleFactor)
 // numbers below 2^22 that are not scaled up, for the same reason, in a third of the time.
 struct WordQuotient {
     static constexpr int kMostBitsUp = 20;
-    static constexpr bool kTogether = true;
+    static constexpr Pace kPace = Pace::kTogether;
 
     int scaleFactor;
     bool zeros = false;  // a divisor was 0

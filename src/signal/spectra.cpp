@@ -161,9 +161,9 @@ Status Magnitude_32f(const float* re, const float* im, float* dst, Length len)
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
     if (n >= F::N) {
-        const F last = magnitude(re + n - F::N, im + n - F::N);
-        for (; i < n - F::N; i += F::N) simd::store(dst + i, magnitude(re + i, im + i));
-        simd::store(dst + n - F::N, last);
+        full_vectors<F::N>(
+            n, [=](std::ptrdiff_t k) { return magnitude(re + k, im + k); },
+            [=](std::ptrdiff_t k, F v) { simd::store(dst + k, v); });
         return StatusOk;
     }
 #endif

@@ -7,6 +7,7 @@ one of CTESTS in mutation.py, or "build".
 
 VARIANTS = "Variants.*"
 SPECTRA = "src/signal/spectra.cpp"
+FULL_VECTORS = "src/elementwise/full_vectors.h"
 BITWISE = "src/image/bits/bitwise.cpp"
 THRESHOLD = "src/image/bits/threshold.cpp"
 HISTOGRAM = "src/image/statistics/histogram.cpp"
@@ -31,7 +32,6 @@ WARP_MANY = "src/image/warp/many.h"
 WARP_INVERSE = "src/image/warp/projection.h"
 WARP_TURN = "src/image/warp/turn.h"
 
-MAGNITUDE_END = "        simd::store(dst + n - F::N, last);\n        return StatusOk;\n"
 COMPLEX_START = "    std::ptrdiff_t i = 0;\n#if ORV_HAVE_VECTORS\n    using V = simd::half<uint32_t>;\n"
 
 FAULTS = [
@@ -40,7 +40,7 @@ FAULTS = [
     ("a word is written behind the destination", SPECTRA,
      "        put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);\n    }\n",
      "        put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);\n    }\n    put(parts + 2 * n, 0u);\n", VARIANTS),
-    ("the last vector is not stored", SPECTRA, MAGNITUDE_END, "        static_cast<void>(last);\n        return StatusOk;\n", VARIANTS),
+    ("the last vector is not stored", FULL_VECTORS, "    store(n - N, last);\n", "    static_cast<void>(last);\n", VARIANTS),
     ("a histogram counts into the bin behind the last", HISTOGRAM, "value < l.lower || value >= l.upper", "value < l.lower || value > l.upper", "Statistics*:*Histogram*"),
     ("the rest of a row is not counted", HISTOGRAM, "    for (; i < n; ++i) ++tables[place[get(p + i)]];", "    for (; i < n - 1; ++i) ++tables[place[get(p + i)]];", "Statistics*:*Histogram*"),
     ("an odd last byte of a short row is left out", EXTREMES, "        if ((bytes & 1) != 0) *d = *s;\n", "", "Statistics*:" + VARIANTS),

@@ -157,12 +157,8 @@ ORV_INLINE void accumulate_row(const uint16_t* a, const uint16_t* b, float* sum,
 {
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
-    if (n >= 4) {
-        const __m128 last = accumulated(a + n - 4, b + n - 4, sum + n - 4);
-        for (; i < n - 4; i += 4) _mm_storeu_ps(sum + i, accumulated(a + i, b + i, sum + i));
-        _mm_storeu_ps(sum + n - 4, last);
-        return;
-    }
+    const auto at = [=](std::ptrdiff_t k) { return accumulated(a + k, b + k, sum + k); };
+    if (n >= 4) return full_vectors<4>(n, at, [=](std::ptrdiff_t k, __m128 v) { _mm_storeu_ps(sum + k, v); });
 #endif
     uint32_t* const bits = reinterpret_cast<uint32_t*>(sum);
     for (; i < n; ++i) put(bits + i, accumulated(get(a + i), get(b + i), get(bits + i)));

@@ -6,7 +6,6 @@
 #include "core/overlap.h"
 #include "elementwise/quotients.h"
 #include "elementwise/rows.h"
-#include "elementwise/rows_together.h"
 #include "elementwise/scaled_arithmetic.h"
 
 namespace orv {
@@ -58,7 +57,7 @@ ORV_INLINE Status division(Self self, const T* src1, int src1Step, const T* src2
         return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor);
     }
     return with_quotient<T, rounding>(scaleFactor, [&](auto& op) {
-        plane_together(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels, op);
+        plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, channels, op);
     });
 }
 

@@ -184,9 +184,9 @@ ORV_INLINE void mask_row(std::uint8_t* dst, std::ptrdiff_t n, MaskOf<T, Channels
 #if ORV_HAVE_VECTORS
     using Wide = simd::widest<std::uint8_t>;
     using Half = simd::half<std::uint8_t>;
-    if (n >= Wide::N) return row_of_vectors<Wide>(dst, n, compute);
+    if (n >= Wide::N) return row_of_vectors<Wide, Pace::kOne>(dst, n, compute);
     if constexpr (sizeof(T) == 1 && Channels == 1) return short_row(dst, n, compute);
-    if (n >= Half::N) return row_of_vectors<Half>(dst, n, compute);
+    if (n >= Half::N) return row_of_vectors<Half, Pace::kOne>(dst, n, compute);
 #endif
     for (std::ptrdiff_t i = 0; i < n; ++i) dst[i] = compute.one(i);
 }

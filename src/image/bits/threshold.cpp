@@ -153,16 +153,16 @@ struct ForThree {
 template <class V, class T, class At>
 ORV_INLINE void three_channel_row(T* dst, ptrdiff_t n, At at)
 {
-    ORV_ASSERT(n >= V::N);
-    const V last = at(n - V::N, (n - V::N) % 3);
-    ptrdiff_t i = 0;
-    for (; i < n - 3 * V::N; i += 3 * V::N) {
-        simd::store(dst + i, at(i, 0));
-        simd::store(dst + i + V::N, at(i + V::N, V::N % 3));
-        simd::store(dst + i + 2 * V::N, at(i + 2 * V::N, 2 * V::N % 3));
-    }
-    for (; i < n - V::N; i += V::N) simd::store(dst + i, at(i, i % 3));
-    simd::store(dst + n - V::N, last);
+    const auto store = [dst](ptrdiff_t i, V v) { simd::store(dst + i, v); };
+    full_vectors<V::N>(n, [&](ptrdiff_t i) { return at(i, i % 3); }, store, [&](ptrdiff_t end) {
+        ptrdiff_t i = 0;
+        for (; i < end - 2 * V::N; i += 3 * V::N) {
+            store(i, at(i, 0));
+            store(i + V::N, at(i + V::N, V::N % 3));
+            store(i + 2 * V::N, at(i + 2 * V::N, 2 * V::N % 3));
+        }
+        for (; i < end; i += V::N) store(i, at(i, i % 3));
+    });
 }
 
 template <class T, class Rule>

@@ -285,11 +285,9 @@ ORV_INLINE auto fetch_group(const Groups3<V, mirrored>& groups, const uint8_t* p
 template <class V>
 ORV_INLINE void reorder_groups(const Groups3<V, false>& groups, const uint8_t* src, uint8_t* dst, std::ptrdiff_t n)
 {
-    constexpr int N = V::N;
-    ORV_ASSERT(n >= N);
-    const auto last = fetch_group(groups, src + 3 * (n - N));
-    for (std::ptrdiff_t i = 0; i < n - N; i += N) store_group(dst + 3 * i, fetch_group(groups, src + 3 * i));
-    store_group(dst + 3 * (n - N), last);
+    full_vectors<V::N>(
+        n, [&](std::ptrdiff_t i) __attribute__((always_inline)) { return fetch_group(groups, src + 3 * i); },
+        [=](std::ptrdiff_t i, Group3<V> group) __attribute__((always_inline)) { store_group(dst + 3 * i, group); });
 }
 #endif
 

@@ -62,14 +62,11 @@ ORV_INLINE void store_both(std::uint8_t* p, simd::pair<ByteTable::V> v)
     simd::store(p, v.lo);
     simd::store(p + ByteTable::V::N, v.hi);
 }
-// The last vectors come first, as everywhere.
 ORV_INLINE void byte_row(const ByteTable& table, const std::uint8_t* src, std::uint8_t* dst, std::ptrdiff_t n)
 {
-    constexpr int N = 2 * ByteTable::V::N;
-    ORV_ASSERT(n >= N);
-    const simd::pair<ByteTable::V> last = table.at(load_both(src + n - N));
-    for (std::ptrdiff_t i = 0; i < n - N; i += N) store_both(dst + i, table.at(load_both(src + i)));
-    store_both(dst + n - N, last);
+    full_vectors<2 * ByteTable::V::N>(
+        n, [&](std::ptrdiff_t i) { return table.at(load_both(src + i)); },
+        [=](std::ptrdiff_t i, simd::pair<ByteTable::V> v) { store_both(dst + i, v); });
 }
 #endif
 

@@ -234,14 +234,13 @@ public:
             slope_[k] = curve.slope(k);
         }
     }
-    // The last vector comes first, as everywhere.
     ORV_INLINE void row(const float* src, float* dst, ptrdiff_t n) const
     {
         constexpr int N = Floats::N;
         if (n < N) return curve_row(curve_, src, dst, n);
-        const Floats last = at(simd::load<Floats>(src + n - N));
-        for (ptrdiff_t i = 0; i < n - N; i += N) simd::store(dst + i, at(simd::load<Floats>(src + i)));
-        simd::store(dst + n - N, last);
+        full_vectors<N>(
+            n, [=](ptrdiff_t i) { return at(simd::load<Floats>(src + i)); },
+            [=](ptrdiff_t i, Floats v) { simd::store(dst + i, v); });
     }
 
 private:
