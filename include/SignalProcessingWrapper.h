@@ -14,6 +14,11 @@
 /// error and without a warning. Errors write nothing; warnings give false, but everything is written.
 /// Methods that depart from this say so.
 ///
+/// **Aliasing.** The vectors of Copy_16u may overlap in any way. In vector arithmetic, elementary functions, vector
+/// spectra and windows a destination may be exactly one of its sources, same pointer and same element type; one that
+/// begins elsewhere within a source is not supported in any of these families: what is then written depends on the
+/// processor. Two destinations of a call share no memory.
+///
 /// **Threads, processors.** No state; all variants of an operation give the same bits.
 class ORVANE_API SignalProcessingWrapper {
 public:
@@ -77,8 +82,9 @@ public:
     //
     // Checks: null pointer, len below 1, then a float divisor value of 0.
     //
-    // The destination may be exactly one of the sources. The I forms take a temporary from the heap; when memory
-    // runs out, or for vectors larger than 2^31 - 1 bytes, they write nothing and report a failure.
+    // The destination may be exactly one of the sources; other overlaps are not supported. The I forms take a
+    // temporary from the heap; when memory runs out, or for vectors larger than 2^31 - 1 bytes, they write nothing
+    // and report a failure.
     //
     // The results of 18 I forms are inverted: true on failure (and after a warning), false on success. Three
     // others are always true. Each says so below; hosts depend on it. The order of the arguments of the
@@ -287,8 +293,8 @@ public:
     // --------------------------------------------------------------------------------------------
     // Elementary functions
     //
-    // One result per element, rounded to the element type. Sources and destinations may be the same
-    // buffer; other overlaps are not supported. Checks: null pointer, len below 1.
+    // One result per element, rounded to the element type. A destination may be exactly one of the sources;
+    // other overlaps are not supported. Checks: null pointer, len below 1.
     //
     // Accuracy. u is a unit in the last place of the result; the figures are the largest errors found,
     // over all floats for functions of one float, over random and hard arguments else.
@@ -359,7 +365,7 @@ public:
     //
     // Packed spectra: len reals hold the spectrum X of a real signal of len samples, as Re X[0], then Re X[k] and
     // Im X[k] for k = 1, 2, ..., and, for even len, Re X[len / 2] at the end. Products are formed in double
-    // and rounded to float once, part by part. The destination may be exactly one of the sources.
+    // and rounded to float once, part by part.
     //
     // Magnitudes are formed in double (squares, sum, root) and rounded to float once.
     // A part or a magnitude that is a NaN is always 0xFFC00000.
@@ -368,6 +374,9 @@ public:
     // len. The cosines come from a rotation in double: with t = 2 pi / (len - 1), c = cos t and
     // s = sqrt(1 - c^2), each step is (C, S) -> (c C - s S, c S + s C) from (1, 0). Its error grows with len
     // (s loses digits for small t): below 1e-12 up to 1,000 elements, about 3e-7 for 2^20.
+    //
+    // The destination may be exactly one of the sources, that of RealToCplx_32f none; other overlaps are not
+    // supported.
     //
     // Checks: null pointer, len below 1 (below 3 for the window). The I forms with a temporary refuse when memory
     // runs out.
