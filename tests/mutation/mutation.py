@@ -2,7 +2,7 @@
 """Plants the faults of faults.py one at a time in a copy of the tree: each must be caught by its net.
 
 mutation.py --check             only looks whether every fault can still be planted
-mutation.py BUILD [WORDS...]    in a copy below BUILD; only faults whose description has one of the words
+mutation.py COPY [WORDS...]     in a copy of the tree, COPY; only faults whose description has one of the words
 """
 import pathlib
 import shutil
@@ -50,7 +50,8 @@ def copy_tree(tree):
     """What git would commit; a file that has not changed keeps its time, so that a second run builds little."""
     names = set(filter(None, run(["git", "ls-files", "-co", "--exclude-standard"], ROOT).stdout.split("\n")))
     for file in tree.rglob("*"):
-        if file.is_file() and str(file.relative_to(tree)) not in names:
+        name = file.relative_to(tree)
+        if file.is_file() and name.parts[0] != "build" and str(name) not in names:
             file.unlink()
     for name in names:
         if not (tree / name).exists() or (tree / name).read_bytes() != (ROOT / name).read_bytes():
@@ -59,11 +60,10 @@ def copy_tree(tree):
 
 
 def build_intact(tree, build):
-    """Builds the copy as a release is, so that a compiler cache has most of it. A net that fails here would prove
-    nothing later."""
+    """Builds the copy as and where a release is built, so that a compiler cache has most of it. A net that fails here
+    would prove nothing later."""
     launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
-    made = run(["cmake", "-S", str(tree), "-B", str(build), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
-                "-DORVANE_WERROR=ON", *launcher], tree)
+    made = run(["cmake", "--preset", "release", *launcher], tree)
     made = made if made.returncode else run(["ninja", "-j", JOBS, "orvane", "orvane_tests"], build)
     if made.returncode:
         raise SystemExit(made.stdout + made.stderr)
@@ -91,8 +91,7 @@ def main():
         return 0
     folder, words = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2:]
     chosen = [f for f in FAULTS if not words or any(w in f[0] for w in words)]
-    tree, build = folder / "tree", folder / "build"
-    tree.mkdir(parents=True, exist_ok=True)
+    tree, build = folder, folder / "build" / "release"
     copy_tree(tree)
     build_intact(tree, build)
 
