@@ -128,17 +128,22 @@ TEST(Spectra, HammingWindow)
         EXPECT_NEAR(three[0], 0.08, 1e-8);
         EXPECT_EQ(bits_of(three[1]), 0x7F800001u) << "the middle element is copied";
         EXPECT_NEAR(three[2], 0.16, 2e-8);
+        float ends[4] = {from_bits<float>(0x7F800001u), 1, 1, from_bits<float>(0xFF812345u)};
+        EXPECT_TRUE(V::WinHamming_32f_I(ends, 4));
+        EXPECT_EQ(bits_of(ends[0]), 0x7FC00001u);
+        EXPECT_EQ(bits_of(ends[3]), 0xFFC12345u);
     });
 }
 
-// The recurrence itself, to the bit, from a correctly rounded cosine.
+// The recurrence itself, to the bit, from a correctly rounded cosine. It takes long windows until another rounding in
+// double shows in floats.
 TEST(Spectra, HammingRecurrence)
 {
     const auto rounded = [](Quad x) {
         volatile double stored = static_cast<double>(x);
         return static_cast<Quad>(stored);
     };
-    for (int n : {4, 6, 9, 10, 12, 16, 100, 1023, 5000}) {
+    for (int n : {4, 6, 9, 10, 12, 16, 100, 1023, 5000, 300000}) {
         // cos by its series in 113 bits.
         volatile double angle = 6.283185307179586 / (n - 1);
         Quad term = 1, sum = 1;
