@@ -2082,6 +2082,90 @@ public:
                                                       int width, int height, int kernelSize, float sigma);
 
     // --------------------------------------------------------------------------------------------
+    // Rank filters
+    //
+    // The pixel of some rank among those around each pixel: pixels are moved bit by bit, never computed with. Integers
+    // are ranked by value, channels each for itself. Floats are ranked as numbers, -0 before +0; NaNs stand behind
+    // +infinity, first those with a clear sign bit by rising bits, then those with a set one by falling bits. So a
+    // result never depends on the places of pixels, and equal results have equal bits.
+    //
+    // Median. Of the n = maskWidth * maskHeight pixels around src(x, y) the one with (n - 1) / 2 before it in that
+    // order. Both sides are odd, from 1 to 255. NaNs are the last in order: fewer of them than half shift the rank,
+    // but are not the result. The source is read (maskWidth - 1) / 2 columns to the left and to the right of the region
+    // and (maskHeight - 1) / 2 rows above and below it, at the same step; for whole images make that frame with
+    // CopyReplicateBorder_32f_C1 or CopyConstBorder_32f_C1. The destination must not overlap the source or its frame.
+    // Time grows with the shorter side of the mask. Working memory: at most 16 (width + maskWidth)(maskHeight + 16)
+    // bytes.
+    //
+    // Erosion and dilation. The first (erosion) or last (dilation) in order of the 3x3 pixels around src(x, y) that lie
+    // inside the region. Pixels outside take no part, as if the edge were repeated: nothing outside the region is read,
+    // and objects at the border of an image are not eaten. Erosion of floats passes over NaNs unless all that take
+    // part are; dilation keeps them. The destination may be the source, with the same step; other overlaps
+    // are not allowed. Forms that end in I work in place. For an image in tiles, pass regions that are one pixel
+    // larger on each side and drop that rim. Working memory: two rows, in place, too.
+    //
+    // Steps shorter than a row are not refused: rows then overlap, and what they hold afterwards is left open.
+    // Working memory comes from the heap; when it runs out the methods return false and write nothing.
+    // Erode3x3_8u_C1, Erode3x3_8u_C1I, Dilate3x3_8u_C1 and Dilate3x3_8u_C1I return true always; with bad arguments or
+    // without memory they write nothing.
+    //
+    // Checks: null pointer; width or height below 1; a step below 1; a mask side outside 1 to 255 or even.
+
+    /// dst = median of the maskWidth x maskHeight pixels around src
+    static bool ORVANE_CALL FilterMedian_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height, int maskWidth, int maskHeight);
+    /// dst = first in order of the 3x3 pixels around src (always true)
+    static bool ORVANE_CALL Erode3x3_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                           int width, int height);
+    /// srcDst = first in order of the 3x3 pixels around srcDst (always true)
+    static bool ORVANE_CALL Erode3x3_8u_C1I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = first in order of the 3x3 pixels around src, of each channel
+    static bool ORVANE_CALL Erode3x3_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                           int width, int height);
+    /// srcDst = first in order of the 3x3 pixels around srcDst, of each channel
+    static bool ORVANE_CALL Erode3x3_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = first in order of the 3x3 pixels around src, of each channel
+    static bool ORVANE_CALL Erode3x3_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                           int width, int height);
+    /// srcDst = first in order of the 3x3 pixels around srcDst, of each channel
+    static bool ORVANE_CALL Erode3x3_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = first in order of the 3x3 pixels around src
+    static bool ORVANE_CALL Erode3x3_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst, int dstStep,
+                                            int width, int height);
+    /// srcDst = first in order of the 3x3 pixels around srcDst
+    static bool ORVANE_CALL Erode3x3_16u_C1I(unsigned short* srcDst, int srcDstStep, int width, int height);
+    /// dst = first in order of the 3x3 pixels around src
+    static bool ORVANE_CALL Erode3x3_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                            int height);
+    /// srcDst = first in order of the 3x3 pixels around srcDst
+    static bool ORVANE_CALL Erode3x3_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+    /// dst = last in order of the 3x3 pixels around src (always true)
+    static bool ORVANE_CALL Dilate3x3_8u_C1(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                            int width, int height);
+    /// srcDst = last in order of the 3x3 pixels around srcDst (always true)
+    static bool ORVANE_CALL Dilate3x3_8u_C1I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = last in order of the 3x3 pixels around src, of each channel
+    static bool ORVANE_CALL Dilate3x3_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                            int width, int height);
+    /// srcDst = last in order of the 3x3 pixels around srcDst, of each channel
+    static bool ORVANE_CALL Dilate3x3_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = last in order of the 3x3 pixels around src, of each channel
+    static bool ORVANE_CALL Dilate3x3_8u_C4(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                            int width, int height);
+    /// srcDst = last in order of the 3x3 pixels around srcDst, of each channel
+    static bool ORVANE_CALL Dilate3x3_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height);
+    /// dst = last in order of the 3x3 pixels around src
+    static bool ORVANE_CALL Dilate3x3_16u_C1(const unsigned short* src, int srcStep, unsigned short* dst, int dstStep,
+                                             int width, int height);
+    /// srcDst = last in order of the 3x3 pixels around srcDst
+    static bool ORVANE_CALL Dilate3x3_16u_C1I(unsigned short* srcDst, int srcDstStep, int width, int height);
+    /// dst = last in order of the 3x3 pixels around src
+    static bool ORVANE_CALL Dilate3x3_32f_C1(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                             int height);
+    /// srcDst = last in order of the 3x3 pixels around srcDst
+    static bool ORVANE_CALL Dilate3x3_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
+
+    // --------------------------------------------------------------------------------------------
     // Statistics
     //
     // Values of a whole region. Three- and four-channel forms write one result for each channel, in order, to

@@ -197,6 +197,7 @@ private:
     int parameter(int which)
     {
         if (begins_with(name_.c_str(), "Mirror")) return number_ % 3;
+        if (begins_with(name_.c_str(), "FilterMedian")) return which == 0 ? 3 + number_ % 4 / 2 * 2 + number_ / 8 % 2 * 8 : 3 + number_ % 4 / 2 * 2;
         if (begins_with(name_.c_str(), "Filter")) return which == 0 ? number_ % 2 * 22 + 33 : number_ / 2 % 2;
         if (begins_with(name_.c_str(), "Histogram")) return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
         if (begins_with(name_.c_str(), "Compare")) return number_ % 5;

@@ -733,6 +733,22 @@ void check(const char*, const char* name, const Operation<orv::ProjectionBound>&
     });
 }
 
+// --- Rank filters ---------------------------------------------------------------------------------
+
+// The frame begins and ends with the block. Few different pixels, so that ranks meet equal ones.
+template <class T>
+void check(const char*, const char* name, const Operation<orv::SrcDstSides<T>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        static const int sides[] = {3, 3, 3, 5, 5, 1, 7, 9, 15, 4};
+        const int w = sides[uniform(g, 0, 9)], h = uniform(g, 0, 1) == 0 ? w : sides[uniform(g, 0, 9)];
+        const Size roi = {uniform(g, 1, uniform(g, 0, 19) == 0 ? 300 / kSmaller : 40), uniform(g, 1, 5)};
+        const Plane<T> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))), d(t, g, roi.width, roi.height);
+        const T* const first = a.pixels + (h - 1) / 2 * (a.step / static_cast<int>(sizeof(T))) + (w - 1) / 2;
+        return [=](auto* kernel) { return kernel(first, a.step, d.pixels, d.step, roi, w, h); };
+    });
+}
+
 // --- Transforms and random numbers ----------------------------------------------------------------
 
 // Records hold pointers, so what a record is good for is compared: its transform at the plain level.
