@@ -1749,6 +1749,43 @@ public:
                                           bool smooth);
 
     // --------------------------------------------------------------------------------------------
+    // Edges and filled areas
+    //
+    // Both make do with the region: nothing outside it is read or written. Checks: null pointer (count may be null),
+    // a width or height below 1, a step below 1, the thresholds or the seed, no memory. What is refused leaves
+    // everything as it was: all working memory is taken before anything is written.
+    //
+    // Canny_32f8u_C1 (J. Canny, "A computational approach to edge detection", 1986): dst = 255 on edges, 0 on all
+    // other pixels. Nothing is smoothed before. With p(x, y) = src, outside the region that of the nearest pixel
+    // inside, in single precision, each operation rounded:
+    //     d(y) = p(x + 1, y) - p(x - 1, y)                      gx = (d(y - 1) + d(y + 1)) + 2 d(y)
+    //     s(y) = (p(x - 1, y) + p(x + 1, y)) + 2 p(x, y)        gy = s(y + 1) - s(y - 1)
+    //     M = gx gx + gy gy in double; a NaN counts as 0, and M is 0 outside the region
+    // So the magnitude sqrt(M) is the true one, and a straight step of height h has 4 h at both its pixels.
+    // Of |gx| and |gy| the one that is at most 0.41421356237309503 (tan 22.5 degrees) times the other is left out of
+    // the direction (gy first); the neighbours are those to the left and right, above and below, else those at the
+    // upper left and lower right where gx and gy have the same sign, or at the upper right and lower left. A pixel is
+    // a candidate where M > lowThreshold^2, above M of the first of its two neighbours and not below M of the second
+    // (from the top, from the left): of two equal ones that point at each other the earlier stays.
+    // A candidate is strong where M > highThreshold^2. The edges are the candidates that a chain of candidates, each
+    // one of the eight neighbours of the next, joins to a strong one, itself among them: a set that no order of
+    // visits and no tiling changes. 0 <= lowThreshold <= highThreshold (a NaN is refused). dst must not overlap src.
+    // Working memory: at most 10 bytes a pixel, for images of some thousand pixels and more a quarter of a byte.
+    //
+    // FloodFill_8Con_8u_C1IR: all pixels that a chain of eight-neighbours of equal value, inside the region, joins to
+    // the seed become `value`. count receives the number of pixels that changed, at most 2^31 - 1: 0 where the seed
+    // has the value already; then nothing is done. Coordinates may be as large as an int; there is no recursion, and
+    // working memory is at most width height / 4 + 64 (width + height) + 4096 bytes. The time is proportional to the
+    // pixels of the rows that are touched.
+
+    /// dst = 255 where src has an edge above lowThreshold that is joined to one above highThreshold, else 0
+    static bool ORVANE_CALL Canny_32f8u_C1(const float* src, int srcStep, unsigned char* dst, int dstStep, int width,
+                                           int height, float lowThreshold, float highThreshold);
+    /// srcDst = value for the pixels that are joined to the seed by its own value; count = their number
+    static bool ORVANE_CALL FloodFill_8Con_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
+                                                   int seedX, int seedY, unsigned char value, int* count);
+
+    // --------------------------------------------------------------------------------------------
     // Rotation, perspective, remapping
     //
     // Each destination pixel shows the source at a computed place. One rule for rectangles, shifts, centres

@@ -240,6 +240,7 @@ void hash_registries(Hashes& hashes)
         if (!vector && (!begins_with(subject.family, "image_") || contains(subject.family, "_resize_"))) return;
         if (contains(subject.family, "_tables_") || contains(subject.family, "_warp_")) return;
         if (contains(subject.family, "_wiener") || contains(subject.family, "_gauss")) return;
+        if (contains(subject.family, "_edges_")) return;
         ASSERT_TRUE(subject.is_plain()) << subject.name;
         hash_operation(hashes, subject, vector ? vectors : contains(subject.family, "border") ? borders : images);
     };
@@ -538,6 +539,27 @@ void hash_filters(Hashes& hashes)
     hashes["FilterGaussBorder_32f_C1R"] = gauss.value();
 }
 
+void hash_edges(Hashes& hashes)
+{
+    Hash edges, areas;
+    for (int i = 0; i < 24; ++i) {
+        const int w = 1 + 13 * i, h = 1 + 7 * i % 40;
+        const auto n = static_cast<std::size_t>(w * h);
+        const auto src = values<float>(n, static_cast<Content>(i % contents), static_cast<std::uint64_t>(i));
+        std::vector<u8> dst(n);
+        edges.add(W::Canny_32f8u_C1(src.data(), 4 * w, dst.data(), w, w, h, static_cast<float>(i), static_cast<float>(40 * i)) ? 1 : 0);
+        edges.add(dst.data(), n);
+        auto pixels = values<u8>(n, near_one, static_cast<std::uint64_t>(i));
+        for (u8& p : pixels) p = p < 150 ? 1 : p < 250 ? 2 : 3;
+        int count = 0;
+        areas.add(W::FloodFill_8Con_8u_C1IR(pixels.data(), w, w, h, w / 2, h / 2, 5, &count) ? 1 : 0);
+        areas.add(static_cast<std::uint64_t>(count));
+        areas.add(pixels.data(), n);
+    }
+    hashes["Canny_32f8u_C1"] = edges.value();
+    hashes["FloodFill_8Con_8u_C1IR"] = areas.value();
+}
+
 Hashes all_hashes()
 {
     Hashes hashes;
@@ -549,6 +571,7 @@ Hashes all_hashes()
     hash_random_numbers(hashes);
     hash_warps(hashes);
     hash_filters(hashes);
+    hash_edges(hashes);
     return hashes;
 }
 

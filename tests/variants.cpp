@@ -749,6 +749,33 @@ void check(const char*, const char* name, const Operation<orv::SrcDstSides<T>>& 
     });
 }
 
+// --- Edges and areas ------------------------------------------------------------------------------
+
+void check(const char*, const char* name, const Operation<orv::EdgesBetween>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 600) / kSmaller : uniform(g, 1, 130), uniform(g, 1, 20)};
+        const int gap = uniform(g, 0, 3), srcStep = 4 * (roi.width + gap), dstStep = roi.width + gap;
+        float* const src = t.block<float>((roi.width + gap) * (roi.height - 1) + roi.width, static_cast<Fill>(uniform(g, 0, 3)));
+        const auto threshold = [&] { return random_value<float>(g, static_cast<Fill>(uniform(g, 0, 3))); };
+        const float a = std::fabs(threshold()), b = std::fabs(threshold()), low = b < a ? b : a, high = b < a ? a : b;
+        unsigned char* const dst = t.block<unsigned char>((roi.width + gap) * (roi.height - 1) + roi.width, Fill::uniform);
+        return [=](auto* kernel) { return kernel(src, srcStep, dst, dstStep, roi, &low, &high); };
+    });
+}
+void check(const char*, const char* name, const Operation<orv::FillFromSeed>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 2000) / kSmaller : uniform(g, 1, 130), uniform(g, 1, 20)};
+        const int step = roi.width + uniform(g, 0, 3), n = step * (roi.height - 1) + roi.width, dense = uniform(g, 1, 5);
+        unsigned char* const pixels = t.block<unsigned char>(n, Fill::uniform);
+        for (int i = 0; i < n; ++i) pixels[i] = static_cast<unsigned char>(pixels[i] % (dense + 1) == 0 ? 1 : 0);
+        const int x = uniform(g, -1, roi.width), y = uniform(g, 0, roi.height - 1), value = uniform(g, 0, 2);
+        int* const count = uniform(g, 0, 3) == 0 ? nullptr : t.block<int>(1, Fill::uniform);
+        return [=](auto* kernel) { return kernel(pixels, step, roi, x, y, static_cast<unsigned char>(value), count); };
+    });
+}
+
 // --- Transforms and random numbers ----------------------------------------------------------------
 
 // Records hold pointers, so what a record is good for is compared: its transform at the plain level.

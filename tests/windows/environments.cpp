@@ -87,6 +87,7 @@ const Case cases[] = {
     {"integer filters", [] { I::FilterLowpass5x5_8u_C3R(in.bytes + 70, 32, out, 32, 6, 4); I::FilterGauss5x5_16u_C1R(in.words + 34, 32, out_words + 256, 32, 12, 4); }},
     {"float filters", [] { I::FilterLowpass3x3_32f_C1R(in.floats + 9, 32, out_floats, 32, 6, 6); I::FilterSobelCross3x3_32f_C1R(in.floats + 9, 32, out_floats + 128, 32, 6, 6); }},
     {"rank filters", [] { I::FilterMedian_32f_C1(in.floats + 9, 32, out_floats, 32, 6, 6, 3, 3); I::FilterMedian_32f_C1(in.floats + 9, 32, out_floats + 64, 32, 4, 6, 5, 1); I::Erode3x3_32f_C1(in.floats, 32, out_floats + 128, 32, 8, 8); I::Dilate3x3_8u_C3(in.bytes, 32, out + 1024, 32, 10, 8); }},
+    {"edges", [] { I::Canny_32f8u_C1(in.floats, 32, out, 32, 8, 8, 1, 100); I::Canny_32f8u_C1(in.tame, 32, out + 512, 32, 8, 8, 0, 0); }},
     {"nearest pixels", [] { I::ResizeNN_8u_C3R(in.bytes, 10, 8, 32, out, 64, 17, 13, 1.7, 1.7); }},
     {"linear interpolation", [] { I::Resize_8u_C3(in.bytes, 32, 10, 8, out, 64, 17, 13, 1.7f, 0, 0, true); I::Resize_32f_C1(in.tame, 32, 8, 8, out_floats + 256, 48, 12, 12, 1.5f, 0, 0, true); }},
     {"cubic interpolation", [] { I::ResizeCubic_16u_C1R(in.words, 16, 8, 32, out_words, 64, 27, 13, 1.7, 1.7); }},
