@@ -2203,6 +2203,80 @@ public:
     static bool ORVANE_CALL Dilate3x3_32f_C1I(float* srcDst, int srcDstStep, int width, int height);
 
     // --------------------------------------------------------------------------------------------
+    // Convolution
+    //
+    // The weighted sum of a neighbourhood, with weights of the caller's, for each channel (the fourth included):
+    //
+    //     sum(x, y) = sum over j = 0 ... kernelHeight - 1 and i = 0 ... kernelWidth - 1 of
+    //                 kernel[j * kernelWidth + i] * src(x + anchorX - i, y + anchorY - j)
+    //
+    // `kernel` is a packed array, top row first. This is a true convolution: the kernel is turned by a half, so that
+    // a single pixel of 1 on zeros becomes the kernel as it stands in memory, its element (anchorX, anchorY) on that
+    // pixel. For a correlation, which many libraries call a convolution, reverse the array and take the
+    // anchor (kernelWidth - 1 - anchorX, kernelHeight - 1 - anchorY).
+    //
+    // The source is read beyond the region: kernelWidth - 1 - anchorX pixels to its left, anchorX to its right,
+    // kernelHeight - 1 - anchorY rows above, anchorY below, also under weights of 0. Those must be readable
+    // memory, reached with the same step; CopyReplicateBorder_* and CopyConstBorder_* make such a frame round an
+    // image. The destination must not overlap the source, its frame or the kernel.
+    //
+    // Integer weights: dst = sum / divisor to the nearest integer, ties to even, saturated to the type. The sum is
+    // exact for any weights, divisors of either sign. Small weights are faster, and so are kernels that are a
+    // column times a row, which are found by themselves (box, binomial and Sobel kernels, say).
+    //
+    // Float weights: taps of weight +0 or -0 are left out, whatever lies under them. The others are taken in the
+    // order of the pixels that they meet, from the top row down, left to right, which is from the end of the kernel
+    // to its start. The sum starts as the first product; each further one is added in double; products of floats are
+    // exact there. In the end the sum is rounded to single, once. Without taps it is +0. A result that is not a number
+    // has all bits set. The error is at most half a unit in the last place plus taps * 2^-53 * sum |weight * pixel|.
+    //
+    // Working memory comes from the heap; when it runs out, false, and nothing is written.
+    //
+    // Checks: null pointer (the kernel's, too), width or height below 1, a step below 1; a side of the kernel
+    // outside 1 ... 255 or an anchor outside the kernel; a divisor of 0.
+
+    /// dst = sum / divisor
+    static bool ORVANE_CALL Filter_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                          int width, int height, const int* kernel, int kernelWidth, int kernelHeight,
+                                          int anchorX, int anchorY, int divisor);
+    /// dst = sum / divisor
+    static bool ORVANE_CALL Filter_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                          int width, int height, const int* kernel, int kernelWidth, int kernelHeight,
+                                          int anchorX, int anchorY, int divisor);
+    /// dst = sum / divisor
+    static bool ORVANE_CALL Filter_8u_C4R(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep,
+                                          int width, int height, const int* kernel, int kernelWidth, int kernelHeight,
+                                          int anchorX, int anchorY, int divisor);
+    /// dst = sum / divisor
+    static bool ORVANE_CALL Filter_16u_C1R(const unsigned short* src, int srcStep, unsigned short* dst, int dstStep,
+                                           int width, int height, const int* kernel, int kernelWidth, int kernelHeight,
+                                           int anchorX, int anchorY, int divisor);
+    /// dst = sum / divisor
+    static bool ORVANE_CALL Filter_16s_C1R(const short* src, int srcStep, short* dst, int dstStep, int width,
+                                           int height, const int* kernel, int kernelWidth, int kernelHeight,
+                                           int anchorX, int anchorY, int divisor);
+    /// dst = sum / divisor: derivatives keep their sign
+    static bool ORVANE_CALL Filter_8u16s_C1R(const unsigned char* src, int srcStep, short* dst, int dstStep, int width,
+                                             int height, const int* kernel, int kernelWidth, int kernelHeight,
+                                             int anchorX, int anchorY, int divisor);
+    /// dst = sum
+    static bool ORVANE_CALL Filter_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                           int height, const float* kernel, int kernelWidth, int kernelHeight,
+                                           int anchorX, int anchorY);
+    /// dst = sum
+    static bool ORVANE_CALL Filter_32f_C3R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                           int height, const float* kernel, int kernelWidth, int kernelHeight,
+                                           int anchorX, int anchorY);
+    /// dst = sum
+    static bool ORVANE_CALL Filter_8u32f_C1R(const unsigned char* src, int srcStep, float* dst, int dstStep, int width,
+                                             int height, const float* kernel, int kernelWidth, int kernelHeight,
+                                             int anchorX, int anchorY);
+    /// dst = sum
+    static bool ORVANE_CALL Filter_16u32f_C1R(const unsigned short* src, int srcStep, float* dst, int dstStep,
+                                              int width, int height, const float* kernel, int kernelWidth,
+                                              int kernelHeight, int anchorX, int anchorY);
+
+    // --------------------------------------------------------------------------------------------
     // Statistics
     //
     // Values of a whole region. Three- and four-channel forms write one result for each channel, in order, to
@@ -2358,6 +2432,17 @@ public:
     static bool ORVANE_CALL Copy_ma_32f_SS(const float* src, int srcStride0, int srcStride1, int srcStride2,
                                            float* dst, int dstStride0, int dstStride1, int dstStride2, int width,
                                            int height, int count);
+
+    // --------------------------------------------------------------------------------------------
+    // Time
+    //
+    // The processor's time-stamp counter, read after all earlier instructions have completed. On current processors it
+    // counts at a constant rate of its own, not at that of the core, and another one on other machines: good
+    // for ratios of times on one machine. Values of one thread on one processor never fall; for others the operating
+    // system's clock is right.
+
+    /// The counter's value; 0 on a processor without one
+    static unsigned long long ORVANE_CALL GetCpuClocks();
 
 private:
     /// The shifts of a zoom, as the methods of zoom and pan compute them

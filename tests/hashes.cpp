@@ -241,6 +241,7 @@ void hash_registries(Hashes& hashes)
         if (contains(subject.family, "_tables_") || contains(subject.family, "_warp_")) return;
         if (contains(subject.family, "_wiener") || contains(subject.family, "_gauss")) return;
         if (contains(subject.family, "_edges_")) return;
+        if (contains(subject.family, "_convolution_")) return;
         ASSERT_TRUE(subject.is_plain()) << subject.name;
         hash_operation(hashes, subject, vector ? vectors : contains(subject.family, "border") ? borders : images);
     };
@@ -560,6 +561,53 @@ void hash_edges(Hashes& hashes)
     hashes["FloodFill_8Con_8u_C1IR"] = areas.value();
 }
 
+// Kernels of 1 x 1 to 9 x 7 weights: small ones, large ones, a column times a row.
+template <class From, class To, class Weight, class Method>
+void hash_convolution(Hashes& hashes, const char* name, int channels, Method method)
+{
+    Hash hash;
+    for (int number = 0; number < 12; ++number) {
+        const Size roi = {70 - 5 * number, 1 + number % 4}, side = {1 + number % 9, 1 + number % 7};
+        const int row = (roi.width + side.width - 1) * channels;
+        const auto src = values<From>(static_cast<std::size_t>(row * (roi.height + side.height - 1)), static_cast<Content>(number % contents), 7);
+        auto kernel = values<Weight>(static_cast<std::size_t>(side.width * side.height), number % 2 == 0 ? whole : near_one, 8);
+        for (std::size_t i = 0; number % 4 == 1 && i < kernel.size(); ++i) {
+            kernel[i] = static_cast<Weight>((1 + static_cast<int>(i) / side.width) * (static_cast<int>(i) % side.width - 2));
+        }
+        const int x = number % side.width, y = number % side.height;
+        const From* const first = src.data() + (side.height - 1 - y) * row + (side.width - 1 - x) * channels;
+        std::vector<To> dst(static_cast<std::size_t>(roi.width * roi.height * channels));
+        const int step = roi.width * channels * static_cast<int>(sizeof(To));
+        hash.add(method(first, row * static_cast<int>(sizeof(From)), dst.data(), step, roi, kernel.data(), side, x, y, 3 * number - 4) ? 1 : 0);
+        hash.add(dst.data(), dst.size() * sizeof(To));
+    }
+    hashes[name] = hash.value();
+}
+
+void hash_convolutions(Hashes& hashes)
+{
+#define INTEGERS(name, From, To, channels)                                                                                                        \
+    hash_convolution<From, To, int>(hashes, #name, channels, [](const From* s, int ss, To* d, int ds, Size roi, const int* k, Size side, int x, int y, int divisor) { \
+        return W::name(s, ss, d, ds, roi.width, roi.height, k, side.width, side.height, x, y, divisor);                                            \
+    });
+    INTEGERS(Filter_8u_C1R, u8, u8, 1)
+    INTEGERS(Filter_8u_C3R, u8, u8, 3)
+    INTEGERS(Filter_8u_C4R, u8, u8, 4)
+    INTEGERS(Filter_16u_C1R, u16, u16, 1)
+    INTEGERS(Filter_16s_C1R, short, short, 1)
+    INTEGERS(Filter_8u16s_C1R, u8, short, 1)
+#undef INTEGERS
+#define FLOATS(name, From, channels)                                                                                                              \
+    hash_convolution<From, float, float>(hashes, #name, channels, [](const From* s, int ss, float* d, int ds, Size roi, const float* k, Size side, int x, int y, int) { \
+        return W::name(s, ss, d, ds, roi.width, roi.height, k, side.width, side.height, x, y);                                                     \
+    });
+    FLOATS(Filter_32f_C1R, float, 1)
+    FLOATS(Filter_32f_C3R, float, 3)
+    FLOATS(Filter_8u32f_C1R, u8, 1)
+    FLOATS(Filter_16u32f_C1R, u16, 1)
+#undef FLOATS
+}
+
 Hashes all_hashes()
 {
     Hashes hashes;
@@ -572,6 +620,7 @@ Hashes all_hashes()
     hash_warps(hashes);
     hash_filters(hashes);
     hash_edges(hashes);
+    hash_convolutions(hashes);
     return hashes;
 }
 

@@ -635,6 +635,65 @@ void check(const char*, const char* name, const Operation<orv::SrcDstSizeSigma>&
     });
 }
 
+// --- Convolution ----------------------------------------------------------------------------------
+
+// A kernel, the source with its frame, both of random kinds: small weights and large ones, products of a column and a
+// row, many zeros.
+template <class From, class To, class Weight>
+struct Convolved {
+    Size roi;
+    int width, height, anchorX, anchorY;
+    const From* src;
+    To* dst;
+    int srcStep, dstStep;
+    Weight* kernel;
+
+    Convolved(TypedTrial& t, Generator& g, const char* name)
+        : roi(random_roi(g)), width(uniform(g, 1, uniform(g, 0, 3) == 0 ? 20 : 5)), height(uniform(g, 1, uniform(g, 0, 3) == 0 ? 20 : 5)),
+          anchorX(uniform(g, 0, width - 1)), anchorY(uniform(g, 0, height - 1))
+    {
+        const int channels = channels_of(name);
+        const Plane<From> a(t, g, (roi.width + width - 1) * channels, roi.height + height - 1, static_cast<Fill>(uniform(g, 0, 3)));
+        const Plane<To> d(t, g, roi.width * channels, roi.height);
+        src = reinterpret_cast<const From*>(reinterpret_cast<const char*>(a.pixels) + (height - 1 - anchorY) * std::ptrdiff_t{a.step}) +
+              (width - 1 - anchorX) * channels;
+        dst = d.pixels;
+        srcStep = a.step, dstStep = d.step;
+        kernel = t.block<Weight>(width * height, static_cast<Fill>(uniform(g, 0, 3)));
+        const int kind = uniform(g, 0, 5), most = 1 << uniform(g, 0, 14);
+        std::vector<int> row(20), column(20);
+        for (int& w : row) w = uniform(g, -most, most);
+        for (int& w : column) w = uniform(g, -9, 9);
+        for (int i = 0; i < width * height; ++i) {
+            if (kind < 2) kernel[i] = static_cast<Weight>(row[static_cast<std::size_t>(i % width)] * column[static_cast<std::size_t>(i / width)]);
+            if (kind == 2) kernel[i] = static_cast<Weight>(uniform(g, -3, 3));
+            if (kind == 3) kernel[i] = static_cast<Weight>(uniform(g, -most, most));
+            if (kind > 3 && uniform(g, 0, 2) == 0) kernel[i] = 0;
+        }
+    }
+};
+template <class From, class To>
+void check(const char*, const char* name, const Operation<orv::IntegerConvolution<From, To>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
+        const Convolved<From, To, int> c(t, g, name);
+        const int divisor = uniform(g, 0, 2) == 0 ? random_value<int>(g, Fill::special) : uniform(g, -1, 1) + (1 << uniform(g, 0, 30));
+        return [=](auto* kernel) {
+            return kernel(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY, divisor);
+        };
+    });
+}
+template <class From>
+void check(const char*, const char* name, const Operation<orv::FloatConvolution<From>>& operation)
+{
+    compare(name, operation, [=](TypedTrial& t, Generator& g) {
+        const Convolved<From, float, float> c(t, g, name);
+        return [=](auto* kernel) {
+            return kernel(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY);
+        };
+    });
+}
+
 // --- Warps ----------------------------------------------------------------------------------------
 
 // A source and a destination, about the middles of which maps turn.

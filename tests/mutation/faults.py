@@ -31,6 +31,10 @@ WARP_SOURCE = "src/image/warp/source.h"
 WARP_MANY = "src/image/warp/many.h"
 WARP_INVERSE = "src/image/warp/projection.h"
 WARP_TURN = "src/image/warp/turn.h"
+CONVOLUTION = "src/image/filters/convolution_integer.cpp"
+CONVOLUTION_SUMS = "src/image/filters/convolution_doubles.h"
+CONVOLUTION_FACTORS = "src/image/filters/convolution_factors.h"
+CONVOLUTION_QUOTIENTS = "src/image/filters/convolution_quotients.h"
 
 COMPLEX_START = "    std::ptrdiff_t i = 0;\n#if ORV_HAVE_VECTORS\n    using V = simd::half<uint32_t>;\n"
 
@@ -91,6 +95,13 @@ FAULTS = [
      "fraction = position & simd::splat<Dwords>(16382);", "Warp*"),
     ("estimates that are not checked", WARP_MANY, "kUnsure = 1.f / 512", "kUnsure = 0", "Warp*"),
     ("the last pixels of a run left out", WARP_MANY, "if (k < end) visit(end - step);", "", "Warp*"),
+    # Convolution.
+    ("a sum that starts as +0", CONVOLUTION_SUMS, "kernel.count == 0 ? 0.0 : -0.0", "0.0", "Convolution*"),
+    ("a row beyond the frame", CONVOLUTION, "job.source(y < last ? y : last)", "job.source(y)", "Convolution*:" + VARIANTS),
+    ("sums of rows that words do not hold", CONVOLUTION, "factors.magnitudes <= 257", "factors.magnitudes <= 258", "Convolution*"),
+    ("a kernel that is nearly a product", CONVOLUTION_FACTORS, "if (multiple * row[c] != get(job.weight(r, c))) return false;",
+     "if (c > 1 && multiple * row[c] != get(job.weight(r, c))) return false;", "Convolution*"),
+    ("quotients that miss their ties", CONVOLUTION_QUOTIENTS, "std::uint64_t{1} << 19;", "std::uint64_t{1} << 23;", "Convolution*"),
     # Checks.
     ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    if (may_overlap", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    if (may_overlap", "IntegerArithmetic*"),
     ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),

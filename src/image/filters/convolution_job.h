@@ -1,0 +1,116 @@
+// What both convolutions share: checks, where the kernel meets the source, and the division of wide images.
+#pragma once
+
+#include "core/checks.h"
+#include "core/memory.h"
+
+namespace orv {
+inline namespace ORV_LEVEL {
+
+constexpr int kMostSide = 255;
+
+// In this order: pointers, sizes, steps, the kernel.
+template <class From, class To, class Weight>
+ORV_INLINE Status check_convolution(const From* src, int srcStep, const To* dst, int dstStep, Size roi,
+                                    const Weight* kernel, int width, int height, int anchorX, int anchorY)
+{
+    if (any_null(src, dst) || any_null(kernel)) return StatusNullPointer;
+    if (is_empty(roi)) return StatusBadSize;
+    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (width < 1 || width > kMostSide || height < 1 || height > kMostSide) return StatusBadMaskSize;
+    if (anchorX < 0 || anchorX >= width || anchorY < 0 || anchorY >= height) return StatusBadMaskSize;
+    return StatusOk;
+}
+
+// The kernel, turned by a half, meets the source from its frame's first pixel on: element i of row y of the result is
+// the sum of weight(r, c) times element i + c * channels of row y + r.
+template <class From, class To, class Weight>
+struct Convolution {
+    const From* first;
+    int srcStep;
+    To* dst;
+    int dstStep;
+    Size roi;
+    int channels;
+    const Weight* kernel;
+    int width, height;  // of the kernel
+
+    ORV_INLINE Convolution(const From* src, int srcRowStep, To* to, int dstRowStep, Size size, int pixel,
+                           const Weight* weights, int columns, int rows, int anchorX, int anchorY)
+        : first(row_at(src, srcRowStep, anchorY - (rows - 1)) + std::ptrdiff_t{anchorX - (columns - 1)} * pixel),
+          srcStep(srcRowStep), dst(to), dstStep(dstRowStep), roi(size), channels(pixel), kernel(weights),
+          width(columns), height(rows)
+    {
+    }
+    ORV_INLINE const Weight* weight(int r, int c) const { return kernel + (width * height - 1 - (r * width + c)); }
+    ORV_INLINE std::ptrdiff_t elements() const { return std::ptrdiff_t{roi.width} * channels; }
+    ORV_INLINE std::ptrdiff_t frame() const { return std::ptrdiff_t{width - 1} * channels; }
+    ORV_INLINE const From* source(std::ptrdiff_t y) const { return row_at(first, srcStep, y); }
+    ORV_INLINE To* result(std::ptrdiff_t y) const { return row_at(dst, dstStep, y); }
+};
+
+// All working memory of a call in one block: laid out once to learn its size and once more in place.
+class WorkingMemory {
+public:
+    ORV_INLINE explicit WorkingMemory(void* block) : block_(static_cast<char*>(block)), used_(0) {}
+    template <class T>
+    ORV_INLINE T* take(std::ptrdiff_t count)
+    {
+        char* const place = block_ == nullptr ? nullptr : block_ + used_;
+        used_ += (count * static_cast<std::ptrdiff_t>(sizeof(T)) + 63) / 64 * 64;
+        return reinterpret_cast<T*>(place);
+    }
+    ORV_INLINE std::ptrdiff_t used() const { return used_; }
+
+private:
+    char* block_;
+    std::ptrdiff_t used_;
+};
+
+// A block for everything that layout(memory) takes, then run().
+template <class Layout, class Run>
+ORV_INLINE Status with_memory(Layout layout, Run run)
+{
+    WorkingMemory measured(nullptr);
+    layout(measured);
+    void* const block = orv_allocate_checked(measured.used());
+    if (block == nullptr) return StatusNoMemory;
+    WorkingMemory memory(block);
+    layout(memory);
+    run();
+    orv_release(block);
+    return StatusOk;
+}
+
+// Rows of many elements are done in strips, so that the rows that a kernel spans stay in the nearest cache.
+struct ConvolutionStrips {
+    std::ptrdiff_t total, width;
+    ORV_INLINE ConvolutionStrips(std::ptrdiff_t elements, std::ptrdiff_t bytes_per_column) : total(elements)
+    {
+        constexpr std::ptrdiff_t cache = 24576, least = 256, most = 4096;
+        const std::ptrdiff_t fit = cache / bytes_per_column;
+        const std::ptrdiff_t wanted = fit < least ? least : fit > most ? most : fit;
+        const std::ptrdiff_t count = (elements - 1) / wanted + 1;
+        width = ((elements - 1) / count + 64) & ~std::ptrdiff_t{63};
+    }
+    ORV_INLINE std::ptrdiff_t columns_at(std::ptrdiff_t x) const { return total - x < width ? total - x : width; }
+};
+
+// block(x, dst) for blocks of `size` results that cover n, the last one perhaps over its neighbour; fewer than a block
+// go by way of a block of their own.
+template <int size, class To, class Block>
+ORV_INLINE void in_blocks(To* dst, std::ptrdiff_t n, Block block)
+{
+    if (n < size) {
+        To all[size];
+        block(std::ptrdiff_t{0}, all);
+        __builtin_memcpy(dst, all, static_cast<std::size_t>(n) * sizeof(To));
+        return;
+    }
+    std::ptrdiff_t x = 0;
+    for (; x < n - size; x += size) block(x, dst + x);
+    block(n - size, dst + (n - size));
+}
+
+}  // namespace ORV_LEVEL
+}  // namespace orv
