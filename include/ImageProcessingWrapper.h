@@ -2418,6 +2418,79 @@ public:
                                                  int upperLevel);
 
     // --------------------------------------------------------------------------------------------
+    // Packed spectra and windows
+    //
+    // A width x height = W x H float image, any W and H from 1 on, holds the spectrum F[v][u] = conj(F[(H-v) % H][(W-u)
+    // % W]) of a real image, in the order that FFT2Wrapper writes: columns 2u-1 and 2u of row v are the real and the
+    // imaginary part of F[v][u] for u = 1 to (W-1)/2. Column 0 holds F[v][0] down the column: row 0 the real F[0][0],
+    // rows 2v-1 and 2v the two parts for v = 1 to (H-1)/2, for even H row H-1 the real F[H/2][0]. For even W column
+    // W-1 holds F[v][W/2] in the same way. The values with u in {0, W/2} and v in {0, H/2} are real by symmetry:
+    // their imaginary part is +0.
+    //
+    // Products are formed in double, in which products of two floats are exact, and rounded to float:
+    //     a b        re = a.re * b.re - a.im * b.im    im = a.re * b.im + a.im * b.re
+    //     a conj(b)  re = a.re * b.re + a.im * b.im    im = a.im * b.re - a.re * b.im
+    // and a * b where both are real. A part that is not a number is 0xFFC00000. The destination may be exactly one of
+    // the sources. A product with the spectrum of a kernel is a circular convolution, with its conjugate a circular
+    // correlation; frames of zeros make them plain ones.
+    //
+    // Magnitudes are sqrt(re * re + im * im) in double, rounded to float; 0xFFC00000 for what is not a number. Phases
+    // are the bits of SignalProcessingWrapper::Atan2_32f_A24 for (im, re), from -pi to pi; 0x7FC00000 for what is not
+    // a number. The Pack forms write all W x H of them; a value that is not stored has the imaginary part of its
+    // twin with the other sign. A negative real value has the phase +pi; zeros have that of their signs, 0 or pi.
+    //
+    // PackToCplxExtend writes all W x H values, CplxExtendToPack reads those that are stored (all rows of u = 1 to
+    // (W-1)/2; of u = 0 and W/2 the rows 0 to H/2) and drops the imaginary parts of real ones. Both move bits; of what
+    // is mirrored the imaginary part has the other sign, NaNs too. Packing what the other has written gives the same
+    // bits.
+    //
+    // Windows: dst = src * (wx(x) * wy(y)) in double, rounded to float, where wx and wy are the windows of width and
+    // height. They are symmetric, w[k] = w[N-1-k], not periodic. Hamming: 0.54 - 0.46 * cos(2 * pi * k / (N-1)),
+    // the weights of SignalProcessingWrapper::WinHamming_32f. Bartlett: 2 * k / (N-1) for k <= (N-1)/2, 0 at the ends.
+    // A NaN keeps its bits and becomes quiet; zero times infinity is 0xFFC00000. The destination may be exactly the
+    // source.
+    //
+    // Other overlaps are not supported. Checks: null pointer, width or height below 1 (windows: below 3), a step
+    // below 1; windows take working memory from the heap, and write nothing when it runs out.
+
+    /// dst = src1 * src2, packed spectra
+    static bool ORVANE_CALL MulPack_32f_C1R(const float* src1, int src1Step, const float* src2, int src2Step,
+                                            float* dst, int dstStep, int width, int height);
+    /// srcDst = src * srcDst, packed spectra
+    static bool ORVANE_CALL MulPack_32f_C1IR(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
+                                             int height);
+    /// dst = src1 * conj(src2), packed spectra
+    static bool ORVANE_CALL MulPackConj_32f_C1R(const float* src1, int src1Step, const float* src2, int src2Step,
+                                                float* dst, int dstStep, int width, int height);
+    /// srcDst = src * conj(srcDst), packed spectra: the conjugate of the operand in place
+    static bool ORVANE_CALL MulPackConj_32f_C1IR(const float* src, int srcStep, float* srcDst, int srcDstStep,
+                                                 int width, int height);
+    /// dst(u, v) = |F[v][u]|, all W x H of them, of a packed spectrum
+    static bool ORVANE_CALL MagnitudePack_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                  int height);
+    /// dst(u, v) = angle of F[v][u], all W x H of them, of a packed spectrum
+    static bool ORVANE_CALL PhasePack_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                              int height);
+    /// dst(u, v) = F[v][u], all W x H of them, of a packed spectrum
+    static bool ORVANE_CALL PackToCplxExtend_32f32fc_C1R(const float* src, int srcStep, Complex32f* dst, int dstStep,
+                                                         int width, int height);
+    /// dst = the packed spectrum of which src has all W x H values
+    static bool ORVANE_CALL CplxExtendToPack_32fc32f_C1R(const Complex32f* src, int srcStep, float* dst, int dstStep,
+                                                         int width, int height);
+    /// dst = |src|
+    static bool ORVANE_CALL Magnitude_32fc32f_C1R(const Complex32f* src, int srcStep, float* dst, int dstStep,
+                                                  int width, int height);
+    /// dst = angle of src
+    static bool ORVANE_CALL Phase_32fc32f_C1R(const Complex32f* src, int srcStep, float* dst, int dstStep, int width,
+                                              int height);
+    /// dst = src * (wx * wy), Hamming windows
+    static bool ORVANE_CALL WinHamming_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                               int height);
+    /// dst = src * (wx * wy), Bartlett windows: triangles
+    static bool ORVANE_CALL WinBartlett_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
+                                                int height);
+
+    // --------------------------------------------------------------------------------------------
     // Small matrices
     //
     // Two operations of the family that MatrixWrapper describes: strides in bytes, at least 1 and a

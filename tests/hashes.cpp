@@ -436,6 +436,44 @@ void hash_transforms(Hashes& hashes)
     hashes["FFT2 inverse"] = inverse.value();
 }
 
+// Images of odd and even sizes, of floats and of complex numbers.
+template <class From, class To, class Method>
+void hash_packed(Hashes& hashes, const char* name, Method method)
+{
+    Hash hash;
+    for (int width = 1; width < 60; width += width < 10 ? 1 : 7) {
+        for (int height = 1; height < 12; ++height) {
+            const auto pixels = static_cast<std::size_t>(width * height);
+            const auto content = static_cast<Content>((width + height) % contents);
+            const auto a = values<From>(pixels, content, pixels), b = values<From>(pixels, content, pixels + 1);
+            std::vector<To> dst(pixels);
+            hash.add(method(a.data(), b.data(), width * static_cast<int>(sizeof(From)), dst.data(), width * static_cast<int>(sizeof(To)), width, height) ? 1 : 0);
+            hash.add(dst.data(), pixels * sizeof(To));
+        }
+    }
+    hashes[name] = hash.value();
+}
+
+void hash_packed_images(Hashes& hashes)
+{
+#define PRODUCT(name) \
+    hash_packed<float, float>(hashes, #name, [](auto* a, auto* b, int step, auto* d, int dstStep, int w, int h) { return W::name(a, step, b, step, d, dstStep, w, h); });
+    PRODUCT(MulPack_32f_C1R)
+    PRODUCT(MulPackConj_32f_C1R)
+#undef PRODUCT
+#define IMAGE(name, From, To) \
+    hash_packed<From, To>(hashes, #name, [](auto* a, auto*, int step, auto* d, int dstStep, int w, int h) { return W::name(a, step, d, dstStep, w, h); });
+    IMAGE(MagnitudePack_32f_C1R, float, float)
+    IMAGE(PhasePack_32f_C1R, float, float)
+    IMAGE(PackToCplxExtend_32f32fc_C1R, float, Complex32f)
+    IMAGE(CplxExtendToPack_32fc32f_C1R, Complex32f, float)
+    IMAGE(Magnitude_32fc32f_C1R, Complex32f, float)
+    IMAGE(Phase_32fc32f_C1R, Complex32f, float)
+    IMAGE(WinHamming_32f_C1R, float, float)
+    IMAGE(WinBartlett_32f_C1R, float, float)
+#undef IMAGE
+}
+
 void hash_random_numbers(Hashes& hashes)
 {
     Hash hash;
@@ -616,6 +654,7 @@ Hashes all_hashes()
     hash_tables(hashes);
     hash_matrices(hashes);
     hash_transforms(hashes);
+    hash_packed_images(hashes);
     hash_random_numbers(hashes);
     hash_warps(hashes);
     hash_filters(hashes);

@@ -835,6 +835,38 @@ void check(const char*, const char* name, const Operation<orv::FillFromSeed>& op
     });
 }
 
+// --- Packed spectra -------------------------------------------------------------------------------
+
+// Odd and even sizes, in separate images of values of all kinds.
+template <class From, class To>
+void check_packed(const char* name, const Operation<orv::Conversion<From, To>>& operation)
+{
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = {random_roi(g).width, uniform(g, 1, 20)};
+        const Plane<From> a(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3)));
+        const Plane<To> d(t, g, roi.width, roi.height);
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, d.pixels, d.step, roi); };
+    });
+}
+template <class From, class To>
+void check(const char* family, const char* name, const Operation<orv::Conversion<From, To>>& operation)
+{
+    if (begins_with(family, "spectral_")) return check_packed<From, To>(name, operation);
+    compare_levels(subject(family, name, operation));
+}
+void check(const char* family, const char* name, const Operation<orv::SrcSrcDst<float>>& operation)
+{
+    if (!begins_with(family, "spectral_")) return compare_levels(subject(family, name, operation));
+    compare(name, operation, [](TypedTrial& t, Generator& g) {
+        const Size roi = {random_roi(g).width, uniform(g, 1, 20)};
+        const auto plane = [&] { return Plane<float>(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))); };
+        const Plane<float> a = plane(), b = plane(), apart = plane();
+        const int place = uniform(g, 0, 2);
+        const Plane<float> d = place == 0 ? a : place == 1 ? b : apart;
+        return [=](auto* kernel) { return kernel(a.pixels, a.step, b.pixels, b.step, d.pixels, d.step, roi); };
+    });
+}
+
 // --- Transforms and random numbers ----------------------------------------------------------------
 
 // Records hold pointers, so what a record is good for is compared: its transform at the plain level.

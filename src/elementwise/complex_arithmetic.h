@@ -29,6 +29,13 @@ ORV_INLINE std::uint32_t stored(double part)
     return is_nan_bits<float>(bits) ? Bits<float>::kNan : bits;
 }
 
+// a b of reals, by the same rules.
+ORV_INLINE void multiply_reals(const float* a, const float* b, float* dst)
+{
+    const double product = static_cast<double>(get(a)) * static_cast<double>(get(b));
+    put(reinterpret_cast<std::uint32_t*>(dst), stored(product));
+}
+
 // As many complex values as a widest float vector has, in double: the values of `lo` come first.
 using Doubles = simd::widest<double>;
 using Complexes = simd::twice<Doubles>;

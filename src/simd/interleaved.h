@@ -45,6 +45,10 @@ template <> struct interleaved<vec<float, 4>> {
     }
 };
 
+// The lanes in reversed order; and two by two, each pair as it is.
+ORV_INLINE vec<float, 4> reversed(vec<float, 4> a) { return _mm_shuffle_ps(a.v, a.v, 0x1B); }
+ORV_INLINE vec<float, 4> reversed_pairs(vec<float, 4> a) { return _mm_shuffle_ps(a.v, a.v, 0x4E); }
+
 // Four vectors as the rows of a square become its columns (within each 16 bytes).
 ORV_INLINE void transpose(vec<float, 4>& a, vec<float, 4>& b, vec<float, 4>& c, vec<float, 4>& d)
 {
@@ -94,6 +98,10 @@ template <> struct interleaved<vec<float, 8>> {
         _mm256_storeu_ps(p - 14, _mm256_permute_ps(_mm256_permute2f128_ps(low, high, 0x13), 0x4E));
     }
 };
+
+ORV_INLINE vec<float, 8> exchanged_halves(vec<float, 8> a) { return _mm256_permute2f128_ps(a.v, a.v, 1); }
+ORV_INLINE vec<float, 8> reversed(vec<float, 8> a) { return _mm256_permute_ps(exchanged_halves(a).v, 0x1B); }
+ORV_INLINE vec<float, 8> reversed_pairs(vec<float, 8> a) { return _mm256_permute_ps(exchanged_halves(a).v, 0x4E); }
 
 ORV_INLINE void transpose(vec<float, 8>& a, vec<float, 8>& b, vec<float, 8>& c, vec<float, 8>& d)
 {

@@ -8,6 +8,10 @@ one of CTESTS in mutation.py, or "build".
 VARIANTS = "Variants.*"
 SPECTRA = "src/signal/spectra.cpp"
 FULL_VECTORS = "src/elementwise/full_vectors.h"
+WINDOWS = "src/elementwise/windows.h"
+PACKED = "src/spectral/packed_images.cpp"
+WIENER = "src/image/filters/wiener.cpp"
+GAUSS = "src/image/filters/gauss.cpp"
 BITWISE = "src/image/bits/bitwise.cpp"
 THRESHOLD = "src/image/bits/threshold.cpp"
 HISTOGRAM = "src/image/statistics/histogram.cpp"
@@ -58,9 +62,9 @@ FAULTS = [
     ("a tie is rounded up", FILTERS, "one(uint32_t sum) { return (sum + (sum >> 4 & 1) + 7) >> 4; }", "one(uint32_t sum) { return (sum + 8) >> 4; }", "Filters*:" + VARIANTS),
     ("a mean is rounded down", FILTERS, "simd::mul_high(sum + simd::splat<V>(kCount / 2)", "simd::mul_high(sum + simd::splat<V>(kCount / 2 - 1)", "Filters*:" + VARIANTS),
     ("operands exchanged under a conjugate", SPECTRA, "multiply_packed<ComplexProductConjugate>(src, srcDst, srcDst,", "multiply_packed<ComplexProductConjugate>(srcDst, src, srcDst,", "*Spectra*:*Pack*"),
-    ("a fused product", SPECTRA, "rounded(rounded(c * cosine) - rounded(s * sine))", "__builtin_fma(c, cosine, -rounded(s * sine))", "Hashes*:*Spectra*"),
+    ("a fused product", WINDOWS, "rounded(rounded(c * cosine) - rounded(s * sine))", "__builtin_fma(c, cosine, -rounded(s * sine))", "Hashes*:*Spectra*"),
     ("another order of a product", RANDOM, "return radius * sigma * sine + mean;", "return radius * (sigma * sine) + mean;", "Hashes*"),
-    ("a signalling NaN is passed on", SPECTRA, "is_nan_bits<float>(bits) ? bits | Bits<float>::kQuiet : bits_of", "is_nan_bits<float>(bits) ? bits : bits_of", "*Spectra*:*Hamming*:*Win*"),
+    ("a signalling NaN is passed on", WINDOWS, "is_nan_bits<float>(bits) ? bits | Bits<float>::kQuiet : bits_of", "is_nan_bits<float>(bits) ? bits : bits_of", "*Spectra*:*Hamming*:*Win*"),
     ("a row of the source too high", NEAREST, "row_at(src, srcStep, rows[y])", "row_at(src, srcStep, rows[y > 0 ? y - 1 : 0])", "Resize*:Hashes*"),
     ("a tile forgets where it begins", NEAREST, "indices_of(p, p->y) + part.y0", "indices_of(p, p->y)", "Resize*:" + VARIANTS),
     ("the last words of a block are not drawn", RANDOM, "for (; k < run; ++k) words_out[k] = to[k] ^= from[k];", "for (; k < run - 1; ++k) words_out[k] = to[k] ^= from[k];", "Random*:Hashes*:" + VARIANTS),
@@ -102,6 +106,16 @@ FAULTS = [
     ("a kernel that is nearly a product", CONVOLUTION_FACTORS, "if (multiple * row[c] != get(job.weight(r, c))) return false;",
      "if (c > 1 && multiple * row[c] != get(job.weight(r, c))) return false;", "Convolution*"),
     ("quotients that miss their ties", CONVOLUTION_QUOTIENTS, "std::uint64_t{1} << 19;", "std::uint64_t{1} << 23;", "Convolution*"),
+    ("weights that are summed from the centre", GAUSS, "for (int i = radius - 1; i > 0; --i) others = rounded(others + g[i]);",
+     "others = 0;\n    for (int i = 1; i <= radius; ++i) others = rounded(others + g[i]);", "Gauss*:Hashes*"),
+    ("a row of sums too few is kept", GAUSS, "2 * radius + kTogether < roi.height ? 2 * radius + kTogether :",
+     "2 * radius + kTogether - 1 < roi.height ? 2 * radius + kTogether - 1 :", "Gauss*"),
+    ("quotients by a rounded reciprocal", WIENER, "return fused_minus(quotient, fused_less(quotient, V(count_), a), V(inverse_));",
+     "return quotient;", "Wiener*"),
+    ("variances below 0 are summed", WIENER, "select(less(V(0.0), local.variance), local.variance, V(0.0))", "local.variance", "Wiener*"),
+    ("a mirrored phase keeps its sign", PACKED, "return is_nan_bits<float>(value) ? value : value ^ kSign;", "return value;", "PackedImages*"),
+    ("the middle column is left out", PACKED, "if (has_middle(roi.width)) use(", "if (roi.width == 2) use(", "PackedImages*"),
+    ("a column's pair in the wrong rows", PACKED, "else if (y % 2 == 0) multiply_down(images.at(x, y - 1), op);", "else if (y % 2 == 1) multiply_down(images.at(x, y), op);", "PackedImages*"),
     # Checks.
     ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    if (may_overlap", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    if (may_overlap", "IntegerArithmetic*"),
     ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),

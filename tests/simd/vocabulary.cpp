@@ -397,6 +397,8 @@ Words make_words()
     parts("Parts", [](int i, int n) { return i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1; });
     parts("PartsMirrored", [](int i, int n) { return i < n / 2 ? n - 2 - 2 * i : 2 * n - 1 - 2 * i; });
     parts("PartsStored", [](int i, int) { return i; });
+    parts("Reversed", [](int i, int n) { return n - 1 - i; });
+    parts("ReversedPairs", [](int i, int n) { return n - 2 - i / 2 * 2 + i % 2; });
     // Squares of four, one in every 16 bytes of the four vectors.
     parts("Transpose", [](int i, int n) {
         const int width = n / 4, row = i / width, column = i % width;

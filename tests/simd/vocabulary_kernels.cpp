@@ -185,6 +185,8 @@ void run_transpose(const void* a, const void*, const void*, void* results, int n
         for (int k = 0; k < 4; ++k) store(static_cast<float*>(results) + i + k * V::N, row[k]);
     }
 }
+OPERATION(Reversed, reversed(a))
+OPERATION(ReversedPairs, reversed_pairs(a))
 #endif
 
 // Rows of as many lanes as two ends may have between them: each comes out as it was.
@@ -265,6 +267,7 @@ const Entry all_entries[] = {
 #if ORV_HAVE_VECTORS
     AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),
     AT(floats_of<widest<s32>>, Truncate, float), AT(floats_of<widest<s32>>, RoundToInt, float),
+    REGISTERS(Reversed, float), REGISTERS(ReversedPairs, float),
     REGISTERS(PackTwo, s32), REGISTERS(PackFour, s32), REGISTERS(PackMasks, s16), REGISTERS(PackFourMasks, s32),
     {"LoadAs", Lane::u8, 1, run_load_as<half<u16>, u8>}, {"LoadAs", Lane::u8, 1, run_load_as<widest<u16>, u8>},
     {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<half<s32>>, u8>}, {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<widest<s32>>, u8>},

@@ -2,6 +2,7 @@
 #include <FFT2Wrapper.h>
 #include <FFTWrapper.h>
 #include <RandomNumberGenerator.h>
+#include <SignalProcessingWrapper.h>
 
 #include <cmath>
 #include <cstring>
@@ -10,6 +11,7 @@
 
 #include "plot.h"
 #include "strips.h"
+#include "text.h"
 
 namespace {
 
@@ -124,6 +126,83 @@ void show_image_spectrum(const Picture& photo, Page& page)
     SHOW(page, to_picture(back), (fft.Inverse(spectrum.data(), spectrum.step, back.data(), back.step, side, side), true));
 }
 
+// All values of the spectrum of a picture whose sides are powers of two.
+std::vector<Complex32f> all_values(FFT2Wrapper& fft, const FloatPicture& image)
+{
+    FloatPicture packed(image.width, image.height, 1);
+    std::vector<Complex32f> all(static_cast<std::size_t>(image.width * image.height));
+    fft.Forward(image.data(), image.step, packed.data(), packed.step, image.width, image.height);
+    ImageProcessingWrapper::PackToCplxExtend_32f32fc_C1R(packed.data(), packed.step, all.data(), 8 * image.width, image.width, image.height);
+    return all;
+}
+
+// With frequency 0 in the middle.
+FloatPicture centred(const FloatPicture& f)
+{
+    FloatPicture c(f.width, f.height, 1);
+    for (int y = 0; y < f.height; ++y) {
+        for (int x = 0; x < f.width; ++x) {
+            c.data()[y * (c.step / 4) + x] = f.data()[(y + f.height / 2) % f.height * (f.step / 4) + (x + f.width / 2) % f.width];
+        }
+    }
+    return c;
+}
+
+FloatPicture logarithm_of(const FloatPicture& f)
+{
+    FloatPicture l(f.width, f.height, 1);
+    for (int y = 0; y < f.height; ++y) {
+        for (int x = 0; x < f.width; ++x) l.data()[y * (l.step / 4) + x] = std::log(1 + f.data()[y * (f.step / 4) + x]);
+    }
+    return l;
+}
+
+// The picture that has the magnitudes of one spectrum and the phases of another.
+FloatPicture mixture(FFT2Wrapper& fft, const std::vector<Complex32f>& magnitudes, const std::vector<Complex32f>& phases, int side)
+{
+    const int n = side * side;
+    std::vector<float> size(magnitudes.size()), angle(size), sine(size), cosine(size);
+    ImageProcessingWrapper::Magnitude_32fc32f_C1R(magnitudes.data(), 8 * side, size.data(), 4 * side, side, side);
+    ImageProcessingWrapper::Phase_32fc32f_C1R(phases.data(), 8 * side, angle.data(), 4 * side, side, side);
+    SignalProcessingWrapper::SinCos_32f_A11(angle.data(), sine.data(), cosine.data(), n);
+    std::vector<Complex32f> mixed(size.size());
+    for (std::size_t i = 0; i < mixed.size(); ++i) mixed[i] = {size[i] * cosine[i], size[i] * sine[i]};
+    FloatPicture packed(side, side, 1), back(side, side, 1);
+    ImageProcessingWrapper::CplxExtendToPack_32fc32f_C1R(mixed.data(), 8 * side, packed.data(), packed.step, side, side);
+    fft.Inverse(packed.data(), packed.step, back.data(), back.step, side, side);
+    return back;
+}
+
+// Magnitude and phase of the photograph's spectrum; and those of two pictures exchanged: it is the phase that shows.
+void show_magnitude_and_phase(const Picture& photo, Page& page)
+{
+    const int side = 512;
+    if (photo.width < side || photo.height < side) return;
+    FloatPicture image(side, side, 1), packed(side, side, 1), result(side, side, 1);
+    const FloatPicture grey = brightness(photo);
+    ImageProcessingWrapper::WinHamming_32f_C1R(grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step,
+                                               image.data(), image.step, side, side);
+    page.show(to_picture(image), "WinHamming_32f_C1R: no edges where the picture ends", 0, true);
+    FFT2Wrapper fft(side, side, false);
+    fft.Forward(image.data(), image.step, packed.data(), packed.step, side, side);
+    ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side);
+    SHOW(page, to_picture(logarithm_of(centred(result)), 4, 16),
+         ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
+    ImageProcessingWrapper::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side);
+    SHOW(page, to_picture(centred(result), -3.2f, 3.2f),
+         ImageProcessingWrapper::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
+
+    Picture letters(side, side, 1);
+    ImageProcessingWrapper::Set_8u_C1(230, letters.data(), letters.step, side, side);
+    for (int line = 0; line < 5; ++line) write_text(letters, 40, 40 + 90 * line, 7, line % 2 == 0 ? "Phase shows" : "the forms");
+    FloatPicture writing(side, side, 1);
+    ImageProcessingWrapper::Convert_8u32f_C1(letters.data(), letters.step, writing.data(), writing.step, side, side);
+    page.show(letters, "a second picture", 0, true);
+    const auto of_photo = all_values(fft, image), of_writing = all_values(fft, writing);
+    page.show(to_picture(mixture(fft, of_writing, of_photo, side), -20, 180), "the magnitudes of the second picture, the phases of the photograph", 0, true);
+    page.show(to_picture(mixture(fft, of_photo, of_writing, side), 0, 130), "the magnitudes of the photograph, the phases of the second picture", 0, true);
+}
+
 void show_noise(const Picture& photo, Page& page)
 {
     const int width = photo.width, height = photo.height, n = width * height;
@@ -154,5 +233,6 @@ void show_spectra(const Picture& photo, const std::string& sound, Page& page)
                                     "when only the low frequencies stay; Gaussian noise added to the photograph.");
     show_sound(sound, page);
     show_image_spectrum(photo, page);
+    show_magnitude_and_phase(photo, page);
     show_noise(photo, page);
 }

@@ -80,7 +80,9 @@ void sum_row(const double* row, std::ptrdiff_t width, const Weights& weights, do
                 sum[k] = add_exact_product(simd::load<V>(at + k * V::N), weight, sum[k]);
             });
         }
-        unrolled<count.value>([&](int k) __attribute__((always_inline)) { store(sums + x + k * V::N, to_single(sum[k])); });
+        unrolled<count.value>([&](int k) __attribute__((always_inline)) {
+            store(sums + x + k * V::N, to_single(sum[k]));
+        });
     });
 }
 
@@ -98,11 +100,15 @@ void sum_columns(const double* const* rows, const Weights& weights, float* dst, 
         // Row j belongs to those results that have a tap for it: all of them but at both ends.
         const auto add_row = [&](int j, auto belongs) __attribute__((always_inline)) {
             V row[count.value];
-            unrolled<count.value>([&](int k) __attribute__((always_inline)) { row[k] = simd::load<V>(rows[j] + x + k * V::N); });
+            unrolled<count.value>([&](int k) __attribute__((always_inline)) {
+                row[k] = simd::load<V>(rows[j] + x + k * V::N);
+            });
             unrolled<results>([&](int y) __attribute__((always_inline)) {
                 if (!belongs(j - y)) return;
                 const V weight(weights.tap[j - y]);
-                unrolled<count.value>([&](int k) __attribute__((always_inline)) { sum[y][k] = add_exact_product(row[k], weight, sum[y][k]); });
+                unrolled<count.value>([&](int k) __attribute__((always_inline)) {
+                    sum[y][k] = add_exact_product(row[k], weight, sum[y][k]);
+                });
             });
         };
         const auto inside = [=](int tap) __attribute__((always_inline)) { return tap >= 0 && tap < taps; };
@@ -112,7 +118,9 @@ void sum_columns(const double* const* rows, const Weights& weights, float* dst, 
         for (; j < taps; ++j) add_row(j, always);
         for (; j < taps + results - 1; ++j) add_row(j, inside);
         unrolled<results>([&](int y) __attribute__((always_inline)) {
-            unrolled<count.value>([&](int k) __attribute__((always_inline)) { store_result(row_at(dst, dstStep, y) + x + k * V::N, sum[y][k]); });
+            unrolled<count.value>([&](int k) __attribute__((always_inline)) {
+                store_result(row_at(dst, dstStep, y) + x + k * V::N, sum[y][k]);
+            });
         });
     });
 }
@@ -146,7 +154,8 @@ private:
 int clamped(long long y, Size roi) { return static_cast<int>(y < 0 ? 0 : y >= roi.height ? roi.height - 1 : y); }
 
 // The destination may be the source: of no row is a pixel needed once the row's sums are there.
-void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, const Weights& weights, const Workspace& work)
+void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, const Weights& weights,
+            const Workspace& work)
 {
     const int radius = weights.radius;
     int summed = 0;
@@ -161,11 +170,12 @@ void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, co
             }
             rows[j] = work.sums_of_row(row);
         }
+        float* const to = row_at(dst, dstStep, static_cast<std::ptrdiff_t>(y));
         if (count == kTogether) {
-            sum_columns<kTogether>(rows, weights, row_at(dst, dstStep, static_cast<std::ptrdiff_t>(y)), dstStep, roi.width);
+            sum_columns<kTogether>(rows, weights, to, dstStep, roi.width);
             continue;
         }
-        for (int k = 0; k < count; ++k) sum_columns<1>(rows + k, weights, row_at(dst, dstStep, static_cast<std::ptrdiff_t>(y) + k), dstStep, roi.width);
+        for (int k = 0; k < count; ++k) sum_columns<1>(rows + k, weights, row_at(to, dstStep, k), dstStep, roi.width);
     }
 }
 

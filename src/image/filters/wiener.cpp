@@ -131,7 +131,8 @@ ORV_INLINE void along_windows(std::ptrdiff_t n, const Window& window, const Work
 // The source's first pixel is the first one of the frame. each(y, x, n) for segments of n columns, the sums of
 // whose columns stand in the workspace.
 template <class Each>
-ORV_INLINE void for_segments(const float* frame, int srcStep, Size roi, const Window& window, Workspace& work, Each each)
+ORV_INLINE void for_segments(const float* frame, int srcStep, Size roi, const Window& window, Workspace& work,
+                             Each each)
 {
     for (int y = 0; y < roi.height; ++y) {
         for (std::ptrdiff_t x = 0; x < roi.width; x += kSegment) {
@@ -173,9 +174,10 @@ double sum_of_lanes(double* lanes)
 double estimate(const float* frame, int srcStep, Size roi, const Window& window, Workspace& work)
 {
     double total = 0;
-    for_segments(frame, srcStep, roi, window, work, [&](int, std::ptrdiff_t x, std::ptrdiff_t n) __attribute__((always_inline)) {
+    using Index = std::ptrdiff_t;
+    for_segments(frame, srcStep, roi, window, work, [&](int, Index x, Index n) __attribute__((always_inline)) {
         if (x == 0) clear(work.lanes, kLanes);
-        along_windows(n, window, work, [&](std::ptrdiff_t i, auto local) __attribute__((always_inline)) {
+        along_windows(n, window, work, [&](Index i, auto local) __attribute__((always_inline)) {
             using V = decltype(local.mean);
             store(work.variances + i, select(less(V(0.0), local.variance), local.variance, V(0.0)));
         });
@@ -197,10 +199,11 @@ ORV_INLINE V smoothed(V pixel, Statistics<V> local, V noise)
 void smooth(const float* src, const float* frame, int srcStep, float* dst, int dstStep, Size roi, const Window& window,
             double noise, Workspace& work)
 {
-    for_segments(frame, srcStep, roi, window, work, [&](int y, std::ptrdiff_t x, std::ptrdiff_t n) __attribute__((always_inline)) {
+    using Index = std::ptrdiff_t;
+    for_segments(frame, srcStep, roi, window, work, [&](int y, Index x, Index n) __attribute__((always_inline)) {
         const float* const s = row_at(src, srcStep, y) + x;
         float* const d = row_at(dst, dstStep, y) + x;
-        along_windows(n, window, work, [&](std::ptrdiff_t i, auto local) __attribute__((always_inline)) {
+        along_windows(n, window, work, [&](Index i, auto local) __attribute__((always_inline)) {
             using V = decltype(local.mean);
             store_result(d + i, smoothed(widened<V>(s + i), local, V(noise)));
         });

@@ -8,9 +8,9 @@
 #include "ImageProcessingWrapper.h"
 #include "SignalProcessingWrapper.h"
 #include "gmock/gmock.h"
-#include "image/filters/framed_floats.h"
 #include "support/allocations.h"
 #include "support/double_steps.h"
+#include "support/framed_floats.h"
 #include "support/levels.h"
 
 namespace test {
