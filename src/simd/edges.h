@@ -1,46 +1,105 @@
-// Vectors at the end of a row: every lane gets its neighbour `lanes` away, those that have none keep their own.
+// Neighbours of lanes: across the border of two vectors that lie side by side in a row, and at the row's ends.
 #pragma once
 
 #include "simd/vec.h"
+
+#if ORV_HAVE_VECTORS
 
 namespace orv {
 namespace simd {
 inline namespace ORV_LEVEL {
 
-#if ORV_HAVE_VECTORS
-template <int lanes, class T, int N>
-ORV_INLINE vec<T, N> from_below(vec<T, N> a)
-{
-    constexpr int bytes = lanes * static_cast<int>(sizeof(T));
-    const __m128i ones = _mm_set1_epi8(-1);
+// What both directions need of two neighbours: of wide registers a half of each is enough.
+template <std::size_t bytes> struct seam_of;
+template <>
+struct seam_of<16> {
+    __m128i below, above;
+    template <class V> ORV_INLINE seam_of(V low, V high) : below(low.v), above(high.v) {}
+};
 #if ORV_HAVE_INT256
-    if constexpr (N * sizeof(T) == 32) {
-        const __m256i own = _mm256_inserti128_si256(_mm256_setzero_si256(), _mm_srli_si128(ones, 16 - bytes), 0);
-        const __m256i lower = _mm256_permute2x128_si256(a.v, a.v, 0x08);  // zeros, then the lower half
-        return {_mm256_or_si256(_mm256_alignr_epi8(a.v, lower, 16 - bytes), _mm256_and_si256(a.v, own))};
-    } else
+template <>
+struct seam_of<32> {
+    __m256i middle;
+    template <class V> ORV_INLINE seam_of(V low, V high) : middle(_mm256_permute2x128_si256(low.v, high.v, 0x21)) {}
+};
 #endif
-    return {_mm_or_si128(_mm_slli_si128(a.v, bytes), _mm_and_si128(a.v, _mm_srli_si128(ones, 16 - bytes)))};
-}
-template <int lanes, class T, int N>
-ORV_INLINE vec<T, N> from_above(vec<T, N> a)
+template <class V> using seam = seam_of<sizeof(V)>;
+
+template <class V> constexpr int lane_bytes = static_cast<int>(sizeof(typename V::lane));
+
+// The lanes of the upper neighbour, so many places up; below them the last ones of the lower neighbour.
+template <int lanes, class V>
+ORV_INLINE V moved_up(seam_of<16> s, V high)
 {
-    constexpr int bytes = lanes * static_cast<int>(sizeof(T));
-    const __m128i ones = _mm_set1_epi8(-1);
-#if ORV_HAVE_INT256
-    if constexpr (N * sizeof(T) == 32) {
-        const __m256i own = _mm256_inserti128_si256(_mm256_setzero_si256(), _mm_slli_si128(ones, 16 - bytes), 1);
-        const __m256i upper = _mm256_permute2x128_si256(a.v, a.v, 0x81);  // the upper half, then zeros
-        return {_mm256_or_si256(_mm256_alignr_epi8(upper, a.v, bytes), _mm256_and_si256(a.v, own))};
-    } else
+    constexpr int bytes = lanes * lane_bytes<V>;
+#if ORV_HAVE_BYTE_SHUFFLE
+    return {_mm_alignr_epi8(high.v, s.below, 16 - bytes)};
+#else
+    return {_mm_or_si128(_mm_slli_si128(high.v, bytes), _mm_srli_si128(s.below, 16 - bytes))};
 #endif
-    return {_mm_or_si128(_mm_srli_si128(a.v, bytes), _mm_and_si128(a.v, _mm_slli_si128(ones, 16 - bytes)))};
+}
+// The lanes of the lower neighbour, so many places down; above them the first ones of the upper neighbour.
+template <int lanes, class V>
+ORV_INLINE V moved_down(V low, seam_of<16> s)
+{
+    constexpr int bytes = lanes * lane_bytes<V>;
+#if ORV_HAVE_BYTE_SHUFFLE
+    return {_mm_alignr_epi8(s.above, low.v, bytes)};
+#else
+    return {_mm_or_si128(_mm_srli_si128(low.v, bytes), _mm_slli_si128(s.above, 16 - bytes))};
+#endif
+}
+#if ORV_HAVE_INT256
+template <int lanes, class V>
+ORV_INLINE V moved_up(seam_of<32> s, V high)
+{
+    return {_mm256_alignr_epi8(high.v, s.middle, 16 - lanes * lane_bytes<V>)};
+}
+template <int lanes, class V>
+ORV_INLINE V moved_down(V low, seam_of<32> s)
+{
+    return {_mm256_alignr_epi8(s.middle, low.v, lanes * lane_bytes<V>)};
 }
 #endif
-// A lone lane has none.
-template <int lanes, class T> ORV_INLINE vec<T, 1> from_below(vec<T, 1> a) { return a; }
-template <int lanes, class T> ORV_INLINE vec<T, 1> from_above(vec<T, 1> a) { return a; }
+
+// All bits of the first and of the last lanes.
+template <class V, int lanes>
+ORV_INLINE V first_lanes()
+{
+    const __m128i first = _mm_srli_si128(_mm_set1_epi8(-1), 16 - lanes * lane_bytes<V>);
+#if ORV_HAVE_INT256
+    if constexpr (sizeof(V) == 32) return {_mm256_inserti128_si256(_mm256_setzero_si256(), first, 0)};
+    else
+#endif
+    return {first};
+}
+template <class V, int lanes>
+ORV_INLINE V last_lanes()
+{
+    const __m128i last = _mm_slli_si128(_mm_set1_epi8(-1), 16 - lanes * lane_bytes<V>);
+#if ORV_HAVE_INT256
+    if constexpr (sizeof(V) == 32) return {_mm256_inserti128_si256(_mm256_setzero_si256(), last, 1)};
+    else
+#endif
+    return {last};
+}
+
+// Of the first and the last vector of a row: lanes that have no neighbour so far away keep their own.
+template <int lanes, class V>
+ORV_INLINE V from_below(V own)
+{
+    const V zeros = zero<V>();
+    return moved_up<lanes>(seam<V>(zeros, own), own) | (own & first_lanes<V, lanes>());
+}
+template <int lanes, class V>
+ORV_INLINE V from_above(V own)
+{
+    const V zeros = zero<V>();
+    return moved_down<lanes>(own, seam<V>(own, zeros)) | (own & last_lanes<V, lanes>());
+}
 
 }  // namespace ORV_LEVEL
 }  // namespace simd
 }  // namespace orv
+
+#endif
