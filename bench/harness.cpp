@@ -102,7 +102,8 @@ void limit(std::initializer_list<const Image*> sources, const Image* destination
         const unsigned char* const pb = b->row<unsigned char>(y);
         unsigned char* const pd = d->row<unsigned char>(y);
         const int n = a->row_bytes() < d->row_bytes() ? a->row_bytes() : d->row_bytes();
-        if (destination == nullptr) sources.size() > 1 ? stream<2, false>(pa, pb, pd, n) : stream<1, false>(pa, pb, pd, n);
+        if (destination == nullptr)
+            sources.size() > 1 ? stream<2, false>(pa, pb, pd, n) : stream<1, false>(pa, pb, pd, n);
         else if (sources.size() == 0) stream<0, true>(pa, pb, pd, n);
         else if (sources.size() == 1) stream<1, true>(pa, pb, pd, n);
         else stream<2, true>(pa, pb, pd, n);

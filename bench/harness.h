@@ -32,7 +32,10 @@ public:
     Image& operator=(const Image&) = delete;
 
     template <class T> T* as() const { return reinterpret_cast<T*>(data_); }
-    template <class T> T* row(int y) const { return reinterpret_cast<T*>(data_ + static_cast<std::ptrdiff_t>(step_) * y); }
+    template <class T> T* row(int y) const
+    {
+        return reinterpret_cast<T*>(data_ + static_cast<std::ptrdiff_t>(step_) * y);
+    }
     int step() const { return step_; }
     int row_bytes() const { return row_bytes_; }
     int height() const { return height_; }

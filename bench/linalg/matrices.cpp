@@ -1,6 +1,8 @@
 // Small matrices and LAPACK against Eigen: sizes known at run time ("eigen") and, where it can, at compile
 // time ("eigen-fixed"). Operands are packed and row-major, column-major for LAPACK; factorisations
 // include copying the matrix in.
+//
+// Families: matrices, elimination, lapack_kernels.
 #include <dlfcn.h>
 
 #include <random>
@@ -26,21 +28,30 @@ std::shared_ptr<std::vector<T>> noise(int n)
 
 void small(int n)
 {
-    auto a = noise<float>(n * n), b = noise<float>(n * n), d = noise<float>(n * n), lu = noise<float>(n * n), x = noise<float>(n);
-    auto p = noise<double>(n * n), q = noise<double>(n * n), r = noise<double>(n * n), v = noise<double>(n), y = noise<double>(n);
+    auto a = noise<float>(n * n), b = noise<float>(n * n), d = noise<float>(n * n), lu = noise<float>(n * n),
+         x = noise<float>(n);
+    auto p = noise<double>(n * n), q = noise<double>(n * n), r = noise<double>(n * n), v = noise<double>(n),
+         y = noise<double>(n);
     auto index = std::make_shared<std::vector<int>>(n);
     const int s = 4 * n, t = 8 * n;
     W::LUDecomp_m_32f(a->data(), s, 4, index->data(), lu->data(), s, 4, n);
     const std::string size = bench::square(n);
-    bench::add("Add_mm_32f", size, "orvane", [=] { W::Add_mm_32f(a->data(), s, 4, b->data(), s, 4, d->data(), s, 4, n, n); });
-    bench::add("Mul_mm_32f", size, "orvane", [=] { W::Mul_mm_32f(a->data(), s, 4, n, n, b->data(), s, 4, n, n, d->data(), s, 4); });
-    bench::add("LUDecomp_m_32f", size, "orvane", [=] { W::LUDecomp_m_32f(a->data(), s, 4, index->data(), d->data(), s, 4, n); });
-    bench::add("LUBackSubst_mv_32f", size, "orvane", [=] { W::LUBackSubst_mv_32f(lu->data(), s, 4, index->data(), a->data(), 4, x->data(), 4, n); });
+    bench::add("Add_mm_32f", size, "orvane",
+               [=] { W::Add_mm_32f(a->data(), s, 4, b->data(), s, 4, d->data(), s, 4, n, n); });
+    bench::add("Mul_mm_32f", size, "orvane",
+               [=] { W::Mul_mm_32f(a->data(), s, 4, n, n, b->data(), s, 4, n, n, d->data(), s, 4); });
+    bench::add("LUDecomp_m_32f", size, "orvane",
+               [=] { W::LUDecomp_m_32f(a->data(), s, 4, index->data(), d->data(), s, 4, n); });
+    bench::add("LUBackSubst_mv_32f", size, "orvane",
+               [=] { W::LUBackSubst_mv_32f(lu->data(), s, 4, index->data(), a->data(), 4, x->data(), 4, n); });
     bench::add("Invert_m_32f", size, "orvane", [=] { W::Invert_m_32f(a->data(), s, 4, d->data(), s, 4, n); });
     bench::add("Invert_m_64f", size, "orvane", [=] { W::Invert_m_64f(p->data(), t, 8, r->data(), t, 8, n); });
-    bench::add("Mul_tm_64f", size, "orvane", [=] { W::Mul_tm_64f(p->data(), t, 8, n, n, q->data(), t, 8, n, n, r->data(), t, 8); });
-    bench::add("Mul_mv_64f", size, "orvane", [=] { W::Mul_mv_64f(p->data(), t, 8, n, n, v->data(), 8, n, y->data(), 8); });
-    bench::add("Mul_tv_64f", size, "orvane", [=] { W::Mul_tv_64f(p->data(), t, 8, n, n, v->data(), 8, n, y->data(), 8); });
+    bench::add("Mul_tm_64f", size, "orvane",
+               [=] { W::Mul_tm_64f(p->data(), t, 8, n, n, q->data(), t, 8, n, n, r->data(), t, 8); });
+    bench::add("Mul_mv_64f", size, "orvane",
+               [=] { W::Mul_mv_64f(p->data(), t, 8, n, n, v->data(), 8, n, y->data(), 8); });
+    bench::add("Mul_tv_64f", size, "orvane",
+               [=] { W::Mul_tv_64f(p->data(), t, 8, n, n, v->data(), 8, n, y->data(), 8); });
     bench::add("Transpose_m_32f", size, "orvane", [=] { W::Transpose_m_32f(a->data(), s, 4, n, n, d->data(), s, 4); });
     for (const bench::Peer& peer : bench::eigen_peers(n)) {
         const auto add = [&](const char* name, auto call) {
@@ -72,7 +83,8 @@ void* openblas(const char* routine)
 // Calls of a LAPACK routine, ours or another's: `lengths` are those of the character arguments, where it has them.
 struct LinearSystem {
     int n;
-    std::shared_ptr<std::vector<float>> a = noise<float>(n * n), b = noise<float>(n), d = noise<float>(n * n), x = noise<float>(n);
+    std::shared_ptr<std::vector<float>> a = noise<float>(n * n), b = noise<float>(n), d = noise<float>(n * n),
+                                        x = noise<float>(n);
     std::shared_ptr<std::vector<int>> ipiv = std::make_shared<std::vector<int>>(n);
 
     template <class Getrf>
@@ -95,7 +107,8 @@ struct LinearSystem {
 template <class T>
 struct SingularValues {
     int n;
-    std::shared_ptr<std::vector<T>> a = noise<T>(n * n), d = noise<T>(n * n), u = noise<T>(n * n), vt = noise<T>(n * n), s = noise<T>(n), work = noise<T>(100 * n);
+    std::shared_ptr<std::vector<T>> a = noise<T>(n * n), d = noise<T>(n * n), u = noise<T>(n * n), vt = noise<T>(n * n),
+                                    s = noise<T>(n), work = noise<T>(100 * n);
 
     template <class Gesvd, class... Lengths>
     void decompose(Gesvd* routine, Lengths... lengths) const
@@ -103,7 +116,8 @@ struct SingularValues {
         int m = n, info, lwork = 100 * n;
         char job = 'A';
         *d = *a;
-        routine(&job, &job, &m, &m, d->data(), &m, s->data(), u->data(), &m, vt->data(), &m, work->data(), &lwork, &info, lengths...);
+        routine(&job, &job, &m, &m, d->data(), &m, s->data(), u->data(), &m, vt->data(), &m, work->data(), &lwork,
+                &info, lengths...);
     }
 };
 
@@ -113,7 +127,8 @@ void linear_systems(int n)
     const std::string size = bench::square(n);
     using Getrf = void(int*, int*, float*, int*, int*, int*);
     bench::add("Sgetrf", size, "orvane", [=] { system.factor(MKLWrapper::Sgetrf); });
-    if (void* const f = openblas("sgetrf_")) bench::add("Sgetrf", size, "openblas", [=] { system.factor(reinterpret_cast<Getrf*>(f)); });
+    if (void* const f = openblas("sgetrf_"))
+        bench::add("Sgetrf", size, "openblas", [=] { system.factor(reinterpret_cast<Getrf*>(f)); });
     bench::add("Sgetrf", size, "eigen", [=] { bench::eigen_factor(n, system.a->data(), system.d->data()); });
     bench::add("Sgetrs", size, "orvane", [=] { system.factor(MKLWrapper::Sgetrf), system.solve(MKLWrapper::Sgetrs); });
 }
@@ -138,7 +153,8 @@ void singular_values(const char* name, const char* symbol, int n, Routine* ours)
 {
     const SingularValues<T> values{n};
     bench::add(name, bench::square(n), "orvane", [=] { values.decompose(ours); });
-    if (void* const f = openblas(symbol)) bench::add(name, bench::square(n), "openblas", [=] { values.decompose(reinterpret_cast<Routine*>(f)); });
+    if (void* const f = openblas(symbol))
+        bench::add(name, bench::square(n), "openblas", [=] { values.decompose(reinterpret_cast<Routine*>(f)); });
 }
 
 const bool registered = [] {

@@ -24,17 +24,38 @@ Eigen::PartialPivLU<Matrix<float, N>>& factors(int n, const float* a)
 template <int N>
 Peer peer(const char* name)
 {
-    return {name,
-            [](int n, const float* a, const float* b, float* d) { Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n) + ConstMap<float, N>(b, n, n); },
-            [](int n, const float* a, const float* b, float* d) { Map<float, N>(d, n, n).noalias() = ConstMap<float, N>(a, n, n) * ConstMap<float, N>(b, n, n); },
-            [](int n, const float* a, const float*, float* d) { Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n).partialPivLu().matrixLU(); },
-            [](int n, const float* a, const float*, float* d) { Vector<float, N>(d, n) = factors<N>(n, a).solve(ConstVector<float, N>(a, n)); },
-            [](int n, const float* a, const float*, float* d) { Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n).inverse(); },
-            [](int n, const float* a, const float*, float* d) { Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n).transpose(); },
-            [](int n, const double* a, const double*, double* d) { Map<double, N>(d, n, n) = ConstMap<double, N>(a, n, n).inverse(); },
-            [](int n, const double* a, const double* b, double* d) { Map<double, N>(d, n, n).noalias() = ConstMap<double, N>(a, n, n).transpose() * ConstMap<double, N>(b, n, n); },
-            [](int n, const double* a, const double* b, double* d) { Vector<double, N>(d, n).noalias() = ConstMap<double, N>(a, n, n) * ConstVector<double, N>(b, n); },
-            [](int n, const double* a, const double* b, double* d) { Vector<double, N>(d, n).noalias() = ConstMap<double, N>(a, n, n).transpose() * ConstVector<double, N>(b, n); }};
+    return {
+        name,
+        [](int n, const float* a, const float* b, float* d) {
+            Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n) + ConstMap<float, N>(b, n, n);
+        },
+        [](int n, const float* a, const float* b, float* d) {
+            Map<float, N>(d, n, n).noalias() = ConstMap<float, N>(a, n, n) * ConstMap<float, N>(b, n, n);
+        },
+        [](int n, const float* a, const float*, float* d) {
+            Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n).partialPivLu().matrixLU();
+        },
+        [](int n, const float* a, const float*, float* d) {
+            Vector<float, N>(d, n) = factors<N>(n, a).solve(ConstVector<float, N>(a, n));
+        },
+        [](int n, const float* a, const float*, float* d) {
+            Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n).inverse();
+        },
+        [](int n, const float* a, const float*, float* d) {
+            Map<float, N>(d, n, n) = ConstMap<float, N>(a, n, n).transpose();
+        },
+        [](int n, const double* a, const double*, double* d) {
+            Map<double, N>(d, n, n) = ConstMap<double, N>(a, n, n).inverse();
+        },
+        [](int n, const double* a, const double* b, double* d) {
+            Map<double, N>(d, n, n).noalias() = ConstMap<double, N>(a, n, n).transpose() * ConstMap<double, N>(b, n, n);
+        },
+        [](int n, const double* a, const double* b, double* d) {
+            Vector<double, N>(d, n).noalias() = ConstMap<double, N>(a, n, n) * ConstVector<double, N>(b, n);
+        },
+        [](int n, const double* a, const double* b, double* d) {
+            Vector<double, N>(d, n).noalias() = ConstMap<double, N>(a, n, n).transpose() * ConstVector<double, N>(b, n);
+        }};
 }
 
 }  // namespace

@@ -27,7 +27,8 @@ std::shared_ptr<std::vector<T>> numbers(int n, double low, double high)
 constexpr int kLengths[] = {64, 4096, 1 << 20};
 
 template <class T, class Ours>
-void one(const char* name, double low, double high, Ours ours, std::initializer_list<std::pair<const char*, void (*)(const T*, T*, int)>> peers)
+void one(const char* name, double low, double high, Ours ours,
+         std::initializer_list<std::pair<const char*, void (*)(const T*, T*, int)>> peers)
 {
     for (const int n : kLengths) {
         auto x = numbers<T>(n, low, high), y = numbers<T>(n, 0, 1);
@@ -40,7 +41,8 @@ void one(const char* name, double low, double high, Ours ours, std::initializer_
 }
 
 template <class T, class Ours>
-void three(const char* name, double low, double high, Ours ours, std::initializer_list<std::pair<const char*, void (*)(const T*, T*, T*, int)>> peers)
+void three(const char* name, double low, double high, Ours ours,
+           std::initializer_list<std::pair<const char*, void (*)(const T*, T*, T*, int)>> peers)
 {
     for (const int n : kLengths) {
         auto x = numbers<T>(n, low, high), y = numbers<T>(n, low + 1, high), z = numbers<T>(n, 0, 1);
@@ -55,7 +57,8 @@ void three(const char* name, double low, double high, Ours ours, std::initialize
 const bool registered = [] {
     using namespace peers;
     one<float>("Exp_32f", -10, 10, W::Exp_32f, {{"libmvec", mvec_expf}, {"sleef-u10", sleef_expf}});
-    one<float>("Exp_32f_C1", -10, 10, [](const float* x, float* y, int n) { ImageProcessingWrapper::Exp_32f_C1(x, 4 * n, y, 4 * n, n, 1); },
+    one<float>("Exp_32f_C1", -10, 10,
+               [](const float* x, float* y, int n) { ImageProcessingWrapper::Exp_32f_C1(x, 4 * n, y, 4 * n, n, 1); },
                {{"libmvec", mvec_expf}, {"sleef-u10", sleef_expf}});
     one<float>("Ln_32f_C1I", 1, 100, [](const float* x, float* y, int n) {
         for (int i = 0; i < n; ++i) y[i] = x[i];
@@ -68,11 +71,14 @@ const bool registered = [] {
     one<double>("Sqrt_64f", 1, 100, W::Sqrt_64f, {{"loop", loop_sqrt}});
     one<float>("Sin_32f_A11", -10, 10, W::Sin_32f_A11, {{"libmvec", mvec_sinf}, {"sleef-u3500", sleef_sinf}});
     one<float>("Cos_32f_A11", -10, 10, W::Cos_32f_A11, {{"libmvec", mvec_cosf}, {"sleef-u3500", sleef_cosf}});
-    three<float>("SinCos_32f_A11", -10, 10, W::SinCos_32f_A11, {{"libmvec-x2", mvec_sincosf}, {"sleef-u35", sleef_sincosf}});
-    three<double>("SinCos_64f_A50", -10, 10, W::SinCos_64f_A50, {{"libmvec-x2", mvec_sincos}, {"sleef-u10", sleef_sincos}});
+    three<float>("SinCos_32f_A11", -10, 10, W::SinCos_32f_A11,
+                 {{"libmvec-x2", mvec_sincosf}, {"sleef-u35", sleef_sincosf}});
+    three<double>("SinCos_64f_A50", -10, 10, W::SinCos_64f_A50,
+                  {{"libmvec-x2", mvec_sincos}, {"sleef-u10", sleef_sincos}});
     three<float>("Atan2_32f_A24", -10, 10, [](float* x, float* y, float* z, int n) { W::Atan2_32f_A24(x, y, z, n); },
                  {{"libmvec", mvec_atan2f}, {"sleef-u10", sleef_atan2f}});
-    three<float>("Hypot_32f_A24", -10, 10, [](float* x, float* y, float* z, int n) { W::Hypot_32f_A24(x, y, z, n); }, {{"loop", loop_hypot}});
+    three<float>("Hypot_32f_A24", -10, 10, [](float* x, float* y, float* z, int n) { W::Hypot_32f_A24(x, y, z, n); },
+                 {{"loop", loop_hypot}});
     one<float>("Abs_32f", -10, 10, W::Abs_32f, {{"loop", loop_abs}});
     one<float>("Floor_32f", -10, 10, [](float* x, float* y, int n) { W::Floor_32f(x, y, n); }, {{"loop", loop_floor}});
     return true;

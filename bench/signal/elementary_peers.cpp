@@ -41,9 +41,15 @@ void loop_hypot(const float* x, float* y, float* r, int n)
 }
 
 #define SLEEF_FLOAT(name, f) \
-    void name(const float* x, float* y, int n) { for (int i = 0; i < n; i += 8) _mm256_storeu_ps(y + i, f(_mm256_loadu_ps(x + i))); }
+    void name(const float* x, float* y, int n) \
+    { \
+        for (int i = 0; i < n; i += 8) _mm256_storeu_ps(y + i, f(_mm256_loadu_ps(x + i))); \
+    }
 #define SLEEF_DOUBLE(name, f) \
-    void name(const double* x, double* y, int n) { for (int i = 0; i < n; i += 4) _mm256_storeu_pd(y + i, f(_mm256_loadu_pd(x + i))); }
+    void name(const double* x, double* y, int n) \
+    { \
+        for (int i = 0; i < n; i += 4) _mm256_storeu_pd(y + i, f(_mm256_loadu_pd(x + i))); \
+    }
 SLEEF_FLOAT(sleef_expf, Sleef_expf8_u10avx2)
 SLEEF_FLOAT(sleef_logf, Sleef_logf8_u10avx2)
 SLEEF_FLOAT(sleef_logf_u35, Sleef_logf8_u35avx2)
@@ -70,7 +76,8 @@ void sleef_sincos(const double* x, double* s, double* c, int n)
 }
 void sleef_atan2f(const float* y, float* x, float* r, int n)
 {
-    for (int i = 0; i < n; i += 8) _mm256_storeu_ps(r + i, Sleef_atan2f8_u10avx2(_mm256_loadu_ps(y + i), _mm256_loadu_ps(x + i)));
+    for (int i = 0; i < n; i += 8)
+        _mm256_storeu_ps(r + i, Sleef_atan2f8_u10avx2(_mm256_loadu_ps(y + i), _mm256_loadu_ps(x + i)));
 }
 
 }  // namespace peers

@@ -21,7 +21,8 @@ std::vector<std::shared_ptr<float>> kept;  // arrays that plans point to
 // Floats on 64 bytes, filled with noise.
 std::shared_ptr<float> floats(std::size_t n)
 {
-    std::shared_ptr<float> p(static_cast<float*>(std::aligned_alloc(64, (n * sizeof(float) + 4095) / 4096 * 4096)), std::free);
+    std::shared_ptr<float> p(static_cast<float*>(std::aligned_alloc(64, (n * sizeof(float) + 4095) / 4096 * 4096)),
+                             std::free);
     std::mt19937 g(1);
     for (std::size_t i = 0; i < n; ++i) p.get()[i] = std::uniform_real_distribution<float>(-1, 1)(g);
     return p;
@@ -67,9 +68,13 @@ void forward(int order)
     });
     auto src2 = floats(n), dst2 = floats(n + 2);
     kept.insert(kept.end(), {src2, dst2});
-    add_fftw("forward", size, [=] {
-        return fftwf_plan_dft_r2c_1d(static_cast<int>(n), src2.get(), reinterpret_cast<fftwf_complex*>(dst2.get()), FFTW_MEASURE);
-    }, fftwf_execute);
+    add_fftw(
+        "forward", size,
+        [=] {
+            return fftwf_plan_dft_r2c_1d(static_cast<int>(n), src2.get(), reinterpret_cast<fftwf_complex*>(dst2.get()),
+                                         FFTW_MEASURE);
+        },
+        fftwf_execute);
     bench::add("forward", size, "limit", [=] { std::memcpy(dst.get(), src.get(), n * 4); });
     if (order % 5 == 0) bench::add("init", size, "orvane", [=] { Plan again(order); });
 }
@@ -85,7 +90,9 @@ void plane(int side)
     auto spectrum = floats(n + 2 * static_cast<std::size_t>(side));
     auto* const complex = reinterpret_cast<fftwf_complex*>(spectrum.get());
     kept.insert(kept.end(), {c, spectrum});
-    add_fftw("forward 2-D", size, [=] { return fftwf_plan_dft_r2c_2d(side, side, c.get(), complex, FFTW_MEASURE); }, fftwf_execute);
+    add_fftw(
+        "forward 2-D", size, [=] { return fftwf_plan_dft_r2c_2d(side, side, c.get(), complex, FFTW_MEASURE); },
+        fftwf_execute);
     bench::add("forward 2-D", size, "limit", [=] { std::memcpy(b.get(), a.get(), n * 4); });
     bench::add("inverse 2-D", size, "orvane", [=] { object->Inverse(b.get(), step, a.get(), step, side, side); });
     add_fftw("inverse 2-D", size, [=] {
@@ -102,7 +109,8 @@ void power_spectrum(int n)
     const std::size_t count = static_cast<std::size_t>(n);
     auto signal = floats(count), window = floats(count), out = floats(count);
     auto object = std::make_shared<FFTWrapper>(n);
-    bench::add("PsdFFT", std::to_string(n), "orvane", [=] { object->PsdFFT(signal.get(), window.get(), out.get(), n); });
+    bench::add("PsdFFT", std::to_string(n), "orvane",
+               [=] { object->PsdFFT(signal.get(), window.get(), out.get(), n); });
     auto centred = floats(count), spectrum = floats(count + 2);
     add_fftw("PsdFFT", std::to_string(n), [=] {
         return fftwf_plan_dft_r2c_1d(n, centred.get(), reinterpret_cast<fftwf_complex*>(spectrum.get()), FFTW_MEASURE);

@@ -1,5 +1,7 @@
 // Packed spectra of images and windows. OpenCV multiplies packed spectra, too; its magnitudes and phases are those of
 // parts in images of their own, as many as we write, in single precision (phases to 0.3 degrees).
+//
+// Families: packed_images, image_windows.
 #include <opencv2/core.hpp>
 
 #include "ImageProcessingWrapper.h"
@@ -24,7 +26,8 @@ void fill(const Image& image)
 using Images = std::shared_ptr<Image>;
 cv::Mat mat(const Images& image)
 {
-    return cv::Mat(image->height(), image->row_bytes() / 4, CV_32F, image->as<void>(), static_cast<std::size_t>(image->step()));
+    return cv::Mat(image->height(), image->row_bytes() / 4, CV_32F, image->as<void>(),
+                   static_cast<std::size_t>(image->step()));
 }
 
 // peer(first, second, destination)
@@ -32,13 +35,16 @@ template <class Ours, class Peer>
 void two_images(const char* name, Ours ours, Peer peer, bool two_sources)
 {
     for (const int side : bench::kSides) {
-        const auto a = std::make_shared<Image>(side, 4, fill), b = std::make_shared<Image>(side, 4, fill), d = std::make_shared<Image>(side, 4);
+        const auto a = std::make_shared<Image>(side, 4, fill), b = std::make_shared<Image>(side, 4, fill),
+                   d = std::make_shared<Image>(side, 4);
         bench::add(name, bench::square(side), "orvane", [=] { ours(*a, *b, *d, side); });
         bench::add(name, bench::square(side), "opencv", [=, ma = mat(a), mb = mat(b), md = mat(d)]() mutable {
             static_cast<void>(a), static_cast<void>(b), static_cast<void>(d);
             peer(ma, mb, md);
         });
-        bench::add(name, bench::square(side), "limit", [=] { two_sources ? bench::limit({a.get(), b.get()}, d.get()) : bench::limit({a.get()}, d.get()); });
+        bench::add(name, bench::square(side), "limit", [=] {
+            two_sources ? bench::limit({a.get(), b.get()}, d.get()) : bench::limit({a.get()}, d.get());
+        });
     }
 }
 
@@ -46,8 +52,10 @@ template <class From, class To, class Ours>
 void alone(const char* name, Ours ours)
 {
     for (const int side : bench::kSides) {
-        const auto a = std::make_shared<Image>(side, static_cast<int>(sizeof(From)), fill), d = std::make_shared<Image>(side, static_cast<int>(sizeof(To)));
-        bench::add(name, bench::square(side), "orvane", [=] { ours(a->as<From>(), a->step(), d->as<To>(), d->step(), side, side); });
+        const auto a = std::make_shared<Image>(side, static_cast<int>(sizeof(From)), fill),
+                   d = std::make_shared<Image>(side, static_cast<int>(sizeof(To)));
+        bench::add(name, bench::square(side), "orvane",
+                   [=] { ours(a->as<From>(), a->step(), d->as<To>(), d->step(), side, side); });
         bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
     }
 }
@@ -59,12 +67,22 @@ const bool registered = [] {
         };
     };
     const auto function = [](auto method) {
-        return [method](Image& a, Image&, Image& d, int side) { method(a.as<float>(), a.step(), d.as<float>(), d.step(), side, side); };
+        return [method](Image& a, Image&, Image& d, int side) {
+            method(a.as<float>(), a.step(), d.as<float>(), d.step(), side, side);
+        };
     };
-    two_images("MulPack_32f_C1R", product(W::MulPack_32f_C1R), [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::mulSpectrums(a, b, d, 0); }, true);
-    two_images("MulPackConj_32f_C1R", product(W::MulPackConj_32f_C1R), [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::mulSpectrums(a, b, d, 0, true); }, true);
-    two_images("MagnitudePack_32f_C1R", function(W::MagnitudePack_32f_C1R), [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::magnitude(a, b, d); }, false);
-    two_images("PhasePack_32f_C1R", function(W::PhasePack_32f_C1R), [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::phase(a, b, d); }, false);
+    two_images(
+        "MulPack_32f_C1R", product(W::MulPack_32f_C1R),
+        [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::mulSpectrums(a, b, d, 0); }, true);
+    two_images(
+        "MulPackConj_32f_C1R", product(W::MulPackConj_32f_C1R),
+        [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::mulSpectrums(a, b, d, 0, true); }, true);
+    two_images(
+        "MagnitudePack_32f_C1R", function(W::MagnitudePack_32f_C1R),
+        [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::magnitude(a, b, d); }, false);
+    two_images(
+        "PhasePack_32f_C1R", function(W::PhasePack_32f_C1R),
+        [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::phase(a, b, d); }, false);
     // A window in an image of its own.
     const auto multiply = [](cv::Mat& a, cv::Mat& b, cv::Mat& d) { cv::multiply(a, b, d); };
     two_images("WinHamming_32f_C1R", function(W::WinHamming_32f_C1R), multiply, false);

@@ -12,7 +12,8 @@ int main(int argc, char** argv)
     try {
         const Picture photo = read_picture(argv[1]);
         Page page(argv[2]);
-        page.strip("The photograph", std::to_string(photo.width) + " x " + std::to_string(photo.height) + " pixels, three channels.");
+        page.strip("The photograph",
+                   std::to_string(photo.width) + " x " + std::to_string(photo.height) + " pixels, three channels.");
         page.show(photo, argv[1], 0, true);
         show_data_movement(photo, page);
         show_integer_arithmetic(photo, page);

@@ -64,6 +64,7 @@ void Page::show(const Picture& picture, const std::string& call, double microsec
         std::snprintf(text, sizeof(text), "%.0f µs", microseconds);
         time = std::string("<span class=\"time\">") + text + "</span>";
     }
-    html_ += "<figure><a href=\"" + file + "\"><img src=\"" + file + "\" alt=\"\"></a><figcaption>" + time + "<code>" + escaped(call) +
-             "</code>" + (ok ? "" : " <span class=\"refused\">returned false</span>") + "</figcaption></figure>\n";
+    html_ += "<figure><a href=\"" + file + "\"><img src=\"" + file + "\" alt=\"\"></a><figcaption>" + time + "<code>" +
+             escaped(call) + "</code>" + (ok ? "" : " <span class=\"refused\">returned false</span>") +
+             "</figcaption></figure>\n";
 }

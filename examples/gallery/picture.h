@@ -14,7 +14,8 @@ struct Picture {
     Picture() = default;
     Picture(int w, int h, int c) : width(w), height(h), channels(c)
     {
-        unsigned char* const p = c == 3 ? ImageProcessingWrapper::Malloc_8u_C3(w, h, &step) : ImageProcessingWrapper::Malloc_8u_C1(w, h, &step);
+        unsigned char* const p = c == 3 ? ImageProcessingWrapper::Malloc_8u_C3(w, h, &step)
+                                        : ImageProcessingWrapper::Malloc_8u_C1(w, h, &step);
         buffer.reset(p, ImageProcessingWrapper::Free);
         ImageProcessingWrapper::Set_8u_C1(0, p, step, w * c, h);
     }
@@ -35,7 +36,8 @@ struct FloatPicture {
 
     FloatPicture(int w, int h, int c) : width(w), height(h), channels(c)
     {
-        float* const p = c == 3 ? ImageProcessingWrapper::Malloc_32f_C3(w, h, &step) : ImageProcessingWrapper::Malloc_32f_C1(w, h, &step);
+        float* const p = c == 3 ? ImageProcessingWrapper::Malloc_32f_C3(w, h, &step)
+                                : ImageProcessingWrapper::Malloc_32f_C1(w, h, &step);
         buffer.reset(p, ImageProcessingWrapper::Free);
     }
     float* data() const { return buffer.get(); }
@@ -45,7 +47,8 @@ struct FloatPicture {
 inline FloatPicture brightness(const Picture& photo)
 {
     FloatPicture colour(photo.width, photo.height, 3), grey(photo.width, photo.height, 1);
-    ImageProcessingWrapper::Convert_8u32f_C3(photo.data(), photo.step, colour.data(), colour.step, photo.width, photo.height);
+    ImageProcessingWrapper::Convert_8u32f_C3(photo.data(), photo.step, colour.data(), colour.step, photo.width,
+                                             photo.height);
     for (int y = 0; y < photo.height; ++y) {
         const float* const c = colour.data() + y * (colour.step / 4);
         float* const g = grey.data() + y * (grey.step / 4);

@@ -21,7 +21,8 @@ Picture read_picture(const std::string& path)
 
 void write_png(const Picture& picture, const std::string& path)
 {
-    if (stbi_write_png(path.c_str(), picture.width, picture.height, picture.channels, picture.data(), picture.step) == 0) {
+    if (stbi_write_png(path.c_str(), picture.width, picture.height, picture.channels, picture.data(), picture.step) ==
+        0) {
         throw std::runtime_error("cannot write " + path);
     }
 }

@@ -23,7 +23,8 @@ void write_text(Picture& picture, int x, int y, int scale, const std::string& te
                                           static_cast<int>(corners.size() * sizeof(Vertex)));
     static const unsigned char ink[3] = {20, 20, 30};
     for (int i = 0; i < count; ++i) {
-        const Vertex &first = corners[static_cast<std::size_t>(4 * i)], &last = corners[static_cast<std::size_t>(4 * i + 2)];
+        const Vertex &first = corners[static_cast<std::size_t>(4 * i)],
+                     &last = corners[static_cast<std::size_t>(4 * i + 2)];
         const int left = x + static_cast<int>(first.x) * scale, top = y + static_cast<int>(first.y) * scale;
         const int right = std::min(x + static_cast<int>(last.x) * scale, picture.width),
                   bottom = std::min(y + static_cast<int>(last.y) * scale, picture.height);

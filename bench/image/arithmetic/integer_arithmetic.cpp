@@ -1,26 +1,15 @@
 // Integer arithmetic against OpenCV. OpenCV scales through float and rounds it to nearest, even; its
 // per-channel constants are Scalars.
-#include <opencv2/core.hpp>
-
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
 using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using s16 = short;
-
-template <class T> constexpr int depth = sizeof(T) == 1 ? CV_8U : std::is_signed<T>::value ? CV_16S : CV_16U;
-
-template <class T>
-cv::Mat mat(const Image& image, int channels)
-{
-    return cv::Mat(image.height(), image.row_bytes() / channels / static_cast<int>(sizeof(T)), CV_MAKETYPE(depth<T>, channels),
-                   image.as<void>(), static_cast<std::size_t>(image.step()));
-}
+using bench::mat;
+using bench::s16;
+using bench::u16;
+using bench::u8;
+using bench::W;
 
 template <class T, class Ours, class Peer>
 void two_images(const char* name, int channels, int scaleFactor, Ours ours, Peer peer)
@@ -71,7 +60,8 @@ void in_place(const char* name, int channels, InPlace ours, OutOfPlace out_of_pl
         auto a = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)));
         auto b = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)));
         auto d = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)));
-        bench::add(name, bench::square(side), "orvane", [=] { ours(a->as<T>(), a->step(), b->as<T>(), b->step(), side, side, 0); });
+        bench::add(name, bench::square(side), "orvane",
+                   [=] { ours(a->as<T>(), a->step(), b->as<T>(), b->step(), side, side, 0); });
         bench::add(name, bench::square(side), "out-of-place", [=] {
             out_of_place(a->as<T>(), a->step(), b->as<T>(), b->step(), d->as<T>(), d->step(), side, side, 0);
         });
@@ -150,7 +140,8 @@ const bool registered = [] {
     bench::add("AddC_8u_C1 sf0", "1x1", "orvane", [] { W::AddC_8u_C1(pixel, 1, 3, pixel + 2, 1, 1, 1, 0); });
     bench::add("Div_8u_C1 sf0", "1x1", "orvane", [] { W::Div_8u_C1(pixel, 1, pixel + 1, 1, pixel + 2, 1, 1, 1, 0); });
     bench::add("Add_8u_C1I sf0", "1x1", "orvane", [] { W::Add_8u_C1I(pixel, 1, pixel + 2, 1, 1, 1, 0); });
-    bench::add("Add_8u_C1 sf0", "refused", "orvane", [] { W::Add_8u_C1(nullptr, 1, pixel + 1, 1, pixel + 2, 1, 1, 1, 0); });
+    bench::add("Add_8u_C1 sf0", "refused", "orvane",
+               [] { W::Add_8u_C1(nullptr, 1, pixel + 1, 1, pixel + 2, 1, 1, 1, 0); });
     return true;
 }();
 

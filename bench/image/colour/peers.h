@@ -5,26 +5,25 @@
 #include <opencv2/core.hpp>
 #include <string>
 
-#include "harness.h"
+#include "image/peers.h"
 
 namespace bench {
 
 using Picture = std::shared_ptr<Image>;
 
-inline Picture picture(int side, int pixel_bytes, Image::Fill fill = nullptr) { return std::make_shared<Image>(side, pixel_bytes, fill); }
-
-inline cv::Mat mat(const Picture& image, int type)
+inline Picture picture(int side, int pixel_bytes, Image::Fill fill = nullptr)
 {
-    return cv::Mat(image->height(), image->row_bytes() / static_cast<int>(CV_ELEM_SIZE(type)), type, image->as<void>(),
-                   static_cast<std::size_t>(image->step()));
+    return std::make_shared<Image>(side, pixel_bytes, fill);
 }
+
+inline cv::Mat mat(const Picture& image, int type) { return mat(*image, type); }
 
 // L2-resident, and five megapixels.
 inline constexpr int kColourSides[] = {256, 2240};
 
 // "orvane", "limit" and, where it is not null, a peer.
-inline void compare(const std::string& name, int side, Picture src, Picture dst, std::function<void()> ours, const std::string& who = "",
-                    std::function<void()> peer = nullptr)
+inline void compare(const std::string& name, int side, Picture src, Picture dst, std::function<void()> ours,
+                    const std::string& who = "", std::function<void()> peer = nullptr)
 {
     add(name, square(side), "orvane", ours);
     if (peer != nullptr) add(name, square(side), who, peer);

@@ -1,5 +1,7 @@
 // Fixed-kernel filters against OpenCV: box filters with its blur, the rest with its general filter.
 // OpenCV's float filters compute in single precision, ours in double with the promised roundings.
+//
+// Families: filters_float, filters_integer.
 #include <opencv2/imgproc.hpp>
 
 #include "ImageProcessingWrapper.h"
@@ -41,11 +43,17 @@ void filter(const char* name, int channels, int radius, Ours ours, Peer peer, Fl
         const std::shared_ptr<Image> a = std::make_shared<Image>(extent, pixel, filled_with<T>(kind));
         auto d = std::make_shared<Image>(side, pixel);
         T* const region = a->row<T>(radius) + radius * channels;
-        bench::add(name, bench::square(side), "orvane", [=] { ours(region, a->step(), d->as<T>(), d->step(), side, side); });
+        bench::add(name, bench::square(side), "orvane",
+                   [=] { ours(region, a->step(), d->as<T>(), d->step(), side, side); });
         const int type = CV_MAKETYPE(depth<T>, channels);
-        const cv::Mat ma = cv::Mat(extent, extent, type, a->as<void>(), static_cast<std::size_t>(a->step()))(cv::Rect(radius, radius, side, side));
+        const cv::Mat ma = cv::Mat(extent, extent, type, a->as<void>(),
+                                   static_cast<std::size_t>(a->step()))(cv::Rect(radius, radius, side, side));
         cv::Mat md(side, side, type, d->as<void>(), static_cast<std::size_t>(d->step()));
-        bench::add(name, bench::square(side), "opencv", [=]() mutable { static_cast<void>(a); static_cast<void>(d); peer(ma, md); });
+        bench::add(name, bench::square(side), "opencv", [=]() mutable {
+            static_cast<void>(a);
+            static_cast<void>(d);
+            peer(ma, md);
+        });
         bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
     }
 }
@@ -57,7 +65,9 @@ const auto gauss3 = [](const cv::Mat& a, cv::Mat& d) {
     cv::sepFilter2D(a, d, -1, k, k);
 };
 const auto gauss5 = [](const cv::Mat& a, cv::Mat& d) {
-    static const cv::Mat k = (cv::Mat_<float>(5, 5) << 2, 7, 12, 7, 2, 7, 31, 52, 31, 7, 12, 52, 127, 52, 12, 7, 31, 52, 31, 7, 2, 7, 12, 7, 2) / 571;
+    static const cv::Mat k = (cv::Mat_<float>(5, 5) << 2, 7, 12, 7, 2, 7, 31, 52, 31, 7, 12, 52, 127, 52, 12, 7, 31, 52,
+                              31, 7, 2, 7, 12, 7, 2) /
+                             571;
     cv::filter2D(a, d, -1, k);
 };
 const auto hipass3 = [](const cv::Mat& a, cv::Mat& d) {
@@ -69,7 +79,8 @@ const auto hipass5 = [](const cv::Mat& a, cv::Mat& d) {
     cv::filter2D(a, d, -1, k);
 };
 const auto laplace5 = [](const cv::Mat& a, cv::Mat& d) {
-    static const cv::Mat k = (cv::Mat_<float>(5, 5) << -1, -3, -4, -3, -1, -3, 0, 6, 0, -3, -4, 6, 20, 6, -4, -3, 0, 6, 0, -3, -1, -3, -4, -3, -1);
+    static const cv::Mat k = (cv::Mat_<float>(5, 5) << -1, -3, -4, -3, -1, -3, 0, 6, 0, -3, -4, 6, 20, 6, -4, -3, 0, 6,
+                              0, -3, -1, -3, -4, -3, -1);
     cv::filter2D(a, d, -1, k);
 };
 const auto cross3 = [](const cv::Mat& a, cv::Mat& d) {
@@ -77,7 +88,8 @@ const auto cross3 = [](const cv::Mat& a, cv::Mat& d) {
     cv::sepFilter2D(a, d, -1, across, down);
 };
 const auto cross5 = [](const cv::Mat& a, cv::Mat& d) {
-    static const cv::Mat across = (cv::Mat_<float>(1, 5) << 1, 2, 0, -2, -1), down = (cv::Mat_<float>(1, 5) << -1, -2, 0, 2, 1);
+    static const cv::Mat across = (cv::Mat_<float>(1, 5) << 1, 2, 0, -2, -1),
+                         down = (cv::Mat_<float>(1, 5) << -1, -2, 0, 2, 1);
     cv::sepFilter2D(a, d, -1, across, down);
 };
 
@@ -99,7 +111,8 @@ const bool registered = [] {
     FILTER(SobelCross3x3_32f_C1R, float, 1, 1, cross3);
     FILTER(SobelCross5x5_32f_C1R, float, 1, 2, cross5);
 #undef FILTER
-#define FILTER(name, channels, radius, peer) filter<float>(#name " whole", channels, radius, W::Filter##name, peer, Floats::whole)
+#define FILTER(name, channels, radius, peer) \
+    filter<float>(#name " whole", channels, radius, W::Filter##name, peer, Floats::whole)
     FILTER(Lowpass3x3_32f_C1R, 1, 1, box3);
     FILTER(Lowpass5x5_32f_C3R, 3, 2, box5);
     FILTER(Hipass3x3_32f_C1R, 1, 1, hipass3);
@@ -109,10 +122,16 @@ const bool registered = [] {
     // The border forms beside blur with a replicated border of its own.
     static std::vector<u8> work(1 << 20);
     const auto bordered = [](auto method) {
-        return [method](const float* s, int sStep, float* d, int dStep, int w, int h) { return method(s, sStep, d, dStep, w, h, work.data()); };
+        return [method](const float* s, int sStep, float* d, int dStep, int w, int h) {
+            return method(s, sStep, d, dStep, w, h, work.data());
+        };
     };
-    const auto replicated3 = [](const cv::Mat& a, cv::Mat& d) { cv::blur(a, d, cv::Size(3, 3), cv::Point(-1, -1), cv::BORDER_REPLICATE | cv::BORDER_ISOLATED); };
-    const auto replicated5 = [](const cv::Mat& a, cv::Mat& d) { cv::blur(a, d, cv::Size(5, 5), cv::Point(-1, -1), cv::BORDER_REPLICATE | cv::BORDER_ISOLATED); };
+    const auto replicated3 = [](const cv::Mat& a, cv::Mat& d) {
+        cv::blur(a, d, cv::Size(3, 3), cv::Point(-1, -1), cv::BORDER_REPLICATE | cv::BORDER_ISOLATED);
+    };
+    const auto replicated5 = [](const cv::Mat& a, cv::Mat& d) {
+        cv::blur(a, d, cv::Size(5, 5), cv::Point(-1, -1), cv::BORDER_REPLICATE | cv::BORDER_ISOLATED);
+    };
     filter<float>("LowpassBorder3x3_32f_C1R", 1, 1, bordered(W::FilterLowpassBorder3x3_32f_C1R), replicated3);
     filter<float>("LowpassBorder5x5_32f_C1R", 1, 2, bordered(W::FilterLowpassBorder5x5_32f_C1R), replicated5);
     return true;

@@ -1,22 +1,15 @@
 // Copy, set, conversion, channel order, transposition and mirroring against OpenCV and memcpy.
 #include <cstring>
-#include <opencv2/core.hpp>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
 using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-
-cv::Mat mat(const Image& image, int type)
-{
-    return cv::Mat(image.height(), image.row_bytes() / static_cast<int>(CV_ELEM_SIZE(type)), type, image.as<void>(),
-                   static_cast<std::size_t>(image.step()));
-}
+using bench::mat;
+using bench::u16;
+using bench::u8;
+using bench::W;
 
 // One source, one destination: types are OpenCV's.
 template <class Ours, class Peer>
@@ -45,18 +38,23 @@ void set(const char* name, int type, Ours ours, Peer peer)
 }
 
 #define CALL(method, From, To) \
-    [](const Image& a, const Image& d, int side) { W::method(a.as<From>(), a.step(), d.as<To>(), d.step(), side, side); }
+    [](const Image& a, const Image& d, int side) { \
+        W::method(a.as<From>(), a.step(), d.as<To>(), d.step(), side, side); \
+    }
 
 // The methods work in place, so the peer may too; both start from the same image each time.
 template <class T, class Ours, class Peer>
 void mirror(const char* name, int type, Ours ours, Peer peer)
 {
-    src_dst(name, type, type, [=](const Image&, const Image& d, int side) { ours(d.as<T>(), d.step(), side, side); }, "opencv", peer);
+    src_dst(
+        name, type, type, [=](const Image&, const Image& d, int side) { ours(d.as<T>(), d.step(), side, side); },
+        "opencv", peer);
 }
 
 const bool registered = [] {
     const auto copy_rows = [](cv::Mat& a, cv::Mat& d) {
-        for (int y = 0; y < a.rows; ++y) std::memcpy(d.ptr(y), a.ptr(y), static_cast<std::size_t>(a.cols) * a.elemSize());
+        for (int y = 0; y < a.rows; ++y)
+            std::memcpy(d.ptr(y), a.ptr(y), static_cast<std::size_t>(a.cols) * a.elemSize());
     };
     src_dst("Copy_8u_C1", CV_8UC1, CV_8UC1, CALL(Copy_8u_C1, u8, u8), "memcpy", copy_rows);
     src_dst("Copy_8u_C3", CV_8UC3, CV_8UC3, CALL(Copy_8u_C3, u8, u8), "memcpy", copy_rows);
@@ -79,12 +77,24 @@ const bool registered = [] {
             [](cv::Mat& a, cv::Mat& d) { cv::transpose(a, d); });
 
     static const int order[4] = {2, 1, 0, 3};
-    src_dst("SwapChannels_8u_C4IR", CV_8UC4, CV_8UC4,
-            [](const Image&, const Image& d, int side) { W::SwapChannels_8u_C4IR(d.as<u8>(), d.step(), side, side, order); }, "opencv",
-            [](cv::Mat& a, cv::Mat& d) { cv::mixChannels(std::vector<cv::Mat>{a}, std::vector<cv::Mat>{d}, {0, 2, 1, 1, 2, 0, 3, 3}); });
-    src_dst("SwapChannels_8u_C3IR", CV_8UC3, CV_8UC3,
-            [](const Image&, const Image& d, int side) { W::SwapChannels_8u_C3IR(d.as<u8>(), d.step(), side, side, order); }, "opencv",
-            [](cv::Mat& a, cv::Mat& d) { cv::mixChannels(std::vector<cv::Mat>{a}, std::vector<cv::Mat>{d}, {0, 2, 1, 1, 2, 0}); });
+    src_dst(
+        "SwapChannels_8u_C4IR", CV_8UC4, CV_8UC4,
+        [](const Image&, const Image& d, int side) {
+            W::SwapChannels_8u_C4IR(d.as<u8>(), d.step(), side, side, order);
+        },
+        "opencv",
+        [](cv::Mat& a, cv::Mat& d) {
+            cv::mixChannels(std::vector<cv::Mat>{a}, std::vector<cv::Mat>{d}, {0, 2, 1, 1, 2, 0, 3, 3});
+        });
+    src_dst(
+        "SwapChannels_8u_C3IR", CV_8UC3, CV_8UC3,
+        [](const Image&, const Image& d, int side) {
+            W::SwapChannels_8u_C3IR(d.as<u8>(), d.step(), side, side, order);
+        },
+        "opencv",
+        [](cv::Mat& a, cv::Mat& d) {
+            cv::mixChannels(std::vector<cv::Mat>{a}, std::vector<cv::Mat>{d}, {0, 2, 1, 1, 2, 0});
+        });
 
     for (int axis = 0; axis < 3; ++axis) {
         const std::string suffix = " axis " + std::to_string(axis);

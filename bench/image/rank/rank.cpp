@@ -1,5 +1,7 @@
 // Rank filters against OpenCV, which has medians of floats for 3x3 and 5x5 only. The others stand beside themselves on
 // images whose pixels repeat, rise or are no numbers: their time is not to depend on these.
+//
+// Families: median, morphology.
 #include <opencv2/imgproc.hpp>
 
 #include <cmath>
@@ -30,22 +32,29 @@ Image::Fill floats(std::function<float(unsigned noise, int y, int x)> pixel)
     };
 }
 // From -1 to 1, and from 0 to 1.
-const auto noise = floats([](unsigned state, int, int) { return static_cast<float>(static_cast<int>(state)) * 0x1p-31f; });
+const auto noise =
+    floats([](unsigned state, int, int) { return static_cast<float>(static_cast<int>(state)) * 0x1p-31f; });
 const auto intensities = floats([](unsigned state, int, int) { return static_cast<float>(state >> 8) * 0x1p-24f; });
 
 void median(const std::string& contents, const Image::Fill& fill, int side, int mask_width, int mask_height, bool peer)
 {
-    const std::string name = "FilterMedian_32f_C1 " + std::to_string(mask_width) + "x" + std::to_string(mask_height) + contents;
+    const std::string name =
+        "FilterMedian_32f_C1 " + std::to_string(mask_width) + "x" + std::to_string(mask_height) + contents;
     const int extent = side + mask_width - 1;
     const auto a = std::make_shared<Image>(extent, 4, fill), d = std::make_shared<Image>(extent, 4);
     const int x = mask_width / 2, y = mask_height / 2;
     bench::add(name, bench::square(side), "orvane", [=] {
-        W::FilterMedian_32f_C1(a->row<float>(y) + x, a->step(), d->as<float>(), d->step(), side, side, mask_width, mask_height);
+        W::FilterMedian_32f_C1(a->row<float>(y) + x, a->step(), d->as<float>(), d->step(), side, side, mask_width,
+                               mask_height);
     });
     if (!peer) return;
     const cv::Mat from(side, side, CV_32F, a->row<float>(y) + x, static_cast<std::size_t>(a->step()));
     cv::Mat to(side, side, CV_32F, d->as<void>(), static_cast<std::size_t>(d->step()));
-    bench::add(name, bench::square(side), "opencv", [=]() mutable { static_cast<void>(a); static_cast<void>(d); cv::medianBlur(from, to, mask_width); });
+    bench::add(name, bench::square(side), "opencv", [=]() mutable {
+        static_cast<void>(a);
+        static_cast<void>(d);
+        cv::medianBlur(from, to, mask_width);
+    });
 }
 
 template <class T>
@@ -54,7 +63,8 @@ template <class T>
 using InPlace = bool(T*, int, int, int);
 
 template <class T, class Peer>
-void extremes(const std::string& name, int channels, Apart<T>* ours, InPlace<T>* in_place, Peer peer, const Image::Fill& fill = nullptr)
+void extremes(const std::string& name, int channels, Apart<T>* ours, InPlace<T>* in_place, Peer peer,
+              const Image::Fill& fill = nullptr)
 {
     for (const int side : bench::kSides) {
         const auto a = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)), fill);
@@ -73,8 +83,10 @@ void extremes(const std::string& name, int channels, Apart<T>* ours, InPlace<T>*
 const bool registered = [] {
     cv::setNumThreads(1);
     const auto constant = floats([](unsigned, int, int) { return 1.0f; });
-    const auto rising = floats([](unsigned, int y, int x) { return static_cast<float>(y) * 4096 + static_cast<float>(x); });
-    const auto nans = floats([](unsigned state, int, int) { return state >> 31 != 0 ? std::nanf("") : static_cast<float>(state); });
+    const auto rising =
+        floats([](unsigned, int y, int x) { return static_cast<float>(y) * 4096 + static_cast<float>(x); });
+    const auto nans =
+        floats([](unsigned state, int, int) { return state >> 31 != 0 ? std::nanf("") : static_cast<float>(state); });
     const auto halves = floats([](unsigned state, int, int) { return state >> 31 != 0 ? 255.0f : 0.0f; });
     for (const int side : bench::kSides) {
         median("", noise, side, 3, 3, true);

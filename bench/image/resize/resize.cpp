@@ -1,45 +1,41 @@
 // Resizing against OpenCV, libyuv and zimg. Sizes are those of the destination. Ours prepares its plan inside
 // the call, as libyuv does; zimg's graph and nothing of OpenCV's is prepared beforehand. The peers compute
 // 8 and 16 bits in fixed point or float.
+//
+// Families: resize_plan, resize_nearest, resize_linear, resize_cubic, resample.
 #include <libyuv/scale_argb.h>
 #include <libyuv/scale.h>
 #include <zimg.h>
 
 #include <opencv2/imgproc.hpp>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
 using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-
-template <class T> constexpr int depth = sizeof(T) == 1 ? CV_8U : sizeof(T) == 2 ? CV_16U : CV_32F;
-
-template <class T>
-cv::Mat mat(const Image& image, int channels)
-{
-    return cv::Mat(image.height(), image.row_bytes() / channels / static_cast<int>(sizeof(T)), CV_MAKETYPE(depth<T>, channels),
-                   image.as<void>(), static_cast<std::size_t>(image.step()));
-}
+using bench::mat;
+using bench::u16;
+using bench::u8;
+using bench::W;
 
 struct Scale {
     const char* name;
     int numerator, denominator;  // of the source's side over the destination's
 };
-const Scale kUp = {"up 1.6", 5, 8}, kDouble = {"double", 1, 2}, kDown = {"down 1.6", 8, 5}, kHalf = {"half", 2, 1}, kArea = {"down 2.5", 5, 2};
+const Scale kUp = {"up 1.6", 5, 8}, kDouble = {"double", 1, 2}, kDown = {"down 1.6", 8, 5}, kHalf = {"half", 2, 1},
+            kArea = {"down 2.5", 5, 2};
 
 template <class T>
 struct Pair {
     std::shared_ptr<Image> src, dst;
     int from, to;
     Pair(Scale scale, int side, int channels)
-        : src(std::make_shared<Image>(side * scale.numerator / scale.denominator, channels * static_cast<int>(sizeof(T)))),
+        : src(std::make_shared<Image>(side * scale.numerator / scale.denominator,
+                                      channels * static_cast<int>(sizeof(T)))),
           dst(std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)))),
-          from(side * scale.numerator / scale.denominator), to(side)
+          from(side * scale.numerator / scale.denominator),
+          to(side)
     {
     }
 };
@@ -86,21 +82,29 @@ void row(const char* name, Scale scale, int channels, int interpolation, Ours ou
         cv::Mat from = mat<T>(*p.src, channels), to = mat<T>(*p.dst, channels);
         bench::add(operation, size, "opencv", [=]() mutable { cv::resize(from, to, to.size(), 0, 0, interpolation); });
         if (sizeof(T) == 1 && channels == 4 && interpolation != cv::INTER_CUBIC) {
-            const auto mode = interpolation == cv::INTER_NEAREST ? libyuv::kFilterNone : interpolation == cv::INTER_AREA ? libyuv::kFilterBox : libyuv::kFilterBilinear;
+            const auto mode = interpolation == cv::INTER_NEAREST ? libyuv::kFilterNone
+                              : interpolation == cv::INTER_AREA  ? libyuv::kFilterBox
+                                                                 : libyuv::kFilterBilinear;
             bench::add(operation, size, "libyuv", [=] {
-                libyuv::ARGBScale(p.src->template as<u8>(), p.src->step(), p.from, p.from, p.dst->template as<u8>(), p.dst->step(), p.to, p.to, mode);
+                libyuv::ARGBScale(p.src->template as<u8>(), p.src->step(), p.from, p.from, p.dst->template as<u8>(),
+                                  p.dst->step(), p.to, p.to, mode);
             });
         }
         if (sizeof(T) == 2) {
-            const auto mode = interpolation == cv::INTER_NEAREST ? libyuv::kFilterNone : interpolation == cv::INTER_AREA ? libyuv::kFilterBox : libyuv::kFilterBilinear;
+            const auto mode = interpolation == cv::INTER_NEAREST ? libyuv::kFilterNone
+                              : interpolation == cv::INTER_AREA  ? libyuv::kFilterBox
+                                                                 : libyuv::kFilterBilinear;
             if (interpolation != cv::INTER_CUBIC) {
                 bench::add(operation, size, "libyuv", [=] {
-                    libyuv::ScalePlane_16(p.src->template as<u16>(), p.src->step() / 2, p.from, p.from, p.dst->template as<u16>(), p.dst->step() / 2, p.to, p.to, mode);
+                    libyuv::ScalePlane_16(p.src->template as<u16>(), p.src->step() / 2, p.from, p.from,
+                                          p.dst->template as<u16>(), p.dst->step() / 2, p.to, p.to, mode);
                 });
             }
             if constexpr (sizeof(T) == 2) {
-                if (interpolation == cv::INTER_LINEAR && p.to >= p.from) zimg_peer(operation, size, p, ZIMG_RESIZE_BILINEAR);
-                if (interpolation == cv::INTER_CUBIC && p.to >= p.from) zimg_peer(operation, size, p, ZIMG_RESIZE_BICUBIC);
+                if (interpolation == cv::INTER_LINEAR && p.to >= p.from)
+                    zimg_peer(operation, size, p, ZIMG_RESIZE_BILINEAR);
+                if (interpolation == cv::INTER_CUBIC && p.to >= p.from)
+                    zimg_peer(operation, size, p, ZIMG_RESIZE_BICUBIC);
             }
         }
         bench::add(operation, size, "limit", [=] { bench::limit({p.src.get()}, p.dst.get()); });
@@ -111,7 +115,8 @@ template <class T, class Method>
 auto plain(Method method)
 {
     return [method](const Pair<T>& p) {
-        method(p.src->template as<T>(), p.from, p.from, p.src->step(), p.dst->template as<T>(), p.dst->step(), p.to, p.to, 1, 1);
+        method(p.src->template as<T>(), p.from, p.from, p.src->step(), p.dst->template as<T>(), p.dst->step(), p.to,
+               p.to, 1, 1);
     };
 }
 
@@ -119,7 +124,8 @@ template <class T, class Method>
 auto zoom(Method method, bool smooth)
 {
     return [method, smooth](const Pair<T>& p) {
-        method(p.src->template as<T>(), p.src->step(), p.from, p.from, p.dst->template as<T>(), p.dst->step(), p.to, p.to, 1.f, 0, 0, smooth);
+        method(p.src->template as<T>(), p.src->step(), p.from, p.from, p.dst->template as<T>(), p.dst->step(), p.to,
+               p.to, 1.f, 0, 0, smooth);
     };
 }
 
@@ -129,7 +135,8 @@ const bool registered = [] {
         row<u8>("ResizeNN_8u_C4R", scale, 4, cv::INTER_NEAREST, plain<u8>(W::ResizeNN_8u_C4R));
         row<u16>("ResizeNN_16u_C1R", scale, 1, cv::INTER_NEAREST, plain<u16>(W::ResizeNN_16u_C1R));
         row<u16>("ResizeCenterNN_16u_C1R (linear)", scale, 1, cv::INTER_LINEAR, [](const Pair<u16>& p) {
-            W::ResizeCenterNN_16u_C1R(p.src->as<u16>(), p.from, p.from, p.src->step(), p.dst->as<u16>(), p.dst->step(), p.to, p.to, 1, 1, p.to / 2, p.to / 2);
+            W::ResizeCenterNN_16u_C1R(p.src->as<u16>(), p.from, p.from, p.src->step(), p.dst->as<u16>(), p.dst->step(),
+                                      p.to, p.to, 1, 1, p.to / 2, p.to / 2);
         });
         row<u8>("ResizeCubic_8u_C3R", scale, 3, cv::INTER_CUBIC, plain<u8>(W::ResizeCubic_8u_C3R));
         row<u8>("ResizeCubic_8u_C4R", scale, 4, cv::INTER_CUBIC, plain<u8>(W::ResizeCubic_8u_C4R));

@@ -1,5 +1,7 @@
 // Image statistics against OpenCV. Integer images stay inside the range of their type: a search that meets its
 // end stops, and would look faster than it is.
+//
+// Families: sums, float_sums, extremes, histogram.
 #include <cmath>
 #include <cstring>
 #include <opencv2/core.hpp>
@@ -36,7 +38,10 @@ T value_of(Content content, std::mt19937& g)
         case Content::words: return static_cast<T>(word % 65536);
         case Content::unit: return static_cast<T>(static_cast<float>(word % 256) / 255.f);
         case Content::wild: return static_cast<T>(std::exp(10 * normal(g)));
-        default: return static_cast<T>(sizeof(T) == 1 ? 1 + word % 254 : static_cast<int>(1 + word % 65534) - (std::is_signed<T>::value ? 32768 : 0));
+        default:
+            return static_cast<T>(sizeof(T) == 1
+                                      ? 1 + word % 254
+                                      : static_cast<int>(1 + word % 65534) - (std::is_signed<T>::value ? 32768 : 0));
     }
 }
 
@@ -64,7 +69,8 @@ void statistic(const std::string& name, int channels, Content content, Ours ours
     for (int side : bench::kSides) {
         const std::shared_ptr<Image> a = make_image<T>(side, channels, content);
         bench::add(name, bench::square(side), "orvane", [=] { ours(a->template as<T>(), a->step(), side); });
-        cv::Mat m(side, side, CV_MAKETYPE(depth<T>, channels), a->template as<void>(), static_cast<std::size_t>(a->step()));
+        cv::Mat m(side, side, CV_MAKETYPE(depth<T>, channels), a->template as<void>(),
+                  static_cast<std::size_t>(a->step()));
         bench::add(name, bench::square(side), "opencv", [=] { peer(m); });
         bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, nullptr); });
     }
@@ -93,24 +99,28 @@ template <class T>
 void histogram(const std::string& name, Content content, int levels, int upper)
 {
     auto bins = std::make_shared<std::vector<int>>(levels), at = std::make_shared<std::vector<int>>(levels);
-    statistic<T>(name, 1, content,
-                 [=](const T* p, int step, int side) {
-                     if constexpr (sizeof(T) == 1) W::HistogramEven_8u_C1(p, step, side, side, bins->data(), at->data(), levels, 0, upper);
-                     else W::HistogramEven_16u_C1(p, step, side, side, bins->data(), at->data(), levels, 0, upper);
-                 },
-                 [=](const cv::Mat& m) {
-                     const int size = levels - 1, channel = 0;
-                     const float range[] = {0, static_cast<float>(upper)};
-                     const float* ranges = range;
-                     cv::Mat result;
-                     cv::calcHist(&m, 1, &channel, cv::Mat(), result, 1, &size, &ranges);
-                 });
+    statistic<T>(
+        name, 1, content,
+        [=](const T* p, int step, int side) {
+            if constexpr (sizeof(T) == 1)
+                W::HistogramEven_8u_C1(p, step, side, side, bins->data(), at->data(), levels, 0, upper);
+            else W::HistogramEven_16u_C1(p, step, side, side, bins->data(), at->data(), levels, 0, upper);
+        },
+        [=](const cv::Mat& m) {
+            const int size = levels - 1, channel = 0;
+            const float range[] = {0, static_cast<float>(upper)};
+            const float* ranges = range;
+            cv::Mat result;
+            cv::calcHist(&m, 1, &channel, cv::Mat(), result, 1, &size, &ranges);
+        });
 }
 
 const bool registered = [] {
     static double real[4], other[4];
 #define REALS(name, T, channels, peer) \
-    statistic<T>(#name, channels, Content::noise, [](const T* p, int step, int side) { W::name(p, step, side, side, real); }, peer)
+    statistic<T>( \
+        #name, channels, Content::noise, [](const T* p, int step, int side) { W::name(p, step, side, side, real); }, \
+        peer)
     REALS(Sum_8u_C1R, u8, 1, cv_sum);
     REALS(Sum_8u_C3R, u8, 3, cv_sum);
     REALS(Sum_8u_C4R, u8, 4, cv_sum);
@@ -130,12 +140,20 @@ const bool registered = [] {
     FLOATS(Sum_32f_C3R, 3, wild);
 #undef FLOATS
 #define DEVIATION(name, T) \
-    statistic<T>(#name, 1, Content::noise, [](const T* p, int step, int side) { W::name(p, step, side, side, real, other); }, cv_deviation)
+    statistic<T>( \
+        #name, 1, Content::noise, [](const T* p, int step, int side) { W::name(p, step, side, side, real, other); }, \
+        cv_deviation)
     DEVIATION(Mean_StdDev_8u_C1R, u8);
     DEVIATION(Mean_StdDev_16u_C1R, u16);
 #undef DEVIATION
 #define EXTREME(name, T, channels) \
-    statistic<T>(#name, channels, Content::noise, [](const T* p, int step, int side) { static T v[4]; W::name(p, step, side, side, v); }, cv_min_max)
+    statistic<T>( \
+        #name, channels, Content::noise, \
+        [](const T* p, int step, int side) { \
+            static T v[4]; \
+            W::name(p, step, side, side, v); \
+        }, \
+        cv_min_max)
     EXTREME(Min_8u_C1, u8, 1);
     EXTREME(Min_8u_C3, u8, 3);
     EXTREME(Max_8u_C4, u8, 4);
@@ -143,9 +161,14 @@ const bool registered = [] {
     EXTREME(Min_16s_C1, s16, 1);
     EXTREME(Min_32f_C1, float, 1);
 #undef EXTREME
-#define BOTH(name, T, channels)                 \
-    statistic<T>(#name, channels, Content::noise, \
-                 [](const T* p, int step, int side) { static T v[4], w[4]; W::name(p, step, side, side, v, w); }, cv_min_max)
+#define BOTH(name, T, channels) \
+    statistic<T>( \
+        #name, channels, Content::noise, \
+        [](const T* p, int step, int side) { \
+            static T v[4], w[4]; \
+            W::name(p, step, side, side, v, w); \
+        }, \
+        cv_min_max)
     BOTH(MinMax_8u_C1, u8, 1);
     BOTH(MinMax_8u_C3, u8, 3);
     BOTH(MinMax_16u_C1, u16, 1);
@@ -153,7 +176,14 @@ const bool registered = [] {
     BOTH(MinMax_32f_C3, float, 3);
 #undef BOTH
 #define PLACE(name, T) \
-    statistic<T>(#name, 1, Content::noise, [](const T* p, int step, int side) { T v; int x, y; W::name(p, step, side, side, &v, &x, &y); }, cv_position)
+    statistic<T>( \
+        #name, 1, Content::noise, \
+        [](const T* p, int step, int side) { \
+            T v; \
+            int x, y; \
+            W::name(p, step, side, side, &v, &x, &y); \
+        }, \
+        cv_position)
     PLACE(MinIndx_8u_C1R, u8);
     PLACE(MinIndx_16u_C1R, u16);
 #undef PLACE

@@ -20,12 +20,14 @@ D point(const std::vector<S>& levels, const std::vector<D>& values, S x)
     while (levels[k + 1] <= x) ++k;
     const double run = static_cast<double>(levels[k + 1]) - static_cast<double>(levels[k]);
     const double rise = static_cast<double>(values[k + 1]) - static_cast<double>(values[k]);
-    const double value = static_cast<double>(values[k]) + (static_cast<double>(x) - static_cast<double>(levels[k])) * rise / run;
+    const double value =
+        static_cast<double>(values[k]) + (static_cast<double>(x) - static_cast<double>(levels[k])) * rise / run;
     return static_cast<D>(std::is_integral<D>::value ? std::nearbyint(value) : value);
 }
 
 template <class S, class D>
-void add_curve(const char* name, bool (*method)(const S*, int, const S*, const D*, int, D*, int, int, int), double most_level, double most)
+void add_curve(const char* name, bool (*method)(const S*, int, const S*, const D*, int, D*, int, int, int),
+               double most_level, double most)
 {
     for (const int count : {4, 8, 32}) {
         std::vector<S> levels;
@@ -36,20 +38,28 @@ void add_curve(const char* name, bool (*method)(const S*, int, const S*, const D
         }
         for (const int side : bench::kColourSides) {
             const auto fill = [=](const bench::Image& image) {
-                cv::Mat m(image.height(), image.row_bytes(), CV_8UC1, image.as<void>(), static_cast<std::size_t>(image.step()));
+                cv::Mat m(image.height(), image.row_bytes(), CV_8UC1, image.as<void>(),
+                          static_cast<std::size_t>(image.step()));
                 cv::randu(m, 0, 256);
                 if (!std::is_same<S, float>::value) return;
-                cv::Mat f(image.height(), image.row_bytes() / 4, CV_32FC1, image.as<void>(), static_cast<std::size_t>(image.step()));
+                cv::Mat f(image.height(), image.row_bytes() / 4, CV_32FC1, image.as<void>(),
+                          static_cast<std::size_t>(image.step()));
                 cv::randu(f, 0, most_level);
             };
             const Picture a = picture(side, sizeof(S), fill), d = picture(side, sizeof(D));
             const std::string title = std::string(name) + " " + std::to_string(count) + " levels";
-            bench::compare(title, side, a, d,
-                           [=] { method(a->as<S>(), a->step(), levels.data(), values.data(), count, d->as<D>(), d->step(), side, side); }, "loop", [=] {
-                               for (int y = 0; y < side; ++y) {
-                                   for (int x = 0; x < side; ++x) d->row<D>(y)[x] = point(levels, values, a->row<S>(y)[x]);
-                               }
-                           });
+            bench::compare(
+                title, side, a, d,
+                [=] {
+                    method(a->as<S>(), a->step(), levels.data(), values.data(), count, d->as<D>(), d->step(), side,
+                           side);
+                },
+                "loop",
+                [=] {
+                    for (int y = 0; y < side; ++y) {
+                        for (int x = 0; x < side; ++x) d->row<D>(y)[x] = point(levels, values, a->row<S>(y)[x]);
+                    }
+                });
         }
     }
 }

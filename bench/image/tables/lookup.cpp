@@ -42,7 +42,8 @@ void add_table(const char* name, bool (*method)(const S*, int, const D*, D*, int
         const Picture a = picture(side, sizeof(S)), d = picture(side, sizeof(D));
         const auto ours = [=] { method(a->as<S>(), a->step(), table, d->as<D>(), d->step(), side, side); };
         if (opencv_type >= 0) {
-            const cv::Mat lut(1, 256, opencv_type, const_cast<D*>(table)), from = mat(a, CV_8UC1), to = mat(d, opencv_type);
+            const cv::Mat lut(1, 256, opencv_type, const_cast<D*>(table)), from = mat(a, CV_8UC1),
+                                                                           to = mat(d, opencv_type);
             compare(name, side, a, d, ours, "opencv", [=]() mutable { cv::LUT(from, lut, to); });
         } else {
             compare(name, side, a, d, ours);
@@ -59,8 +60,9 @@ void add_channels(const char* name, int channels, bool (*method)(const u8*, int,
         const Picture a = picture(side, channels), d = picture(side, channels);
         const int type = CV_MAKETYPE(CV_8U, channels);
         const cv::Mat lut(1, 256, type, const_cast<u8*>(bytes)), from = mat(a, type), to = mat(d, type);
-        compare(name, side, a, d, [=] { method(a->as<u8>(), a->step(), tables, d->as<u8>(), d->step(), side, side); }, "opencv",
-                [=]() mutable { cv::LUT(from, lut, to); });
+        compare(
+            name, side, a, d, [=] { method(a->as<u8>(), a->step(), tables, d->as<u8>(), d->step(), side, side); },
+            "opencv", [=]() mutable { cv::LUT(from, lut, to); });
     }
 }
 
@@ -81,8 +83,13 @@ const bool registered = [] {
                 for (int x = 0; x < side; ++x) d->row<unsigned>(y)[x] = palette[std::min<int>(a->row<u16>(y)[x], 4095)];
             }
         };
-        compare("LUTPalette_16u32u_C1R", side, a, d,
-                [=] { W::LUTPalette_16u32u_C1R(a->as<u16>(), a->step(), palette, 4096, d->as<unsigned>(), d->step(), side, side); }, "loop", min_loop);
+        compare(
+            "LUTPalette_16u32u_C1R", side, a, d,
+            [=] {
+                W::LUTPalette_16u32u_C1R(a->as<u16>(), a->step(), palette, 4096, d->as<unsigned>(), d->step(), side,
+                                         side);
+            },
+            "loop", min_loop);
     }
     return true;
 }();

@@ -4,15 +4,15 @@
 
 #include <cmath>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
 using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
+using bench::mat;
+using bench::u16;
+using bench::u8;
+using bench::W;
 
 constexpr double kAngle = 30;
 constexpr double kPerspective[9] = {1, 0.12, -10, -0.05, 1.1, 5, 0.05, -0.08, 1};  // the last row per side
@@ -24,16 +24,6 @@ const struct {
                        {"linear", 2, cv::INTER_LINEAR},
                        {"cubic", 4, cv::INTER_CUBIC},
                        {"Lanczos", 16, cv::INTER_LANCZOS4}};
-
-template <class T>
-constexpr int depth = sizeof(T) == 1   ? CV_8U
-                      : sizeof(T) == 2 ? CV_16U
-                                       : CV_32F;
-
-cv::Mat mat(const Image& image, int type, int side)
-{
-    return cv::Mat(side, side, type, image.as<void>(), static_cast<std::size_t>(image.step()));
-}
 
 // A lens that bends towards its edge.
 void fill_map(const Image& map, int side, bool columns)
@@ -53,7 +43,7 @@ Image::Fill grey_values()
 {
     if (!std::is_same<T, float>::value) return nullptr;
     return [](const Image& image) {
-        cv::Mat all = mat(image, CV_32F, image.height());
+        cv::Mat all = mat(image, CV_32F);
         cv::randu(all, 0, 255);
     };
 }
@@ -86,10 +76,10 @@ void rows(const char* suffix, int channels, Rotate rotate, Project project, Rema
         for (const int side : {256, 2236}) {
             const Set s(side, channels * static_cast<int>(sizeof(T)), grey_values<T>());
             const std::string size = bench::square(side);
-            const int code = way.ours, type = CV_MAKETYPE(depth<T>, channels), peer = way.opencv;
-            const cv::Mat from = mat(*s.src, type, side), xMap = mat(*s.xMap, CV_32F, side),
-                          yMap = mat(*s.yMap, CV_32F, side);
-            cv::Mat to = mat(*s.dst, type, side);
+            const int code = way.ours, type = bench::pixels_of<T>(channels), peer = way.opencv;
+            const cv::Mat from = mat(*s.src, type), xMap = mat(*s.xMap, CV_32F),
+                          yMap = mat(*s.yMap, CV_32F);
+            cv::Mat to = mat(*s.dst, type);
             const auto name = [&](const char* method) { return std::string(method) + suffix + " " + way.name; };
             bench::add(name("Rotate_"), size, "orvane", [=] {
                 rotate(s.src->template as<T>(), side, side, s.src->step(), 0, 0, side, side, s.dst->template as<T>(),

@@ -1,4 +1,6 @@
 // Gaussian random numbers against OpenCV's generator (ziggurat on a multiply-with-carry stream).
+//
+// Family: random_numbers.
 #include <opencv2/core.hpp>
 
 #include "RandomNumberGenerator.h"

@@ -77,7 +77,8 @@ void show_curves(const Picture& photo, Page& page)
     Picture result(width, height, 3);
     Byte ramp[256], contrast[256], warm[256], cool[256];
     for (int i = 0; i < 256; ++i) ramp[i] = static_cast<Byte>(i);
-    const Byte levels[4] = {20, 80, 170, 240}, steep[4] = {0, 55, 205, 255}, up[4] = {20, 105, 205, 255}, down[4] = {20, 60, 130, 220};
+    const Byte levels[4] = {20, 80, 170, 240}, steep[4] = {0, 55, 205, 255}, up[4] = {20, 105, 205, 255},
+               down[4] = {20, 60, 130, 220};
     W::LUT_Linear_8u_C1(ramp, 256, levels, steep, 4, contrast, 256, 256, 1);
     W::LUT_Linear_8u_C1(ramp, 256, levels, up, 4, warm, 256, 256, 1);
     W::LUT_Linear_8u_C1(ramp, 256, levels, down, 4, cool, 256, 256, 1);
@@ -94,19 +95,25 @@ void show_palette(const Picture& photo, Page& page)
     const Picture grey = to_picture(brightness(photo));
     W::Convert_8u16u_C1(grey.data(), grey.step, levels.data(), 2 * width, width, height);
     // Black, violet, red, yellow, white, by their bytes.
-    const Byte stops[4] = {0, 85, 170, 225}, red[4] = {0, 150, 255, 255}, green[4] = {0, 20, 120, 255}, blue[4] = {20, 130, 20, 220};
+    const Byte stops[4] = {0, 85, 170, 225}, red[4] = {0, 150, 255, 255}, green[4] = {0, 20, 120, 255},
+               blue[4] = {20, 130, 20, 220};
     Byte ramp[256], curves[3][256];
     for (int i = 0; i < 256; ++i) ramp[i] = static_cast<Byte>(i);
     W::LUT_Linear_8u_C1(ramp, 256, stops, red, 4, curves[0], 256, 256, 1);
     W::LUT_Linear_8u_C1(ramp, 256, stops, green, 4, curves[1], 256, 256, 1);
     W::LUT_Linear_8u_C1(ramp, 256, stops, blue, 4, curves[2], 256, 256, 1);
     unsigned palette[256];
-    for (int i = 0; i < 256; ++i) palette[i] = 0xFF000000u | static_cast<unsigned>(curves[2][i]) << 16 | static_cast<unsigned>(curves[1][i]) << 8 | curves[0][i];
+    for (int i = 0; i < 256; ++i)
+        palette[i] = 0xFF000000u | static_cast<unsigned>(curves[2][i]) << 16 |
+                     static_cast<unsigned>(curves[1][i]) << 8 | curves[0][i];
     Layer heat(width, height);
     bool ok = false;
-    const double time = best_microseconds([&] {
-        return W::LUTPalette_16u32u_C1R(levels.data(), 2 * width, palette, 256, reinterpret_cast<unsigned*>(heat.data()), heat.step, width, height);
-    }, ok);
+    const double time = best_microseconds(
+        [&] {
+            return W::LUTPalette_16u32u_C1R(levels.data(), 2 * width, palette, 256,
+                                            reinterpret_cast<unsigned*>(heat.data()), heat.step, width, height);
+        },
+        ok);
     page.show(without_alpha(heat), "W::LUTPalette_16u32u_C1R(levels, ..., palette, 256, ...)", time, ok);
 }
 
@@ -115,9 +122,11 @@ void show_luma_and_chroma(const Picture& photo, Page& page)
     const int width = photo.width, height = photo.height;
     Picture ycc(width, height, 3);
     bool ok = false;
-    const double time = best_microseconds([&] { return W::RGBToYCbCr_8u_C3(photo.data(), photo.step, ycc.data(), ycc.step, width, height, 1); }, ok);
+    const double time = best_microseconds(
+        [&] { return W::RGBToYCbCr_8u_C3(photo.data(), photo.step, ycc.data(), ycc.step, width, height, 1); }, ok);
     const char* const names[] = {"Y", "Cb", "Cr"};
-    for (int c = 0; c < 3; ++c) page.show(channel(ycc, c), std::string("W::RGBToYCbCr_8u_C3(..., 1): ") + names[c], time, ok);
+    for (int c = 0; c < 3; ++c)
+        page.show(channel(ycc, c), std::string("W::RGBToYCbCr_8u_C3(..., 1): ") + names[c], time, ok);
 }
 
 // A detail, there and back through 4:2:2, large enough to see single pixels.
@@ -136,7 +145,8 @@ void show_subsampling(const Picture& picture, Page& page)
     }, ok);
     W::ResizeNN_8u_C3R(from, w, h, picture.step, large.data(), large.step, large.width, large.height, kZoom, kZoom);
     page.show(large, "A detail of the composition, twelve times as large", 0, true);
-    W::ResizeNN_8u_C3R(detail.data(), w, h, detail.step, large.data(), large.step, large.width, large.height, kZoom, kZoom);
+    W::ResizeNN_8u_C3R(detail.data(), w, h, detail.step, large.data(), large.step, large.width, large.height, kZoom,
+                       kZoom);
     page.show(large, "W::YUV422ToRGB_8u_C2C3R(...): two pixels share their chroma", back, ok);
 }
 
@@ -145,9 +155,12 @@ void show_layer(const Picture& photo, Page& page)
     const int width = photo.width, height = photo.height;
     const Layer ground = with_alpha(photo), top = drawn_layer(width, height), composed = with_alpha(photo);
     bool ok = false;
-    const double time = best_microseconds([&] {
-        return W::AlphaComp_8u_AC4(ground.data(), ground.step, top.data(), top.step, composed.data(), composed.step, width, height, false);
-    }, ok);
+    const double time = best_microseconds(
+        [&] {
+            return W::AlphaComp_8u_AC4(ground.data(), ground.step, top.data(), top.step, composed.data(), composed.step,
+                                       width, height, false);
+        },
+        ok);
     const Picture seen = without_alpha(composed);
     page.show(seen, "W::AlphaComp_8u_AC4(photo, ..., layer, ..., false)", time, ok);
     show_subsampling(seen, page);
@@ -158,17 +171,22 @@ void show_layer(const Picture& photo, Page& page)
 void show_colour(const Picture& photo, Page& page)
 {
     const int width = photo.width, height = photo.height;
-    page.strip("Tables, curves, colour", "Curves through points become tables; luma and chroma follow a named standard; a layer is composed over the picture.");
+    page.strip("Tables, curves, colour",
+               "Curves through points become tables; luma and chroma follow a named standard; a layer is composed over "
+               "the picture.");
     show_curves(photo, page);
     show_palette(photo, page);
     show_luma_and_chroma(photo, page);
 
     Picture result(width, height, 3);
     static const float sepia[12] = {0.393f, 0.769f, 0.189f, 0, 0.349f, 0.686f, 0.168f, 0, 0.272f, 0.534f, 0.131f, 0};
-    SHOW(page, result, W::ColorTwist32f_8u_C3(photo.data(), photo.step, sepia, result.data(), result.step, width, height));
+    SHOW(page, result,
+         W::ColorTwist32f_8u_C3(photo.data(), photo.step, sepia, result.data(), result.step, width, height));
 
     show_layer(photo, page);
     const Picture mirrored = photo.copy();
     W::MirrorHorizontal_8u_C3I(mirrored.data(), mirrored.step, width, height);
-    SHOW(page, result, W::AlphaCompC_8u_C3R(photo.data(), photo.step, mirrored.data(), mirrored.step, 100, result.data(), result.step, width, height));
+    SHOW(page, result,
+         W::AlphaCompC_8u_C3R(photo.data(), photo.step, mirrored.data(), mirrored.step, 100, result.data(), result.step,
+                              width, height));
 }

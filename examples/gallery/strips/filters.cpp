@@ -16,8 +16,11 @@ void show_smoothing(const Picture& photo, Page& page)
     const FloatPicture grey = brightness(photo);
     FloatPicture smooth(photo.width, photo.height, 1);
 #define SMOOTH(size, sigma) \
-    W::FilterGaussBorder_32f_C1R(grey.data(), grey.step, smooth.data(), smooth.step, photo.width, photo.height, size, sigma); \
-    SHOW(page, to_picture(smooth), W::FilterGaussBorder_32f_C1R(grey.data(), grey.step, smooth.data(), smooth.step, photo.width, photo.height, size, sigma))
+    W::FilterGaussBorder_32f_C1R(grey.data(), grey.step, smooth.data(), smooth.step, photo.width, photo.height, size, \
+                                 sigma); \
+    SHOW(page, to_picture(smooth), \
+         W::FilterGaussBorder_32f_C1R(grey.data(), grey.step, smooth.data(), smooth.step, photo.width, photo.height, \
+                                      size, sigma))
     SMOOTH(7, 1);
     SMOOTH(25, 4);
     SMOOTH(97, 16);
@@ -37,7 +40,8 @@ void show_smoothing(const Picture& photo, Page& page)
     FloatPicture clean(width, height, 1);
     double variance = 15 * 15;
     W::FilterWiener_32f_C1(centre, grey.step, clean.data(), clean.step, width, height, 7, 7, &variance);
-    SHOW(page, to_picture(clean), W::FilterWiener_32f_C1(centre, grey.step, clean.data(), clean.step, width, height, 7, 7, &variance));
+    SHOW(page, to_picture(clean),
+         W::FilterWiener_32f_C1(centre, grey.step, clean.data(), clean.step, width, height, 7, 7, &variance));
 }
 
 }  // namespace
@@ -45,7 +49,9 @@ void show_smoothing(const Picture& photo, Page& page)
 void show_filters(const Picture& photo, Page& page)
 {
     const int width = photo.width - 4, height = photo.height - 4;
-    page.strip("Filters", "3x3 and 5x5 neighbourhoods, edges in grey, zero in the middle; Gaussians of three widths; noise removed.");
+    page.strip(
+        "Filters",
+        "3x3 and 5x5 neighbourhoods, edges in grey, zero in the middle; Gaussians of three widths; noise removed.");
     Picture smooth(width, height, 3);
     const unsigned char* const inner = photo.data() + 2 * photo.step + 6;
     SHOW(page, smooth, W::FilterLowpass3x3_8u_C3R(inner, photo.step, smooth.data(), smooth.step, width, height));
@@ -56,7 +62,8 @@ void show_filters(const Picture& photo, Page& page)
     FloatPicture edges(width, height, 1);
 #define EDGES(method, range) \
     W::method(centre, grey.step, edges.data(), edges.step, width, height); \
-    SHOW(page, to_picture(edges, -(range), range), W::method(centre, grey.step, edges.data(), edges.step, width, height))
+    SHOW(page, to_picture(edges, -(range), range), \
+         W::method(centre, grey.step, edges.data(), edges.step, width, height))
     EDGES(FilterHipass3x3_32f_C1R, 60);
     EDGES(FilterHipass5x5_32f_C1R, 300);
     EDGES(FilterLaplace3x3_32f_C1R, 60);

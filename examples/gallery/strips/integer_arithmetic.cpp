@@ -11,9 +11,15 @@ void show_integer_arithmetic(const Picture& photo, Page& page)
 
     Picture mirrored = photo.copy();
     W::Mirror_8u_C3I(mirrored.data(), mirrored.step, width, height, 1);
-    SHOW(page, result, W::Add_8u_C3(photo.data(), photo.step, mirrored.data(), mirrored.step, result.data(), result.step, width, height, 1));
-    SHOW(page, result, W::Sub_8u_C3(mirrored.data(), mirrored.step, photo.data(), photo.step, result.data(), result.step, width, height, 0));
-    SHOW(page, result, W::Mul_8u_C3(photo.data(), photo.step, photo.data(), photo.step, result.data(), result.step, width, height, 8));
+    SHOW(page, result,
+         W::Add_8u_C3(photo.data(), photo.step, mirrored.data(), mirrored.step, result.data(), result.step, width,
+                      height, 1));
+    SHOW(page, result,
+         W::Sub_8u_C3(mirrored.data(), mirrored.step, photo.data(), photo.step, result.data(), result.step, width,
+                      height, 0));
+    SHOW(
+        page, result,
+        W::Mul_8u_C3(photo.data(), photo.step, photo.data(), photo.step, result.data(), result.step, width, height, 8));
 
     static const unsigned char warm[3] = {160, 128, 96};
     SHOW(page, result, W::MulC_8u_C3(photo.data(), photo.step, warm, result.data(), result.step, width, height, 7));
@@ -25,11 +31,17 @@ void show_integer_arithmetic(const Picture& photo, Page& page)
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const int dx = 2 * x - width, dy = 2 * y - height;
-            const int fall = static_cast<int>(150LL * (static_cast<long long>(dx) * dx + static_cast<long long>(dy) * dy) /
-                                              (static_cast<long long>(width) * width + static_cast<long long>(height) * height));
-            for (int c = 0; c < 3; ++c) light.data()[y * light.step + 3 * x + c] = static_cast<unsigned char>(255 - fall);
+            const int fall =
+                static_cast<int>(150LL * (static_cast<long long>(dx) * dx + static_cast<long long>(dy) * dy) /
+                                 (static_cast<long long>(width) * width + static_cast<long long>(height) * height));
+            for (int c = 0; c < 3; ++c)
+                light.data()[y * light.step + 3 * x + c] = static_cast<unsigned char>(255 - fall);
         }
     }
-    SHOW(page, dimmed, W::Mul_8u_C3(photo.data(), photo.step, light.data(), light.step, dimmed.data(), dimmed.step, width, height, 8));
-    SHOW(page, result, W::Div_8u_C3(light.data(), light.step, dimmed.data(), dimmed.step, result.data(), result.step, width, height, -8));
+    SHOW(
+        page, dimmed,
+        W::Mul_8u_C3(photo.data(), photo.step, light.data(), light.step, dimmed.data(), dimmed.step, width, height, 8));
+    SHOW(page, result,
+         W::Div_8u_C3(light.data(), light.step, dimmed.data(), dimmed.step, result.data(), result.step, width, height,
+                      -8));
 }

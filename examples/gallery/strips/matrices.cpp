@@ -17,17 +17,21 @@ void show_svd(const Picture& photo, Page& page)
     int m = photo.height / 4, n = photo.width / 4, info = 0, lwork = -1;
     const int k = m < n ? m : n;
     std::vector<float> a(static_cast<std::size_t>(m) * static_cast<std::size_t>(n)), s(static_cast<std::size_t>(k)),
-        u(static_cast<std::size_t>(m) * static_cast<std::size_t>(k)), vt(static_cast<std::size_t>(k) * static_cast<std::size_t>(n)), work(1);
+        u(static_cast<std::size_t>(m) * static_cast<std::size_t>(k)),
+        vt(static_cast<std::size_t>(k) * static_cast<std::size_t>(n)), work(1);
     for (int x = 0; x < n; ++x) {
-        for (int y = 0; y < m; ++y) a[static_cast<std::size_t>(x * m + y)] = grey.data()[4 * y * (grey.step / 4) + 4 * x];
+        for (int y = 0; y < m; ++y)
+            a[static_cast<std::size_t>(x * m + y)] = grey.data()[4 * y * (grey.step / 4) + 4 * x];
     }
     char job = 'S';
     int ldvt = k;
-    MKLWrapper::Sgesvd(&job, &job, &m, &n, a.data(), &m, s.data(), u.data(), &m, vt.data(), &ldvt, work.data(), &lwork, &info);
+    MKLWrapper::Sgesvd(&job, &job, &m, &n, a.data(), &m, s.data(), u.data(), &m, vt.data(), &ldvt, work.data(), &lwork,
+                       &info);
     lwork = static_cast<int>(work[0]);
     work.resize(static_cast<std::size_t>(lwork));
     const auto start = std::chrono::steady_clock::now();
-    MKLWrapper::Sgesvd(&job, &job, &m, &n, a.data(), &m, s.data(), u.data(), &m, vt.data(), &ldvt, work.data(), &lwork, &info);
+    MKLWrapper::Sgesvd(&job, &job, &m, &n, a.data(), &m, s.data(), u.data(), &m, vt.data(), &ldvt, work.data(), &lwork,
+                       &info);
     const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
 
     for (const int kept : {5, 20, 50}) {
@@ -35,11 +39,17 @@ void show_svd(const Picture& photo, Page& page)
         FloatPicture sum(n, m, 1);
         std::vector<float> us(static_cast<std::size_t>(m * kept));
         for (int j = 0; j < kept; ++j) {
-            for (int y = 0; y < m; ++y) us[static_cast<std::size_t>(y * kept + j)] = u[static_cast<std::size_t>(j * m + y)] * s[static_cast<std::size_t>(j)];
+            for (int y = 0; y < m; ++y)
+                us[static_cast<std::size_t>(y * kept + j)] =
+                    u[static_cast<std::size_t>(j * m + y)] * s[static_cast<std::size_t>(j)];
         }
         // u s has its rows packed, vt its columns: strides say so.
-        const bool ok = MatrixWrapper::Mul_mm_32f(us.data(), 4 * kept, 4, kept, m, vt.data(), 4, 4 * k, n, kept, sum.data(), sum.step, 4);
-        page.show(to_picture(sum), "MKLWrapper::Sgesvd(...); the " + std::to_string(kept) + " largest of " + std::to_string(k) + " singular values, summed by MatrixWrapper::Mul_mm_32f", time.count(), ok && info == 0);
+        const bool ok = MatrixWrapper::Mul_mm_32f(us.data(), 4 * kept, 4, kept, m, vt.data(), 4, 4 * k, n, kept,
+                                                  sum.data(), sum.step, 4);
+        page.show(to_picture(sum),
+                  "MKLWrapper::Sgesvd(...); the " + std::to_string(kept) + " largest of " + std::to_string(k) +
+                      " singular values, summed by MatrixWrapper::Mul_mm_32f",
+                  time.count(), ok && info == 0);
     }
 }
 
@@ -62,9 +72,12 @@ void show_fit(Page& page)
         }
     }
     bool ok = false;
-    const double time = best_microseconds([&] {
-        return MatrixWrapper::LUDecomp_m_32f(normal, 16, 4, index, lu, 16, 4, n) && MatrixWrapper::LUBackSubst_mv_32f(lu, 16, 4, index, right, 4, x, 4, n);
-    }, ok);
+    const double time = best_microseconds(
+        [&] {
+            return MatrixWrapper::LUDecomp_m_32f(normal, 16, 4, index, lu, 16, 4, n) &&
+                   MatrixWrapper::LUBackSubst_mv_32f(lu, 16, 4, index, right, 4, x, 4, n);
+        },
+        ok);
     for (int i = 0; i < points; ++i) {
         const double t = 2.0 * i / points - 1;
         fitted.push_back(x[0] + t * (x[1] + t * (x[2] + t * x[3])));
@@ -72,7 +85,10 @@ void show_fit(Page& page)
     Picture plot = sheet(640, 360);
     draw_curve(plot, data, -2, 2.5, 190, 190, 200);
     draw_curve(plot, fitted, -2, 2.5, 160, 60, 40);
-    page.show(plot, "MatrixWrapper::LUDecomp_m_32f(normal, 16, 4, index, lu, 16, 4, n) && MatrixWrapper::LUBackSubst_mv_32f(lu, 16, 4, index, right, 4, x, 4, n)", time, ok);
+    page.show(plot,
+              "MatrixWrapper::LUDecomp_m_32f(normal, 16, 4, index, lu, 16, 4, n) && "
+              "MatrixWrapper::LUBackSubst_mv_32f(lu, 16, 4, index, right, 4, x, 4, n)",
+              time, ok);
 }
 
 }  // namespace

@@ -6,7 +6,8 @@ using W = ImageProcessingWrapper;
 void show_pixels(const Picture& photo, Page& page)
 {
     const int width = photo.width, height = photo.height;
-    page.strip("Bits, masks, thresholds, borders", "Masks are 255 where a relation holds in every channel of the pixel, else 0.");
+    page.strip("Bits, masks, thresholds, borders",
+               "Masks are 255 where a relation holds in every channel of the pixel, else 0.");
     Picture result(width, height, 3), mask(width, height, 1);
     const Picture grey = to_picture(brightness(photo));
 
@@ -18,16 +19,20 @@ void show_pixels(const Picture& photo, Page& page)
     SHOW(page, result, W::LShiftC_8u_C3R(photo.data(), photo.step, counts, result.data(), result.step, width, height));
 
     static const unsigned char levels[3] = {120, 120, 120};
-    SHOW(page, mask, W::CompareCGreater_8u_C3R(photo.data(), photo.step, levels, mask.data(), mask.step, width, height));
+    SHOW(page, mask,
+         W::CompareCGreater_8u_C3R(photo.data(), photo.step, levels, mask.data(), mask.step, width, height));
     Picture one(width, height, 1);
     SHOW(page, one, W::ThresholdLess_Val_8u_C1R(grey.data(), grey.step, one.data(), one.step, width, height, 90, 0));
 
     Picture framed(width + 80, height + 80, 3);
     static const unsigned char orange[3] = {240, 140, 20};
-    SHOW(page, framed, W::CopyConstBorder_8u_C3(photo.data(), photo.step, width, height, framed.data(), framed.step, width + 80, height + 80, 40, 40, orange));
+    SHOW(page, framed,
+         W::CopyConstBorder_8u_C3(photo.data(), photo.step, width, height, framed.data(), framed.step, width + 80,
+                                  height + 80, 40, 40, orange));
     // A piece of the picture, its edge repeated far outward.
     Picture repeated(width, height, 3);
     const int w = width / 3, h = height / 3;
     SHOW(page, repeated,
-         W::CopyReplicateBorder_8u_C3(photo.data() + h * photo.step + 3 * w, photo.step, w, h, repeated.data(), repeated.step, width, height, h, w));
+         W::CopyReplicateBorder_8u_C3(photo.data() + h * photo.step + 3 * w, photo.step, w, h, repeated.data(),
+                                      repeated.step, width, height, h, w));
 }

@@ -29,7 +29,8 @@ WordPicture to_words(const FloatPicture& grey, int left, int top, int width, int
 {
     WordPicture words(width, height);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) words.at(x, y) = static_cast<unsigned short>(257 * grey.data()[(top + y) * (grey.step / 4) + left + x]);
+        for (int x = 0; x < width; ++x)
+            words.at(x, y) = static_cast<unsigned short>(257 * grey.data()[(top + y) * (grey.step / 4) + left + x]);
     }
     return words;
 }
@@ -55,7 +56,8 @@ void show_interpolations(Page& page, const WordPicture& source, double factor)
     const struct {
         int code;
         const char* name;
-    } interpolations[] = {{1, "nearest"}, {2, "linear"}, {4, "cubic"}, {5, "B-spline"}, {7, "cubic, B = 0.5, C = 0.3"}, {8, "area"}, {16, "Lanczos"}};
+    } interpolations[] = {{1, "nearest"}, {2, "linear"},  {4, "cubic"}, {5, "B-spline"}, {7, "cubic, B = 0.5, C = 0.3"},
+                          {8, "area"},    {16, "Lanczos"}};
     const int width = static_cast<int>(source.width * factor), height = static_cast<int>(source.height * factor);
     for (const auto& interpolation : interpolations) {
         int size = 0;
@@ -64,11 +66,13 @@ void show_interpolations(Page& page, const WordPicture& source, double factor)
         const std::shared_ptr<unsigned char> work(W::Malloc_8u_C1(size, 1, &step), W::Free);
         const WordPicture result(width, height);
         bool ok = false;
-        const double time = best_microseconds([&] {
-            return W::ResizeSqrPixel_16u_C1R(source.buffer.get(), source.width, source.height, source.step, 0, 0, source.width,
-                                             source.height, result.buffer.get(), result.step, 0, 0, width, height, factor,
-                                             factor, 0, 0, interpolation.code, work.get());
-        }, ok);
+        const double time = best_microseconds(
+            [&] {
+                return W::ResizeSqrPixel_16u_C1R(source.buffer.get(), source.width, source.height, source.step, 0, 0,
+                                                 source.width, source.height, result.buffer.get(), result.step, 0, 0,
+                                                 width, height, factor, factor, 0, 0, interpolation.code, work.get());
+            },
+            ok);
         page.show(to_picture(result), std::string("ResizeSqrPixel_16u_C1R, ") + interpolation.name, time, ok);
     }
 }
@@ -84,19 +88,30 @@ void show_resize(const Picture& photo, Page& page)
     SHOW(page, large, W::ResizeNN_8u_C3R(piece, w, h, photo.step, large.data(), large.step, 8 * w, 8 * h, 8, 8));
     SHOW(page, large, W::ResizeCubic_8u_C3R(piece, w, h, photo.step, large.data(), large.step, 8 * w, 8 * h, 8, 8));
     const float zoom = 1;  // the whole picture
-    SHOW(page, large, W::Resize_8u_C3(piece, photo.step, w, h, large.data(), large.step, 8 * w, 8 * h, zoom, 0, 0, true));
+    SHOW(page, large,
+         W::Resize_8u_C3(piece, photo.step, w, h, large.data(), large.step, 8 * w, 8 * h, zoom, 0, 0, true));
 
-    page.strip("Interpolations", "A smaller piece in 16 bits, four times as large, through every interpolation of the resampler.");
+    page.strip("Interpolations",
+               "A smaller piece in 16 bits, four times as large, through every interpolation of the resampler.");
     const FloatPicture grey = brightness(photo);
     show_interpolations(page, to_words(grey, left, top, w, h), 4);
 
-    page.strip("Reducing", "The photograph at a quarter of its size: the nearest pixel, cubic, the average of the area.");
+    page.strip("Reducing",
+               "The photograph at a quarter of its size: the nearest pixel, cubic, the average of the area.");
     Picture small(photo.width / 4, photo.height / 4, 3);
-    SHOW(page, small, W::ResizeNN_8u_C3R(photo.data(), photo.width, photo.height, photo.step, small.data(), small.step, small.width, small.height, 0.25, 0.25));
-    SHOW(page, small, W::ResizeCubic_8u_C3R(photo.data(), photo.width, photo.height, photo.step, small.data(), small.step, small.width, small.height, 0.25, 0.25));
-    SHOW(page, small, W::Resize_8u_C3(photo.data(), photo.step, photo.width, photo.height, small.data(), small.step, small.width, small.height, zoom, 0, 0, false));
+    SHOW(page, small,
+         W::ResizeNN_8u_C3R(photo.data(), photo.width, photo.height, photo.step, small.data(), small.step, small.width,
+                            small.height, 0.25, 0.25));
+    SHOW(page, small,
+         W::ResizeCubic_8u_C3R(photo.data(), photo.width, photo.height, photo.step, small.data(), small.step,
+                               small.width, small.height, 0.25, 0.25));
+    SHOW(page, small,
+         W::Resize_8u_C3(photo.data(), photo.step, photo.width, photo.height, small.data(), small.step, small.width,
+                         small.height, zoom, 0, 0, false));
 
-    page.strip("Zone plate", "Fine rings at two fifths of their size. The average of the area alone filters before it reduces: the rings "
-                             "that the others show beside the middle are not in the picture.");
+    page.strip(
+        "Zone plate",
+        "Fine rings at two fifths of their size. The average of the area alone filters before it reduces: the rings "
+        "that the others show beside the middle are not in the picture.");
     show_interpolations(page, zone_plate(600), 0.4);
 }

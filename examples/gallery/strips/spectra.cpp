@@ -73,14 +73,17 @@ void show_sound(const std::string& path, Page& page)
     for (int b = 0; b < blocks; ++b) {
         for (int k = 0; k < rows; ++k) {
             const double shade = 255 * (1 + (decibels[static_cast<std::size_t>(b * rows + k)] - loudest) / 80);
-            spectrogram.data()[(rows - 1 - k) * spectrogram.step + b] = static_cast<unsigned char>(shade < 0 ? 0 : shade);
+            spectrogram.data()[(rows - 1 - k) * spectrogram.step + b] =
+                static_cast<unsigned char>(shade < 0 ? 0 : shade);
         }
     }
     for (double& v : mean) v = 10 * std::log10(v + 1e-6);
     Picture plot = sheet(640, 360);
-    draw_curve(plot, mean, *std::min_element(mean.begin(), mean.end()), *std::max_element(mean.begin(), mean.end()), 160, 60, 40);
+    draw_curve(plot, mean, *std::min_element(mean.begin(), mean.end()), *std::max_element(mean.begin(), mean.end()),
+               160, 60, 40);
     SHOW(page, spectrogram, fft.PsdFFT(&sound[0], window.data(), power.data(), n));
-    page.show(plot, "the mean of the power over all blocks, in decibels, up to a quarter of the sampling rate", 0, true);
+    page.show(plot, "the mean of the power over all blocks, in decibels, up to a quarter of the sampling rate", 0,
+              true);
 }
 
 // The magnitudes of a packed spectrum: row 0 and column 0 hold frequency 0; every other pair of columns is
@@ -105,11 +108,13 @@ void show_image_spectrum(const Picture& photo, Page& page)
     const int side = 512;
     FloatPicture grey = brightness(photo), image(side, side, 1), spectrum(side, side, 1), back(side, side, 1);
     if (photo.width < side || photo.height < side) return;
-    ImageProcessingWrapper::Copy_32f_C1(grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step,
-                                        image.data(), image.step, side, side);
+    ImageProcessingWrapper::Copy_32f_C1(
+        grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step, image.data(),
+        image.step, side, side);
     FFT2Wrapper fft(side, side, false);
     fft.Forward(image.data(), image.step, spectrum.data(), spectrum.step, side, side);
-    SHOW(page, magnitudes(spectrum), (fft.Forward(image.data(), image.step, spectrum.data(), spectrum.step, side, side), true));
+    SHOW(page, magnitudes(spectrum),
+         (fft.Forward(image.data(), image.step, spectrum.data(), spectrum.step, side, side), true));
 
     // A low-pass: what lies outside a disc of frequencies is set to 0.
     const int radius = 24, step = spectrum.step / 4;
@@ -123,7 +128,8 @@ void show_image_spectrum(const Picture& photo, Page& page)
         }
     }
     fft.Inverse(spectrum.data(), spectrum.step, back.data(), back.step, side, side);
-    SHOW(page, to_picture(back), (fft.Inverse(spectrum.data(), spectrum.step, back.data(), back.step, side, side), true));
+    SHOW(page, to_picture(back),
+         (fft.Inverse(spectrum.data(), spectrum.step, back.data(), back.step, side, side), true));
 }
 
 // All values of the spectrum of a picture whose sides are powers of two.
@@ -132,7 +138,8 @@ std::vector<Complex32f> all_values(FFT2Wrapper& fft, const FloatPicture& image)
     FloatPicture packed(image.width, image.height, 1);
     std::vector<Complex32f> all(static_cast<std::size_t>(image.width * image.height));
     fft.Forward(image.data(), image.step, packed.data(), packed.step, image.width, image.height);
-    ImageProcessingWrapper::PackToCplxExtend_32f32fc_C1R(packed.data(), packed.step, all.data(), 8 * image.width, image.width, image.height);
+    ImageProcessingWrapper::PackToCplxExtend_32f32fc_C1R(packed.data(), packed.step, all.data(), 8 * image.width,
+                                                         image.width, image.height);
     return all;
 }
 
@@ -142,7 +149,8 @@ FloatPicture centred(const FloatPicture& f)
     FloatPicture c(f.width, f.height, 1);
     for (int y = 0; y < f.height; ++y) {
         for (int x = 0; x < f.width; ++x) {
-            c.data()[y * (c.step / 4) + x] = f.data()[(y + f.height / 2) % f.height * (f.step / 4) + (x + f.width / 2) % f.width];
+            c.data()[y * (c.step / 4) + x] =
+                f.data()[(y + f.height / 2) % f.height * (f.step / 4) + (x + f.width / 2) % f.width];
         }
     }
     return c;
@@ -158,7 +166,8 @@ FloatPicture logarithm_of(const FloatPicture& f)
 }
 
 // The picture that has the magnitudes of one spectrum and the phases of another.
-FloatPicture mixture(FFT2Wrapper& fft, const std::vector<Complex32f>& magnitudes, const std::vector<Complex32f>& phases, int side)
+FloatPicture mixture(FFT2Wrapper& fft, const std::vector<Complex32f>& magnitudes, const std::vector<Complex32f>& phases,
+                     int side)
 {
     const int n = side * side;
     std::vector<float> size(magnitudes.size()), angle(size), sine(size), cosine(size);
@@ -168,7 +177,8 @@ FloatPicture mixture(FFT2Wrapper& fft, const std::vector<Complex32f>& magnitudes
     std::vector<Complex32f> mixed(size.size());
     for (std::size_t i = 0; i < mixed.size(); ++i) mixed[i] = {size[i] * cosine[i], size[i] * sine[i]};
     FloatPicture packed(side, side, 1), back(side, side, 1);
-    ImageProcessingWrapper::CplxExtendToPack_32fc32f_C1R(mixed.data(), 8 * side, packed.data(), packed.step, side, side);
+    ImageProcessingWrapper::CplxExtendToPack_32fc32f_C1R(mixed.data(), 8 * side, packed.data(), packed.step, side,
+                                                         side);
     fft.Inverse(packed.data(), packed.step, back.data(), back.step, side, side);
     return back;
 }
@@ -180,27 +190,32 @@ void show_magnitude_and_phase(const Picture& photo, Page& page)
     if (photo.width < side || photo.height < side) return;
     FloatPicture image(side, side, 1), packed(side, side, 1), result(side, side, 1);
     const FloatPicture grey = brightness(photo);
-    ImageProcessingWrapper::WinHamming_32f_C1R(grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step,
-                                               image.data(), image.step, side, side);
+    ImageProcessingWrapper::WinHamming_32f_C1R(
+        grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step, image.data(),
+        image.step, side, side);
     page.show(to_picture(image), "WinHamming_32f_C1R: no edges where the picture ends", 0, true);
     FFT2Wrapper fft(side, side, false);
     fft.Forward(image.data(), image.step, packed.data(), packed.step, side, side);
     ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side);
     SHOW(page, to_picture(logarithm_of(centred(result)), 4, 16),
-         ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
+         ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side,
+                                                       side));
     ImageProcessingWrapper::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side);
     SHOW(page, to_picture(centred(result), -3.2f, 3.2f),
          ImageProcessingWrapper::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
 
     Picture letters(side, side, 1);
     ImageProcessingWrapper::Set_8u_C1(230, letters.data(), letters.step, side, side);
-    for (int line = 0; line < 5; ++line) write_text(letters, 40, 40 + 90 * line, 7, line % 2 == 0 ? "Phase shows" : "the forms");
+    for (int line = 0; line < 5; ++line)
+        write_text(letters, 40, 40 + 90 * line, 7, line % 2 == 0 ? "Phase shows" : "the forms");
     FloatPicture writing(side, side, 1);
     ImageProcessingWrapper::Convert_8u32f_C1(letters.data(), letters.step, writing.data(), writing.step, side, side);
     page.show(letters, "a second picture", 0, true);
     const auto of_photo = all_values(fft, image), of_writing = all_values(fft, writing);
-    page.show(to_picture(mixture(fft, of_writing, of_photo, side), -20, 180), "the magnitudes of the second picture, the phases of the photograph", 0, true);
-    page.show(to_picture(mixture(fft, of_photo, of_writing, side), 0, 130), "the magnitudes of the photograph, the phases of the second picture", 0, true);
+    page.show(to_picture(mixture(fft, of_writing, of_photo, side), -20, 180),
+              "the magnitudes of the second picture, the phases of the photograph", 0, true);
+    page.show(to_picture(mixture(fft, of_photo, of_writing, side), 0, 130),
+              "the magnitudes of the photograph, the phases of the second picture", 0, true);
 }
 
 void show_noise(const Picture& photo, Page& page)
@@ -212,7 +227,9 @@ void show_noise(const Picture& photo, Page& page)
     random.GenerateGaussian(n, noise.data(), 0.0, 20.0);
     FloatPicture grey = brightness(photo);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) grey.data()[y * (grey.step / 4) + x] += static_cast<float>(noise[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]);
+        for (int x = 0; x < width; ++x)
+            grey.data()[y * (grey.step / 4) + x] += static_cast<float>(
+                noise[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]);
     }
     SHOW(page, to_picture(grey), random.GenerateGaussian(n, noise.data(), 0.0, 20.0));
     std::vector<double> histogram(160, 0.0);
@@ -229,8 +246,10 @@ void show_noise(const Picture& photo, Page& page)
 
 void show_spectra(const Picture& photo, const std::string& sound, Page& page)
 {
-    page.strip("Spectra and noise", "Power of a spoken sound, block by block; the photograph's two-dimensional spectrum, and what is left of it "
-                                    "when only the low frequencies stay; Gaussian noise added to the photograph.");
+    page.strip(
+        "Spectra and noise",
+        "Power of a spoken sound, block by block; the photograph's two-dimensional spectrum, and what is left of it "
+        "when only the low frequencies stay; Gaussian noise added to the photograph.");
     show_sound(sound, page);
     show_image_spectrum(photo, page);
     show_magnitude_and_phase(photo, page);

@@ -14,8 +14,9 @@ void show_statistics(const Picture& photo, Page& page)
     W::Mean_StdDev_8u_C1R(grey.data(), grey.step, width, height, &mean, &deviation);
     W::MinMax_8u_C1(grey.data(), grey.step, width, height, &darkest, &brightest);
     W::MaxIndx_8u_C1R(grey.data(), grey.step, width, height, &brightest, &column, &row);
-    page.strip("Statistics", "Brightness of the photograph: mean " + std::to_string(mean) + ", deviation " + std::to_string(deviation) + ", from " +
-                                 std::to_string(darkest) + " to " + std::to_string(brightest) + ", first met at column " + std::to_string(column) +
+    page.strip("Statistics", "Brightness of the photograph: mean " + std::to_string(mean) + ", deviation " +
+                                 std::to_string(deviation) + ", from " + std::to_string(darkest) + " to " +
+                                 std::to_string(brightest) + ", first met at column " + std::to_string(column) +
                                  ", row " + std::to_string(row) + ".");
 
     static int histogram[256], levels[257];

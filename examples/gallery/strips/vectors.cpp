@@ -55,7 +55,8 @@ void show_errors(Page& page)
     const std::vector<float> angle = ramp(-25, 25), exponent = ramp(-80, 80), ones(kPoints, 1.0f);
     std::vector<float> y(kPoints);
     const auto sine = exact_of(angle, [](long double x) { return sinl(x); });
-    SHOW(page, error_plot(y, exact_of(exponent, [](long double x) { return expl(x); }), 1), W::Exp_32f(exponent.data(), y.data(), kPoints));
+    SHOW(page, error_plot(y, exact_of(exponent, [](long double x) { return expl(x); }), 1),
+         W::Exp_32f(exponent.data(), y.data(), kPoints));
     SHOW(page, error_plot(y, exact_of(angle, [](long double x) { return atan2l(x, 1); }), 1),
          W::Atan2_32f_A24(angle.data(), ones.data(), y.data(), kPoints));
     SHOW(page, error_plot(y, exact_of(angle, [](long double x) { return hypotl(x, 1); }), 1),
@@ -97,9 +98,12 @@ void show_windows(Page& page)
 void show_vectors(Page& page)
 {
     page.strip("Elementary functions and windows",
-               "Errors against exact values, each column the worst of a hundred arguments, in units of the last place: the sheet is one unit high for "
-               "exponential, arc tangent (from -25 to 25) and hypotenuse, half a unit being perfect rounding, and 2^13 units, 11 bits, for "
-               "the sines of the cheap class, alone and together with the cosine. Below, the Hamming window, and a tone with one 50 dB weaker beside it: "
+               "Errors against exact values, each column the worst of a hundred arguments, in units of the last place: "
+               "the sheet is one unit high for "
+               "exponential, arc tangent (from -25 to 25) and hypotenuse, half a unit being perfect rounding, and 2^13 "
+               "units, 11 bits, for "
+               "the sines of the cheap class, alone and together with the cosine. Below, the Hamming window, and a "
+               "tone with one 50 dB weaker beside it: "
                "without the window (grey) the leakage of the first hides the second.");
     show_errors(page);
     show_windows(page);

@@ -46,9 +46,10 @@ Picture printed_page(const Picture& photo)
 {
     Picture page = sheet(840, 1060);
     write_text(page, 60, 60, 7, "Primitives");
-    const char* const lines[] = {"A page that lies aslant under a camera is a", "projection of the page that was printed. The",
-                                 "matrix that undoes it follows from where its", "four corners are seen; letters stand upright",
-                                 "again, as sharp as the pixels allow."};
+    const char* const lines[] = {
+        "A page that lies aslant under a camera is a", "projection of the page that was printed. The",
+        "matrix that undoes it follows from where its", "four corners are seen; letters stand upright",
+        "again, as sharp as the pixels allow."};
     int y = 150;
     for (const char* line : lines) write_text(page, 60, y += 36, 3, line);
     const double zoom = 720.0 / photo.width;
@@ -152,9 +153,10 @@ void show_warp(const Picture& photo, Page& page)
                   piece.data(), piece.step, piece.width, piece.height);
     show_rotations(piece, page);
 
-    page.strip("A document straightened",
-               "A printed page as a camera sees it that looks at it aslant, and straight again through the inverse of the "
-               "same matrix.");
+    page.strip(
+        "A document straightened",
+        "A printed page as a camera sees it that looks at it aslant, and straight again through the inverse of the "
+        "same matrix.");
     show_document(photo, page);
 
     page.strip("A lens distortion undone", "A barrel made by a map, and the map that undoes it.");
