@@ -1,5 +1,7 @@
 // The LAPACK entry points: their results by residuals in long double, *info by the standard, and what they
 // must not do to the process.
+//
+// Family: lapack_kernels.
 #include <cmath>
 #include <memory>
 
@@ -15,11 +17,13 @@ namespace {
 using M = MKLWrapper;
 using Real = long double;
 
-void gesvd(char ju, char jv, int m, int n, float* a, int lda, float* s, float* u, int ldu, float* vt, int ldvt, float* work, int lwork, int* info)
+void gesvd(char ju, char jv, int m, int n, float* a, int lda, float* s, float* u, int ldu, float* vt, int ldvt,
+           float* work, int lwork, int* info)
 {
     M::Sgesvd(&ju, &jv, &m, &n, a, &lda, s, u, &ldu, vt, &ldvt, work, &lwork, info);
 }
-void gesvd(char ju, char jv, int m, int n, double* a, int lda, double* s, double* u, int ldu, double* vt, int ldvt, double* work, int lwork, int* info)
+void gesvd(char ju, char jv, int m, int n, double* a, int lda, double* s, double* u, int ldu, double* vt, int ldvt,
+           double* work, int lwork, int* info)
 {
     M::Dgesvd(&ju, &jv, &m, &n, a, &lda, s, u, &ldu, vt, &ldvt, work, &lwork, info);
 }
@@ -30,8 +34,13 @@ struct Columns {
     int rows, columns, ld;
     std::vector<T> v;
     Columns(int r, int c, int padding, T fill = T{77})
-        : rows(r), columns(c), ld(r + padding), v(static_cast<std::size_t>(ld) * static_cast<std::size_t>(c) + 1, fill) {}
-    T& operator()(int i, int j) { return v[static_cast<std::size_t>(j) * static_cast<std::size_t>(ld) + static_cast<std::size_t>(i)]; }
+        : rows(r), columns(c), ld(r + padding), v(static_cast<std::size_t>(ld) * static_cast<std::size_t>(c) + 1, fill)
+    {
+    }
+    T& operator()(int i, int j)
+    {
+        return v[static_cast<std::size_t>(j) * static_cast<std::size_t>(ld) + static_cast<std::size_t>(i)];
+    }
     T operator()(int i, int j) const { return const_cast<Columns&>(*this)(i, j); }
     bool padding_is(T fill) const
     {
@@ -114,7 +123,8 @@ void check_svd(char ju, char jv, int m, int n, int padding, std::mt19937& g)
     for (int i = 0; i < m; ++i) {
         for (int j = 0; j < n; ++j) {
             Real sum = -Real{original(i, j)};
-            for (int r = 0; r < k; ++r) sum += Real{left(i, r)} * Real{s[static_cast<std::size_t>(r)]} * Real{right(j, r)};
+            for (int r = 0; r < k; ++r)
+                sum += Real{left(i, r)} * Real{s[static_cast<std::size_t>(r)]} * Real{right(j, r)};
             ASSERT_LE(std::fabs(sum), tolerance * s[0]) << i << ", " << j;
         }
     }
@@ -148,7 +158,8 @@ TEST(Lapack, LinearSystems)
             if ((options().brief || orv::orv_variant_index % 3 != 0) && n > 65) continue;
             for (char trans : {'N', 'T', 'C', 'n', 't'}) {
                 const int nrhs = uniform(g, 1, uniform(g, 0, 1) == 0 ? 3 : 40);
-                const auto a = random_columns<float>(n, n, uniform(g, 0, 3), g), b = random_columns<float>(n, nrhs, uniform(g, 0, 3), g);
+                const auto a = random_columns<float>(n, n, uniform(g, 0, 3), g),
+                           b = random_columns<float>(n, nrhs, uniform(g, 0, 3), g);
                 auto lu = a, x = b;
                 std::vector<int> ipiv(static_cast<std::size_t>(n));
                 int info = -99, size = n, lda = lu.ld, ldb = x.ld, columns = nrhs;
@@ -171,8 +182,10 @@ TEST(Lapack, LinearSystems)
                     for (int i = 0; i < n; ++i) largest = std::max(largest, std::fabs(Real{x(i, c)}));
                     for (int i = 0; i < n; ++i) {
                         Real sum = -Real{b(i, c)};
-                        for (int j = 0; j < n; ++j) sum += (std::toupper(trans) == 'N' ? Real{a(i, j)} : Real{a(j, i)}) * x(j, c);
-                        ASSERT_LE(std::fabs(sum), 4.0L * n * n * std::numeric_limits<float>::epsilon() * norm * largest) << n << trans;
+                        for (int j = 0; j < n; ++j)
+                            sum += (std::toupper(trans) == 'N' ? Real{a(i, j)} : Real{a(j, i)}) * x(j, c);
+                        ASSERT_LE(std::fabs(sum), 4.0L * n * n * std::numeric_limits<float>::epsilon() * norm * largest)
+                            << n << trans;
                     }
                 }
             }
@@ -183,7 +196,8 @@ TEST(Lapack, LinearSystems)
 TEST(Lapack, FactorsOfRectanglesAndSingularMatrices)
 {
     std::mt19937 g = make_generator("singular");
-    const int shapes[][3] = {{5, 5, 3}, {9, 4, 1}, {4, 9, 4}, {100, 100, 77}, {150, 70, 70}, {40, 90, 40}, {10, 30, 0}, {3, 3, 0}};
+    const int shapes[][3] = {{5, 5, 3},     {9, 4, 1},    {4, 9, 4},   {100, 100, 77},
+                             {150, 70, 70}, {40, 90, 40}, {10, 30, 0}, {3, 3, 0}};
     for (const auto& shape : shapes) {
         int m = shape[0], n = shape[1], info = -99;
         auto a = random_columns<float>(m, n, 2, g);
@@ -205,7 +219,8 @@ TEST(Lapack, FactorsOfRectanglesAndSingularMatrices)
                     sum += product;
                     magnitude += std::fabs(product);
                 }
-                ASSERT_LE(std::fabs(sum - a(i, j)), magnitude * n * std::numeric_limits<float>::epsilon()) << i << ", " << j;
+                ASSERT_LE(std::fabs(sum - a(i, j)), magnitude * n * std::numeric_limits<float>::epsilon())
+                    << i << ", " << j;
             }
         }
     }
@@ -213,8 +228,8 @@ TEST(Lapack, FactorsOfRectanglesAndSingularMatrices)
 
 // --- NaNs and infinities ------------------------------------------------------------------------------
 
-// The standard's recursive factorisation, on the rows and columns from `at` on: a search for the pivot that a NaN in the
-// first place ends and that passes over NaNs elsewhere, and triangular solutions that pass over zeros.
+// The standard's recursive factorisation, on the rows and columns from `at` on: a search for the pivot that a NaN in
+// the first place ends and that passes over NaNs elsewhere, and triangular solutions that pass over zeros.
 struct Reference {
     Columns<float>& a;
     std::vector<int>& ipiv;
@@ -280,8 +295,8 @@ TEST(Lapack, NansSpreadAsTheStandardHasIt)
     std::mt19937 g = make_generator("NaNs in factors");
     at_every_level([&] {
         for (int c = 0; c < (options().brief ? 100 : 500); ++c) {
-            // First a column that is zero but for a NaN, at its head or further down; then matrices with columns and rows
-            // of zeros. (Zeros elsewhere would make pivots that are zero but for rounding.)
+            // First a column that is zero but for a NaN, at its head or further down; then matrices with columns and
+            // rows of zeros. (Zeros elsewhere would make pivots that are zero but for rounding.)
             const int least = c % 50 == 49 ? 65 : 1, most = c % 50 == 49 ? 140 : 24;
             int m = c < 3 ? 3 : uniform(g, least, most), n = c < 3 ? 3 : uniform(g, least, most), info = -99;
             Columns<float> a = random_columns<float>(m, n, 1, g);
@@ -293,12 +308,14 @@ TEST(Lapack, NansSpreadAsTheStandardHasIt)
                 const bool none = uniform(g, 0, 5) == 0;
                 for (int j = 0; none && j < n; ++j) a(i, j) = 0;
             }
-            for (int i = 0; i <= c % 3 && c >= 3; ++i) a(uniform(g, 0, m - 1), uniform(g, 0, n - 1)) = uniform(g, 0, 3) == 0 ? INFINITY : NAN;
+            for (int i = 0; i <= c % 3 && c >= 3; ++i)
+                a(uniform(g, 0, m - 1), uniform(g, 0, n - 1)) = uniform(g, 0, 3) == 0 ? INFINITY : NAN;
             if (c < 3) a(c, 0) = NAN;
             auto lu = a;
             const auto size = static_cast<std::size_t>(std::min(m, n));
             std::vector<int> ipiv(size), expected_ipiv(size);
-            const int expected = std::min(m, n) > 64 ? Reference{a, expected_ipiv}.by_blocks(m, n) : Reference{a, expected_ipiv}.factor(0, m, n);
+            const int expected = std::min(m, n) > 64 ? Reference{a, expected_ipiv}.by_blocks(m, n)
+                                                     : Reference{a, expected_ipiv}.factor(0, m, n);
             int lda = lu.ld;
             M::Sgetrf(&m, &n, lu.v.data(), &lda, ipiv.data(), &info);
             ASSERT_EQ(info, expected) << m << " x " << n;
@@ -336,8 +353,10 @@ TEST(Lapack, RefusesBadArguments)
         std::vector<float> f(400, 5);
         std::vector<double> d(400, 5);
         Result rf = {c.info, -99, false}, rd = rf;
-        gesvd(c.ju, c.jv, c.m, c.n, f.data(), c.lda, f.data() + 50, f.data() + 100, c.ldu, f.data() + 150, c.ldvt, f.data() + 200, c.lwork, &rf.info);
-        gesvd(c.ju, c.jv, c.m, c.n, d.data(), c.lda, d.data() + 50, d.data() + 100, c.ldu, d.data() + 150, c.ldvt, d.data() + 200, c.lwork, &rd.info);
+        gesvd(c.ju, c.jv, c.m, c.n, f.data(), c.lda, f.data() + 50, f.data() + 100, c.ldu, f.data() + 150, c.ldvt,
+              f.data() + 200, c.lwork, &rf.info);
+        gesvd(c.ju, c.jv, c.m, c.n, d.data(), c.lda, d.data() + 50, d.data() + 100, c.ldu, d.data() + 150, c.ldvt,
+              d.data() + 200, c.lwork, &rd.info);
         // The workspace is the routine's own: it may note there how much it would need.
         f[200] = 5;
         d[200] = 5;
@@ -346,7 +365,9 @@ TEST(Lapack, RefusesBadArguments)
         results.push_back(rf);
         results.push_back(rd);
     }
-    struct { int m, n, lda, info; } factor[] = {{-1, 3, 3, -1}, {3, -1, 3, -2}, {3, 3, 2, -4}, {0, 0, 0, -4}, {0, 3, 1, 0}};
+    struct {
+        int m, n, lda, info;
+    } factor[] = {{-1, 3, 3, -1}, {3, -1, 3, -2}, {3, 3, 2, -4}, {0, 0, 0, -4}, {0, 3, 1, 0}};
     for (auto& c : factor) {
         std::vector<float> a(9, 5);
         int ipiv[3] = {7, 7, 7};
@@ -355,8 +376,9 @@ TEST(Lapack, RefusesBadArguments)
         r.untouched = a == std::vector<float>(9, 5) && ipiv[0] == 7;
         results.push_back(r);
     }
-    struct { char trans; int n, nrhs, lda, ldb, info; } solve[] = {
-        {'X', 3, 1, 3, 3, -1}, {'N', -1, 1, 3, 3, -2}, {'N', 3, -1, 3, 3, -3}, {'N', 3, 1, 2, 3, -5}, {'N', 3, 1, 3, 2, -8}, {'N', 0, 1, 1, 1, 0}};
+    struct { char trans; int n, nrhs, lda, ldb, info;
+    } solve[] = {{'X', 3, 1, 3, 3, -1}, {'N', -1, 1, 3, 3, -2}, {'N', 3, -1, 3, 3, -3},
+                 {'N', 3, 1, 2, 3, -5}, {'N', 3, 1, 3, 2, -8},  {'N', 0, 1, 1, 1, 0}};
     for (auto& c : solve) {
         std::vector<float> a(9, 5), b(3, 5);
         int ipiv[3] = {1, 2, 3};
@@ -380,7 +402,8 @@ TEST(Lapack, QueryWritesOnlyItsAnswer)
 {
     std::vector<float> all(300, 5);
     int info = -99;
-    gesvd('A', 'A', 6, 4, all.data(), 6, all.data() + 50, all.data() + 100, 6, all.data() + 150, 4, all.data() + 200, -1, &info);
+    gesvd('A', 'A', 6, 4, all.data(), 6, all.data() + 50, all.data() + 100, 6, all.data() + 150, 4, all.data() + 200,
+          -1, &info);
     EXPECT_EQ(info, 0);
     EXPECT_GE(all[200], 5 * 4);
     all[200] = 5;
@@ -400,7 +423,8 @@ TEST(Lapack, NonFiniteInputEnds)
         for (int j = 0; j < n; ++j) {
             for (int i = 0; i < m; ++i) f(i, j) = static_cast<float>(a(i, j));
         }
-        std::vector<double> u(static_cast<std::size_t>(m * m)), vt(static_cast<std::size_t>(n * n)), s(static_cast<std::size_t>(k)), work(500);
+        std::vector<double> u(static_cast<std::size_t>(m * m)), vt(static_cast<std::size_t>(n * n)),
+            s(static_cast<std::size_t>(k)), work(500);
         std::vector<float> uf(u.size()), vtf(vt.size()), sf(s.size()), workf(500);
         std::vector<int> ipiv(s.size());
         int info = -99, info_f = -99, rows = m, columns = n;
@@ -416,7 +440,8 @@ TEST(Lapack, NonFiniteInputEnds)
         }
         M::Sgetrf(&rows, &columns, f.v.data(), &rows, ipiv.data(), &info);
         EXPECT_GE(info, 0);
-        for (int i = 0; i < k; ++i) EXPECT_TRUE(ipiv[static_cast<std::size_t>(i)] > i && ipiv[static_cast<std::size_t>(i)] <= m);
+        for (int i = 0; i < k; ++i)
+            EXPECT_TRUE(ipiv[static_cast<std::size_t>(i)] > i && ipiv[static_cast<std::size_t>(i)] <= m);
     }
 }
 

@@ -1,4 +1,6 @@
 // LAPACK routines: the arguments as they are.
+//
+// Family: lapack_kernels.
 #include "MKLWrapper.h"
 
 #include "linalg/lapack.h"

@@ -1,3 +1,4 @@
+// Families: fft.
 #include "FFTWrapper.h"
 
 #include "facade/object_memory.h"

@@ -16,8 +16,8 @@ bool ImageProcessingWrapper::MulPack_32f_C1IR(const float* src, int srcStep, flo
     return MulPack_32f_C1R(src, srcStep, srcDst, srcDstStep, srcDst, srcDstStep, width, height);
 }
 
-bool ImageProcessingWrapper::MulPackConj_32f_C1IR(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                                                  int height)
+bool ImageProcessingWrapper::MulPackConj_32f_C1IR(const float* src, int srcStep, float* srcDst, int srcDstStep,
+                                                  int width, int height)
 {
     return MulPackConj_32f_C1R(src, srcStep, srcDst, srcDstStep, srcDst, srcDstStep, width, height);
 }

@@ -34,7 +34,7 @@ RandomNumberGenerator& RandomNumberGenerator::operator=(const RandomNumberGenera
     return *this;
 }
 
-// Intended: true even without a stream. GenerateGaussian() tells.
+// Intended: true even without a stream. GenerateGaussian() is the one that fails then.
 bool RandomNumberGenerator::Init(int seed)
 {
     Cleanup();
