@@ -40,7 +40,8 @@ double ulps(Exact exact, T got)
     int exponent;
     std::frexp(exact, &exponent);
     if (exponent < std::numeric_limits<T>::min_exponent) exponent = std::numeric_limits<T>::min_exponent;
-    return static_cast<double>(std::fabs(got - exact) / std::ldexp(Exact{1}, exponent - std::numeric_limits<T>::digits));
+    return static_cast<double>(std::fabs(got - exact) /
+                               std::ldexp(Exact{1}, exponent - std::numeric_limits<T>::digits));
 }
 
 template <class T, class Exact>
@@ -106,7 +107,8 @@ void each_float(std::uint32_t first, std::uint32_t last, std::uint32_t step, Vis
 }
 
 template <class Kernel, class Reference, class Metric>
-Worst worst_float(std::uint32_t first, std::uint32_t last, std::uint32_t step, Kernel kernel, Reference reference, Metric metric)
+Worst worst_float(std::uint32_t first, std::uint32_t last, std::uint32_t step, Kernel kernel, Reference reference,
+                  Metric metric)
 {
     Worst worst;
     std::vector<float> y(kBlock);
@@ -160,7 +162,8 @@ void angles_11_bits(std::uint32_t step)
 }
 
 template <class Kernel, class Reference, class Metric>
-Worst worst_double(double low, double high, bool logarithmic, long count, Kernel kernel, Reference reference, Metric metric)
+Worst worst_double(double low, double high, bool logarithmic, long count, Kernel kernel, Reference reference,
+                   Metric metric)
 {
     Worst worst;
     std::mt19937_64 g(1);
@@ -169,7 +172,8 @@ Worst worst_double(double low, double high, bool logarithmic, long count, Kernel
     for (long done = 0; done < count; done += kBlock) {
         for (double& v : x) v = logarithmic ? std::exp2(range(g)) : range(g);
         kernel(x.data(), y.data(), kBlock);
-        for (std::size_t i = 0; i < kBlock; ++i) worst.note(metric(reference(static_cast<long double>(x[i])), y[i]), x[i]);
+        for (std::size_t i = 0; i < kBlock; ++i)
+            worst.note(metric(reference(static_cast<long double>(x[i])), y[i]), x[i]);
     }
     return worst;
 }
@@ -190,11 +194,13 @@ int main(int argc, char** argv)
     const auto relative_f = [](double exact, float got) { return relative(exact, got); };
     const auto ulps_d = [](long double exact, double got) { return ulps(exact, got); };
     const auto relative_d = [](long double exact, double got) { return relative(exact, got); };
-    const auto doubles_ulps = [&](const char* name, double low, double high, bool logarithmic, auto kernel, auto reference) {
+    const auto doubles_ulps = [&](const char* name, double low, double high, bool logarithmic, auto kernel,
+                                  auto reference) {
         table.row(name, "ulp", [&] { return worst_double(low, high, logarithmic, count, kernel, reference, ulps_d); });
     };
     const auto angles = [&](const char* name, double low, double high, bool logarithmic, auto kernel, auto reference) {
-        table.row(name, "relative", [&] { return worst_double(low, high, logarithmic, count, kernel, reference, relative_d); });
+        table.row(name, "relative",
+                  [&] { return worst_double(low, high, logarithmic, count, kernel, reference, relative_d); });
     };
     std::vector<double> other_d(kBlock);
 
@@ -231,7 +237,8 @@ int main(int argc, char** argv)
     // Where only quadruple precision has all the digits of an angle, a hundredth as many.
     const auto huge = [&](const char* name, auto kernel, auto reference) {
         const auto exact = [reference](long double x) { return static_cast<long double>(reference(x)); };
-        table.row(name, "relative", [&] { return worst_double(17, 1024, true, count / 100, kernel, exact, relative_d); });
+        table.row(name, "relative",
+                  [&] { return worst_double(17, 1024, true, count / 100, kernel, exact, relative_d); });
     };
     huge("SinCos_64f_A50, sine 2^17 to 2^1024", sine_50, sinq);
     huge("SinCos_64f_A50, cosine 2^17 to 2^1024", cosine_50, cosq);

@@ -59,9 +59,10 @@ TEST(Features, EachBitFromItsRegister)
         int bit;
     };
     using R = Identification::Registers;
-    const Row leaf1[] = {{kMmx, &R::edx, 23},   {kSse, &R::edx, 25},   {kSse2, &R::edx, 26},  {kSse3, &R::ecx, 0},      {kSsse3, &R::ecx, 9},
-                         {kMovbe, &R::ecx, 22}, {kSse41, &R::ecx, 19}, {kSse42, &R::ecx, 20}, {kAvx, &R::ecx, 28},      {kAes, &R::ecx, 25},
-                         {kPclmulqdq, &R::ecx, 1}, {kRdrand, &R::ecx, 30}, {kF16c, &R::ecx, 29}};
+    const Row leaf1[] = {{kMmx, &R::edx, 23},  {kSse, &R::edx, 25},   {kSse2, &R::edx, 26},     {kSse3, &R::ecx, 0},
+                         {kSsse3, &R::ecx, 9}, {kMovbe, &R::ecx, 22}, {kSse41, &R::ecx, 19},    {kSse42, &R::ecx, 20},
+                         {kAvx, &R::ecx, 28},  {kAes, &R::ecx, 25},   {kPclmulqdq, &R::ecx, 1}, {kRdrand, &R::ecx, 30},
+                         {kF16c, &R::ecx, 29}};
     for (const Row& row : leaf1) {
         Identification id = {};
         id.supported = true;
@@ -299,12 +300,14 @@ TEST(InPlace, RegionsBeyondMemoryAreRefused)
         {"ThresholdLess_32f_C3IR", false, [=](int x, int y) { return W::ThresholdLess_32f_C3IR(f, 4, x, y, floats); }},
         {"Add_32fc_C1I", true, [=](int x, int y) { return W::Add_32fc_C1I(z, 4, z, 4, x, y); }},
     };
-    const Size sizes[] = {{2147483642, 400000000},  {2147483631, 1140000000}, {1074003968, 2147479553}, {537001984, 2147479553},
-                          {358001322, 2147479553},  {1 << 30, 1 << 30},       {1 << 16, 1 << 16},       {0x7FFFFFFF, 0x7FFFFFFF},
-                          {1, 1 << 25},             {0x7FFFFFFF, 1}};
+    const Size sizes[] = {{2147483642, 400000000}, {2147483631, 1140000000}, {1074003968, 2147479553},
+                          {537001984, 2147479553}, {358001322, 2147479553},  {1 << 30, 1 << 30},
+                          {1 << 16, 1 << 16},      {0x7FFFFFFF, 0x7FFFFFFF}, {1, 1 << 25},
+                          {0x7FFFFFFF, 1}};
     for (const Form& form : forms) {
         for (const Size& size : sizes) {
-            EXPECT_EQ(form.call(size.width, size.height), form.always_true) << form.name << ' ' << size.width << " x " << size.height;
+            EXPECT_EQ(form.call(size.width, size.height), form.always_true)
+                << form.name << ' ' << size.width << " x " << size.height;
         }
     }
     EXPECT_EQ(std::memcmp(memory.data(), before.data(), memory.size() * sizeof(Complex32f)), 0);
@@ -351,7 +354,8 @@ TEST(InPlace, VectorsOfUpToTwoGigabytes)
     const int most = 0x7FFFFFFF;
     for (const Form& form : forms) {
         const int longest = most / form.element_bytes;
-        const std::size_t expected = form.copies ? static_cast<std::size_t>(longest) * static_cast<std::size_t>(form.element_bytes) : 64;
+        const std::size_t expected =
+            form.copies ? static_cast<std::size_t>(longest) * static_cast<std::size_t>(form.element_bytes) : 64;
         EXPECT_EQ(request_of([&] { form.call(longest); }), expected + 64 + sizeof(void*)) << form.name;
         if (longest < most) {
             EXPECT_EQ(request_of([&] { form.call(longest + 1); }), 0u) << form.name;
@@ -436,8 +440,9 @@ TEST(Image, AssignmentSharesTheDescription)
 // --- Static-only classes --------------------------------------------------------------------------
 
 template <class Class>
-constexpr bool without_instances = !std::is_default_constructible<Class>::value && !std::is_copy_constructible<Class>::value &&
-                                   !std::is_destructible<Class>::value && std::is_copy_assignable<Class>::value;
+constexpr bool without_instances =
+    !std::is_default_constructible<Class>::value && !std::is_copy_constructible<Class>::value &&
+    !std::is_destructible<Class>::value && std::is_copy_assignable<Class>::value;
 static_assert(without_instances<ImageProcessingWrapper> && without_instances<SignalProcessingWrapper>, "");
 static_assert(without_instances<MatrixWrapper> && without_instances<MKLWrapper>, "");
 

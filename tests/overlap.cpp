@@ -67,11 +67,13 @@ template <class T> T value(const u8* p)
 #define ONE_SCALED(name, T) \
     METHOD(name, T, T, 1, 1, src1, c.src1Step, value<T>(c.constants), dst, c.dstStep, c.width, c.height, 1)
 #define VALUES(name, T, n) METHOD(name, T, T, n, n, src1, c.src1Step, values, dst, c.dstStep, c.width, c.height)
-#define VALUES_SCALED(name, T, n) METHOD(name, T, T, n, n, src1, c.src1Step, values, dst, c.dstStep, c.width, c.height, 1)
+#define VALUES_SCALED(name, T, n) \
+    METHOD(name, T, T, n, n, src1, c.src1Step, values, dst, c.dstStep, c.width, c.height, 1)
 #define SET(name, T, n) METHOD(name, T, T, n, n, values, dst, c.dstStep, c.width, c.height)
 #define COUNTS(name, n) \
     METHOD(name, u8, u8, n, n, src1, c.src1Step, from<unsigned>(c.constants), dst, c.dstStep, c.width, c.height)
-#define MASK(name, T, n) METHOD(name, T, u8, n, 1, src1, c.src1Step, src2, c.src2Step, dst, c.dstStep, c.width, c.height)
+#define MASK(name, T, n) \
+    METHOD(name, T, u8, n, 1, src1, c.src1Step, src2, c.src2Step, dst, c.dstStep, c.width, c.height)
 #define MASK_VALUE(name, T) \
     METHOD(name, T, u8, 1, 1, src1, c.src1Step, value<T>(c.constants), dst, c.dstStep, c.width, c.height)
 #define MASK_VALUES(name, T, n) METHOD(name, T, u8, n, 1, src1, c.src1Step, values, dst, c.dstStep, c.width, c.height)
@@ -115,7 +117,8 @@ const Method kMethods[] = {
     IMAGE(Abs_32f_C3, float, 3),
     IMAGE(MaxEvery_32f_C1I, float, 1),
     IMAGE(Exp_32f_C1, float, 1),
-    METHOD(AddProduct_16u32f_C1I, u16, float, 1, 1, src1, c.src1Step, src2, c.src2Step, dst, c.dstStep, c.width, c.height),
+    METHOD(AddProduct_16u32f_C1I, u16, float, 1, 1, src1, c.src1Step, src2, c.src2Step, dst, c.dstStep, c.width,
+           c.height),
     TWO_IMAGES(Add_32fc_C1, Complex32f, 1),
     TWO_IMAGES(Mul_32fc_C1, Complex32f, 1),
     IMAGE(Div_32fc_C1I, Complex32f, 1),
@@ -140,9 +143,10 @@ const Method kMethods[] = {
     METHOD(ThresholdGreater_32f_C1R, float, float, 1, 1, src1, c.src1Step, dst, c.dstStep, c.width, c.height, 1.5f),
     METHOD(ThresholdLess_32f_C3R, float, float, 3, 3, src1, c.src1Step, dst, c.dstStep, c.width, c.height, values),
     METHOD(ThresholdLess_Val_8u_C1R, u8, u8, 1, 1, src1, c.src1Step, dst, c.dstStep, c.width, c.height, 100, 7),
-    METHOD(Threshold_LTValGTVal_32f_C1R, float, float, 1, 1, src1, c.src1Step, dst, c.dstStep, c.width, c.height, -1, 2, 1, 3),
-    METHOD(Threshold_LTValGTVal_32f_C3R, float, float, 3, 3, src1, c.src1Step, dst, c.dstStep, c.width, c.height, values,
-           values + 1, values, values + 2),
+    METHOD(Threshold_LTValGTVal_32f_C1R, float, float, 1, 1, src1, c.src1Step, dst, c.dstStep, c.width, c.height, -1, 2,
+           1, 3),
+    METHOD(Threshold_LTValGTVal_32f_C3R, float, float, 3, 3, src1, c.src1Step, dst, c.dstStep, c.width, c.height,
+           values, values + 1, values, values + 2),
 };
 
 // Where things lie in the memory that they share.
@@ -154,8 +158,8 @@ constexpr int kMiddle = 12000, kAll = 2 * kMiddle;
 
 Call call_on(u8* memory, const Placement& p)
 {
-    return {memory + p.src1, p.src1Step, memory + p.src2, p.src2Step, memory + p.constants, memory + p.dst, p.dstStep, p.width,
-            p.height};
+    return {memory + p.src1, p.src1Step, memory + p.src2, p.src2Step, memory + p.constants,
+            memory + p.dst,  p.dstStep,  p.width,         p.height};
 }
 
 // A row is the method's result on a copy of everything, into memory of its own.
@@ -168,8 +172,8 @@ bool expected(const Method& method, const Placement& p, Bytes& memory)
         const Bytes now = memory;
         u8* const place = memory.data() + p.dst + y * p.dstStep;
         Bytes row(place, place + row_bytes);
-        good &= method.run({now.data() + p.src1 + y * p.src1Step, p.src1Step, now.data() + p.src2 + y * p.src2Step, p.src2Step,
-                            before.data() + p.constants, row.data(), p.dstStep, p.width, 1});
+        good &= method.run({now.data() + p.src1 + y * p.src1Step, p.src1Step, now.data() + p.src2 + y * p.src2Step,
+                            p.src2Step, before.data() + p.constants, row.data(), p.dstStep, p.width, 1});
         std::memcpy(place, row.data(), row_bytes);
     }
     return good;
@@ -186,7 +190,8 @@ Placement random_placement(const Method& method, std::mt19937& g)
     Placement p = {};
     p.width = pick(g, {1, 2, 3, 5, 16, 17, 33, 70});
     p.height = 1 + static_cast<int>(g() % 5);
-    const int src_row = p.width * method.src_bytes, dst_row = p.width * method.dst_bytes, row = std::max(src_row, dst_row);
+    const int src_row = p.width * method.src_bytes, dst_row = p.width * method.dst_bytes,
+              row = std::max(src_row, dst_row);
     p.dstStep = dst_row + pick(g, {0, 0, 4, 7, 32});
     p.src1Step = pick(g, {src_row, src_row, p.dstStep, src_row + 8});
     p.src2Step = pick(g, {src_row, p.src1Step, p.dstStep, 2 * src_row});
@@ -216,9 +221,9 @@ void check(const Method& method, const Placement& p, const Bytes& memory)
     at_every_level([&] {
         Bytes got = memory;
         EXPECT_EQ(method.run(call_on(got.data(), p)), good);
-        ASSERT_TRUE(got == want) << method.name << " " << p.width << "x" << p.height << " src " << p.src1 - p.dst << " step "
-                                 << p.src1Step << ", src2 " << p.src2 - p.dst << " step " << p.src2Step << ", dst step "
-                                 << p.dstStep << ", constants " << p.constants - p.dst;
+        ASSERT_TRUE(got == want) << method.name << " " << p.width << "x" << p.height << " src " << p.src1 - p.dst
+                                 << " step " << p.src1Step << ", src2 " << p.src2 - p.dst << " step " << p.src2Step
+                                 << ", dst step " << p.dstStep << ", constants " << p.constants - p.dst;
     });
 }
 
@@ -240,7 +245,8 @@ TEST(Overlap, StepsOfAnyKind)
 {
     std::mt19937 g = make_generator("overlap steps");
     const Bytes memory = random_memory(g);
-    for (const char* name : {"Copy_8u_C1", "Copy_8u_C3", "Convert_8u16u_C1", "Add_8u_C1", "Sub_16u_C1", "AddC_8u_C1", "Add_32f_C1"}) {
+    for (const char* name :
+         {"Copy_8u_C1", "Copy_8u_C3", "Convert_8u16u_C1", "Add_8u_C1", "Sub_16u_C1", "AddC_8u_C1", "Add_32f_C1"}) {
         for (const Method& method : kMethods) {
             if (std::strcmp(method.name, name) != 0) continue;
             for (int n = 0; n < 150; ++n) {
@@ -352,18 +358,21 @@ TEST(Overlap, Transposition)
     }();
     for (int n = 0; n < 300; ++n) {
         const int width = pick(g, {1, 2, 5, 8, 19, 70}), height = pick(g, {1, 3, 4, 9, 16, 67});
-        const int src_step = 4 * pick(g, {width, width + 3, height}), dst_step = 4 * pick(g, {height, height, height + 5, 1, height / 2, -height});
+        const int src_step = 4 * pick(g, {width, width + 3, height}),
+                  dst_step = 4 * pick(g, {height, height, height + 5, 1, height / 2, -height});
         const int src = kMiddle, dst = src + static_cast<int>(g() % 301) - 150 + (n % 3 == 0 ? 4000 : 0);
         std::vector<int> want = memory;
         for (int x = 0; x < width; ++x) {
             const std::vector<int> now = want;
-            for (int y = 0; y < height; ++y) want.data()[dst + x * dst_step / 4 + y] = now.data()[src + y * src_step / 4 + x];
+            for (int y = 0; y < height; ++y)
+                want.data()[dst + x * dst_step / 4 + y] = now.data()[src + y * src_step / 4 + x];
         }
         at_every_level([&] {
             std::vector<int> got = memory;
             ASSERT_TRUE(W::Transpose_32f_C1R(reinterpret_cast<float*>(got.data() + src), src_step,
                                              reinterpret_cast<float*>(got.data() + dst), dst_step, width, height));
-            ASSERT_TRUE(got == want) << width << "x" << height << " steps " << src_step << " " << dst_step << ", dst " << dst - src;
+            ASSERT_TRUE(got == want) << width << "x" << height << " steps " << src_step << " " << dst_step << ", dst "
+                                     << dst - src;
         });
     }
 }
@@ -404,7 +413,9 @@ Bytes bordered(const BorderMethod& method, const Border& b, Bytes memory, const 
 {
     const int n = method.pixel_bytes, bottom = b.dstHeight - b.top - b.srcHeight;
     const Bytes source = memory;  // for one place of source and destination
-    const auto put = [&](int y, const Bytes& row) { std::memcpy(memory.data() + b.dst + y * b.dstStep, row.data(), row.size()); };
+    const auto put = [&](int y, const Bytes& row) {
+        std::memcpy(memory.data() + b.dst + y * b.dstStep, row.data(), row.size());
+    };
     const auto filled = [&] {
         Bytes row;
         for (int x = 0; x < b.dstWidth; ++x) row.insert(row.end(), value.begin(), value.begin() + n);
@@ -416,7 +427,8 @@ Bytes bordered(const BorderMethod& method, const Border& b, Bytes memory, const 
         for (int x = 0; x < b.dstWidth; ++x) {
             const int column = x - b.left, nearest = std::min(std::max(column, 0), b.srcWidth - 1);
             if (method.constant && column != nearest) continue;
-            std::memcpy(row.data() + x * n, now.data() + b.src + y * b.srcStep + nearest * n, static_cast<std::size_t>(n));
+            std::memcpy(row.data() + x * n, now.data() + b.src + y * b.srcStep + nearest * n,
+                        static_cast<std::size_t>(n));
         }
         return row;
     };
@@ -426,7 +438,8 @@ Bytes bordered(const BorderMethod& method, const Border& b, Bytes memory, const 
     };
     if (method.constant) for (int y = 0; y < b.top; ++y) put(y, filled());
     for (int y = 0; y < b.srcHeight; ++y) put(b.top + y, middle(y));
-    for (int y = 0; y < bottom; ++y) put(b.top + b.srcHeight + y, method.constant ? filled() : repeated(b.top + b.srcHeight - 1));
+    for (int y = 0; y < bottom; ++y)
+        put(b.top + b.srcHeight + y, method.constant ? filled() : repeated(b.top + b.srcHeight - 1));
     if (!method.constant) for (int y = 0; y < b.top; ++y) put(y, repeated(b.top));
     return memory;
 }
@@ -454,9 +467,9 @@ TEST(Overlap, Borders)
             at_every_level([&] {
                 Bytes got = memory;
                 EXPECT_TRUE(method.run(got.data(), b, value.data()));
-                ASSERT_TRUE(got == want) << method.name << " " << b.srcWidth << "x" << b.srcHeight << " step " << b.srcStep << " to "
-                                         << b.dstWidth << "x" << b.dstHeight << " step " << b.dstStep << " at " << b.top << ", "
-                                         << b.left << ", src " << b.src - b.dst;
+                ASSERT_TRUE(got == want) << method.name << " " << b.srcWidth << "x" << b.srcHeight << " step "
+                                         << b.srcStep << " to " << b.dstWidth << "x" << b.dstHeight << " step "
+                                         << b.dstStep << " at " << b.top << ", " << b.left << ", src " << b.src - b.dst;
             });
             ASSERT_FALSE(HasFatalFailure());
         }
@@ -471,7 +484,8 @@ TEST(Overlap, BorderOfMoreThanAllMemory)
     float* const floats = reinterpret_cast<float*>(buffer.data());
     at_every_level([&] {
         for (const int width : {2147483631, 1073741825}) {
-            EXPECT_FALSE(W::CopyReplicateBorder_32f_C1I(floats, 4, width, 1136903107, width, 1136903107, 0, 0)) << width;
+            EXPECT_FALSE(W::CopyReplicateBorder_32f_C1I(floats, 4, width, 1136903107, width, 1136903107, 0, 0))
+                << width;
         }
         ASSERT_EQ(buffer, before);
     });

@@ -15,6 +15,7 @@ GAUSS = "src/image/filters/gauss.cpp"
 BITWISE = "src/image/bits/bitwise.cpp"
 THRESHOLD = "src/image/bits/threshold.cpp"
 HISTOGRAM = "src/image/statistics/histogram.cpp"
+COPY_FEW = "src/image/statistics/copy_few.h"
 EXTREMES = "src/image/statistics/extremes.cpp"
 FILTERS = "src/image/filters/filters_integer.cpp"
 ELIMINATION = "src/linalg/elimination.cpp"
@@ -51,7 +52,7 @@ FAULTS = [
     ("the last vector is not stored", FULL_VECTORS, "    store(n - N, last);\n", "    static_cast<void>(last);\n", VARIANTS),
     ("a histogram counts into the bin behind the last", HISTOGRAM, "value < l.lower || value >= l.upper", "value < l.lower || value > l.upper", "Statistics*:*Histogram*"),
     ("the rest of a row is not counted", HISTOGRAM, "    for (; i < n; ++i) ++tables[place[get(p + i)]];", "    for (; i < n - 1; ++i) ++tables[place[get(p + i)]];", "Statistics*:*Histogram*"),
-    ("an odd last byte of a short row is left out", EXTREMES, "        if ((bytes & 1) != 0) *d = *s;\n", "", "Statistics*:" + VARIANTS),
+    ("an odd last byte of a short row is left out", COPY_FEW, "    if ((n & 1) != 0) *d = *s;\n", "", "Statistics*:" + VARIANTS),
     # Arithmetic.
     ("two operations exchanged in the plain text", BITWISE, "one(T a, T b) const { return static_cast<T>(a & b); }", "one(T a, T b) const { return static_cast<T>(a | b); }", VARIANTS),
     ("a shift by one too few in vectors", BITWISE, "many(V a) const { return a << simd::count(bits); }", "many(V a) const { return a << simd::count(bits > 7 ? 7 : bits); }", VARIANTS),

@@ -20,7 +20,8 @@ using Words = std::vector<std::uint32_t>;
 Words telling_floats(std::mt19937& g, int n)
 {
     Words v(static_cast<std::size_t>(n));
-    for (auto& x : v) x = bits_of(random_value<float>(g, static_cast<Fill>(uniform(g, 0, static_cast<int>(Fill::kinds) - 1))));
+    for (auto& x : v)
+        x = bits_of(random_value<float>(g, static_cast<Fill>(uniform(g, 0, static_cast<int>(Fill::kinds) - 1))));
     return v;
 }
 const float* floats(const Words& v) { return reinterpret_cast<const float*>(v.data()); }
@@ -71,15 +72,20 @@ TEST(Spectra, Magnitude)
         Words re = telling_floats(g, n), im = telling_floats(g, n), want(re.size());
         for (std::size_t i = 0; i < re.size(); ++i) {
             // Integers, too: their roots are often exact, or halfway.
-            if (i % 3 == 0) re[i] = bits_of(static_cast<float>(uniform(g, -40000, 40000))), im[i] = bits_of(static_cast<float>(uniform(g, -9, 9)));
+            if (i % 3 == 0)
+                re[i] = bits_of(static_cast<float>(uniform(g, -40000, 40000))),
+                im[i] = bits_of(static_cast<float>(uniform(g, -9, 9)));
             const Quad x = from_bits<float>(re[i]), y = from_bits<float>(im[i]), s = x * x + y * y;
             volatile double sum = static_cast<double>(s);
-            want[i] = s != s ? negative_nan<float> : std::isinf(sum) || sum == 0 ? rounded_twice(s) : rounded_twice(static_cast<Quad>(exact_root(sum)));
+            want[i] = s != s                        ? negative_nan<float>
+                      : std::isinf(sum) || sum == 0 ? rounded_twice(s)
+                                                    : rounded_twice(static_cast<Quad>(exact_root(sum)));
         }
         at_every_level([&] {
             Words got(re.size());
             ASSERT_TRUE(V::Magnitude_32f(floats(re), floats(im), floats(got), n));
-            for (std::size_t i = 0; i < got.size(); ++i) ASSERT_EQ(got[i], want[i]) << std::hex << re[i] << ", " << im[i];
+            for (std::size_t i = 0; i < got.size(); ++i)
+                ASSERT_EQ(got[i], want[i]) << std::hex << re[i] << ", " << im[i];
         });
     }
 }
@@ -92,7 +98,8 @@ TEST(Spectra, RealToComplex)
         at_every_level([&] {
             for (int missing = 0; missing < 3; ++missing) {
                 Words got(2 * re.size());
-                ASSERT_TRUE(V::RealToCplx_32f(missing == 1 ? nullptr : floats(re), missing == 2 ? nullptr : floats(im), reinterpret_cast<Complex32f*>(got.data()), n));
+                ASSERT_TRUE(V::RealToCplx_32f(missing == 1 ? nullptr : floats(re), missing == 2 ? nullptr : floats(im),
+                                              reinterpret_cast<Complex32f*>(got.data()), n));
                 for (std::size_t i = 0; i < re.size(); ++i) {
                     ASSERT_EQ(got[2 * i], missing == 1 ? 0 : re[i]);
                     ASSERT_EQ(got[2 * i + 1], missing == 2 ? 0 : im[i]);
@@ -114,7 +121,8 @@ TEST(Spectra, HammingWindow)
             ASSERT_TRUE(V::WinHamming_32f(ones.data(), window.data(), n));
             for (int k = 0; k < n; ++k) {
                 const double weight = 0.54 - 0.46 * std::cos(2 * pi * k / (n - 1));
-                ASSERT_NEAR(window[static_cast<std::size_t>(k)], weight, 6e-8 + (n > 10000 ? 2e-8 : 0)) << n << ", " << k;
+                ASSERT_NEAR(window[static_cast<std::size_t>(k)], weight, 6e-8 + (n > 10000 ? 2e-8 : 0))
+                    << n << ", " << k;
                 ASSERT_EQ(window[static_cast<std::size_t>(k)], window[static_cast<std::size_t>(n - 1 - k)]);
             }
             if (n % 2 == 1) { ASSERT_EQ(window[count / 2], 1.f); }
@@ -147,8 +155,10 @@ TEST(Spectra, HammingRecurrence)
         // cos by its series in 113 bits.
         volatile double angle = 6.283185307179586 / (n - 1);
         Quad term = 1, sum = 1;
-        for (int i = 2; i < 60; i += 2) sum += term = -term * static_cast<Quad>(angle) * static_cast<Quad>(angle) / (i * (i - 1));
-        const Quad c = rounded(sum), s = static_cast<Quad>(exact_root(static_cast<double>(rounded(1 - rounded(c * c)))));
+        for (int i = 2; i < 60; i += 2)
+            sum += term = -term * static_cast<Quad>(angle) * static_cast<Quad>(angle) / (i * (i - 1));
+        const Quad c = rounded(sum),
+                   s = static_cast<Quad>(exact_root(static_cast<double>(rounded(1 - rounded(c * c)))));
         Quad cosine = 1, sine = 0;
         std::vector<float> src(static_cast<std::size_t>(n), 12345.678f), want(src), got(src);
         for (int k = 0; k < n / 2; ++k) {

@@ -31,7 +31,8 @@ T expected(IntegerOp op, T left, T right, int scaleFactor)
     const Quad l = left, r = right;
     switch (op) {
         case add: return expected_scaled<T>(l + r, 1, scaleFactor);
-        case sub: return expected_scaled<T>(std::numeric_limits<T>::is_signed || left > right ? l - r : 0, 1, scaleFactor);
+        case sub:
+            return expected_scaled<T>(std::numeric_limits<T>::is_signed || left > right ? l - r : 0, 1, scaleFactor);
         case sub_reversed: return expected(sub, right, left, scaleFactor);
         case mul: return expected_scaled<T>(l * r, 1, scaleFactor);
         default: return expected_scaled<T>(l, r, scaleFactor);
@@ -63,7 +64,9 @@ template <class T>
 void pair_extremes(std::vector<T>& left, std::vector<T>& right)
 {
     using L = std::numeric_limits<T>;
-    const T ends[] = {L::min(), L::max(), static_cast<T>(L::min() + 1), static_cast<T>(L::max() - 1), static_cast<T>(L::max() / 2), 1};
+    const T ends[] = {
+        L::min(), L::max(), static_cast<T>(L::min() + 1), static_cast<T>(L::max() - 1), static_cast<T>(L::max() / 2),
+        1};
     std::size_t i = 0;
     for (const T l : ends) {
         for (const T r : ends) left[i] = l, right[i++] = r;
@@ -81,12 +84,15 @@ std::vector<int> scale_factors()
 template <class T> using InPlaceValue = std::function<bool(T*, T, int, int)>;
 template <class T>
 InPlaceValue<T> order(bool (*f)(T*, T, int, int)) { return f; }
-template <class T>
-InPlaceValue<T> order(bool (*f)(T, T*, int, int)) { return [f](T* p, T value, int n, int s) { return f(value, p, n, s); }; }
+template <class T> InPlaceValue<T> order(bool (*f)(T, T*, int, int))
+{
+    return [f](T* p, T value, int n, int s) { return f(value, p, n, s); };
+}
 
 template <class T, class InPlaceConstant>
-void check_integers(const char* name, IntegerOp op, bool (*two)(const T*, const T*, T*, int, int), bool (*in_place)(const T*, T*, int, int), Result rule,
-                    bool (*constant)(const T*, T, T*, int, int), InPlaceConstant constant_in_place, Result constant_rule)
+void check_integers(const char* name, IntegerOp op, bool (*two)(const T*, const T*, T*, int, int),
+                    bool (*in_place)(const T*, T*, int, int), Result rule, bool (*constant)(const T*, T, T*, int, int),
+                    InPlaceConstant constant_in_place, Result constant_rule)
 {
     SCOPED_TRACE(name);
     std::mt19937 g = make_generator(name);
@@ -101,7 +107,8 @@ void check_integers(const char* name, IntegerOp op, bool (*two)(const T*, const 
         at_every_level([&] {
             if (two != nullptr) {
                 ASSERT_EQ(two(right.data(), left.data(), got.data(), n, s), clean);
-                for (std::size_t i = 0; i < want.size(); ++i) ASSERT_EQ(+got[i], +want[i]) << +left[i] << ", " << +right[i] << ", scale factor " << s;
+                for (std::size_t i = 0; i < want.size(); ++i)
+                    ASSERT_EQ(+got[i], +want[i]) << +left[i] << ", " << +right[i] << ", scale factor " << s;
                 got = left;
                 ASSERT_EQ(in_place(right.data(), got.data(), n, s), result_of(rule, clean));
                 ASSERT_EQ(got, want);
@@ -111,7 +118,9 @@ void check_integers(const char* name, IntegerOp op, bool (*two)(const T*, const 
                 const bool fine = op != divide || value != 0;
                 for (std::size_t i = 0; i < want.size(); ++i) want_constant[i] = expected<T>(op, left[i], value, s);
                 ASSERT_EQ(constant(left.data(), value, got.data(), n, s), fine);
-                for (std::size_t i = 0; i < want.size(); ++i) ASSERT_EQ(+got[i], +want_constant[i]) << +left[i] << ", constant " << +value << ", scale factor " << s;
+                for (std::size_t i = 0; i < want.size(); ++i)
+                    ASSERT_EQ(+got[i], +want_constant[i])
+                        << +left[i] << ", constant " << +value << ", scale factor " << s;
                 got = left;
                 ASSERT_EQ(order<T>(constant_in_place)(got.data(), value, n, s), result_of(constant_rule, fine));
                 ASSERT_EQ(got, want_constant);
@@ -123,9 +132,11 @@ void check_integers(const char* name, IntegerOp op, bool (*two)(const T*, const 
 TEST(VectorArithmetic, Integers)
 {
 #define CHECK(T, op, name, suffix, rule, constant_rule) \
-    check_integers<T>(#name "_" #suffix, op, V::name##_##suffix, V::name##_##suffix##_I, rule, V::name##C_##suffix, V::name##C_##suffix##_I, constant_rule)
+    check_integers<T>(#name "_" #suffix, op, V::name##_##suffix, V::name##_##suffix##_I, rule, V::name##C_##suffix, \
+                      V::name##C_##suffix##_I, constant_rule)
 #define CHECK_REVERSED(T, suffix) \
-    check_integers<T>("SubCRev_" #suffix, sub_reversed, nullptr, nullptr, normal, V::SubCRev_##suffix, V::SubCRev_##suffix##_I, normal)
+    check_integers<T>("SubCRev_" #suffix, sub_reversed, nullptr, nullptr, normal, V::SubCRev_##suffix, \
+                      V::SubCRev_##suffix##_I, normal)
     CHECK(u8, add, Add, 8u, normal, normal);
     CHECK(u8, sub, Sub, 8u, normal, inverted);
     CHECK(u8, mul, Mul, 8u, inverted, inverted);
@@ -154,7 +165,8 @@ TEST(VectorArithmetic, FixedPointQuotients)
         for (const unsigned value : {0u, 1u, 2u, 3u, 5u, 7u, 255u, 32767u, 32768u, 50000u, 65534u, 65535u}) {
             for (std::size_t i = 0; i < 65536; ++i) {
                 const unsigned long long q = i == 0 ? 0 : (static_cast<unsigned long long>(value) << 16) / i;
-                want[i] = i == 0 ? static_cast<u16>(value == 0 ? 0 : 65535) : static_cast<u16>((q + 32767 + ((q >> 16 & 1) != 0 ? 2 : 0)) >> 16);
+                want[i] = i == 0 ? static_cast<u16>(value == 0 ? 0 : 65535)
+                                 : static_cast<u16>((q + 32767 + ((q >> 16 & 1) != 0 ? 2 : 0)) >> 16);
             }
             ASSERT_FALSE(V::DivCRev_16u(src.data(), static_cast<u16>(value), got.data(), 65536));
             ASSERT_EQ(got, want) << value;
@@ -185,7 +197,9 @@ std::vector<BitsOf<F>> telling_floats(std::mt19937& g, std::size_t n)
         // Near the ends of the range: products and quotients that become subnormal or overflow.
         if (uniform(g, 0, 3) == 0) {
             const int reach = sizeof(F) == 4 ? 75 : 538;
-            x = bits_of(static_cast<F>(std::ldexp(1 + static_cast<double>(g()) / 4294967296.0, uniform(g, 0, 1) == 0 ? uniform(g, -reach, -reach + 30) : uniform(g, reach - 30, reach))));
+            x = bits_of(static_cast<F>(
+                std::ldexp(1 + static_cast<double>(g()) / 4294967296.0,
+                           uniform(g, 0, 1) == 0 ? uniform(g, -reach, -reach + 30) : uniform(g, reach - 30, reach))));
         }
     }
     return v;
@@ -193,8 +207,9 @@ std::vector<BitsOf<F>> telling_floats(std::mt19937& g, std::size_t n)
 template <class B> bool is_zero(B x) { return (x << 1) == 0; }
 
 template <class F>
-void check_floats(const char* name, FloatOp op, FloatOp constant_op, bool is_reversed, bool (*two)(const F*, const F*, F*, int), bool (*in_place)(const F*, F*, int),
-                  Result rule, bool (*constant)(const F*, F, F*, int), FloatInPlace<F> constant_in_place)
+void check_floats(const char* name, FloatOp op, FloatOp constant_op, bool is_reversed,
+                  bool (*two)(const F*, const F*, F*, int), bool (*in_place)(const F*, F*, int), Result rule,
+                  bool (*constant)(const F*, F, F*, int), FloatInPlace<F> constant_in_place)
 {
     SCOPED_TRACE(name);
     std::mt19937 g = make_generator(name);
@@ -207,7 +222,8 @@ void check_floats(const char* name, FloatOp op, FloatOp constant_op, bool is_rev
         bool has_zero = false, has_zero_source = false;
         for (std::size_t i = 0; i < want.size(); ++i) {
             want[i] = expected_float<F>(op, left[i], right[i]);
-            want_constant[i] = is_reversed ? expected_float<F>(constant_op, value, left[i]) : expected_float<F>(constant_op, left[i], value);
+            want_constant[i] = is_reversed ? expected_float<F>(constant_op, value, left[i])
+                                           : expected_float<F>(constant_op, left[i], value);
             if (op == float_add && sizeof(F) == 8 && is_zero(value)) want_constant[i] = left[i];  // AddC_64f copies
             has_zero |= is_zero(right[i]);
             has_zero_source |= is_zero(left[i]);
@@ -221,7 +237,8 @@ void check_floats(const char* name, FloatOp op, FloatOp constant_op, bool is_rev
             if (two != nullptr) {
                 const bool clean = op != float_div || !has_zero;
                 ASSERT_EQ(two(source(right), source(left), pointer(got), n), clean);
-                for (std::size_t i = 0; i < want.size(); ++i) ASSERT_EQ(got[i], want[i]) << std::hex << left[i] << ", " << right[i];
+                for (std::size_t i = 0; i < want.size(); ++i)
+                    ASSERT_EQ(got[i], want[i]) << std::hex << left[i] << ", " << right[i];
                 got = left;
                 ASSERT_EQ(in_place(source(right), pointer(got), n), result_of(rule, clean));
                 ASSERT_EQ(got, want);
@@ -229,7 +246,8 @@ void check_floats(const char* name, FloatOp op, FloatOp constant_op, bool is_rev
             if (constant == nullptr) return;
             const bool clean = constant_op != float_div || !has_zero_source;
             ASSERT_EQ(constant(source(left), plain_value, pointer(got), n), clean);
-            for (std::size_t i = 0; i < want.size(); ++i) ASSERT_EQ(got[i], want_constant[i]) << std::hex << left[i] << ", constant " << value;
+            for (std::size_t i = 0; i < want.size(); ++i)
+                ASSERT_EQ(got[i], want_constant[i]) << std::hex << left[i] << ", constant " << value;
             got = left;
             ASSERT_EQ(constant_in_place(pointer(got), plain_value, n), clean);
             ASSERT_EQ(got, want_constant);
@@ -240,7 +258,8 @@ void check_floats(const char* name, FloatOp op, FloatOp constant_op, bool is_rev
 TEST(VectorArithmetic, Floats)
 {
 #define CHECK(F, op, constant_op, name, suffix, rule) \
-    check_floats<F>(#name "_" #suffix, op, constant_op, false, V::name##_##suffix, V::name##_##suffix##_I, rule, V::name##C_##suffix, order<F>(V::name##C_##suffix##_I))
+    check_floats<F>(#name "_" #suffix, op, constant_op, false, V::name##_##suffix, V::name##_##suffix##_I, rule, \
+                    V::name##C_##suffix, order<F>(V::name##C_##suffix##_I))
     CHECK(float, float_add, float_add, Add, 32f, normal);
     CHECK(float, float_sub, float_sub, Sub, 32f, normal);
     CHECK(float, float_mul, float_mul, Mul, 32f, normal);
@@ -249,8 +268,10 @@ TEST(VectorArithmetic, Floats)
     CHECK(double, float_mul, float_mul, Mul, 64f, normal);
     CHECK(double, float_div, float_divc, Div, 64f, normal);
 #undef CHECK
-    check_floats<float>("SubCRev_32f", float_sub, float_sub, true, nullptr, nullptr, normal, V::SubCRev_32f, order<float>(V::SubCRev_32f_I));
-    check_floats<float>("DivCRev_32f", float_div, float_div, true, nullptr, nullptr, normal, V::DivCRev_32f, order<float>(V::DivCRev_32f_I));
+    check_floats<float>("SubCRev_32f", float_sub, float_sub, true, nullptr, nullptr, normal, V::SubCRev_32f,
+                        order<float>(V::SubCRev_32f_I));
+    check_floats<float>("DivCRev_32f", float_div, float_div, true, nullptr, nullptr, normal, V::DivCRev_32f,
+                        order<float>(V::DivCRev_32f_I));
 }
 
 TEST(VectorArithmetic, AccumulatedProducts)
@@ -258,7 +279,8 @@ TEST(VectorArithmetic, AccumulatedProducts)
     std::mt19937 g = make_generator("AddProduct_32f");
     for (int repeat = 0; repeat < (options().brief ? 10 : 200); ++repeat) {
         const int n = repeat == 0 ? 5000 : uniform(g, 1, 40);
-        const auto a = telling_floats<float>(g, static_cast<std::size_t>(n)), b = telling_floats<float>(g, a.size()), sum = telling_floats<float>(g, a.size());
+        const auto a = telling_floats<float>(g, static_cast<std::size_t>(n)), b = telling_floats<float>(g, a.size()),
+                   sum = telling_floats<float>(g, a.size());
         std::vector<std::uint32_t> want(a.size()), want_constant(a.size());
         for (std::size_t i = 0; i < want.size(); ++i) {
             const Quad x = from_bits<float>(a[i]), s = from_bits<float>(sum[i]);
@@ -269,7 +291,8 @@ TEST(VectorArithmetic, AccumulatedProducts)
             const auto source = [](const auto& v) { return reinterpret_cast<const float*>(v.data()); };
             auto got = sum;
             ASSERT_TRUE(V::AddProduct_32f(source(a), source(b), reinterpret_cast<float*>(got.data()), n));
-            for (std::size_t i = 0; i < want.size(); ++i) ASSERT_EQ(got[i], want[i]) << std::hex << a[i] << " " << b[i] << " " << sum[i];
+            for (std::size_t i = 0; i < want.size(); ++i)
+                ASSERT_EQ(got[i], want[i]) << std::hex << a[i] << " " << b[i] << " " << sum[i];
             got = sum;
             ASSERT_TRUE(V::AddProductC_32f(source(a), *source(b), reinterpret_cast<float*>(got.data()), n));
             ASSERT_EQ(got, want_constant);
@@ -437,7 +460,9 @@ TEST(VectorArithmetic, LongVectorsInPlace)
         const int n = 100003;
         std::vector<u8> bytes(static_cast<std::size_t>(n)), other(bytes);
         std::vector<double> numbers(bytes.size());
-        for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<u8>(i % 100), other[i] = static_cast<u8>(i % 77), numbers[i] = static_cast<double>(i);
+        for (std::size_t i = 0; i < bytes.size(); ++i)
+            bytes[i] = static_cast<u8>(i % 100), other[i] = static_cast<u8>(i % 77),
+            numbers[i] = static_cast<double>(i);
         other[90001] = 0;
         EXPECT_TRUE(V::Add_8u_I(other.data(), bytes.data(), n, 0));
         EXPECT_TRUE(V::AddC_64f_I(numbers.data(), 0.5, n));

@@ -37,7 +37,8 @@ TEST(VectorMoves, CopiesAsIfThroughATemporary)
             Content memory = random_bytes(static_cast<std::size_t>(bytes) + 600), expected = memory;
             const Content before = memory;
             for (std::ptrdiff_t i = 0; i < bytes; ++i) expected[place(begin + distance + i)] = before[place(begin + i)];
-            EXPECT_TRUE(W::Copy_16u(at<unsigned short>(memory, begin), at<unsigned short>(memory, begin + distance), len));
+            EXPECT_TRUE(
+                W::Copy_16u(at<unsigned short>(memory, begin), at<unsigned short>(memory, begin + distance), len));
             EXPECT_EQ(memory, expected) << len << " elements moved by " << distance << " bytes";
         }
     }

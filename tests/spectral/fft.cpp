@@ -28,7 +28,10 @@ double error_bound(int order) { return std::sqrt(std::max(order, 1)) * 0x1p-24 *
 // Memory for a plan of exactly the reported sizes, at addresses that are not aligned.
 class Memory {
 public:
-    explicit Memory(int bytes, std::size_t offset = 4) : owner_(static_cast<std::size_t>(bytes) + offset), offset_(offset) {}
+    explicit Memory(int bytes, std::size_t offset = 4)
+        : owner_(static_cast<std::size_t>(bytes) + offset), offset_(offset)
+    {
+    }
     unsigned char* data() { return owner_.data() + offset_; }
 
 private:
@@ -45,7 +48,8 @@ public:
         memory_.reset(new Memory(spec));
         work_.reset(new Memory(work));
         Memory temporary(init);
-        EXPECT_EQ(orv_FftInit(&spec_, order, flag, 1, memory_->data(), init == 0 ? nullptr : temporary.data()), StatusOk);
+        EXPECT_EQ(orv_FftInit(&spec_, order, flag, 1, memory_->data(), init == 0 ? nullptr : temporary.data()),
+                  StatusOk);
         needs_work_ = work != 0;
     }
     const FftSpec* spec() const { return spec_; }
@@ -67,7 +71,9 @@ public:
         memory_.reset(new Memory(spec));
         work_.reset(new Memory(work));
         Memory temporary(init);
-        EXPECT_EQ(orv_Fft2Init(&spec_, orderX, orderY, flag, 0, memory_->data(), init == 0 ? nullptr : temporary.data()), StatusOk);
+        EXPECT_EQ(
+            orv_Fft2Init(&spec_, orderX, orderY, flag, 0, memory_->data(), init == 0 ? nullptr : temporary.data()),
+            StatusOk);
     }
     Status forward(const float* src, int srcStep, float* dst, int dstStep)
     {
@@ -92,10 +98,11 @@ TEST(Fft, SizesAndChecksInTheirOrder)
         bool null;
         Status status;
     };
-    const Row rows[] = {{-1, 3, true, StatusBadFftOrder}, {31, 3, true, StatusBadFftOrder}, {30, 3, true, StatusNullPointer},
-                        {29, 3, false, StatusBadFftFlag}, {29, 2, false, StatusBadFftOrder}, {30, 8, false, StatusBadFftOrder},
-                        {5, 0, false, StatusBadFftFlag}, {5, 16, false, StatusBadFftFlag}, {5, -1, false, StatusBadFftFlag},
-                        {5, 2, true, StatusNullPointer}, {28, 4, false, StatusOk}};
+    const Row rows[] = {
+        {-1, 3, true, StatusBadFftOrder}, {31, 3, true, StatusBadFftOrder},  {30, 3, true, StatusNullPointer},
+        {29, 3, false, StatusBadFftFlag}, {29, 2, false, StatusBadFftOrder}, {30, 8, false, StatusBadFftOrder},
+        {5, 0, false, StatusBadFftFlag},  {5, 16, false, StatusBadFftFlag},  {5, -1, false, StatusBadFftFlag},
+        {5, 2, true, StatusNullPointer},  {28, 4, false, StatusOk}};
     for (const Row& row : rows) {
         SCOPED_TRACE(std::to_string(row.order) + " " + std::to_string(row.flag));
         int spec = -7, init = -7, work = -7;
@@ -104,7 +111,8 @@ TEST(Fft, SizesAndChecksInTheirOrder)
             EXPECT_THAT((std::vector<int>{spec, init, work}), testing::Each(-7));
             std::vector<unsigned char> memory(4096, 0xAB);
             FftSpec* record = reinterpret_cast<FftSpec*>(&memory);
-            EXPECT_EQ(orv_FftInit(&record, row.order, row.flag, 0, row.null ? nullptr : memory.data(), memory.data()), row.status);
+            EXPECT_EQ(orv_FftInit(&record, row.order, row.flag, 0, row.null ? nullptr : memory.data(), memory.data()),
+                      row.status);
             EXPECT_EQ(record, reinterpret_cast<FftSpec*>(&memory));
             EXPECT_THAT(memory, testing::Each(0xAB));
         }
@@ -151,13 +159,15 @@ TEST(Fft, RefusalsWriteNothing)
     EXPECT_EQ(orv_FftForward_32f(src.data(), dst.data(), nullptr, plan.work()), StatusNullPointer);
     EXPECT_EQ(orv_FftForward_32f(src.data(), dst.data(), plan.spec(), nullptr), StatusNullPointer);
     alignas(64) unsigned char other[256] = {};
-    EXPECT_EQ(orv_FftForward_32f(src.data(), dst.data(), reinterpret_cast<FftSpec*>(other), plan.work()), StatusBadFftRecord);
+    EXPECT_EQ(orv_FftForward_32f(src.data(), dst.data(), reinterpret_cast<FftSpec*>(other), plan.work()),
+              StatusBadFftRecord);
     EXPECT_EQ(plan2.forward(nullptr, 32, dst.data(), 32), StatusNullPointer);
     EXPECT_EQ(plan2.forward(src.data(), 0, dst.data(), 32), StatusBadStep);
     EXPECT_EQ(plan2.forward(src.data(), 32, dst.data(), -32), StatusBadStep);
     EXPECT_EQ(plan2.inverse(src.data(), 32, nullptr, 0), StatusNullPointer);
     EXPECT_EQ(plan2.inverse(src.data(), -1, dst.data(), 32), StatusBadStep);
-    EXPECT_EQ(orv_Fft2Forward_32f(src.data(), 32, dst.data(), 32, reinterpret_cast<Fft2Spec*>(other), other), StatusBadFftRecord);
+    EXPECT_EQ(orv_Fft2Forward_32f(src.data(), 32, dst.data(), 32, reinterpret_cast<Fft2Spec*>(other), other),
+              StatusBadFftRecord);
     EXPECT_THAT(dst, testing::Each(5.0f));
 }
 
@@ -215,7 +225,8 @@ TEST(Fft, ImpulsesGiveEveryRoot)
                 for (std::size_t k = 0; k <= n / 2; ++k) {
                     const Wide want = root(at * k, n);
                     ASSERT_NEAR(out[2 * k], static_cast<double>(want.real()), 3e-7) << order << " " << at << " " << k;
-                    ASSERT_NEAR(out[2 * k + 1], static_cast<double>(want.imag()), 3e-7) << order << " " << at << " " << k;
+                    ASSERT_NEAR(out[2 * k + 1], static_cast<double>(want.imag()), 3e-7)
+                        << order << " " << at << " " << k;
                 }
             }
         });
@@ -232,7 +243,9 @@ TEST(Fft, FlagsScaleTheResult)
         Plan(order, 8).run(x.data(), plain.data());
         for (const int flag : {1, 2, 4}) {
             const double n_double = static_cast<double>(n);
-            const float scale = static_cast<float>(flag == 1 ? 1.0 / n_double : flag == 4 ? 1.0 / std::sqrt(n_double) : 1.0);
+            const float scale = static_cast<float>(flag == 1   ? 1.0 / n_double
+                                                   : flag == 4 ? 1.0 / std::sqrt(n_double)
+                                                               : 1.0);
             at_every_level([&] {
                 Plan(order, flag).run(x.data(), scaled.data());
                 for (std::size_t i = 0; i < written; ++i) {
@@ -269,12 +282,17 @@ TEST(Fft, ExpansionCopiesAndConjugates)
 {
     at_every_level([] {
         for (int length = 1; length <= 9; ++length) {
-            std::vector<std::uint32_t> src(static_cast<std::size_t>(length / 2 + 1) * 2), dst(2 * static_cast<std::size_t>(length) + 2, 99);
-            for (std::size_t i = 0; i < src.size(); ++i) src[i] = static_cast<std::uint32_t>(0x7F800001u + i);  // signalling NaNs
-            ASSERT_EQ(orv_ExpandCcs_32fc(reinterpret_cast<Complex32f*>(src.data()), reinterpret_cast<Complex32f*>(dst.data()), length), StatusOk);
+            std::vector<std::uint32_t> src(static_cast<std::size_t>(length / 2 + 1) * 2),
+                dst(2 * static_cast<std::size_t>(length) + 2, 99);
+            for (std::size_t i = 0; i < src.size(); ++i)
+                src[i] = static_cast<std::uint32_t>(0x7F800001u + i);  // signalling NaNs
+            ASSERT_EQ(orv_ExpandCcs_32fc(reinterpret_cast<Complex32f*>(src.data()),
+                                         reinterpret_cast<Complex32f*>(dst.data()), length),
+                      StatusOk);
             for (int k = 0; k < length; ++k) {
                 const bool mirrored = k > length / 2;
-                const std::size_t from = 2 * static_cast<std::size_t>(mirrored ? length - k : k), to = 2 * static_cast<std::size_t>(k);
+                const std::size_t from = 2 * static_cast<std::size_t>(mirrored ? length - k : k),
+                                  to = 2 * static_cast<std::size_t>(k);
                 EXPECT_EQ(dst[to], src[from]);
                 EXPECT_EQ(dst[to + 1], src[from + 1] ^ (mirrored ? 0x80000000u : 0)) << length << " " << k;
             }
@@ -293,7 +311,9 @@ TEST(Fft, ExpansionCopiesAndConjugates)
 std::vector<std::vector<Wide>> dft2(const std::vector<float>& image, std::size_t width, std::size_t height)
 {
     std::vector<std::vector<Wide>> f(height);
-    for (std::size_t y = 0; y < height; ++y) f[y] = dft(std::vector<Wide>(image.begin() + static_cast<std::ptrdiff_t>(y * width), image.begin() + static_cast<std::ptrdiff_t>((y + 1) * width)));
+    for (std::size_t y = 0; y < height; ++y)
+        f[y] = dft(std::vector<Wide>(image.begin() + static_cast<std::ptrdiff_t>(y * width),
+                                     image.begin() + static_cast<std::ptrdiff_t>((y + 1) * width)));
     for (std::size_t u = 0; u < width; ++u) {
         std::vector<Wide> column(height);
         for (std::size_t v = 0; v < height; ++v) column[v] = f[v][u];
@@ -522,7 +542,8 @@ TEST(Fft2, FlagsScaleTheResults)
             plan.forward(image.data(), 128, scaled.data(), 128);
             for (std::size_t i = 0; i < n; ++i) ASSERT_EQ(scaled[i], static_cast<float>(plain[i] * row.forward));
             plan.inverse(image.data(), 128, scaled.data(), 128);
-            for (std::size_t i = 0; i < n; ++i) ASSERT_EQ(scaled[i], static_cast<float>(plain_inverse[i] * row.inverse));
+            for (std::size_t i = 0; i < n; ++i)
+                ASSERT_EQ(scaled[i], static_cast<float>(plain_inverse[i] * row.inverse));
         });
     }
 }
@@ -549,7 +570,8 @@ TEST(Fft2, TouchesItsBlockOnlyAtAnyStep)
             for (const bool inverse : {false, true}) {
                 dst.restore(dst_before);
                 std::vector<float> in(static_cast<std::size_t>(row_bytes * height) / 4), out(in.size());
-                for (int r = 0; r < height; ++r) std::memcpy(in.data() + r * row_bytes / 4, src.row(r), static_cast<std::size_t>(row_bytes));
+                for (int r = 0; r < height; ++r)
+                    std::memcpy(in.data() + r * row_bytes / 4, src.row(r), static_cast<std::size_t>(row_bytes));
                 if (inverse) {
                     plan.inverse(in.data(), row_bytes, out.data(), row_bytes);
                     plan.inverse(src.pixels<float>(), src.step(), dst.pixels<float>(), dst.step());
@@ -558,7 +580,9 @@ TEST(Fft2, TouchesItsBlockOnlyAtAnyStep)
                     plan.forward(src.pixels<float>(), src.step(), dst.pixels<float>(), dst.step());
                 }
                 for (int r = 0; r < height; ++r) {
-                    ASSERT_EQ(std::memcmp(dst.row(r), out.data() + r * row_bytes / 4, static_cast<std::size_t>(row_bytes)), 0);
+                    ASSERT_EQ(
+                        std::memcmp(dst.row(r), out.data() + r * row_bytes / 4, static_cast<std::size_t>(row_bytes)),
+                        0);
                 }
                 ASSERT_EQ(src.bytes(), src_before);
                 // With the block put back as it was, every byte is as it was.
@@ -567,7 +591,9 @@ TEST(Fft2, TouchesItsBlockOnlyAtAnyStep)
                 std::vector<std::vector<unsigned char>> rows;
                 for (int r = 0; r < height; ++r) rows.emplace_back(dst.row(r), dst.row(r) + row_bytes);
                 dst.restore(after);
-                for (int r = 0; r < height; ++r) std::memcpy(dst.row(r), rows[static_cast<std::size_t>(r)].data(), static_cast<std::size_t>(row_bytes));
+                for (int r = 0; r < height; ++r)
+                    std::memcpy(dst.row(r), rows[static_cast<std::size_t>(r)].data(),
+                                static_cast<std::size_t>(row_bytes));
                 ASSERT_EQ(dst.bytes(), dst_before);
             }
         });

@@ -119,7 +119,8 @@ std::vector<Size> small_sizes()
 std::vector<Size> all_sizes()
 {
     std::vector<Size> all = small_sizes();
-    for (const Size s : {Size{70, 69}, Size{1100, 2}, Size{531, 3}, Size{3, 531}, Size{2, 1100}, Size{1, 64}}) all.push_back(s);
+    for (const Size s : {Size{70, 69}, Size{1100, 2}, Size{531, 3}, Size{3, 531}, Size{2, 1100}, Size{1, 64}})
+        all.push_back(s);
     return all;
 }
 
@@ -135,20 +136,28 @@ TEST(PackedImages, FollowDirectTransforms)
         pack(f, packed);
         const double tolerance = 1e-6 * size_of(f);
         at_every_level([&] {
-            FramedFloats all(2 * s.width, s.height), magnitudes(s.width, s.height), phases(s.width, s.height), back(s.width, s.height);
+            FramedFloats all(2 * s.width, s.height), magnitudes(s.width, s.height), phases(s.width, s.height),
+                back(s.width, s.height);
             auto* const complex = reinterpret_cast<Complex32f*>(all.pixels());
-            ASSERT_TRUE(W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), s.width, s.height));
-            ASSERT_TRUE(W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), s.width, s.height));
-            ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(), s.width, s.height));
-            ASSERT_TRUE(W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), s.width, s.height));
+            ASSERT_TRUE(W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), s.width,
+                                                        s.height));
+            ASSERT_TRUE(
+                W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), s.width, s.height));
+            ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(),
+                                                 s.width, s.height));
+            ASSERT_TRUE(W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), s.width,
+                                             s.height));
             for (int v = 0; v < s.height; ++v) {
                 for (int u = 0; u < s.width; ++u) {
                     const Wide want = f.at(v, u);
-                    ASSERT_NEAR(all.value(2 * u, v), static_cast<double>(want.real()), tolerance) << s.width << " x " << s.height << ": " << v << ", " << u;
-                    ASSERT_NEAR(all.value(2 * u + 1, v), static_cast<double>(want.imag()), tolerance) << s.width << " x " << s.height << ": " << v << ", " << u;
+                    ASSERT_NEAR(all.value(2 * u, v), static_cast<double>(want.real()), tolerance)
+                        << s.width << " x " << s.height << ": " << v << ", " << u;
+                    ASSERT_NEAR(all.value(2 * u + 1, v), static_cast<double>(want.imag()), tolerance)
+                        << s.width << " x " << s.height << ": " << v << ", " << u;
                     ASSERT_NEAR(magnitudes.value(u, v), static_cast<double>(std::abs(want)), tolerance);
                     // Angles on either side of -pi are near to each other.
-                    const long double turn = std::abs(std::polar(1.0L, static_cast<long double>(phases.value(u, v))) - want / std::abs(want));
+                    const long double turn = std::abs(std::polar(1.0L, static_cast<long double>(phases.value(u, v))) -
+                                                      want / std::abs(want));
                     ASSERT_LE(static_cast<double>(turn * std::abs(want)), 2 * tolerance);
                     ASSERT_EQ(back.bits(u, v), packed.bits(u, v));
                 }
@@ -167,9 +176,11 @@ TEST(PackedImages, HaveTheLayoutOfTransforms)
     src.fill([&](int x, int y) { return static_cast<float>(image[static_cast<std::size_t>(y * s.width + x)]); });
     FFT2Wrapper fft(s.width, s.height, false);
     fft.Forward(src.pixels(), src.step(), packed.pixels(), packed.step(), s.width, s.height);
-    ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(), s.width, s.height));
+    ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(),
+                                         s.width, s.height));
     for (int v = 0; v < s.height; ++v) {
-        for (int u = 0; u < s.width; ++u) ASSERT_NEAR(magnitudes.value(u, v), static_cast<double>(std::abs(f.at(v, u))), 1e-6 * size_of(f));
+        for (int u = 0; u < s.width; ++u)
+            ASSERT_NEAR(magnitudes.value(u, v), static_cast<double>(std::abs(f.at(v, u))), 1e-6 * size_of(f));
     }
 }
 
@@ -181,7 +192,9 @@ TEST(PackedImages, ProductsAreConvolutionsAndCorrelations)
     for (const Size s : {Size{1, 1}, Size{2, 3}, Size{5, 4}, Size{8, 8}, Size{9, 7}, Size{24, 6}}) {
         const Signal a = random_image(g, s), b = random_image(g, s);
         Signal convolution(a.size()), correlation(a.size());
-        const auto at = [s](int x, int y) { return static_cast<std::size_t>((y + s.height) % s.height * s.width + (x + s.width) % s.width); };
+        const auto at = [s](int x, int y) {
+            return static_cast<std::size_t>((y + s.height) % s.height * s.width + (x + s.width) % s.width);
+        };
         for (int i = 0; i < s.width * s.height; ++i) {
             const int x = i % s.width, y = i / s.width;
             for (int k = 0; k < s.width * s.height; ++k) {
@@ -190,7 +203,8 @@ TEST(PackedImages, ProductsAreConvolutionsAndCorrelations)
                 correlation[at(x, y)] += a[at(x + dx, y + dy)] * b[at(dx, dy)];
             }
         }
-        FramedFloats first(s.width, s.height), second(s.width, s.height), product(s.width, s.height), want(s.width, s.height);
+        FramedFloats first(s.width, s.height), second(s.width, s.height), product(s.width, s.height),
+            want(s.width, s.height);
         pack(transform(a, s), first);
         pack(transform(b, s), second);
         at_every_level([&] {
@@ -198,9 +212,12 @@ TEST(PackedImages, ProductsAreConvolutionsAndCorrelations)
                 const Spectrum f = transform(conjugate ? correlation : convolution, s);
                 pack(f, want);
                 auto* const multiply = conjugate ? W::MulPackConj_32f_C1R : W::MulPack_32f_C1R;
-                ASSERT_TRUE(multiply(first.pixels(), first.step(), second.pixels(), second.step(), product.pixels(), product.step(), s.width, s.height));
+                ASSERT_TRUE(multiply(first.pixels(), first.step(), second.pixels(), second.step(), product.pixels(),
+                                     product.step(), s.width, s.height));
                 for (int i = 0; i < s.width * s.height; ++i) {
-                    ASSERT_NEAR(product.value(i % s.width, i / s.width), want.value(i % s.width, i / s.width), 1e-6 * size_of(f)) << conjugate;
+                    ASSERT_NEAR(product.value(i % s.width, i / s.width), want.value(i % s.width, i / s.width),
+                                1e-6 * size_of(f))
+                        << conjugate;
                 }
             }
         });
@@ -227,13 +244,15 @@ TEST(PackedImages, ProductsFollowTheFormula)
                         want.set_bits(p.re_x, p.re_y, rounded_twice(re1 * re2));
                         continue;
                     }
-                    const Quad im1 = a.value(p.im_x, p.im_y), im2 = conjugate ? -b.value(p.im_x, p.im_y) : b.value(p.im_x, p.im_y);
+                    const Quad im1 = a.value(p.im_x, p.im_y),
+                               im2 = conjugate ? -b.value(p.im_x, p.im_y) : b.value(p.im_x, p.im_y);
                     want.set_bits(p.re_x, p.re_y, rounded_twice(re1 * re2 - im1 * im2));
                     want.set_bits(p.im_x, p.im_y, rounded_twice(re1 * im2 + im1 * re2));
                 }
             }
             at_every_level([&] {
-                FramedFloats apart(s.width, s.height), first(s.width, s.height), second(s.width, s.height, 0, 0, 1), place(s.width, s.height);
+                FramedFloats apart(s.width, s.height), first(s.width, s.height), second(s.width, s.height, 0, 0, 1),
+                    place(s.width, s.height);
                 const auto copy = [](const FramedFloats& from, FramedFloats& to) {
                     for (int i = 0; i < from.width() * from.height(); ++i) {
                         to.set_bits(i % from.width(), i / from.width(), from.bits(i % from.width(), i / from.width()));
@@ -242,9 +261,12 @@ TEST(PackedImages, ProductsFollowTheFormula)
                 copy(a, first), copy(b, second), copy(b, place);
                 auto* const multiply = conjugate ? W::MulPackConj_32f_C1R : W::MulPack_32f_C1R;
                 auto* const in_place = conjugate ? W::MulPackConj_32f_C1IR : W::MulPack_32f_C1IR;
-                ASSERT_TRUE(multiply(a.pixels(), a.step(), b.pixels(), b.step(), apart.pixels(), apart.step(), s.width, s.height));
-                ASSERT_TRUE(multiply(first.pixels(), first.step(), b.pixels(), b.step(), first.pixels(), first.step(), s.width, s.height));
-                ASSERT_TRUE(multiply(a.pixels(), a.step(), second.pixels(), second.step(), second.pixels(), second.step(), s.width, s.height));
+                ASSERT_TRUE(multiply(a.pixels(), a.step(), b.pixels(), b.step(), apart.pixels(), apart.step(), s.width,
+                                     s.height));
+                ASSERT_TRUE(multiply(first.pixels(), first.step(), b.pixels(), b.step(), first.pixels(), first.step(),
+                                     s.width, s.height));
+                ASSERT_TRUE(multiply(a.pixels(), a.step(), second.pixels(), second.step(), second.pixels(),
+                                     second.step(), s.width, s.height));
                 ASSERT_TRUE(in_place(a.pixels(), a.step(), place.pixels(), place.step(), s.width, s.height));
                 for (const FramedFloats* got : {&apart, &first, &second, &place}) {
                     for (int i = 0; i < s.width * s.height; ++i) {
@@ -283,19 +305,26 @@ TEST(PackedImages, PartsOfAllKinds)
         packed.fill_at_random(g, static_cast<Fill>(uniform(g, 0, 3)));
         if (s.width > 2) packed.set_bits(2, 0, kSign);  // -0 becomes +0 in its mirror
         at_every_level([&] {
-            FramedFloats all(2 * s.width, s.height, 0, 0, gap), magnitudes(s.width, s.height, 0, 0, gap, false), phases(s.width, s.height), back(s.width, s.height);
+            FramedFloats all(2 * s.width, s.height, 0, 0, gap), magnitudes(s.width, s.height, 0, 0, gap, false),
+                phases(s.width, s.height), back(s.width, s.height);
             FramedFloats magnitudes2(s.width, s.height), phases2(s.width, s.height, 0, 0, gap);
             auto* const complex = reinterpret_cast<Complex32f*>(all.pixels());
-            ASSERT_TRUE(W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), s.width, s.height));
-            ASSERT_TRUE(W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), s.width, s.height));
-            ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(), s.width, s.height));
-            ASSERT_TRUE(W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), s.width, s.height));
-            ASSERT_TRUE(W::Magnitude_32fc32f_C1R(complex, all.step(), magnitudes2.pixels(), magnitudes2.step(), s.width, s.height));
+            ASSERT_TRUE(W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), s.width,
+                                                        s.height));
+            ASSERT_TRUE(
+                W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), s.width, s.height));
+            ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(),
+                                                 s.width, s.height));
+            ASSERT_TRUE(W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), s.width,
+                                             s.height));
+            ASSERT_TRUE(W::Magnitude_32fc32f_C1R(complex, all.step(), magnitudes2.pixels(), magnitudes2.step(), s.width,
+                                                 s.height));
             ASSERT_TRUE(W::Phase_32fc32f_C1R(complex, all.step(), phases2.pixels(), phases2.step(), s.width, s.height));
             for (int v = 0; v < s.height; ++v) {
                 for (int u = 0; u < s.width; ++u) {
                     const Parts p = parts_at(packed, v, u);
-                    SCOPED_TRACE(std::to_string(s.width) + " x " + std::to_string(s.height) + ": " + std::to_string(v) + ", " + std::to_string(u));
+                    SCOPED_TRACE(std::to_string(s.width) + " x " + std::to_string(s.height) + ": " + std::to_string(v) +
+                                 ", " + std::to_string(u));
                     ASSERT_EQ(all.bits(2 * u, v), p.re);
                     ASSERT_EQ(all.bits(2 * u + 1, v), p.im);
                     ASSERT_EQ(back.bits(u, v), packed.bits(u, v));
@@ -312,8 +341,10 @@ TEST(PackedImages, PartsOfAllKinds)
 TEST(PackedImages, PhasesOfRealValues)
 {
     const std::uint32_t pi = 0x40490FDBu;
-    const struct { std::uint32_t re, phase; } cases[] = {{0x3F800000, 0}, {0xBF800000, pi}, {0, 0}, {kSign, pi},
-                                                          {0x7F800000, 0}, {0xFF800000, pi}, {0x7F800001, 0x7FC00000}, {0xFFFFFFFF, 0x7FC00000}};
+    const struct { std::uint32_t re, phase;
+    } cases[] = {
+        {0x3F800000, 0},          {0xBF800000, pi},        {0, 0}, {kSign, pi}, {0x7F800000, 0}, {0xFF800000, pi},
+        {0x7F800001, 0x7FC00000}, {0xFFFFFFFF, 0x7FC00000}};
     at_every_level([&] {
         for (const auto& c : cases) {
             FramedFloats src(2, 2), dst(2, 2);
@@ -332,7 +363,8 @@ TEST(PackedImages, PackingReadsTheStoredHalf)
         FramedFloats all(2 * s.width, s.height), packed(s.width, s.height);
         all.fill_at_random(g, Fill::near_high);
         at_every_level([&] {
-            ASSERT_TRUE(W::CplxExtendToPack_32fc32f_C1R(reinterpret_cast<const Complex32f*>(all.pixels()), all.step(), packed.pixels(), packed.step(), s.width, s.height));
+            ASSERT_TRUE(W::CplxExtendToPack_32fc32f_C1R(reinterpret_cast<const Complex32f*>(all.pixels()), all.step(),
+                                                        packed.pixels(), packed.step(), s.width, s.height));
             for (int v = 0; v < s.height; ++v) {
                 for (int u = 0; u < s.width; ++u) {
                     const Place p = place_of(v, u, s);
@@ -357,7 +389,8 @@ std::vector<double> hamming(int n)
     double cosine = 1, sine = 0;
     std::vector<double> weights(static_cast<std::size_t>(n), 1);
     for (int k = 0; k < n / 2; ++k) {
-        weights[static_cast<std::size_t>(k)] = weights[static_cast<std::size_t>(n - 1 - k)] = minus(0.54, times(0.46, cosine));
+        weights[static_cast<std::size_t>(k)] = weights[static_cast<std::size_t>(n - 1 - k)] =
+            minus(0.54, times(0.46, cosine));
         const double next = minus(times(c, cosine), times(q, sine));
         sine = plus(times(c, sine), times(q, cosine));
         cosine = next;
@@ -367,20 +400,23 @@ std::vector<double> hamming(int n)
 std::vector<double> bartlett(int n)
 {
     std::vector<double> weights(static_cast<std::size_t>(n));
-    for (int k = 0; k <= (n - 1) / 2; ++k) weights[static_cast<std::size_t>(k)] = weights[static_cast<std::size_t>(n - 1 - k)] = over(2 * k, n - 1);
+    for (int k = 0; k <= (n - 1) / 2; ++k)
+        weights[static_cast<std::size_t>(k)] = weights[static_cast<std::size_t>(n - 1 - k)] = over(2 * k, n - 1);
     return weights;
 }
 
 TEST(ImageWindows, FollowTheFormula)
 {
     std::mt19937 g = make_generator("ImageWindows");
-    for (const Size s : {Size{3, 3}, Size{4, 3}, Size{3, 4}, Size{9, 16}, Size{16, 9}, Size{33, 12}, Size{64, 5}, Size{301, 4}}) {
+    for (const Size s :
+         {Size{3, 3}, Size{4, 3}, Size{3, 4}, Size{9, 16}, Size{16, 9}, Size{33, 12}, Size{64, 5}, Size{301, 4}}) {
         for (const Fill fill : {Fill::uniform, Fill::special, Fill::near_high}) {
             const int gap = uniform(g, 0, 3);
             FramedFloats src(s.width, s.height, 0, 0, gap, uniform(g, 0, 1) == 0);
             src.fill_at_random(g, fill);
             for (const bool triangle : {false, true}) {
-                const auto wx = triangle ? bartlett(s.width) : hamming(s.width), wy = triangle ? bartlett(s.height) : hamming(s.height);
+                const auto wx = triangle ? bartlett(s.width) : hamming(s.width),
+                           wy = triangle ? bartlett(s.height) : hamming(s.height);
                 auto* const apply = triangle ? W::WinBartlett_32f_C1R : W::WinHamming_32f_C1R;
                 at_every_level([&] {
                     FramedFloats dst(s.width, s.height), place(s.width, s.height, 0, 0, gap), turned(s.height, s.width);
@@ -390,13 +426,18 @@ TEST(ImageWindows, FollowTheFormula)
                     }
                     ASSERT_TRUE(apply(src.pixels(), src.step(), dst.pixels(), dst.step(), s.width, s.height));
                     ASSERT_TRUE(apply(place.pixels(), place.step(), place.pixels(), place.step(), s.width, s.height));
-                    ASSERT_TRUE(apply(turned.pixels(), turned.step(), turned.pixels(), turned.step(), s.height, s.width));
+                    ASSERT_TRUE(
+                        apply(turned.pixels(), turned.step(), turned.pixels(), turned.step(), s.height, s.width));
                     for (int y = 0; y < s.height; ++y) {
                         for (int x = 0; x < s.width; ++x) {
                             const std::uint32_t pixel = src.bits(x, y);
-                            const double product = times(src.value(x, y), times(wx[static_cast<std::size_t>(x)], wy[static_cast<std::size_t>(y)]));
-                            const std::uint32_t want = is_nan<float>(pixel) ? pixel | quiet_bit<float> : product != product ? negative_nan<float> : bits_of(single(product));
-                            ASSERT_EQ(dst.bits(x, y), want) << s.width << " x " << s.height << " at " << x << ", " << y << (triangle ? ", Bartlett" : ", Hamming");
+                            const double product = times(src.value(x, y), times(wx[static_cast<std::size_t>(x)],
+                                                                                wy[static_cast<std::size_t>(y)]));
+                            const std::uint32_t want = is_nan<float>(pixel) ? pixel | quiet_bit<float>
+                                                       : product != product ? negative_nan<float>
+                                                                            : bits_of(single(product));
+                            ASSERT_EQ(dst.bits(x, y), want) << s.width << " x " << s.height << " at " << x << ", " << y
+                                                            << (triangle ? ", Bartlett" : ", Hamming");
                             ASSERT_EQ(place.bits(x, y), want);
                             ASSERT_EQ(turned.bits(y, x), want);
                         }
@@ -432,10 +473,12 @@ TEST(PackedImages, RefusalsWriteNothing)
             const auto* const complex_from = c.no_src ? nullptr : cs;
             auto* const complex_to = c.no_dst ? nullptr : cd;
             const Size size = {c.width, c.height};
-            for (const auto* operation : {&orv_MagnitudePack_32f_C1R, &orv_PhasePack_32f_C1R, &orv_WinHamming_32f_C1R, &orv_WinBartlett_32f_C1R}) {
+            for (const auto* operation : {&orv_MagnitudePack_32f_C1R, &orv_PhasePack_32f_C1R, &orv_WinHamming_32f_C1R,
+                                          &orv_WinBartlett_32f_C1R}) {
                 EXPECT_EQ((*operation)(from, c.srcStep, to, c.dstStep, size), c.status);
             }
-            for (const auto* operation : {&orv_CplxExtendToPack_32fc32f_C1R, &orv_Magnitude_32fc32f_C1R, &orv_Phase_32fc32f_C1R}) {
+            for (const auto* operation :
+                 {&orv_CplxExtendToPack_32fc32f_C1R, &orv_Magnitude_32fc32f_C1R, &orv_Phase_32fc32f_C1R}) {
                 EXPECT_EQ((*operation)(complex_from, c.srcStep, to, c.dstStep, size), c.status);
             }
             EXPECT_EQ(orv_PackToCplxExtend_32f32fc_C1R(from, c.srcStep, complex_to, c.dstStep, size), c.status);
@@ -448,7 +491,8 @@ TEST(PackedImages, RefusalsWriteNothing)
         }
         EXPECT_EQ(orv_WinHamming_32f_C1R(s, 0, d, 64, {2, 4}), StatusBadSize);
         EXPECT_EQ(orv_WinBartlett_32f_C1R(s, 64, d, 0, {4, 2}), StatusBadSize);
-        EXPECT_EQ(orv_WinBartlett_32f_C1R(s, 64, d, 64, {0x7FFFFFFF, 3}), StatusNoMemory) << "weights larger than any memory";
+        EXPECT_EQ(orv_WinBartlett_32f_C1R(s, 64, d, 64, {0x7FFFFFFF, 3}), StatusNoMemory)
+            << "weights larger than any memory";
         {
             const AllocationFailure none_left(0);
             EXPECT_EQ(orv_WinHamming_32f_C1R(s, 64, d, 64, {4, 4}), StatusNoMemory);

@@ -83,7 +83,8 @@ TEST(PowerSpectrum, KnownSpectra)
             object.PsdFFT(signal.data(), signal.data(), out.data(), 64);
             EXPECT_THAT(out, testing::Each(0.0f)) << c;
         }
-        for (std::size_t i = 0; i < 64; ++i) signal[i] = static_cast<float>(std::cos(2 * std::acos(-1.0) * 4 * static_cast<double>(i) / 64));
+        for (std::size_t i = 0; i < 64; ++i)
+            signal[i] = static_cast<float>(std::cos(2 * std::acos(-1.0) * 4 * static_cast<double>(i) / 64));
         object.PsdFFT(signal.data(), ones.data(), out.data(), 64);
         for (std::size_t k = 0; k < 64; ++k) EXPECT_NEAR(out[k], k == 4 || k == 60 ? 1024 : 0, 1e-3) << k;
 

@@ -120,11 +120,15 @@ Subject subject(const char* family, const char* name, const orv::Operation<orv::
 {
     using S = Signature<Args...>;
     Subject s = {family, name, S::kinds, static_cast<int>(sizeof...(Args)), {}, S::invoke};
-    for (int level = 0; level < orv::kLevels; ++level) s.variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
+    for (int level = 0; level < orv::kLevels; ++level)
+        s.variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
     return s;
 }
 
-inline bool begins_with(const char* name, const char* start) { return std::strncmp(name, start, std::strlen(start)) == 0; }
+inline bool begins_with(const char* name, const char* start)
+{
+    return std::strncmp(name, start, std::strlen(start)) == 0;
+}
 inline bool contains(const char* name, const char* part) { return std::strstr(name, part) != nullptr; }
 
 }  // namespace test

@@ -77,8 +77,8 @@ std::string difference(const Bytes& actual, const Bytes& expected)
 {
     if (actual.size() != expected.size()) return "another size";
     const auto at = std::mismatch(actual.begin(), actual.end(), expected.begin()).first - actual.begin();
-    return "byte " + std::to_string(at) + " is " + std::to_string(actual[static_cast<std::size_t>(at)]) + " instead of " +
-           std::to_string(expected[static_cast<std::size_t>(at)]);
+    return "byte " + std::to_string(at) + " is " + std::to_string(actual[static_cast<std::size_t>(at)]) +
+           " instead of " + std::to_string(expected[static_cast<std::size_t>(at)]);
 }
 
 // --- A call that follows from the signature --------------------------------------------------------
@@ -87,8 +87,12 @@ class PlainTrial : public Trial {
 public:
     PlainTrial(const Subject& subject, Generator& g, int number) : s_(subject), g_(g)
     {
-        mode_ = number % 8 == 3 || number % 8 == 7 ? in_place_mode : number % 8 == 5 ? overlapping : number % 8 == 6 ? constants_inside : separate;
-        if ((mode_ == in_place_mode && !may_be_in_place(s_)) || (mode_ == overlapping && !has_overlap(s_))) mode_ = separate;
+        mode_ = number % 8 == 3 || number % 8 == 7 ? in_place_mode
+                : number % 8 == 5                  ? overlapping
+                : number % 8 == 6                  ? constants_inside
+                                                   : separate;
+        if ((mode_ == in_place_mode && !may_be_in_place(s_)) || (mode_ == overlapping && !has_overlap(s_)))
+            mode_ = separate;
         vectors_ = is_vector_operation();
         const bool large = kSmaller == 1 && uniform(g, 0, 19) == 0;
         roi_ = {large ? uniform(g, 100, 300) : uniform(g, 1, 69), vectors_ ? 1 : uniform(g, 1, 3)};
@@ -145,7 +149,8 @@ private:
     static Bytes rows_of(Image& image)
     {
         Bytes rows;
-        for (int y = 0; y < image.height(); ++y) rows.insert(rows.end(), image.row(y), image.row(y) + image.row_bytes());
+        for (int y = 0; y < image.height(); ++y)
+            rows.insert(rows.end(), image.row(y), image.row(y) + image.row_bytes());
         return rows;
     }
 
@@ -159,7 +164,8 @@ private:
         Image& image = *operands_.back().image;
         Generator fixed;
         Image apart(image.row_bytes(), image.height(), {false, false, image.row_bytes() + 8, 0}, fixed);
-        for (int y = 0; y < image.height(); ++y) std::memcpy(apart.row(y), image.row(y), static_cast<std::size_t>(image.row_bytes()));
+        for (int y = 0; y < image.height(); ++y)
+            std::memcpy(apart.row(y), image.row(y), static_cast<std::size_t>(image.row_bytes()));
         slots[alias_].set<void*>(apart.row(0));
         if (!vectors_) slots[alias_ + 1].set(apart.step());
         s_.invoke(kernel, slots);
@@ -203,12 +209,15 @@ private:
     void make_value(int i)
     {
         if (!is_int(i)) {
-            return with_type(kind(i).element, [&](auto like) { slots_[i].set(random_constant<decltype(like)>(s_.name, g_)); });
+            return with_type(kind(i).element,
+                             [&](auto like) { slots_[i].set(random_constant<decltype(like)>(s_.name, g_)); });
         }
         const bool after_pointer = i > 0 && is_pointer(i - 1);
         if (vectors_ && after_pointer) return slots_[i].set(roi_.width);
-        if (after_pointer && (!follows_size(i) || contains(s_.name, "Border"))) return slots_[i].set(operands_.back().image->step());
-        if (begins_with(s_.name, "Filter")) return slots_[i].set(i > 0 && kind(i - 1).what == Kind::size ? mask_ : uniform(g_, 0, 1));
+        if (after_pointer && (!follows_size(i) || contains(s_.name, "Border")))
+            return slots_[i].set(operands_.back().image->step());
+        if (begins_with(s_.name, "Filter"))
+            return slots_[i].set(i > 0 && kind(i - 1).what == Kind::size ? mask_ : uniform(g_, 0, 1));
         slots_[i].set(random_parameter(s_.name, g_));
     }
     // Of what a border is put around, or of a destination that no memory belongs to.
@@ -221,8 +230,10 @@ private:
     void make_results(int i)
     {
         // Borders have their destination behind the size of the source.
-        if (contains(s_.name, "CopyConstBorder") || contains(s_.name, "CopyReplicateBorder")) return make_image(i, false);
-        results_.emplace_back(static_cast<std::size_t>((kMostResults + 1) * bytes_of(kind(i).element)), static_cast<unsigned char>(0xA5));
+        if (contains(s_.name, "CopyConstBorder") || contains(s_.name, "CopyReplicateBorder"))
+            return make_image(i, false);
+        results_.emplace_back(static_cast<std::size_t>((kMostResults + 1) * bytes_of(kind(i).element)),
+                              static_cast<unsigned char>(0xA5));
         slots_[i].set<void*>(results_.back().data());
     }
     void make_constants(int i)
@@ -253,7 +264,8 @@ private:
         int height = size.height + 2 * frame;
 
         if (!source && !operands_.empty() && (mode_ == in_place_mode || mode_ == overlapping)) {
-            const Operand twin = operands_[static_cast<std::size_t>(uniform(g_, 0, static_cast<int>(operands_.size()) - 1))];
+            const Operand twin =
+                operands_[static_cast<std::size_t>(uniform(g_, 0, static_cast<int>(operands_.size()) - 1))];
             if (twin.element == e && twin.row_bytes == row_bytes) return place_over(i, twin, pixel);
         }
         Placement where = {};
@@ -274,7 +286,8 @@ private:
         }
         const auto image = std::make_shared<Image>(row_bytes, height, where, g_);
         // Which NaN comes out of a transform is left open.
-        const Fill kind_of_fill = begins_with(s_.family, "spectral_") ? static_cast<Fill>(uniform(g_, 0, 1)) : random_fill(g_);
+        const Fill kind_of_fill =
+            begins_with(s_.family, "spectral_") ? static_cast<Fill>(uniform(g_, 0, 1)) : random_fill(g_);
         with_type(e, [&](auto like) { image->template fill<decltype(like)>(g_, kind_of_fill); });
         if (vectors_ && uniform(g_, 0, 1) == 0) fill_near_one_size(*image, e);
         operands_.push_back({image, {}, e, row_bytes, image->row(first_row) + frame * pixel});
@@ -342,7 +355,8 @@ std::string disagreement(Trial& trial, Kernel kernel, const Result& expected)
     const ProcessorState before;
     const Status status = trial.call(kernel);
     before.expect_kept();
-    if (status != expected.status) return "status " + std::to_string(status) + " instead of " + std::to_string(expected.status);
+    if (status != expected.status)
+        return "status " + std::to_string(status) + " instead of " + std::to_string(expected.status);
     const Bytes actual = trial.outcome();
     return trial.agrees(actual, expected.outcome) ? std::string() : difference(actual, expected.outcome);
 }

@@ -57,7 +57,11 @@ struct Error {
         difference += std::norm(got - want);
         size += std::norm(want);
     }
-    double relative() const { return size == 0 ? static_cast<double>(std::sqrt(difference)) : static_cast<double>(std::sqrt(difference / size)); }
+    double relative() const
+    {
+        return size == 0 ? static_cast<double>(std::sqrt(difference))
+                         : static_cast<double>(std::sqrt(difference / size));
+    }
 };
 
 }  // namespace test

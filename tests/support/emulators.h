@@ -23,7 +23,8 @@ __attribute__((target("sse2"), noinline)) inline int left_or_right_nan(int left,
 }
 inline bool left_nan_wins()
 {
-    static const bool wins = orv::orv_variant_index == orv::level_px || left_or_right_nan(0x7FC00001, 0x7FC00002) == 0x7FC00001;
+    static const bool wins =
+        orv::orv_variant_index == orv::level_px || left_or_right_nan(0x7FC00001, 0x7FC00002) == 0x7FC00001;
     return wins;
 }
 

@@ -32,7 +32,9 @@ F from_bits(BitsOf<F> bits)
 
 template <class F> constexpr BitsOf<F> sign_bit = BitsOf<F>{1} << (8 * sizeof(F) - 1);
 template <class F> constexpr BitsOf<F> quiet_bit = BitsOf<F>{1} << (sizeof(F) == 4 ? 22 : 51);
-template <class F> constexpr BitsOf<F> negative_nan = sizeof(F) == 4 ? BitsOf<F>{0xFFC00000u} : static_cast<BitsOf<F>>(0xFFF8000000000000u);
+template <class F>
+constexpr BitsOf<F> negative_nan = sizeof(F) == 4 ? BitsOf<F>{0xFFC00000u}
+                                                  : static_cast<BitsOf<F>>(0xFFF8000000000000u);
 
 template <class F>
 bool is_nan(BitsOf<F> bits)
@@ -59,7 +61,7 @@ inline std::uint32_t rounded_twice(Quad value)
 
 enum FloatOp { float_add, float_sub, float_mul, float_div, float_divc };
 
-// left Op right as the headers tell it, in bits. float_divc: the product with the rounded reciprocal.
+// left Op right as the headers have it, in bits. float_divc: the product with the rounded reciprocal.
 template <class F>
 BitsOf<F> expected_float(FloatOp op, BitsOf<F> left, BitsOf<F> right)
 {
@@ -93,7 +95,8 @@ inline double exact_root(double s)
         volatile double other = std::nextafter(best, direction);
         // Nearer if the midpoint lies on this side of s.
         const Quad middle = (static_cast<Quad>(best) + static_cast<Quad>(other)) / 2;
-        if (direction > 0 ? middle * middle < static_cast<Quad>(s) : middle * middle > static_cast<Quad>(s)) return other;
+        if (direction > 0 ? middle * middle < static_cast<Quad>(s) : middle * middle > static_cast<Quad>(s))
+            return other;
     }
     return best;
 }
@@ -102,7 +105,8 @@ inline double exact_root(double s)
 template <class T>
 T expected_scaled(Quad numerator, Quad denominator, int scaleFactor)
 {
-    if (denominator == 0) return numerator > 0 ? std::numeric_limits<T>::max() : numerator < 0 ? std::numeric_limits<T>::min() : T{0};
+    if (denominator == 0)
+        return numerator > 0 ? std::numeric_limits<T>::max() : numerator < 0 ? std::numeric_limits<T>::min() : T{0};
     if (denominator < 0) return expected_scaled<T>(-numerator, -denominator, scaleFactor);
     for (int s = std::min(scaleFactor, 80); s > 0; --s) numerator /= 2;
     for (int s = std::max(scaleFactor, -80); s < 0; ++s) numerator *= 2;

@@ -1,6 +1,7 @@
 // Floating-point environments: those that hosts run in, for the time of a call, and the one that oracles need.
 #pragma once
 
+#include <cstring>
 #include <vector>
 
 #include "gmock/gmock.h"
@@ -46,6 +47,27 @@ struct HostControl {
     }
 #endif
 };
+
+// run(dst) writes n elements and is true: the same bits under every control word that a host may have set, which it
+// leaves as it was.
+template <class T, class Run>
+void expect_control_kept(std::size_t n, Run run)
+{
+    std::vector<T> plain(n), other(n);
+    at_every_level([&] {
+        ASSERT_TRUE(run(plain.data()));
+        for (const unsigned mode : HostControl::modes()) {
+            const unsigned host = HostControl::get();
+            HostControl::set(mode);
+            const bool done = run(other.data());
+            const unsigned after = HostControl::get();
+            HostControl::set(host);
+            EXPECT_TRUE(done);
+            EXPECT_EQ(after, mode);
+            ASSERT_EQ(std::memcmp(plain.data(), other.data(), n * sizeof(T)), 0) << "mode " << mode;
+        }
+    });
+}
 
 struct FloatEnvironment {
     const char* name;

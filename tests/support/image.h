@@ -68,7 +68,8 @@ public:
 
     unsigned char* row(int y)
     {
-        if (placement_.fenced) return fence_->row(y) + (placement_.flush_right ? FencedRows::kRowBytes - row_bytes_ : 0);
+        if (placement_.fenced)
+            return fence_->row(y) + (placement_.flush_right ? FencedRows::kRowBytes - row_bytes_ : 0);
         const int first = step_ < 0 ? -step_ * (height_ - 1) : 0;
         return buffer_.data() + placement_.offset + first + static_cast<std::ptrdiff_t>(step_) * y;
     }
@@ -113,7 +114,8 @@ private:
         if (!placement_.fenced) return visit(buffer_.data(), static_cast<int>(buffer_.size()));
         // The row and, away from the fence, a little more.
         const int n = std::min(FencedRows::kRowBytes, row_bytes_ + 64);
-        for (int y = 0; y < height_; ++y) visit(fence_->row(y) + (placement_.flush_right ? FencedRows::kRowBytes - n : 0), n);
+        for (int y = 0; y < height_; ++y)
+            visit(fence_->row(y) + (placement_.flush_right ? FencedRows::kRowBytes - n : 0), n);
     }
 
     int row_bytes_, height_;

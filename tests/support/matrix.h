@@ -17,7 +17,10 @@ struct Values {
     int rows, columns;
     std::vector<T> v;
     Values(int r, int c) : rows(r), columns(c), v(static_cast<std::size_t>(r) * static_cast<std::size_t>(c)) {}
-    T& operator()(int i, int j) { return v[static_cast<std::size_t>(i) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(j)]; }
+    T& operator()(int i, int j)
+    {
+        return v[static_cast<std::size_t>(i) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(j)];
+    }
     const T& operator()(int i, int j) const { return const_cast<Values&>(*this)(i, j); }
 };
 

@@ -23,7 +23,8 @@ T random_value(Generator& generator, Fill fill)
     } else if constexpr (std::is_floating_point<T>::value) {
         using L = std::numeric_limits<T>;
         if (!left_nan_wins() && fill >= Fill::near_high) {
-            const T value = fill == Fill::special ? L::infinity() : static_cast<T>(std::ldexp(1.5, uniform(generator, -160, 127)));
+            const T value =
+                fill == Fill::special ? L::infinity() : static_cast<T>(std::ldexp(1.5, uniform(generator, -160, 127)));
             return uniform(generator, 0, 3) == 0 ? -L::quiet_NaN() : value;
         }
         switch (fill) {
@@ -37,9 +38,30 @@ T random_value(Generator& generator, Fill fill)
                 return value;
             }
             default: {
-                const T list[] = {0, -T{0}, 1, -1, T{0.5}, T{-0.5}, L::min(), -L::min(), L::denorm_min(), -L::denorm_min(),
-                                  L::max(), L::lowest(), L::infinity(), -L::infinity(), L::quiet_NaN(), -L::quiet_NaN(),
-                                  L::signaling_NaN(), T{254.5}, T{255}, T{65534.5}, T{65535}, T{1e9}, T{-1e9}, L::epsilon()};
+                const T list[] = {0,
+                                  -T{0},
+                                  1,
+                                  -1,
+                                  T{0.5},
+                                  T{-0.5},
+                                  L::min(),
+                                  -L::min(),
+                                  L::denorm_min(),
+                                  -L::denorm_min(),
+                                  L::max(),
+                                  L::lowest(),
+                                  L::infinity(),
+                                  -L::infinity(),
+                                  L::quiet_NaN(),
+                                  -L::quiet_NaN(),
+                                  L::signaling_NaN(),
+                                  T{254.5},
+                                  T{255},
+                                  T{65534.5},
+                                  T{65535},
+                                  T{1e9},
+                                  T{-1e9},
+                                  L::epsilon()};
                 return list[uniform(generator, 0, sizeof(list) / sizeof(list[0]) - 1)];
             }
         }

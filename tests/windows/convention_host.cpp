@@ -21,7 +21,8 @@ extern "C" void __cdecl convention_main()
     expect(ImageProcessingWrapper::AddC_8u_C1(a, 4, 60, d, 4, 4, 1, 0) && d[3] == 70, "an image");
     const Complex32f source = {1, 2};
     Complex32f sum = {};
-    expect(ImageProcessingWrapper::AddC_32fc_C1(&source, 8, {10, 20}, &sum, 8, 1, 1) && sum.im == 22, "a structure by value");
+    expect(ImageProcessingWrapper::AddC_32fc_C1(&source, 8, {10, 20}, &sum, 8, 1, 1) && sum.im == 22,
+           "a structure by value");
     expect(fnImageProcessingWrapper() == 42, "the free function");
     double* const vector = SignalProcessingWrapper::Malloc_64f(10);
     vector[9] = 9;

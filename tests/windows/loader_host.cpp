@@ -22,7 +22,8 @@ bool works(const Library& library)
     const auto add = reinterpret_cast<Add>(library["?AddC_8u_C1@ImageProcessingWrapper@@SA_NPBEHEPAEHHHH@Z"]);
     const unsigned char a[2] = {1, 250};
     unsigned char d[2] = {};
-    return function != nullptr && function() == 42 && add != nullptr && add(a, 2, 10, d, 2, 2, 1, 0) && d[0] == 11 && d[1] == 255;
+    return function != nullptr && function() == 42 && add != nullptr && add(a, 2, 10, d, 2, 2, 1, 0) && d[0] == 11 &&
+           d[1] == 255;
 }
 
 unsigned long __stdcall load_and_use(void* result)

@@ -52,19 +52,24 @@ void check_image_methods()
     float pixels[3];
     expect(ImageProcessingWrapper::Set_32f_C3(colour, pixels, 12, 1, 1), "floats");
     unsigned short narrow[3];
-    expect(ImageProcessingWrapper::Convert_32f16u_C1(pixels, 12, narrow, 6, 3, 1) && narrow[1] == 2 && narrow[2] == 65535, "narrowing");
+    expect(
+        ImageProcessingWrapper::Convert_32f16u_C1(pixels, 12, narrow, 6, 3, 1) && narrow[1] == 2 && narrow[2] == 65535,
+        "narrowing");
     const Complex32f source = {1, 2};
     Complex32f sum = {};
-    expect(ImageProcessingWrapper::AddC_32fc_C1(&source, 8, {10, 20}, &sum, 8, 1, 1) && sum.re == 11 && sum.im == 22, "a structure by value");
+    expect(ImageProcessingWrapper::AddC_32fc_C1(&source, 8, {10, 20}, &sum, 8, 1, 1) && sum.re == 11 && sum.im == 22,
+           "a structure by value");
     double mean = 0;
-    expect(ImageProcessingWrapper::Mean_32f_C1R(pixels, 8, 2, 1, &mean, true) && mean == 2, "a result by pointer, a hint");
+    expect(ImageProcessingWrapper::Mean_32f_C1R(pixels, 8, 2, 1, &mean, true) && mean == 2,
+           "a result by pointer, a hint");
     int step = 0;
     unsigned char* const buffer = ImageProcessingWrapper::Malloc_8u_C3(22, 2, &step);
     expect(buffer != nullptr && step == 128 && reinterpret_cast<unsigned>(buffer) % 64 == 0, "a buffer");
     ImageProcessingWrapper::Free(buffer);
     expect(fnImageProcessingWrapper() == 42 && nImageProcessingWrapper == 0, "the free function and the variable");
     unsigned char large[35], source_pixel[12] = {9, 8, 7};
-    expect(ImageProcessingWrapper::ResizeNN_8u_C3R(source_pixel, 1, 1, 3, large, 6, 2, 2, 2.0, 2.0) && large[9] == 9, "doubles by value");
+    expect(ImageProcessingWrapper::ResizeNN_8u_C3R(source_pixel, 1, 1, 3, large, 6, 2, 2, 2.0, 2.0) && large[9] == 9,
+           "doubles by value");
 }
 
 void check_other_classes()
@@ -97,10 +102,15 @@ void check_other_classes()
     const float x[3] = {1, 2.5f, 2}, y[3] = {1, 4, 0};
     float direct[3], method[3], floors[3];
     SignalProcessingWrapper::Atan2_32f_A24(x, y, method, 3);
-    expect(px_ippsAtan2_32f_A24(x, y, direct, 3) == 0 && memcmp(direct, method, sizeof(direct)) == 0, "the plain entry point");
-    expect(w7_ippsAtan2_32f_A24(x, y, direct, 3) == 0 && memcmp(direct, method, sizeof(direct)) == 0, "an entry point of a level");
-    expect(w7_ippsExp_32f_A21(nullptr, direct, 3) == -8 && own_ipps_sExp_W7_ctab[2] == 7.2f, "an entry point with three arguments, and a table");
-    expect(reinterpret_cast<int (*)(const float*, float*, int)>(own_ipps_sFloor_PX_ttab[1])(x, floors, 3) == 0 && floors[1] == 2, "an implementation");
+    expect(px_ippsAtan2_32f_A24(x, y, direct, 3) == 0 && memcmp(direct, method, sizeof(direct)) == 0,
+           "the plain entry point");
+    expect(w7_ippsAtan2_32f_A24(x, y, direct, 3) == 0 && memcmp(direct, method, sizeof(direct)) == 0,
+           "an entry point of a level");
+    expect(w7_ippsExp_32f_A21(nullptr, direct, 3) == -8 && own_ipps_sExp_W7_ctab[2] == 7.2f,
+           "an entry point with three arguments, and a table");
+    expect(reinterpret_cast<int (*)(const float*, float*, int)>(own_ipps_sFloor_PX_ttab[1])(x, floors, 3) == 0 &&
+               floors[1] == 2,
+           "an implementation");
     expect(px_ippsFloor_32f(x, floors, 3) == 0 && floors[1] == 2, "the entry point of the same");
 }
 
@@ -127,11 +137,15 @@ bool is_free(void* block) { return _msize(block) == ~0u; }
 
 void check_images()
 {
-    expect(sizeof(Image) == 36 && sizeof(FFTWrapper) == 4 && sizeof(FFT2Wrapper) == 16 && sizeof(RandomNumberGenerator) == 4, "sizes");
+    expect(sizeof(Image) == 36 && sizeof(FFTWrapper) == 4 && sizeof(FFT2Wrapper) == 16 &&
+               sizeof(RandomNumberGenerator) == 4,
+           "sizes");
     Image* const one = new Image(640, 480, 1);
     Image* const other = new Image(*one);
     *other = *one;
-    expect(other->GetWidth() == 0 && other->GetData(3, 2) == nullptr && memcmp(static_cast<void*>(one), static_cast<void*>(other), 36) == 0, "images that share");
+    expect(other->GetWidth() == 0 && other->GetData(3, 2) == nullptr &&
+               memcmp(static_cast<void*>(one), static_cast<void*>(other), 36) == 0,
+           "images that share");
     expect(_msize(one) != ~0u, "a block in use has a size");
     delete one;
     delete other;
@@ -140,7 +154,9 @@ void check_images()
 
     // Microsoft compilers leave an array to its virtual destructor; clang does not, so by hand.
     using Destroy = void*(__thiscall*)(Image*, unsigned flags);
-    const auto destroy = [](Image* image, unsigned flags) { return (**reinterpret_cast<Destroy**>(image))(image, flags); };
+    const auto destroy = [](Image* image, unsigned flags) {
+        return (**reinterpret_cast<Destroy**>(image))(image, flags);
+    };
     for (unsigned length = 0; length < 5; ++length) {
         unsigned* const block = static_cast<unsigned*>(malloc(4 + 36 * 5));
         *block = length;

@@ -57,7 +57,8 @@ int main()
     const float x[3] = {1, 2.5f, 2}, y[3] = {1, 4, 0};
     float direct[3], method[3];
     SignalProcessingWrapper::Atan2_32f_A24(x, y, method, 3);
-    expect(px_ippsAtan2_32f_A24(x, y, direct, 3) == 0 && std::memcmp(direct, method, sizeof(direct)) == 0, "an entry point");
+    expect(px_ippsAtan2_32f_A24(x, y, direct, 3) == 0 && std::memcmp(direct, method, sizeof(direct)) == 0,
+           "an entry point");
     expect(own_ipps_sExp_W7_ctab[0] == 9.35f, "a table");
 
     FFTWrapper transform(8);

@@ -16,8 +16,8 @@ __declspec(dllimport) void* __stdcall LoadLibraryA(const char* name);
 __declspec(dllimport) int __stdcall FreeLibrary(void* library);
 __declspec(dllimport) void* __stdcall GetModuleHandleA(const char* name);
 __declspec(dllimport) void* __stdcall GetProcAddress(void* library, const char* name);
-__declspec(dllimport) void* __stdcall CreateThread(void* security, unsigned stack, unsigned long(__stdcall* run)(void*), void* argument,
-                                                   unsigned long flags, unsigned long* id);
+__declspec(dllimport) void* __stdcall CreateThread(void* security, unsigned stack, unsigned long(__stdcall* run)(void*),
+                                                   void* argument, unsigned long flags, unsigned long* id);
 __declspec(dllimport) unsigned long __stdcall WaitForSingleObject(void* object, unsigned long milliseconds);
 __declspec(dllimport) int __stdcall QueryPerformanceCounter(long long* ticks);
 __declspec(dllimport) int __stdcall QueryPerformanceFrequency(long long* ticks);

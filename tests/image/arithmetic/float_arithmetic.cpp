@@ -1,4 +1,6 @@
 // Float and complex arithmetic of images against 113-bit arithmetic, bit by bit.
+//
+// Families: float_arithmetic, complex_arithmetic; float_elementary is in tests/signal/elementary.cpp.
 #include <climits>
 #include <vector>
 
@@ -8,6 +10,7 @@
 #include "image/arithmetic/float_arithmetic.h"
 #include "support/allocations.h"
 #include "support/exact.h"
+#include "support/host_control.h"
 #include "support/levels.h"
 #include "support/random.h"
 
@@ -27,7 +30,8 @@ Complex32f* complexes(Words& v) { return reinterpret_cast<Complex32f*>(v.data())
 Words telling_floats(std::mt19937& g, std::size_t n)
 {
     Words v(n);
-    for (auto& x : v) x = bits_of(random_value<float>(g, static_cast<Fill>(uniform(g, 0, static_cast<int>(Fill::kinds) - 1))));
+    for (auto& x : v)
+        x = bits_of(random_value<float>(g, static_cast<Fill>(uniform(g, 0, static_cast<int>(Fill::kinds) - 1))));
     return v;
 }
 bool has_zero(const Words& v)
@@ -52,9 +56,13 @@ struct FloatRow {
     ConstantsInPlace constants_in_place;
 };
 #define ROW(op, constant_op, name, multiplying) \
-    {op, constant_op, W::name##_32f_C1, W::name##_32f_C3, W::name##_32f_C1I, W::name##_32f_C3I, W::name##C_32f_C1, W::name##C_32f_C1I, W::name##C_32f_C3, multiplying}
-const FloatRow kFloatRows[] = {ROW(float_add, float_add, Add, W::AddC_32f_C3I), ROW(float_sub, float_sub, Sub, W::SubC_32f_C3I),
-                               ROW(float_mul, float_mul, Mul, W::MulC_32f_C3IR), ROW(float_div, float_divc, Div, W::DivC_32f_C3I)};
+    { \
+        op, constant_op, W::name##_32f_C1, W::name##_32f_C3, W::name##_32f_C1I, W::name##_32f_C3I, W::name##C_32f_C1, \
+            W::name##C_32f_C1I, W::name##C_32f_C3, multiplying \
+    }
+const FloatRow kFloatRows[] = {
+    ROW(float_add, float_add, Add, W::AddC_32f_C3I), ROW(float_sub, float_sub, Sub, W::SubC_32f_C3I),
+    ROW(float_mul, float_mul, Mul, W::MulC_32f_C3IR), ROW(float_div, float_divc, Div, W::DivC_32f_C3I)};
 #undef ROW
 
 TEST(FloatArithmetic, TwoImages)
@@ -177,7 +185,8 @@ TEST(FloatArithmetic, SquareRoot)
                 std::vector<float> row(width, 4.f);
                 if (bad < width) row[bad] = -4.f;
                 EXPECT_EQ(W::Sqrt_32f_C1I(row.data(), 400, static_cast<int>(width), 1), bad == width);
-                for (std::size_t i = 0; i < width; ++i) ASSERT_EQ(bits_of(row[i]), i == bad ? negative_nan<float> : bits_of(2.f));
+                for (std::size_t i = 0; i < width; ++i)
+                    ASSERT_EQ(bits_of(row[i]), i == bad ? negative_nan<float> : bits_of(2.f));
             }
         }
         // An uneven step: what stands at it is read, the roots go to the multiple of 4 below it.
@@ -202,13 +211,17 @@ TEST(FloatArithmetic, AccumulatedProducts)
     Words sums = telling_floats(g, n), want(n);
     for (std::size_t i = 0; i < n; ++i) {
         // Some sums whose rounding by way of double differs from a direct one.
-        if (i % 5 == 0) sums[i] = bits_of(std::ldexp(1.f + static_cast<float>(g() % 8) / 8388608.f, -25 - static_cast<int>(g() % 8)));
+        if (i % 5 == 0)
+            sums[i] =
+                bits_of(std::ldexp(1.f + static_cast<float>(g() % 8) / 8388608.f, -25 - static_cast<int>(g() % 8)));
         want[i] = is_nan<float>(sums[i]) ? sums[i] | quiet_bit<float>
-                                         : rounded_twice(static_cast<Quad>(from_bits<float>(sums[i])) + static_cast<Quad>(a[i]) * static_cast<Quad>(b[i]));
+                                         : rounded_twice(static_cast<Quad>(from_bits<float>(sums[i])) +
+                                                         static_cast<Quad>(a[i]) * static_cast<Quad>(b[i]));
     }
     at_every_level([&] {
         Words got = sums;
-        EXPECT_TRUE(W::AddProduct_16u32f_C1I(a.data(), 2 * width, b.data(), 2 * width, floats(got), 4 * width, width, height));
+        EXPECT_TRUE(
+            W::AddProduct_16u32f_C1I(a.data(), 2 * width, b.data(), 2 * width, floats(got), 4 * width, width, height));
         EXPECT_EQ(got, want);
         const auto& kernel = orv::orv_AddProduct_16u32f_C1;
         EXPECT_EQ(kernel(a.data(), 6, b.data(), 8, floats(got), 16, {4, 1}), orv::StatusBadStep);
@@ -258,8 +271,12 @@ TEST(FloatArithmetic, Complex)
         bool (*constant)(const Complex32f*, int, Complex32f, Complex32f*, int, int, int);
         bool (*constant_in_place)(Complex32f, Complex32f*, int, int, int);
     };
-#define ROW(op, constant_op, name) {op, constant_op, W::name##_32fc_C1, W::name##_32fc_C1I, W::name##C_32fc_C1, W::name##C_32fc_C1I}
-    const Row rows[] = {ROW(float_add, float_add, Add), ROW(float_sub, float_sub, Sub), ROW(float_mul, float_mul, Mul), ROW(float_div, float_divc, Div)};
+#define ROW(op, constant_op, name) \
+    { \
+        op, constant_op, W::name##_32fc_C1, W::name##_32fc_C1I, W::name##C_32fc_C1, W::name##C_32fc_C1I \
+    }
+    const Row rows[] = {ROW(float_add, float_add, Add), ROW(float_sub, float_sub, Sub), ROW(float_mul, float_mul, Mul),
+                        ROW(float_div, float_divc, Div)};
 #undef ROW
     std::mt19937 g = make_generator("complex");
     for (const Row& row : rows) {
@@ -277,12 +294,16 @@ TEST(FloatArithmetic, Complex)
             }
             at_every_level([&] {
                 Words got(n), place = left;
-                ASSERT_TRUE(row.two(complexes(right), step, complexes(left), step, complexes(got), step, width, height));
-                for (std::size_t i = 0; i < n; ++i) ASSERT_EQ(got[i], want[i]) << row.op << " " << i << std::hex << ": " << left[i & ~1u] << " " << left[i | 1] << ", " << right[i & ~1u] << " " << right[i | 1];
+                ASSERT_TRUE(
+                    row.two(complexes(right), step, complexes(left), step, complexes(got), step, width, height));
+                for (std::size_t i = 0; i < n; ++i)
+                    ASSERT_EQ(got[i], want[i]) << row.op << " " << i << std::hex << ": " << left[i & ~1u] << " "
+                                               << left[i | 1] << ", " << right[i & ~1u] << " " << right[i | 1];
                 ASSERT_TRUE(row.in_place(complexes(right), step, complexes(place), step, width, height));
                 ASSERT_EQ(place, want);
                 place = left;
-                ASSERT_TRUE(row.constant(complexes(left), step, complexes(value)[0], complexes(got), step, width, height));
+                ASSERT_TRUE(
+                    row.constant(complexes(left), step, complexes(value)[0], complexes(got), step, width, height));
                 ASSERT_EQ(got, want_constant) << row.op;
                 ASSERT_TRUE(row.constant_in_place(complexes(value)[0], complexes(place), step, width, height));
                 ASSERT_EQ(place, want_constant);
@@ -359,25 +380,14 @@ TEST(FloatArithmetic, RefusalsInOrder)
 // Whatever the host has set: results are the same and the settings are left alone.
 TEST(FloatArithmetic, IndependentOfTheHostsEnvironment)
 {
-#if defined(__SSE__) || defined(__x86_64__)
     std::mt19937 g = make_generator("environment");
     const Words a = telling_floats(g, 400), b = telling_floats(g, 400);
     for (const FloatRow& row : kFloatRows) {
-        Words plain(400), other(400);
-        at_every_level([&] {
-            row.two(floats(a), 1600, floats(b), 1600, floats(plain), 1600, 400, 1);
-            for (const unsigned mode : {0x3F80u, 0x5F80u, 0x7F80u, 0x9FC0u}) {
-                const unsigned host = __builtin_ia32_stmxcsr();
-                __builtin_ia32_ldmxcsr(mode);
-                row.two(floats(a), 1600, floats(b), 1600, floats(other), 1600, 400, 1);
-                const unsigned after = __builtin_ia32_stmxcsr();
-                __builtin_ia32_ldmxcsr(host);
-                EXPECT_EQ(after & ~0x3Fu, mode);
-                EXPECT_EQ(other, plain);
-            }
+        expect_control_kept<float>(400, [&](float* dst) {
+            row.two(floats(a), 1600, floats(b), 1600, dst, 1600, 400, 1);
+            return true;
         });
     }
-#endif
 }
 
 }  // namespace

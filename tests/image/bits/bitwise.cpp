@@ -52,15 +52,18 @@ void check_logic(const char* name, char op, int channels, Two two, InPlace in_pl
     std::mt19937 g = make_generator(name);
     for (const int width : kWidths) {
         const int n = width * channels, height = uniform(g, 1, 3);
-        Image a = random_pixels<T>(n, height, g), b = random_pixels<T>(n, height, g), d = random_pixels<T>(n, height, g);
+        Image a = random_pixels<T>(n, height, g), b = random_pixels<T>(n, height, g),
+              d = random_pixels<T>(n, height, g);
         const auto before = d.bytes();
         T values[4];
         for (T& v : values) v = random_value<T>(g, Fill::uniform);
         at_every_level([&] {
             ASSERT_TRUE(two(a.pixels<T>(), a.step(), b.pixels<T>(), b.step(), d.pixels<T>(), d.step(), width, height));
-            expect_pixels<T>(d, before, [&](int y, int i) { return by_bits(op, element<T>(a, y, i), element<T>(b, y, i)); });
+            expect_pixels<T>(d, before,
+                             [&](int y, int i) { return by_bits(op, element<T>(a, y, i), element<T>(b, y, i)); });
             ASSERT_TRUE(in_place(a.pixels<T>(), a.step(), d.pixels<T>(), d.step(), width, height));
-            expect_pixels<T>(d, before, [&](int y, int i) { return by_bits(op, element<T>(a, y, i), element<T>(d, y, i)); });
+            expect_pixels<T>(d, before,
+                             [&](int y, int i) { return by_bits(op, element<T>(a, y, i), element<T>(d, y, i)); });
             const auto with = [&](Image& left) {
                 return [&, op](int y, int i) { return by_bits(op, element<T>(left, y, i), values[i % channels]); };
             };
@@ -71,7 +74,8 @@ void check_logic(const char* name, char op, int channels, Two two, InPlace in_pl
             } else {
                 ASSERT_TRUE(with_constant(a.pixels<T>(), a.step(), values[0], d.pixels<T>(), d.step(), width, height));
                 expect_pixels<T>(d, before, with(a));
-                ASSERT_TRUE(constant_in_place(d.pixels<T>(), d.step(), values[0], width, height)) << "value after the step";
+                ASSERT_TRUE(constant_in_place(d.pixels<T>(), d.step(), values[0], width, height))
+                    << "value after the step";
             }
             expect_pixels<T>(d, before, with(d));
         });
@@ -103,7 +107,8 @@ TEST(Bitwise, Not)
         bool (*method)(const u8*, int, u8*, int, int, int);
         bool (*in_place)(u8*, int, int, int);
     };
-    for (const Row& row : {Row{1, W::Not_8u_C1, W::Not_8u_C1I}, Row{3, W::Not_8u_C3, W::Not_8u_C3I}, Row{4, W::Not_8u_C4, W::Not_8u_C4I}}) {
+    for (const Row& row : {Row{1, W::Not_8u_C1, W::Not_8u_C1I}, Row{3, W::Not_8u_C3, W::Not_8u_C3I},
+                           Row{4, W::Not_8u_C4, W::Not_8u_C4I}}) {
         for (const int width : kWidths) {
             Image a = random_pixels<u8>(width * row.channels, 2, g), d = random_pixels<u8>(width * row.channels, 2, g);
             const auto before = d.bytes();
@@ -127,7 +132,8 @@ std::vector<unsigned> counts()
 }
 
 template <class T>
-void check_shift(char op, bool (*method)(const T*, int, unsigned, T*, int, int, int), bool (*in_place)(unsigned, T*, int, int, int))
+void check_shift(char op, bool (*method)(const T*, int, unsigned, T*, int, int, int),
+                 bool (*in_place)(unsigned, T*, int, int, int))
 {
     SCOPED_TRACE(std::string(1, op) + " bytes " + std::to_string(sizeof(T)));
     std::mt19937 g = make_generator("shift");
@@ -165,18 +171,22 @@ TEST(Bitwise, ShiftsOfChannels)
         bool (*in_place)(const unsigned*, u8*, int, int, int);
     };
     std::mt19937 g = make_generator("channels");
-    for (const Row& row : {Row{'<', 3, W::LShiftC_8u_C3R, W::LShiftC_8u_C3IR}, Row{'<', 4, W::LShiftC_8u_C4R, W::LShiftC_8u_C4IR},
-                           Row{'>', 3, W::RShiftC_8u_C3R, W::RShiftC_8u_C3IR}, Row{'>', 4, W::RShiftC_8u_C4R, W::RShiftC_8u_C4IR}}) {
+    for (const Row& row :
+         {Row{'<', 3, W::LShiftC_8u_C3R, W::LShiftC_8u_C3IR}, Row{'<', 4, W::LShiftC_8u_C4R, W::LShiftC_8u_C4IR},
+          Row{'>', 3, W::RShiftC_8u_C3R, W::RShiftC_8u_C3IR}, Row{'>', 4, W::RShiftC_8u_C4R, W::RShiftC_8u_C4IR}}) {
         for (int round = 0; round < (options().brief ? 10 : 200); ++round) {
             unsigned count[4];
-            for (unsigned& c : count) c = uniform(g, 0, 5) != 0 ? static_cast<unsigned>(uniform(g, 0, 8)) : static_cast<unsigned>(g());
+            for (unsigned& c : count)
+                c = uniform(g, 0, 5) != 0 ? static_cast<unsigned>(uniform(g, 0, 8)) : static_cast<unsigned>(g());
             if (round % 5 == 0) count[1] = count[2] = count[3] = count[0];
             const int width = uniform(g, 0, 3) == 0 ? uniform(g, 1, 400) : uniform(g, 1, 40);
             Image a = random_pixels<u8>(width * row.channels, 2, g), d = random_pixels<u8>(width * row.channels, 2, g);
             const auto before = d.bytes();
             at_every_level([&] {
                 const auto want = [&](Image& from) {
-                    return [&](int y, int i) { return by_steps(row.op, element<u8>(from, y, i), count[i % row.channels]); };
+                    return [&](int y, int i) {
+                        return by_steps(row.op, element<u8>(from, y, i), count[i % row.channels]);
+                    };
                 };
                 ASSERT_TRUE(row.method(a.pixels<u8>(), a.step(), count, d.pixels<u8>(), d.step(), width, 2));
                 expect_pixels<u8>(d, before, want(a));
@@ -205,12 +215,13 @@ TEST(Bitwise, RefusalsWriteNothing)
             bool source, destination;
             int srcStep, dstStep, width, height;
         };
-        for (const Arguments& a : {Arguments{false, true, step, step, 2, 2}, Arguments{true, false, step, step, 2, 2},
-                                   Arguments{true, true, 0, step, 2, 2}, Arguments{true, true, -step, step, 2, 2},
-                                   Arguments{true, true, step, 0, 2, 2}, Arguments{true, true, step, -step, 2, 2},
-                                   Arguments{true, true, step, INT_MIN, 2, 2}, Arguments{true, true, step, step, 0, 2},
-                                   Arguments{true, true, step, step, 2, 0}, Arguments{true, true, step, step, INT_MIN, 2},
-                                   Arguments{true, true, step, step, 2, -1}}) {
+        for (const Arguments& a :
+             {Arguments{false, true, step, step, 2, 2}, Arguments{true, false, step, step, 2, 2},
+              Arguments{true, true, 0, step, 2, 2}, Arguments{true, true, -step, step, 2, 2},
+              Arguments{true, true, step, 0, 2, 2}, Arguments{true, true, step, -step, 2, 2},
+              Arguments{true, true, step, INT_MIN, 2, 2}, Arguments{true, true, step, step, 0, 2},
+              Arguments{true, true, step, step, 2, 0}, Arguments{true, true, step, step, INT_MIN, 2},
+              Arguments{true, true, step, step, 2, -1}}) {
             const u8* const src = a.source ? s : nullptr;
             u8* const dst = a.destination ? d : nullptr;
             EXPECT_FALSE(W::And_8u_C1(src, a.srcStep, s, step, dst, a.dstStep, a.width, a.height));

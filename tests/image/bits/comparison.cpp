@@ -79,17 +79,22 @@ void check(const char* name, Op op, int channels, TwoImages<T> two, WithConstant
         const auto want = [&](auto right) {
             return [&a, right, op, channels](int y, int x) {
                 bool all = true;
-                for (int c = 0; c < channels; ++c) all = all && holds(op, element<T>(a, y, x * channels + c), right(y, x, c));
+                for (int c = 0; c < channels; ++c)
+                    all = all && holds(op, element<T>(a, y, x * channels + c), right(y, x, c));
                 return static_cast<u8>(all ? 255 : 0);
             };
         };
         at_every_level([&] {
-            ASSERT_TRUE(two(a.pixels<T>(), a.step(), b.pixels<T>(), b.step(), mask.pixels<u8>(), mask.step(), width, height));
-            expect_pixels<u8>(mask, before, want([&](int y, int x, int c) { return element<T>(b, y, x * channels + c); }));
+            ASSERT_TRUE(
+                two(a.pixels<T>(), a.step(), b.pixels<T>(), b.step(), mask.pixels<u8>(), mask.step(), width, height));
+            expect_pixels<u8>(mask, before,
+                              want([&](int y, int x, int c) { return element<T>(b, y, x * channels + c); }));
             if constexpr (std::is_invocable<WithConstant, const T*, int, const T*, u8*, int, int, int>::value) {
-                ASSERT_TRUE(with_constant(a.pixels<T>(), a.step(), values, mask.pixels<u8>(), mask.step(), width, height));
+                ASSERT_TRUE(
+                    with_constant(a.pixels<T>(), a.step(), values, mask.pixels<u8>(), mask.step(), width, height));
             } else {
-                ASSERT_TRUE(with_constant(a.pixels<T>(), a.step(), values[0], mask.pixels<u8>(), mask.step(), width, height));
+                ASSERT_TRUE(
+                    with_constant(a.pixels<T>(), a.step(), values[0], mask.pixels<u8>(), mask.step(), width, height));
             }
             expect_pixels<u8>(mask, before, want([&](int, int, int c) { return values[c]; }));
         });
@@ -99,7 +104,8 @@ void check(const char* name, Op op, int channels, TwoImages<T> two, WithConstant
 TEST(Comparison, EveryRelationAndType)
 {
     for (int round = 0; round < (options().brief ? 1 : 6); ++round) {
-#define RELATION(op, Op, T, channels, type) check<T>("Compare" #Op "_" #type, op, channels, W::Compare##Op##_##type, W::CompareC##Op##_##type##R)
+#define RELATION(op, Op, T, channels, type) \
+    check<T>("Compare" #Op "_" #type, op, channels, W::Compare##Op##_##type, W::CompareC##Op##_##type##R)
 #define ALL(T, channels, type)                      \
     RELATION(less, Less, T, channels, type);        \
     RELATION(less_eq, LessEq, T, channels, type);   \
@@ -120,8 +126,8 @@ TEST(Comparison, EveryRelationAndType)
 
 TEST(Comparison, EveryPairOf8u)
 {
-    const TwoImages<u8> methods[] = {W::CompareLess_8u_C1, W::CompareLessEq_8u_C1, W::CompareEq_8u_C1, W::CompareGreaterEq_8u_C1,
-                                     W::CompareGreater_8u_C1};
+    const TwoImages<u8> methods[] = {W::CompareLess_8u_C1, W::CompareLessEq_8u_C1, W::CompareEq_8u_C1,
+                                     W::CompareGreaterEq_8u_C1, W::CompareGreater_8u_C1};
     std::vector<u8> a(65536), b(65536), mask(65536), want(65536);
     for (std::size_t i = 0; i < 65536; ++i) {
         a[i] = static_cast<u8>(i >> 8);
@@ -158,20 +164,24 @@ TEST(Comparison, SpecialFloats)
         float a, b;
         u8 less, less_eq, eq, greater_eq, greater;
     };
-    for (const Row& row : {Row{tenth, tenth, 0, 255, 255, 255, 0}, Row{tenth, next, 255, 255, 0, 0, 0}, Row{-0.0f, 0.0f, 0, 255, 255, 255, 0},
-                           Row{tiny, 0, 0, 0, 0, 255, 255}, Row{nan, 1, 0, 0, 0, 0, 0}, Row{1, nan, 0, 0, 0, 0, 0}, Row{nan, nan, 0, 0, 0, 0, 0}}) {
+    for (const Row& row : {Row{tenth, tenth, 0, 255, 255, 255, 0}, Row{tenth, next, 255, 255, 0, 0, 0},
+                           Row{-0.0f, 0.0f, 0, 255, 255, 255, 0}, Row{tiny, 0, 0, 0, 0, 255, 255},
+                           Row{nan, 1, 0, 0, 0, 0, 0}, Row{1, nan, 0, 0, 0, 0, 0}, Row{nan, nan, 0, 0, 0, 0, 0}}) {
         at_every_level([&] {
             const unsigned control = has_control ? control_register() : 0, flushing = control | 0x8040;
             if (has_control) set_control_register(flushing);
             u8 mask[5] = {1, 1, 1, 1, 1};
-            const bool done = W::CompareLess_32f_C1(&row.a, 4, &row.b, 4, mask, 1, 1, 1) && W::CompareLessEq_32f_C1(&row.a, 4, &row.b, 4, mask + 1, 1, 1, 1) &&
-                              W::CompareCEq_32f_C1R(&row.a, 4, row.b, mask + 2, 1, 1, 1) && W::CompareCGreaterEq_32f_C1R(&row.a, 4, row.b, mask + 3, 1, 1, 1) &&
+            const bool done = W::CompareLess_32f_C1(&row.a, 4, &row.b, 4, mask, 1, 1, 1) &&
+                              W::CompareLessEq_32f_C1(&row.a, 4, &row.b, 4, mask + 1, 1, 1, 1) &&
+                              W::CompareCEq_32f_C1R(&row.a, 4, row.b, mask + 2, 1, 1, 1) &&
+                              W::CompareCGreaterEq_32f_C1R(&row.a, 4, row.b, mask + 3, 1, 1, 1) &&
                               W::CompareGreater_32f_C1(&row.a, 4, &row.b, 4, mask + 4, 1, 1, 1);
             const unsigned after = has_control ? control_register() : flushing;
             if (has_control) set_control_register(control);
             EXPECT_TRUE(done);
             EXPECT_EQ(after & ~0x3Fu, flushing & ~0x3Fu);
-            EXPECT_THAT(mask, testing::ElementsAre(row.less, row.less_eq, row.eq, row.greater_eq, row.greater)) << row.a << ", " << row.b;
+            EXPECT_THAT(mask, testing::ElementsAre(row.less, row.less_eq, row.eq, row.greater_eq, row.greater))
+                << row.a << ", " << row.b;
         });
     }
 }
@@ -184,7 +194,8 @@ TEST(Comparison, RefusalsWriteNothing)
     u8* const m = mask.data();
     const float f[8] = {};
     at_every_level([&] {
-        for (const TwoImages<u8> method : {W::CompareLess_8u_C1, W::CompareLessEq_8u_C3, W::CompareEq_8u_C4, W::CompareGreater_8u_C3}) {
+        for (const TwoImages<u8> method :
+             {W::CompareLess_8u_C1, W::CompareLessEq_8u_C3, W::CompareEq_8u_C4, W::CompareGreater_8u_C3}) {
             EXPECT_FALSE(method(nullptr, 8, s, 8, m, 8, 2, 2));
             EXPECT_FALSE(method(s, 8, nullptr, 8, m, 8, 2, 2));
             EXPECT_FALSE(method(s, 8, s, 8, nullptr, 8, 2, 2));

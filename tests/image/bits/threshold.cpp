@@ -1,4 +1,4 @@
-// Thresholding against the order that the header tells: of numbers, with -0 below +0, and of NaNs by sign.
+// Thresholding against the order in the header: of numbers, with -0 below +0, and of NaNs by sign.
 #include <climits>
 #include <cmath>
 
@@ -80,7 +80,9 @@ void check_single(const char* name, bool greater, bool with_value, Threshold met
             Image a = random_pixels<T>(width, 2, g), d = random_pixels<T>(width, 2, g);
             const auto before = d.bytes();
             const S t = telling<T>(a, g), v = with_value ? telling<T>(d, g) : t;
-            const auto want = [&](Image& from) { return [&](int y, int i) { return once(greater, element<S>(from, y, i), t, v); }; };
+            const auto want = [&](Image& from) {
+                return [&](int y, int i) { return once(greater, element<S>(from, y, i), t, v); };
+            };
             at_every_level([&] {
                 bool done;
                 if constexpr (std::is_invocable<Threshold, const T*, int, T*, int, int, int, T, T>::value) {
@@ -123,7 +125,8 @@ TEST(Threshold, ChannelsAndPairs)
     for (int round = 0; round < (options().brief ? 2 : 20); ++round) {
         for (const int width : kWidths) {
             for (const int channels : {1, 3}) {
-                Image a = random_pixels<float>(width * channels, 2, g), d = random_pixels<float>(width * channels, 2, g);
+                Image a = random_pixels<float>(width * channels, 2, g),
+                      d = random_pixels<float>(width * channels, 2, g);
                 const auto before = d.bytes();
                 float tl[3], vl[3], tg[3], vg[3];
                 bool ordered = true;
@@ -146,11 +149,13 @@ TEST(Threshold, ChannelsAndPairs)
                 at_every_level([&] {
                     float *const p = d.pixels<float>(), *const q = a.pixels<float>();
                     bool done, done_in_place;
-                    if (channels == 1) done = W::Threshold_LTValGTVal_32f_C1R(q, a.step(), p, d.step(), width, 2, *tl, *vl, *tg, *vg);
+                    if (channels == 1)
+                        done = W::Threshold_LTValGTVal_32f_C1R(q, a.step(), p, d.step(), width, 2, *tl, *vl, *tg, *vg);
                     else done = W::Threshold_LTValGTVal_32f_C3R(q, a.step(), p, d.step(), width, 2, tl, vl, tg, vg);
                     ASSERT_EQ(done, ordered);
                     expect_pixels<Float>(d, before, pair(a));
-                    if (channels == 1) done_in_place = W::Threshold_LTValGTVal_32f_C1IR(p, d.step(), width, 2, *tl, *vl, *tg, *vg);
+                    if (channels == 1)
+                        done_in_place = W::Threshold_LTValGTVal_32f_C1IR(p, d.step(), width, 2, *tl, *vl, *tg, *vg);
                     else done_in_place = W::Threshold_LTValGTVal_32f_C3IR(p, d.step(), width, 2, tl, vl, tg, vg);
                     ASSERT_EQ(done_in_place, ordered);
                     expect_pixels<Float>(d, before, pair(d));
@@ -161,9 +166,11 @@ TEST(Threshold, ChannelsAndPairs)
                                 return once(greater, element<Float>(from, y, i), stored(tg[i % 3]), stored(tg[i % 3]));
                             };
                         };
-                        ASSERT_TRUE((greater ? W::ThresholdGreater_32f_C3R : W::ThresholdLess_32f_C3R)(q, a.step(), p, d.step(), width, 2, tg));
+                        ASSERT_TRUE((greater ? W::ThresholdGreater_32f_C3R : W::ThresholdLess_32f_C3R)(
+                            q, a.step(), p, d.step(), width, 2, tg));
                         expect_pixels<Float>(d, before, each(a));
-                        ASSERT_TRUE((greater ? W::ThresholdGreater_32f_C3IR : W::ThresholdLess_32f_C3IR)(p, d.step(), width, 2, tg));
+                        ASSERT_TRUE((greater ? W::ThresholdGreater_32f_C3IR : W::ThresholdLess_32f_C3IR)(p, d.step(),
+                                                                                                         width, 2, tg));
                         expect_pixels<Float>(d, before, each(d));
                     }
                 });
@@ -181,9 +188,11 @@ TEST(Threshold, SpecialFloats)
         at_every_level([&] {
             float dst[10];
             ASSERT_TRUE(W::Threshold_GTVal_32f_C1(pixels, 40, dst, 40, 10, 1, pixels[t], 7));
-            for (int i = 0; i < 10; ++i) EXPECT_EQ(stored(dst[i]).bits, stored(i > t ? 7.0f : pixels[i]).bits) << i << " above " << t;
+            for (int i = 0; i < 10; ++i)
+                EXPECT_EQ(stored(dst[i]).bits, stored(i > t ? 7.0f : pixels[i]).bits) << i << " above " << t;
             ASSERT_TRUE(W::Threshold_LTVal_32f_C1(pixels, 40, dst, 40, 10, 1, pixels[t], 7));
-            for (int i = 0; i < 10; ++i) EXPECT_EQ(stored(dst[i]).bits, stored(i < t ? 7.0f : pixels[i]).bits) << i << " below " << t;
+            for (int i = 0; i < 10; ++i)
+                EXPECT_EQ(stored(dst[i]).bits, stored(i < t ? 7.0f : pixels[i]).bits) << i << " below " << t;
         });
     }
     // A signalling NaN among the arguments arrives as it is.
@@ -236,7 +245,8 @@ TEST(Threshold, RefusalsWriteNothing)
             EXPECT_FALSE(W::ThresholdGreater_32f_C3R(from, fromStep, to, toStep, width, height, low));
             EXPECT_FALSE(W::Threshold_GTVal_32f_C1(from, fromStep, to, toStep, width, height, 1, 2));
             EXPECT_FALSE(W::Threshold_LTValGTVal_32f_C1R(from, fromStep, to, toStep, width, height, 1, 1, 2, 2));
-            EXPECT_FALSE(W::Threshold_LTValGTVal_32f_C3R(from, fromStep, to, toStep, width, height, low, low, high, high));
+            EXPECT_FALSE(
+                W::Threshold_LTValGTVal_32f_C3R(from, fromStep, to, toStep, width, height, low, low, high, high));
             if (from == nullptr || fromStep != step) return;
             EXPECT_FALSE(W::Threshold_LT_32f_C1I(to, toStep, width, height, 1));
             EXPECT_FALSE(W::ThresholdGreater_32f_C3IR(to, toStep, width, height, low));

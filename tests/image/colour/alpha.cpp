@@ -63,7 +63,8 @@ TEST(Alpha, EveryAlphaOverOpaqueGround)
             }
             for (auto* const kernel : built_variants(orv::orv_AlphaComp_8u_AC4.variant)) {
                 for (std::size_t i = 0; i < dst.size(); ++i) dst[i] = i % 4 == 3 ? want[i] : u8{0};
-                ASSERT_EQ(kernel(ground.data(), 1024, top.data(), 1024, dst.data(), 1024, {256, 256}, premultiplied), orv::StatusOk);
+                ASSERT_EQ(kernel(ground.data(), 1024, top.data(), 1024, dst.data(), 1024, {256, 256}, premultiplied),
+                          orv::StatusOk);
                 ASSERT_TRUE(dst == want) << "alpha " << alpha << ", premultiplied " << premultiplied;
             }
         }
@@ -101,17 +102,21 @@ TEST(Alpha, Rows)
                 std::vector<u8> results;
                 for (int i = 0; i < 12 * width; ++i) {
                     const int at = i % (4 * width), y = i / (4 * width), c = i % 4;
-                    const Colour low = {ground.row(y)[at], ground.row(y)[at - c + 3]}, high = {top.row(y)[at], top.row(y)[at - c + 3]};
-                    results.push_back(static_cast<u8>(row.keeps_alpha ? over_opaque(low, high, premultiplied) : over(low, high, premultiplied, c == 3)));
+                    const Colour low = {ground.row(y)[at], ground.row(y)[at - c + 3]},
+                                 high = {top.row(y)[at], top.row(y)[at - c + 3]};
+                    results.push_back(static_cast<u8>(row.keeps_alpha ? over_opaque(low, high, premultiplied)
+                                                                      : over(low, high, premultiplied, c == 3)));
                 }
                 const auto want = [&](Image& image) {
                     return [&](int y, int i) {
-                        return row.keeps_alpha && i % 4 == 3 ? element<u8>(image, y, i) : results[static_cast<std::size_t>(y * 4 * width + i)];
+                        return row.keeps_alpha && i % 4 == 3 ? element<u8>(image, y, i)
+                                                             : results[static_cast<std::size_t>(y * 4 * width + i)];
                     };
                 };
                 at_every_level([&] {
                     const auto run = [&](Image& to) {
-                        return row.method(ground.pixels<u8>(), ground.step(), top.pixels<u8>(), top.step(), to.pixels<u8>(), to.step(), width, 3, premultiplied);
+                        return row.method(ground.pixels<u8>(), ground.step(), top.pixels<u8>(), top.step(),
+                                          to.pixels<u8>(), to.step(), width, 3, premultiplied);
                     };
                     ASSERT_TRUE(run(d));
                     expect_pixels<u8>(d, before, want(d));
@@ -161,14 +166,18 @@ TEST(Alpha, ConstantForAllPixels)
         }
         Image d = random_image(3 * width, 1, g);
         const auto before_ground = ground.bytes(), before = d.bytes();
-        const auto want = [&](int, int i) { return static_cast<u8>(nearest(alpha * top.row(0)[i] + (255 - alpha) * ground.row(0)[i], 255)); };
+        const auto want = [&](int, int i) {
+            return static_cast<u8>(nearest(alpha * top.row(0)[i] + (255 - alpha) * ground.row(0)[i], 255));
+        };
         std::vector<u8> results;
         for (int i = 0; i < 3 * width; ++i) results.push_back(want(0, i));
         const auto kept = [&](int, int i) { return results[static_cast<std::size_t>(i)]; };
         at_every_level([&] {
-            ASSERT_TRUE(W::AlphaCompC_8u_C3R(ground.pixels<u8>(), ground.step(), top.pixels<u8>(), top.step(), static_cast<u8>(alpha), d.pixels<u8>(), d.step(), width, 1));
+            ASSERT_TRUE(W::AlphaCompC_8u_C3R(ground.pixels<u8>(), ground.step(), top.pixels<u8>(), top.step(),
+                                             static_cast<u8>(alpha), d.pixels<u8>(), d.step(), width, 1));
             expect_pixels<u8>(d, before, kept);
-            ASSERT_TRUE(W::AlphaCompC_8u_C3R(ground.pixels<u8>(), ground.step(), top.pixels<u8>(), top.step(), static_cast<u8>(alpha), ground.pixels<u8>(), ground.step(), width, 1));
+            ASSERT_TRUE(W::AlphaCompC_8u_C3R(ground.pixels<u8>(), ground.step(), top.pixels<u8>(), top.step(),
+                                             static_cast<u8>(alpha), ground.pixels<u8>(), ground.step(), width, 1));
             expect_pixels<u8>(ground, before_ground, kept);
         });
     }

@@ -23,7 +23,8 @@ u8 packed_byte(Image& rgb, const Standard& s, int y, int pair, int which, int wi
 {
     const Triple first = pixel_at(rgb, y, 2 * pair), second = pixel_at(rgb, y, std::min(2 * pair + 1, width - 1));
     if (which % 2 == 0) return static_cast<u8>(luma(s, which == 0 ? first : second));
-    return static_cast<u8>(chroma(s, which == 1 ? 1 : 2, {first[0] + second[0], first[1] + second[1], first[2] + second[2]}, 2));
+    return static_cast<u8>(
+        chroma(s, which == 1 ? 1 : 2, {first[0] + second[0], first[1] + second[1], first[2] + second[2]}, 2));
 }
 
 // Noise, in some images the ends of the range only, where sums saturate, and in some pairs of equal primaries.
@@ -61,8 +62,10 @@ TEST(Subsampled, To422)
         Image a = noise(3 * width, height, g), d = random_image(4 * ((width + 1) / 2), height, g);
         const auto before = d.bytes();
         at_every_level([&] {
-            ASSERT_TRUE(W::RGBToYUV422_8u_C3C2R(a.pixels<u8>(), a.step(), d.pixels<u8>(), d.step(), width, height, code));
-            expect_pixels<u8>(d, before, [&](int y, int i) { return packed_byte(a, standard(code), y, i / 4, i % 4, width); });
+            ASSERT_TRUE(
+                W::RGBToYUV422_8u_C3C2R(a.pixels<u8>(), a.step(), d.pixels<u8>(), d.step(), width, height, code));
+            expect_pixels<u8>(d, before,
+                              [&](int y, int i) { return packed_byte(a, standard(code), y, i / 4, i % 4, width); });
         });
     });
 }
@@ -73,7 +76,8 @@ TEST(Subsampled, From422)
         Image a = noise(4 * ((width + 1) / 2), height, g), d = random_image(3 * width, height, g);
         const auto before = d.bytes();
         at_every_level([&] {
-            ASSERT_TRUE(W::YUV422ToRGB_8u_C2C3R(a.pixels<u8>(), a.step(), d.pixels<u8>(), d.step(), width, height, code));
+            ASSERT_TRUE(
+                W::YUV422ToRGB_8u_C2C3R(a.pixels<u8>(), a.step(), d.pixels<u8>(), d.step(), width, height, code));
             expect_pixels<u8>(d, before, [&](int y, int i) {
                 const int x = i / 3;
                 const u8* const pair = a.row(y) + 4 * (x / 2);
@@ -87,12 +91,13 @@ TEST(Subsampled, From420)
 {
     for_every_width("from 420", [](int width, int height, int code, std::mt19937& g) {
         const int half_width = (width + 1) / 2, half_height = (height + 1) / 2;
-        Image luma = noise(width, height, g), u = noise(half_width, half_height, g), v = noise(half_width, half_height, g);
+        Image luma = noise(width, height, g), u = noise(half_width, half_height, g),
+              v = noise(half_width, half_height, g);
         Image d = random_image(3 * width, height, g);
         const auto before = d.bytes();
         at_every_level([&] {
-            ASSERT_TRUE(W::YUV420ToRGB_8u_P3C3(luma.pixels<u8>(), luma.step(), u.pixels<u8>(), u.step(), v.pixels<u8>(), v.step(),
-                                               d.pixels<u8>(), d.step(), width, height, code));
+            ASSERT_TRUE(W::YUV420ToRGB_8u_P3C3(luma.pixels<u8>(), luma.step(), u.pixels<u8>(), u.step(), v.pixels<u8>(),
+                                               v.step(), d.pixels<u8>(), d.step(), width, height, code));
             expect_pixels<u8>(d, before, [&](int y, int i) {
                 const int x = i / 3;
                 return byte(to_rgb(standard(code), {luma.row(y)[x], u.row(y / 2)[x / 2], v.row(y / 2)[x / 2]}), i % 3);
@@ -106,11 +111,13 @@ TEST(Subsampled, NegativeAndZeroSteps)
 {
     std::mt19937 g = make_generator("steps");
     const int width = 45, height = 5;
-    Image luma(width, height, {false, false, -60, 3}, g), u(23, 1, {false, false, 23, 1}, g), v(23, 3, {false, false, -40, 0}, g);
+    Image luma(width, height, {false, false, -60, 3}, g), u(23, 1, {false, false, 23, 1}, g),
+        v(23, 3, {false, false, -40, 0}, g);
     Image d(3 * width, height, {false, false, -3 * width, 5}, g);
     const auto before = d.bytes();
     at_every_level([&] {
-        ASSERT_TRUE(W::YUV420ToRGB_8u_P3C3(luma.pixels<u8>(), luma.step(), u.pixels<u8>(), 0, v.pixels<u8>(), v.step(), d.pixels<u8>(), d.step(), width, height, 2));
+        ASSERT_TRUE(W::YUV420ToRGB_8u_P3C3(luma.pixels<u8>(), luma.step(), u.pixels<u8>(), 0, v.pixels<u8>(), v.step(),
+                                           d.pixels<u8>(), d.step(), width, height, 2));
         expect_pixels<u8>(d, before, [&](int y, int i) {
             const int x = i / 3;
             return byte(to_rgb(standard(2), {luma.row(y)[x], u.row(0)[x / 2], v.row(y / 2)[x / 2]}), i % 3);
@@ -136,7 +143,9 @@ TEST(Subsampled, RefusalsWriteNothing)
         }
         for (int missing = 0; missing < 4; ++missing) {
             const auto given = [&](int k) { return k == missing ? nullptr : s; };
-            EXPECT_EQ(orv::orv_YUV420ToRGB_8u_P3C3(given(0), step, given(1), step, given(2), step, missing == 3 ? nullptr : d, step, {0, 0}, 5), -8);
+            EXPECT_EQ(orv::orv_YUV420ToRGB_8u_P3C3(given(0), step, given(1), step, given(2), step,
+                                                   missing == 3 ? nullptr : d, step, {0, 0}, 5),
+                      -8);
         }
         EXPECT_EQ(orv::orv_YUV420ToRGB_8u_P3C3(s, step, s, step, s, step, d, step, {-5, 2}, 5), -6);
         EXPECT_EQ(orv::orv_YUV420ToRGB_8u_P3C3(s, step, s, step, s, step, d, step, {2, 2}, 5), -302);

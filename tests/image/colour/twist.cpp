@@ -51,7 +51,9 @@ std::vector<Matrix> matrices(std::mt19937& g)
     };
     for (int i = 0; i < 12; ++i) {
         Matrix m;
-        for (float& v : m) v = i % 3 == 0 ? random_value<float>(g, Fill::uniform) : std::uniform_real_distribution<float>(-1.5f, 1.5f)(g);
+        for (float& v : m)
+            v = i % 3 == 0 ? random_value<float>(g, Fill::uniform)
+                           : std::uniform_real_distribution<float>(-1.5f, 1.5f)(g);
         all.push_back(m);
     }
     return all;
@@ -72,13 +74,15 @@ TEST(Twist, Bytes)
                 std::vector<u8> results;
                 for (int i = 0; i < 2 * width; ++i) {
                     const u8* const p = a.row(i / width) + i % width * row.channels;
-                    const float pixel[3] = {static_cast<float>(p[0]), static_cast<float>(p[1]), static_cast<float>(p[2])};
+                    const float pixel[3] = {static_cast<float>(p[0]), static_cast<float>(p[1]),
+                                            static_cast<float>(p[2])};
                     for (int c = 0; c < 3; ++c) results.push_back(to_byte(twisted(m.data() + 4 * c, pixel)));
                 }
                 const auto want = [&](Image& image) {
                     return [&](int y, int i) {
                         const int x = i / row.channels, c = i % row.channels;
-                        return c == 3 ? element<u8>(image, y, i) : results[static_cast<std::size_t>(3 * (y * width + x) + c)];
+                        return c == 3 ? element<u8>(image, y, i)
+                                      : results[static_cast<std::size_t>(3 * (y * width + x) + c)];
                     };
                 };
                 at_every_level([&] {
@@ -102,15 +106,19 @@ TEST(Twist, Floats)
             std::vector<std::uint32_t> results;
             for (int i = 0; i < 6 * width; ++i) {
                 const int x = i / 3 % width;
-                const float p[3] = {element<float>(a, i / (3 * width), 3 * x), element<float>(a, i / (3 * width), 3 * x + 1), element<float>(a, i / (3 * width), 3 * x + 2)};
+                const float p[3] = {element<float>(a, i / (3 * width), 3 * x),
+                                    element<float>(a, i / (3 * width), 3 * x + 1),
+                                    element<float>(a, i / (3 * width), 3 * x + 2)};
                 const float value = twisted(m.data() + 4 * (i % 3), p);
                 results.push_back(std::isnan(value) ? 0x7FC00000 : bits_of(value));
             }
             const auto want = [&](int y, int i) { return results[static_cast<std::size_t>(y * 3 * width + i)]; };
             at_every_level([&] {
-                ASSERT_TRUE(W::ColorTwist32f_32f_C3(a.pixels<float>(), a.step(), m.data(), d.pixels<float>(), d.step(), width, 2));
+                ASSERT_TRUE(W::ColorTwist32f_32f_C3(a.pixels<float>(), a.step(), m.data(), d.pixels<float>(), d.step(),
+                                                    width, 2));
                 expect_pixels<std::uint32_t>(d, before, want);
-                ASSERT_TRUE(W::ColorTwist32f_32f_C3(a.pixels<float>(), a.step(), m.data(), a.pixels<float>(), a.step(), width, 2));
+                ASSERT_TRUE(W::ColorTwist32f_32f_C3(a.pixels<float>(), a.step(), m.data(), a.pixels<float>(), a.step(),
+                                                    width, 2));
                 expect_pixels<std::uint32_t>(a, before_a, want);
             });
         }
@@ -125,8 +133,10 @@ TEST(Twist, RefusalsWriteNothing)
     const Matrix m = {};
     const int step = image.step();
     at_every_level([&] {
-        const auto run = [&](const orv::Operation<orv::SrcTwistDst<u8>>& operation, bool src, bool twist, bool dst, orv::Size roi) {
-            return operation(src ? source.pixels<u8>() : nullptr, step, twist ? m.data() : nullptr, dst ? image.pixels<u8>() : nullptr, step, roi);
+        const auto run = [&](const orv::Operation<orv::SrcTwistDst<u8>>& operation, bool src, bool twist, bool dst,
+                             orv::Size roi) {
+            return operation(src ? source.pixels<u8>() : nullptr, step, twist ? m.data() : nullptr,
+                             dst ? image.pixels<u8>() : nullptr, step, roi);
         };
         for (const auto* const operation : {&orv::orv_ColorTwist32f_8u_C3, &orv::orv_ColorTwist32f_8u_AC4}) {
             EXPECT_EQ(run(*operation, false, true, true, {0, 0}), -8);
@@ -136,7 +146,8 @@ TEST(Twist, RefusalsWriteNothing)
             EXPECT_EQ(run(*operation, true, true, true, {2, -2}), -6);
         }
         EXPECT_FALSE(W::ColorTwist32f_32f_C3(source.pixels<float>(), step, nullptr, image.pixels<float>(), step, 2, 2));
-        EXPECT_FALSE(W::ColorTwist32f_32f_C3(source.pixels<float>(), step, m.data(), image.pixels<float>(), step, 2, 0));
+        EXPECT_FALSE(
+            W::ColorTwist32f_32f_C3(source.pixels<float>(), step, m.data(), image.pixels<float>(), step, 2, 0));
         ASSERT_EQ(image.bytes(), before);
     });
 }

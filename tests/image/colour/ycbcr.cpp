@@ -27,13 +27,20 @@ struct Deviation {
         if (distance > 0.5 + 1e-9) ++wrong[component];
         if (component == 0) ++count;
     }
-    double share() const { return static_cast<double>(*std::max_element(wrong, wrong + 3)) / static_cast<double>(count); }
+    double share() const
+    {
+        return static_cast<double>(*std::max_element(wrong, wrong + 3)) / static_cast<double>(count);
+    }
 };
 
 struct Real {
     double kr, kb, black, s, t;
     explicit Real(const Standard& standard)
-        : kr(standard.kr), kb(standard.kb), black(standard.full ? 0 : 16), s(standard.full ? 1 : 219 / 255.0), t(standard.full ? 1 : 224 / 255.0)
+        : kr(standard.kr),
+          kb(standard.kb),
+          black(standard.full ? 0 : 16),
+          s(standard.full ? 1 : 219 / 255.0),
+          t(standard.full ? 1 : 224 / 255.0)
     {
     }
     void from_rgb(const Triple& rgb, const Triple& ycc, Deviation& d) const
@@ -45,7 +52,8 @@ struct Real {
     }
     void to_rgb(const Triple& ycc, const Triple& rgb, Deviation& d) const
     {
-        const double l = (ycc[0] - black) / s, red = l + (ycc[2] - 128) * (2 - 2 * kr) / t, blue = l + (ycc[1] - 128) * (2 - 2 * kb) / t;
+        const double l = (ycc[0] - black) / s, red = l + (ycc[2] - 128) * (2 - 2 * kr) / t,
+                     blue = l + (ycc[1] - 128) * (2 - 2 * kb) / t;
         d.add(0, rgb[0], red);
         d.add(1, rgb[1], (l - kr * red - kb * blue) / (1 - kr - kb));
         d.add(2, rgb[2], blue);
@@ -73,8 +81,10 @@ TEST_P(EveryPixel, IsWhatTheIntegersSay)
             real.from_rgb(pixel, there, forth);
             real.to_rgb(pixel, here, back);
             const Triple round_trip = to_rgb(s, there);
-            const int blue = std::abs(round_trip[2] - pixel[2]), rest = std::max(std::abs(round_trip[0] - pixel[0]), std::abs(round_trip[1] - pixel[1]));
-            if (rest > 1 || blue > (s.full ? 1 : 2)) FAIL() << "there and back: " << first << " " << (i >> 8) << " " << (i & 255);
+            const int blue = std::abs(round_trip[2] - pixel[2]),
+                      rest = std::max(std::abs(round_trip[0] - pixel[0]), std::abs(round_trip[1] - pixel[1]));
+            if (rest > 1 || blue > (s.full ? 1 : 2))
+                FAIL() << "there and back: " << first << " " << (i >> 8) << " " << (i & 255);
             for (std::size_t c = 0; c < 3; ++c) {
                 const std::size_t at = static_cast<std::size_t>(3 * i) + c;
                 src[at] = static_cast<u8>(pixel[c]);
@@ -125,7 +135,10 @@ struct Row {
     bool to_rgb;
     bool (*method)(const u8*, int, u8*, int, int, int, int);
 };
-const Row kRows[] = {{3, false, W::RGBToYCbCr_8u_C3}, {4, false, W::RGBToYCbCr_8u_AC4}, {3, true, W::YCbCrToRGB_8u_C3}, {4, true, W::YCbCrToRGB_8u_AC4}};
+const Row kRows[] = {{3, false, W::RGBToYCbCr_8u_C3},
+                     {4, false, W::RGBToYCbCr_8u_AC4},
+                     {3, true, W::YCbCrToRGB_8u_C3},
+                     {4, true, W::YCbCrToRGB_8u_AC4}};
 
 TEST(YCbCr, RowsOfEveryWidth)
 {
@@ -138,13 +151,15 @@ TEST(YCbCr, RowsOfEveryWidth)
             std::vector<Triple> pixels;
             for (int i = 0; i < 3 * width; ++i) {
                 const u8* const p = a.row(i / width) + i % width * row.channels;
-                pixels.push_back(row.to_rgb ? to_rgb(standard(code), {p[0], p[1], p[2]}) : to_ycc(standard(code), {p[0], p[1], p[2]}));
+                pixels.push_back(row.to_rgb ? to_rgb(standard(code), {p[0], p[1], p[2]})
+                                            : to_ycc(standard(code), {p[0], p[1], p[2]}));
             }
             const auto want = [&](Image& image) {
                 return [&](int y, int i) {
                     const int x = i / row.channels, c = i % row.channels;
                     if (c == 3) return element<u8>(image, y, i);
-                    return static_cast<u8>(pixels[static_cast<std::size_t>(y * width + x)][static_cast<std::size_t>(c)]);
+                    return static_cast<u8>(
+                        pixels[static_cast<std::size_t>(y * width + x)][static_cast<std::size_t>(c)]);
                 };
             };
             at_every_level([&] {
@@ -166,12 +181,14 @@ TEST(YCbCr, RefusalsWriteNothing)
     u8* const d = image.pixels<u8>();
     const int step = image.step();
     at_every_level([&] {
-        for (const auto* const operation : {&orv::orv_RGBToYCbCr_8u_C3, &orv::orv_RGBToYCbCr_8u_AC4, &orv::orv_YCbCrToRGB_8u_C3, &orv::orv_YCbCrToRGB_8u_AC4}) {
+        for (const auto* const operation : {&orv::orv_RGBToYCbCr_8u_C3, &orv::orv_RGBToYCbCr_8u_AC4,
+                                            &orv::orv_YCbCrToRGB_8u_C3, &orv::orv_YCbCrToRGB_8u_AC4}) {
             EXPECT_EQ((*operation)(nullptr, step, d, step, {0, 2}, 9), -8);
             EXPECT_EQ((*operation)(s, step, nullptr, step, {2, 2}, 0), -8);
             EXPECT_EQ((*operation)(s, step, d, step, {0, 2}, 9), -6);
             EXPECT_EQ((*operation)(s, step, d, step, {2, -1}, 0), -6);
-            for (const int code : {-1, 4, 2147483647, -2147483647 - 1}) EXPECT_EQ((*operation)(s, step, d, step, {2, 2}, code), -302);
+            for (const int code : {-1, 4, 2147483647, -2147483647 - 1})
+                EXPECT_EQ((*operation)(s, step, d, step, {2, 2}, code), -302);
         }
         for (const Row& row : kRows) EXPECT_FALSE(row.method(s, step, d, step, 2, 2, 4));
         ASSERT_EQ(image.bytes(), before);

@@ -32,7 +32,8 @@ template <class T>
 Word<T> nearest(Image& src, const Sizes& s, int channels, int y, int i)
 {
     const int x = i / channels;
-    const int sx = std::min(std::max(x - s.left, 0), s.srcWidth - 1), sy = std::min(std::max(y - s.top, 0), s.srcHeight - 1);
+    const int sx = std::min(std::max(x - s.left, 0), s.srcWidth - 1),
+              sy = std::min(std::max(y - s.top, 0), s.srcHeight - 1);
     return element<Word<T>>(src, sy, sx * channels + i % channels);
 }
 
@@ -43,25 +44,27 @@ void check(const char* name, int channels, Constant constant, Replicate replicat
     std::mt19937 g = make_generator(name);
     for (int round = 0; round < (options().brief ? 30 : 400); ++round) {
         const Sizes s = random_sizes(g);
-        Image src = random_pixels<T>(s.srcWidth * channels, s.srcHeight, g), dst = random_pixels<T>(s.dstWidth * channels, s.dstHeight, g);
+        Image src = random_pixels<T>(s.srcWidth * channels, s.srcHeight, g),
+              dst = random_pixels<T>(s.dstWidth * channels, s.dstHeight, g);
         const auto before = dst.bytes();
         T values[4];
         for (T& v : values) v = random_value<T>(g, static_cast<Fill>(uniform(g, 0, 1)));
         Word<T> words[4];
         std::memcpy(words, values, sizeof(words));
         at_every_level([&] {
-            ASSERT_TRUE(replicate(src.pixels<T>(), src.step(), s.srcWidth, s.srcHeight, dst.pixels<T>(), dst.step(), s.dstWidth, s.dstHeight,
-                                  s.top, s.left));
+            ASSERT_TRUE(replicate(src.pixels<T>(), src.step(), s.srcWidth, s.srcHeight, dst.pixels<T>(), dst.step(),
+                                  s.dstWidth, s.dstHeight, s.top, s.left));
             expect_pixels<Word<T>>(dst, before, [&](int y, int i) { return nearest<T>(src, s, channels, y, i); });
             const auto argument = [&] {
-                if constexpr (std::is_invocable<Constant, const T*, int, int, int, T*, int, int, int, int, int, const T*>::value) {
+                if constexpr (std::is_invocable<Constant, const T*, int, int, int, T*, int, int, int, int, int,
+                                                const T*>::value) {
                     return static_cast<const T*>(values);
                 } else {
                     return values[0];
                 }
             }();
-            ASSERT_TRUE(constant(src.pixels<T>(), src.step(), s.srcWidth, s.srcHeight, dst.pixels<T>(), dst.step(), s.dstWidth, s.dstHeight,
-                                 s.top, s.left, argument));
+            ASSERT_TRUE(constant(src.pixels<T>(), src.step(), s.srcWidth, s.srcHeight, dst.pixels<T>(), dst.step(),
+                                 s.dstWidth, s.dstHeight, s.top, s.left, argument));
             expect_pixels<Word<T>>(dst, before, [&](int y, int i) {
                 const int x = i / channels - s.left, row = y - s.top;
                 const bool inside = x >= 0 && x < s.srcWidth && row >= 0 && row < s.srcHeight;
@@ -102,11 +105,13 @@ void check_in_buffer(const char* name, InPlace in_place, Replicate replicate)
             const auto collected = [&](int y, int i) { return expected[static_cast<std::size_t>(y * s.dstWidth + i)]; };
             ASSERT_TRUE(in_place(p, buffer.step(), s.srcWidth, s.srcHeight, s.dstWidth, s.dstHeight, s.top, s.left));
             expect_pixels<Word<T>>(buffer, before, collected);
-            ASSERT_TRUE(replicate(p, buffer.step(), s.srcWidth, s.srcHeight, p, buffer.step(), s.dstWidth, s.dstHeight, s.top, s.left));
+            ASSERT_TRUE(replicate(p, buffer.step(), s.srcWidth, s.srcHeight, p, buffer.step(), s.dstWidth, s.dstHeight,
+                                  s.top, s.left));
             expect_pixels<Word<T>>(buffer, before, collected);
             AllocationFailure no_memory(0);
             EXPECT_FALSE(in_place(p, buffer.step(), s.srcWidth, s.srcHeight, s.dstWidth, s.dstHeight, s.top, s.left));
-            EXPECT_FALSE(replicate(p, buffer.step(), s.srcWidth, s.srcHeight, p, buffer.step(), s.dstWidth, s.dstHeight, s.top, s.left));
+            EXPECT_FALSE(replicate(p, buffer.step(), s.srcWidth, s.srcHeight, p, buffer.step(), s.dstWidth, s.dstHeight,
+                                   s.top, s.left));
             EXPECT_EQ(buffer.bytes(), before);
         });
     }
@@ -129,10 +134,12 @@ TEST(Border, InBufferWithStepsOfTheirOwn)
         std::vector<u8> buffer(30 * 12);
         for (u8& b : buffer) b = static_cast<u8>(g());
         std::vector<u8> copy = buffer, want = buffer;
-        ASSERT_TRUE(W::CopyReplicateBorder_8u_C1(copy.data(), source_step, s.srcWidth, s.srcHeight, want.data(), step, 24, 12, s.top, s.left));
+        ASSERT_TRUE(W::CopyReplicateBorder_8u_C1(copy.data(), source_step, s.srcWidth, s.srcHeight, want.data(), step,
+                                                 24, 12, s.top, s.left));
         at_every_level([&] {
             std::vector<u8> got = buffer;
-            ASSERT_TRUE(W::CopyReplicateBorder_8u_C1(got.data(), source_step, s.srcWidth, s.srcHeight, got.data(), step, 24, 12, s.top, s.left));
+            ASSERT_TRUE(W::CopyReplicateBorder_8u_C1(got.data(), source_step, s.srcWidth, s.srcHeight, got.data(), step,
+                                                     24, 12, s.top, s.left));
             ASSERT_EQ(got, want) << source_step << " to " << step;
         });
     }
@@ -144,7 +151,8 @@ TEST(Border, RefusalsWriteNothing)
     std::vector<u8> dst = before;
     const u8 values[4] = {};
     at_every_level([&] {
-        const auto refuses = [&](const u8* s, int srcStep, int w, int h, u8* d, int dstStep, int W_, int H, int top, int left) {
+        const auto refuses = [&](const u8* s, int srcStep, int w, int h, u8* d, int dstStep, int W_, int H, int top,
+                                 int left) {
             EXPECT_FALSE(W::CopyReplicateBorder_8u_C1(s, srcStep, w, h, d, dstStep, W_, H, top, left));
             EXPECT_FALSE(W::CopyReplicateBorder_8u_C3(s, srcStep, w, h, d, dstStep, W_, H, top, left));
             EXPECT_FALSE(W::CopyConstBorder_8u_C1(s, srcStep, w, h, d, dstStep, W_, H, top, left, 1));

@@ -22,7 +22,8 @@ struct Plane {
     int width, height, channels, step;
     std::vector<u8> bytes;
 
-    Plane(int w, int h, int c, std::mt19937& g) : width(w), height(h), channels(c), step(w * c * static_cast<int>(sizeof(T)) + 3 * static_cast<int>(sizeof(T)))
+    Plane(int w, int h, int c, std::mt19937& g)
+        : width(w), height(h), channels(c), step(w * c * static_cast<int>(sizeof(T)) + 3 * static_cast<int>(sizeof(T)))
     {
         bytes.resize(static_cast<std::size_t>(step * height));
         for (u8& b : bytes) b = static_cast<u8>(g());
@@ -43,10 +44,12 @@ TEST(DataMovement, CopyKeepsEveryBitPattern)
     const int n = static_cast<int>(src.size());
     at_every_level([&] {
         dst.assign(src.size(), 0);
-        ASSERT_TRUE(W::Copy_32f_C1(reinterpret_cast<float*>(src.data()), 4 * n, reinterpret_cast<float*>(dst.data()), 4 * n, n, 1));
+        ASSERT_TRUE(W::Copy_32f_C1(reinterpret_cast<float*>(src.data()), 4 * n, reinterpret_cast<float*>(dst.data()),
+                                   4 * n, n, 1));
         ASSERT_EQ(dst, src);
         dst.assign(src.size(), 0);
-        ASSERT_TRUE(W::Copy_32fc_C1(reinterpret_cast<Complex32f*>(src.data()), 4 * n, reinterpret_cast<Complex32f*>(dst.data()), 4 * n, n / 2, 1));
+        ASSERT_TRUE(W::Copy_32fc_C1(reinterpret_cast<Complex32f*>(src.data()), 4 * n,
+                                    reinterpret_cast<Complex32f*>(dst.data()), 4 * n, n / 2, 1));
         ASSERT_EQ(dst, src);
         const unsigned nan[3] = {0x7F800001u, 0xFF800001u, 0x7FC00000u};
         unsigned out[6];
@@ -84,8 +87,10 @@ void check_set(int channels, Call call)
     }
 }
 
-#define SET_ONE(name, T) check_set<T>(1, [](const T* v, T* d, int step, int w, int h) { return W::name(v[0], d, step, w, h); })
-#define SET_SEVERAL(name, T, channels) check_set<T>(channels, [](const T* v, T* d, int step, int w, int h) { return W::name(v, d, step, w, h); })
+#define SET_ONE(name, T) \
+    check_set<T>(1, [](const T* v, T* d, int step, int w, int h) { return W::name(v[0], d, step, w, h); })
+#define SET_SEVERAL(name, T, channels) \
+    check_set<T>(channels, [](const T* v, T* d, int step, int w, int h) { return W::name(v, d, step, w, h); })
 TEST(DataMovement, Set)
 {
     SET_ONE(Set_8u_C1, u8);
@@ -134,7 +139,8 @@ int nearest(float x, int most)
 
 TEST(DataMovement, NarrowingRoundsHalfToEven)
 {
-    std::vector<float> x = {70000.f, -3.f, 0.5f, 1.5f, 2.5f, 65534.5f, 65535.f, 254.5f, 255.f, 254.49998f, -0.f, 1e-40f, 3e9f, -3e9f, INFINITY, -INFINITY, NAN, -NAN, 0.49999997f, 8388608.f};
+    std::vector<float> x = {70000.f, -3.f,   0.5f, 1.5f,  2.5f,     65534.5f,  65535.f, 254.5f, 255.f,       254.49998f,
+                            -0.f,    1e-40f, 3e9f, -3e9f, INFINITY, -INFINITY, NAN,     -NAN,   0.49999997f, 8388608.f};
     const unsigned just_above_half = 0x3F000001u;
     float f;
     std::memcpy(&f, &just_above_half, 4);
@@ -221,10 +227,13 @@ TEST(DataMovement, Transpose)
                 ASSERT_EQ(dst.bytes, want.bytes) << width << " x " << height;
                 // In place, within a buffer that has room for both shapes.
                 Plane<float> buffer = square;
-                for (int y = 0; y < height; ++y) std::memcpy(buffer.pixel(0, y), src.pixel(0, y), 4 * static_cast<std::size_t>(width));
-                ASSERT_TRUE(W::Transpose_32f_C1R(buffer.data(), buffer.step, buffer.data(), buffer.step, width, height));
+                for (int y = 0; y < height; ++y)
+                    std::memcpy(buffer.pixel(0, y), src.pixel(0, y), 4 * static_cast<std::size_t>(width));
+                ASSERT_TRUE(
+                    W::Transpose_32f_C1R(buffer.data(), buffer.step, buffer.data(), buffer.step, width, height));
                 for (int x = 0; x < width; ++x) {
-                    ASSERT_EQ(std::memcmp(buffer.pixel(0, x), want.pixel(0, x), 4 * static_cast<std::size_t>(height)), 0);
+                    ASSERT_EQ(std::memcmp(buffer.pixel(0, x), want.pixel(0, x), 4 * static_cast<std::size_t>(height)),
+                              0);
                 }
             });
         }
@@ -243,7 +252,8 @@ void check_mirror(int channels, bool keeps_alpha, int axis, Call call)
             for (int y = 0; y < height && !refused; ++y) {
                 for (int x = 0; x < width; ++x) {
                     const int to_x = axis == 0 ? x : width - 1 - x, to_y = axis == 1 ? y : height - 1 - y;
-                    std::memcpy(want.pixel(to_x, to_y), source.pixel(x, y), sizeof(T) * static_cast<std::size_t>(keeps_alpha ? 3 : channels));
+                    std::memcpy(want.pixel(to_x, to_y), source.pixel(x, y),
+                                sizeof(T) * static_cast<std::size_t>(keeps_alpha ? 3 : channels));
                 }
             }
             at_every_level([&] {
@@ -262,9 +272,12 @@ void check_mirror(int channels, bool keeps_alpha, int axis, Call call)
 TEST(DataMovement, Mirror)
 {
     for (int axis = 0; axis < 3; ++axis) {
-        check_mirror<u8>(3, false, axis, [axis](u8* p, int step, int w, int h) { return W::Mirror_8u_C3I(p, step, w, h, axis); });
-        check_mirror<u8>(4, false, axis, [axis](u8* p, int step, int w, int h) { return W::Mirror_8u_C4I(p, step, w, h, axis); });
-        check_mirror<u16>(1, false, axis, [axis](u16* p, int step, int w, int h) { return W::Mirror_16u_C1I(p, step, w, h, axis); });
+        check_mirror<u8>(3, false, axis,
+                         [axis](u8* p, int step, int w, int h) { return W::Mirror_8u_C3I(p, step, w, h, axis); });
+        check_mirror<u8>(4, false, axis,
+                         [axis](u8* p, int step, int w, int h) { return W::Mirror_8u_C4I(p, step, w, h, axis); });
+        check_mirror<u16>(1, false, axis,
+                          [axis](u16* p, int step, int w, int h) { return W::Mirror_16u_C1I(p, step, w, h, axis); });
     }
     check_mirror<u8>(3, false, 0, W::MirrorHorizontal_8u_C3I);
     check_mirror<u8>(4, true, 0, W::MirrorHorizontal_8u_AC4IR);

@@ -61,7 +61,8 @@ template <class T> using As = typename Compared<T>::type;
 
 // --- Medians --------------------------------------------------------------------------------------
 
-const std::uint32_t kNinePixels[] = {0xFFC00001, 0xFF800000, 0xBF800000, 0x80000000, 0, 0x3F800000, 0x7F800000, 0x7FC00000, 0x7F800001};
+const std::uint32_t kNinePixels[] = {0xFFC00001, 0xFF800000, 0xBF800000, 0x80000000, 0,
+                                     0x3F800000, 0x7F800000, 0x7FC00000, 0x7F800001};
 
 enum class Contents { nine, few, all_bits, constant, rising, kinds };
 std::uint32_t random_pixel(Contents contents, int at, std::mt19937& g)
@@ -89,7 +90,10 @@ public:
         }
     }
     Image& image() { return image_; }
-    const float* region() { return reinterpret_cast<const float*>(image_.row((mask_.height - 1) / 2) + (mask_.width - 1) / 2 * 4); }
+    const float* region()
+    {
+        return reinterpret_cast<const float*>(image_.row((mask_.height - 1) / 2) + (mask_.width - 1) / 2 * 4);
+    }
     std::uint32_t median(int x, int y)
     {
         std::vector<Pixel> window;
@@ -108,7 +112,8 @@ private:
 
 void check_median(Size roi, Size mask, Contents contents, std::mt19937& g)
 {
-    SCOPED_TRACE(std::to_string(roi.width) + " x " + std::to_string(roi.height) + ", mask " + std::to_string(mask.width) + " x " + std::to_string(mask.height));
+    SCOPED_TRACE(std::to_string(roi.width) + " x " + std::to_string(roi.height) + ", mask " +
+                 std::to_string(mask.width) + " x " + std::to_string(mask.height));
     Framed src(roi, mask, contents, g);
     const auto source = src.image().bytes();
     std::vector<std::uint32_t> medians;
@@ -118,8 +123,10 @@ void check_median(Size roi, Size mask, Contents contents, std::mt19937& g)
     Image dst = random_image(roi.width * 4, roi.height, g);
     const auto surroundings = dst.bytes();
     at_every_level([&] {
-        ASSERT_TRUE(W::FilterMedian_32f_C1(src.region(), src.image().step(), dst.pixels<float>(), dst.step(), roi.width, roi.height, mask.width, mask.height));
-        expect_pixels<std::uint32_t>(dst, surroundings, [&](int y, int x) { return medians[static_cast<std::size_t>(y * roi.width + x)]; });
+        ASSERT_TRUE(W::FilterMedian_32f_C1(src.region(), src.image().step(), dst.pixels<float>(), dst.step(), roi.width,
+                                           roi.height, mask.width, mask.height));
+        expect_pixels<std::uint32_t>(
+            dst, surroundings, [&](int y, int x) { return medians[static_cast<std::size_t>(y * roi.width + x)]; });
         EXPECT_EQ(src.image().bytes(), source);
     });
 }
@@ -127,10 +134,12 @@ void check_median(Size roi, Size mask, Contents contents, std::mt19937& g)
 TEST(RankMedian, EqualsSortedWindows)
 {
     auto g = make_generator("RankMedian");
-    const Size masks[] = {{1, 1}, {1, 9}, {9, 1}, {3, 3}, {3, 5}, {5, 3}, {5, 5}, {7, 7}, {15, 15}, {255, 1}, {1, 255}, {25, 3}};
+    const Size masks[] = {{1, 1}, {1, 9}, {9, 1},   {3, 3},   {3, 5},   {5, 3},
+                          {5, 5}, {7, 7}, {15, 15}, {255, 1}, {1, 255}, {25, 3}};
     for (const Size mask : masks) {
         for (int contents = 0; contents < static_cast<int>(Contents::kinds); ++contents) {
-            for (const Size roi : {Size{1, 1}, Size{1, uniform(g, 2, 9)}, Size{uniform(g, 2, 40), 1}, Size{uniform(g, 2, 33), uniform(g, 2, 9)}}) {
+            for (const Size roi : {Size{1, 1}, Size{1, uniform(g, 2, 9)}, Size{uniform(g, 2, 40), 1},
+                                   Size{uniform(g, 2, 33), uniform(g, 2, 9)}}) {
                 check_median(roi, mask, static_cast<Contents>(contents), g);
             }
         }
@@ -142,7 +151,8 @@ TEST(RankMedian, EqualsSortedWindowsAtAllSmallSizes)
 {
     auto g = make_generator("RankMedian small");
     for (int width = 1; width <= 35; ++width) {
-        for (const int side : {3, 5}) check_median({width, uniform(g, 1, 6)}, {side, side}, static_cast<Contents>(uniform(g, 0, 2)), g);
+        for (const int side : {3, 5})
+            check_median({width, uniform(g, 1, 6)}, {side, side}, static_cast<Contents>(uniform(g, 0, 2)), g);
     }
 }
 
@@ -170,7 +180,8 @@ TEST(RankMedian, OfNineIsTheFifth)
         for (int i = 0; i < 9; ++i) rows[i / 3][3 * t + i % 3] = nine[i];
     }
     at_every_level([&] {
-        ASSERT_TRUE(W::FilterMedian_32f_C1(reinterpret_cast<float*>(&rows[1][1]), sizeof(rows[0]), reinterpret_cast<float*>(medians), sizeof(medians), 3 * tiles - 2, 1, 3, 3));
+        ASSERT_TRUE(W::FilterMedian_32f_C1(reinterpret_cast<float*>(&rows[1][1]), sizeof(rows[0]),
+                                           reinterpret_cast<float*>(medians), sizeof(medians), 3 * tiles - 2, 1, 3, 3));
         for (int t = 0; t < tiles; ++t) EXPECT_EQ(medians[3 * t], 0x3F800000u);
     });
 }
@@ -186,9 +197,13 @@ struct Method {
     int channels;
     bool greatest, always_true;
 };
-#define BOTH(T, type, channels, always_true)                                                                                           \
-    {"Erode3x3_" #type, W::Erode3x3_##type, W::Erode3x3_##type##I, orv::orv_Erode3x3_##type, channels, false, always_true},             \
-    {"Dilate3x3_" #type, W::Dilate3x3_##type, W::Dilate3x3_##type##I, orv::orv_Dilate3x3_##type, channels, true, always_true}
+#define BOTH(T, type, channels, always_true) \
+    {"Erode3x3_" #type, W::Erode3x3_##type, W::Erode3x3_##type##I, orv::orv_Erode3x3_##type, channels, false, \
+     always_true}, \
+    { \
+        "Dilate3x3_" #type, W::Dilate3x3_##type, W::Dilate3x3_##type##I, orv::orv_Dilate3x3_##type, channels, true, \
+            always_true \
+    }
 const Method<u8> kBytes[] = {BOTH(u8, 8u_C1, 1, true), BOTH(u8, 8u_C3, 3, false), BOTH(u8, 8u_C4, 4, false)};
 const Method<u16> kWords[] = {BOTH(u16, 16u_C1, 1, false)};
 const Method<float> kFloats[] = {BOTH(float, 32f_C1, 1, false)};
@@ -305,7 +320,8 @@ TEST(Morphology, RefusesInOrder)
             if (r.expected == orv::StatusBadMaskSize) continue;
             at_every_level([&] {
                 EXPECT_EQ(m.operation(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi), r.expected);
-                EXPECT_EQ(m.apart(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi.width, r.roi.height), m.always_true);
+                EXPECT_EQ(m.apart(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi.width, r.roi.height),
+                          m.always_true);
                 if (r.srcStep != 64) {
                     EXPECT_EQ(m.in_place(src.at(r.no_src), r.srcStep, r.roi.width, r.roi.height), m.always_true);
                 }
@@ -321,8 +337,11 @@ TEST(RankMedian, RefusesInOrder)
     Buffer<float> src, dst;
     for (const Refusal& r : kRefusals) {
         at_every_level([&] {
-            EXPECT_EQ(orv::orv_FilterMedian_32f_C1(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi, r.mask.width, r.mask.height), r.expected);
-            EXPECT_FALSE(W::FilterMedian_32f_C1(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi.width, r.roi.height, r.mask.width, r.mask.height));
+            EXPECT_EQ(orv::orv_FilterMedian_32f_C1(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi,
+                                                   r.mask.width, r.mask.height),
+                      r.expected);
+            EXPECT_FALSE(W::FilterMedian_32f_C1(src.at(r.no_src), r.srcStep, dst.at(r.no_dst), r.dstStep, r.roi.width,
+                                                r.roi.height, r.mask.width, r.mask.height));
             dst.expect_kept();
         });
     }
@@ -356,7 +375,9 @@ TEST(RankMedian, WritesNothingWithoutMemory)
     for (const Size mask : {Size{3, 3}, Size{5, 5}, Size{7, 3}, Size{3, 7}}) {
         at_every_level([&] {
             const AllocationFailure failure(0);
-            EXPECT_EQ(orv::orv_FilterMedian_32f_C1(src.at(false), 64, dst.at(false), 64, {4, 4}, mask.width, mask.height), orv::StatusNoMemory);
+            EXPECT_EQ(
+                orv::orv_FilterMedian_32f_C1(src.at(false), 64, dst.at(false), 64, {4, 4}, mask.width, mask.height),
+                orv::StatusNoMemory);
             dst.expect_kept();
         });
         // One allocation is all that it takes.
@@ -383,15 +404,18 @@ long long bytes_taken(Call call)
 TEST(RankMedian, TakesNoMoreMemoryThanPromised)
 {
     for (const Size roi : {Size{1, 1}, Size{3, 200}, Size{8, 8}, Size{600, 5}, Size{40, 40}}) {
-        for (const Size mask : {Size{1, 1}, Size{3, 3}, Size{5, 5}, Size{1, 3}, Size{31, 5}, Size{5, 31}, Size{255, 1}, Size{1, 255}, Size{61, 61}}) {
+        for (const Size mask : {Size{1, 1}, Size{3, 3}, Size{5, 5}, Size{1, 3}, Size{31, 5}, Size{5, 31}, Size{255, 1},
+                                Size{1, 255}, Size{61, 61}}) {
             auto g = make_generator("memory");
             Framed src(roi, mask, Contents::few, g);
             Image dst = random_image(roi.width * 4, roi.height, g);
             at_every_level([&] {
                 const long long taken = bytes_taken([&] {
-                    W::FilterMedian_32f_C1(src.region(), src.image().step(), dst.pixels<float>(), dst.step(), roi.width, roi.height, mask.width, mask.height);
+                    W::FilterMedian_32f_C1(src.region(), src.image().step(), dst.pixels<float>(), dst.step(), roi.width,
+                                           roi.height, mask.width, mask.height);
                 });
-                EXPECT_LE(taken, 16LL * (roi.width + mask.width) * (mask.height + 16)) << roi.width << " x " << roi.height << ", " << mask.width << " x " << mask.height;
+                EXPECT_LE(taken, 16LL * (roi.width + mask.width) * (mask.height + 16))
+                    << roi.width << " x " << roi.height << ", " << mask.width << " x " << mask.height;
                 EXPECT_GT(taken, 0);
             });
         }
@@ -406,7 +430,8 @@ TEST(Morphology, TakesTwoRowsOfMemory)
         auto g = make_generator("memory");
         Image image = random_pixels<T>(width * m.channels, 20, g);
         at_every_level([&] {
-            EXPECT_LE(bytes_taken([&] { m.in_place(image.pixels<T>(), image.step(), width, 20); }), 2 * padded + 64 + 8);
+            EXPECT_LE(bytes_taken([&] { m.in_place(image.pixels<T>(), image.step(), width, 20); }),
+                      2 * padded + 64 + 8);
         });
     });
 }

@@ -29,7 +29,8 @@ template <class T>
 const orv::Operation<orv::Resample<T>>& operation(int channels)
 {
     if constexpr (sizeof(T) == 1) return channels == 3 ? orv::orv_ResizeSqrPixel_8u_C3 : orv::orv_ResizeSqrPixel_8u_C4;
-    else if constexpr (sizeof(T) == 2) return channels == 1 ? orv::orv_ResizeSqrPixel_16u_C1 : orv::orv_ResizeSqrPixel_16u_C1;
+    else if constexpr (sizeof(T) == 2)
+        return channels == 1 ? orv::orv_ResizeSqrPixel_16u_C1 : orv::orv_ResizeSqrPixel_16u_C1;
     else return orv::orv_ResizeSqrPixel_32f_C1;
 }
 
@@ -39,7 +40,8 @@ Real mitchell(Real B, Real C, Real d)
 {
     d = std::fabs(d);
     if (d < 1) return ((12 - 9 * B - 6 * C) * d * d * d + (-18 + 12 * B + 6 * C) * d * d + (6 - 2 * B)) / 6;
-    if (d < 2) return ((-B - 6 * C) * d * d * d + (6 * B + 30 * C) * d * d + (-12 * B - 48 * C) * d + (8 * B + 24 * C)) / 6;
+    if (d < 2)
+        return ((-B - 6 * C) * d * d * d + (6 * B + 30 * C) * d * d + (-12 * B - 48 * C) * d + (8 * B + 24 * C)) / 6;
     return 0;
 }
 
@@ -100,7 +102,8 @@ struct Axis {
     }
     Real coverage(int x) const
     {
-        const Real part = std::min<Real>((high + 1.0L) * factor + shift, x + 1) - std::max<Real>(low * static_cast<Real>(factor) + shift, x);
+        const Real part = std::min<Real>((high + 1.0L) * factor + shift, x + 1) -
+                          std::max<Real>(low * static_cast<Real>(factor) + shift, x);
         return part < 1 - 1.0L / 1024 ? std::max<Real>(part, 0) : 1;
     }
 };
@@ -119,7 +122,8 @@ bool agrees(T actual, Real exact)
 {
     if (std::is_floating_point<T>::value) return std::fabs(static_cast<Real>(actual) - exact) <= 1e-3L;
     const Real clamped = std::min<Real>(std::max<Real>(exact, 0), static_cast<Real>(std::numeric_limits<T>::max()));
-    return std::fabs(static_cast<Real>(actual) - clamped) <= 0.5L + 2e-6L * static_cast<Real>(std::numeric_limits<T>::max());
+    return std::fabs(static_cast<Real>(actual) - clamped) <=
+           0.5L + 2e-6L * static_cast<Real>(std::numeric_limits<T>::max());
 }
 
 // --- Every interpolation against the oracle -------------------------------------------------------
@@ -158,8 +162,8 @@ Request random_request(std::mt19937& g, int code, bool flat)
 std::size_t buffer_size(const Request& r, int channels)
 {
     int size = 0;
-    EXPECT_TRUE(W::ResizeGetBufSize(r.from.x, r.from.y, r.from.width, r.from.height, r.to.x, r.to.y, r.to.width, r.to.height, channels,
-                                    r.interpolation, &size));
+    EXPECT_TRUE(W::ResizeGetBufSize(r.from.x, r.from.y, r.from.width, r.from.height, r.to.x, r.to.y, r.to.width,
+                                    r.to.height, channels, r.interpolation, &size));
     return static_cast<std::size_t>(size);
 }
 
@@ -173,7 +177,8 @@ void check_interpolation(int code, int channels, std::mt19937& g)
     const bool fenced = r.from.height <= FencedRows::kRows;
     const Placement where = {fenced, uniform(g, 0, 1) != 0, r.from.width * pixel + uniform(g, 0, 9), uniform(g, 0, 3)};
     Image src(r.from.width * pixel, r.from.height, where, g);
-    Image dst((r.to.x + r.to.width) * pixel, r.to.y + r.to.height, {false, false, (r.to.x + r.to.width) * pixel + uniform(g, 0, 9), uniform(g, 0, 3)}, g);
+    Image dst((r.to.x + r.to.width) * pixel, r.to.y + r.to.height,
+              {false, false, (r.to.x + r.to.width) * pixel + uniform(g, 0, 9), uniform(g, 0, 3)}, g);
     for (Image* image : {&src, &dst}) {
         if (!std::is_floating_point<T>::value) image->fill<T>(g, static_cast<Fill>(uniform(g, 0, 2)));
         else image->fill<T>(g, Fill::uniform);
@@ -181,14 +186,16 @@ void check_interpolation(int code, int channels, std::mt19937& g)
     const auto before = dst.bytes();
     std::vector<std::vector<u8>> old_rows;
     for (int y = 0; y < dst.height(); ++y) old_rows.emplace_back(dst.row(y), dst.row(y) + dst.row_bytes());
-    const auto address = reinterpret_cast<std::uintptr_t>(src.row(0)) - static_cast<std::uintptr_t>(static_cast<std::ptrdiff_t>(r.from.x) * pixel) -
+    const auto address = reinterpret_cast<std::uintptr_t>(src.row(0)) -
+                         static_cast<std::uintptr_t>(static_cast<std::ptrdiff_t>(r.from.x) * pixel) -
                          static_cast<std::uintptr_t>(static_cast<std::ptrdiff_t>(r.from.y) * src.step());
     std::vector<u8> first;
     at_every_level([&] {
         dst.restore(before);
         const GuardedBlock work(buffer_size(r, channels));
-        const auto status = operation<T>(channels)(reinterpret_cast<const T*>(address), r.source, src.step(), r.from, dst.pixels<T>(), dst.step(),
-                                                   r.to, r.xFactor, r.yFactor, r.xShift, r.yShift, r.interpolation, work.as());
+        const auto status = operation<T>(channels)(reinterpret_cast<const T*>(address), r.source, src.step(), r.from,
+                                                   dst.pixels<T>(), dst.step(), r.to, r.xFactor, r.yFactor, r.xShift,
+                                                   r.yShift, r.interpolation, work.as());
         ASSERT_EQ(status, orv::StatusOk);
         if (first.empty()) first = dst.bytes();
         else ASSERT_EQ(dst.bytes(), first);
@@ -201,7 +208,10 @@ void check_interpolation(int code, int channels, std::mt19937& g)
             const bool written = x >= r.to.x && y >= r.to.y && ax.covers(x) && ay.covers(y);
             for (int c = 0; c < channels; ++c) {
                 T was, is;
-                std::memcpy(&was, old_rows[static_cast<std::size_t>(y)].data() + (x * channels + c) * static_cast<int>(sizeof(T)), sizeof(T));
+                std::memcpy(
+                    &was,
+                    old_rows[static_cast<std::size_t>(y)].data() + (x * channels + c) * static_cast<int>(sizeof(T)),
+                    sizeof(T));
                 std::memcpy(&is, dst.row(y) + (x * channels + c) * static_cast<int>(sizeof(T)), sizeof(T));
                 if (!written) {
                     ASSERT_EQ(std::memcmp(&was, &is, sizeof(T)), 0) << x << " " << y;
@@ -209,20 +219,28 @@ void check_interpolation(int code, int channels, std::mt19937& g)
                 }
                 Real sum = 0;
                 for (const auto& ty : ay.taps(code, y)) {
-                    for (const auto& tx : ax.taps(code, x)) sum += ty.second * tx.second * value_at<T>(src, tx.first - r.from.x, ty.first - r.from.y, channels, c);
+                    for (const auto& tx : ax.taps(code, x))
+                        sum += ty.second * tx.second *
+                               value_at<T>(src, tx.first - r.from.x, ty.first - r.from.y, channels, c);
                 }
                 const Real part = smooth ? ax.coverage(x) * ay.coverage(y) : 1;
                 if (part < 1) {
                     // The new value is rounded before it is mixed.
                     const Real old_value = static_cast<Real>(was);
-                    const Real mixed = old_value + (std::min<Real>(std::max<Real>(sum, std::numeric_limits<T>::lowest()), std::numeric_limits<T>::max()) - old_value) * part;
-                    ASSERT_LE(std::fabs(static_cast<Real>(is) - mixed), std::is_floating_point<T>::value ? 1e-3L : 1.2L) << x << " " << y;
+                    const Real mixed =
+                        old_value + (std::min<Real>(std::max<Real>(sum, std::numeric_limits<T>::lowest()),
+                                                    std::numeric_limits<T>::max()) -
+                                     old_value) *
+                                        part;
+                    ASSERT_LE(std::fabs(static_cast<Real>(is) - mixed), std::is_floating_point<T>::value ? 1e-3L : 1.2L)
+                        << x << " " << y;
                     continue;
                 }
-                ASSERT_TRUE(agrees(is, sum)) << "code " << code << ", pixel " << x << ", " << y << ", channel " << c << ": " << static_cast<double>(is)
-                                             << " instead of " << static_cast<double>(sum) << "; factors " << r.xFactor << ", " << r.yFactor
-                                             << ", shifts " << r.xShift << ", " << r.yShift << ", source " << r.from.x << " " << r.from.y << " "
-                                             << r.from.width << " " << r.from.height;
+                ASSERT_TRUE(agrees(is, sum))
+                    << "code " << code << ", pixel " << x << ", " << y << ", channel " << c << ": "
+                    << static_cast<double>(is) << " instead of " << static_cast<double>(sum) << "; factors "
+                    << r.xFactor << ", " << r.yFactor << ", shifts " << r.xShift << ", " << r.yShift << ", source "
+                    << r.from.x << " " << r.from.y << " " << r.from.width << " " << r.from.height;
             }
         }
     }
@@ -251,10 +269,11 @@ TEST(Resample, EdgesOfPixelsCoveredInPart)
         for (const bool smooth : {false, true}) {
             at_every_level([&] {
                 std::vector<u16> dst(16, 0);
-                ASSERT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 2, 2, 4, 0, 0, 2, 2, dst.data(), 8, 0, 0, 4, 4, 1.2, 1.2,
-                                                      0, 0, smooth ? code | kSmooth : code, work.data()));
+                ASSERT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 2, 2, 4, 0, 0, 2, 2, dst.data(), 8, 0, 0, 4, 4, 1.2,
+                                                      1.2, 0, 0, smooth ? code | kSmooth : code, work.data()));
                 const u16 full = 1000, part = smooth ? 400 : 0, corner = smooth ? 160 : 0;
-                EXPECT_EQ(dst, (std::vector<u16>{full, full, part, 0, full, full, part, 0, part, part, corner, 0, 0, 0, 0, 0}))
+                EXPECT_EQ(dst, (std::vector<u16>{full, full, part, 0, full, full, part, 0, part, part, corner, 0, 0, 0,
+                                                 0, 0}))
                     << code;
             });
         }
@@ -276,8 +295,9 @@ TEST(Resample, FloatsOfEveryKind)
         at_every_level([&] {
             dst = blank;
             const GuardedBlock work(buffer_size(r, 1));
-            ASSERT_EQ(orv::orv_ResizeSqrPixel_32f_C1(src.pixels<float>(), r.source, 160, r.from, dst.data(), 240, r.to, r.xFactor, r.yFactor, 0, 0, code,
-                                                     work.as()), orv::StatusOk);
+            ASSERT_EQ(orv::orv_ResizeSqrPixel_32f_C1(src.pixels<float>(), r.source, 160, r.from, dst.data(), 240, r.to,
+                                                     r.xFactor, r.yFactor, 0, 0, code, work.as()),
+                      orv::StatusOk);
             if (first.empty()) first = dst;
             else ASSERT_EQ(std::memcmp(first.data(), dst.data(), dst.size() * 4), 0) << "code " << code;
         });
@@ -291,26 +311,31 @@ TEST(Resample, FloatsOfEveryKind)
 
 TEST(Resample, AnyDoubleIsSafe)
 {
-    const double any[] = {0, -0.0, 1, -1, 0.37, 1e-300, 5e-324, 1e300, -1e300, 1e17, -1e17, 1e9, HUGE_VAL, -HUGE_VAL, std::nan("")};
+    const double any[] = {0,      -0.0, 1,     -1,  0.37,     1e-300,    5e-324,      1e300,
+                          -1e300, 1e17, -1e17, 1e9, HUGE_VAL, -HUGE_VAL, std::nan("")};
     std::mt19937 g = make_generator("doubles");
     for (int i = 0; i < (options().brief ? 60 : 3000); ++i) {
         const auto pick = [&] { return any[uniform(g, 0, 14)]; };
         static const int codes[] = {1, 2, 4, 5, 6, 7, 8, 16};
-        const Request r = {{9, 4}, {0, 0, 9, 4}, {0, 0, 12, 4}, pick(), pick(), pick(), pick(), codes[i % 8] | (i % 3 == 0 ? kSmooth : 0)};
+        const Request r = {{9, 4}, {0, 0, 9, 4}, {0, 0, 12, 4}, pick(),
+                           pick(), pick(),       pick(),        codes[i % 8] | (i % 3 == 0 ? kSmooth : 0)};
         Image src(9 * 2, 4, {true, true, 0, 0}, g), dst(12 * 2, 4, {true, i % 2 == 0, 0, 0}, g);
         const auto before = dst.bytes();
         std::vector<u8> first;
         at_every_level([&] {
             dst.restore(before);
             const GuardedBlock work(buffer_size(r, 1));
-            const bool done = W::ResizeSqrPixel_16u_C1R(src.pixels<u16>(), 9, 4, src.step(), 0, 0, 9, 4, dst.pixels<u16>(), dst.step(), 0, 0, 12, 4,
-                                                        r.xFactor, r.yFactor, r.xShift, r.yShift, r.interpolation, work.as());
+            const bool done = W::ResizeSqrPixel_16u_C1R(src.pixels<u16>(), 9, 4, src.step(), 0, 0, 9, 4,
+                                                        dst.pixels<u16>(), dst.step(), 0, 0, 12, 4, r.xFactor,
+                                                        r.yFactor, r.xShift, r.yShift, r.interpolation, work.as());
             ASSERT_EQ(done, r.xFactor > 0 && r.yFactor > 0);
             if (!done) {
                 ASSERT_EQ(dst.bytes(), before);
             }
             if (first.empty()) first = dst.bytes();
-            else ASSERT_EQ(dst.bytes(), first) << r.xFactor << " " << r.yFactor << " " << r.xShift << " " << r.yShift << " code " << r.interpolation;
+            else
+                ASSERT_EQ(dst.bytes(), first) << r.xFactor << " " << r.yFactor << " " << r.xShift << " " << r.yShift
+                                              << " code " << r.interpolation;
         });
         if (testing::Test::HasFatalFailure()) return;
     }
@@ -360,12 +385,16 @@ void check_far_corner(int code, int channels, std::mt19937& g)
 {
     constexpr int most = INT32_MAX, width = 80, height = 24, to_width = 20, to_height = 6;
     const int pixel = channels * static_cast<int>(sizeof(T)), src_step = width * pixel, dst_step = to_width * pixel;
-    std::vector<T> src(static_cast<std::size_t>(width * height * channels)), dst(static_cast<std::size_t>(to_width * to_height * channels));
+    std::vector<T> src(static_cast<std::size_t>(width * height * channels)),
+        dst(static_cast<std::size_t>(to_width * to_height * channels));
     for (T& v : src) v = static_cast<T>(g() % 255);
     const std::vector<T> blank(dst.size(), T{9});
-    const auto moved = [](T* p, std::int64_t bytes) { return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(p) - static_cast<std::uintptr_t>(bytes)); };
+    const auto moved = [](T* p, std::int64_t bytes) {
+        return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(p) - static_cast<std::uintptr_t>(bytes));
+    };
     T* const far_src = moved(src.data(), std::int64_t{most - width} * pixel + std::int64_t{most - height} * src_step);
-    T* const far_dst = moved(dst.data(), std::int64_t{most - to_width} * pixel + std::int64_t{most - to_height} * dst_step);
+    T* const far_dst =
+        moved(dst.data(), std::int64_t{most - to_width} * pixel + std::int64_t{most - to_height} * dst_step);
     const int left = most - width, top = most - height;
     const Rectangle sources[] = {{left, top, width, height}, {left, 0, width, most}, {0, 0, most, most}};
     const Rectangle to = {most - to_width, most - to_height, to_width, to_height};
@@ -374,16 +403,18 @@ void check_far_corner(int code, int channels, std::mt19937& g)
         // The image ends where the destination does, so taps beyond it are asked for.
         const auto shift = [=](double end, double of) { return end - of * factor; };
         dst = blank;
-        ASSERT_EQ(operation<T>(channels)(src.data(), {width, height}, src_step, {0, 0, width, height}, dst.data(), dst_step,
-                                         {0, 0, to_width, to_height}, factor, factor, shift(to_width, width),
-                                         shift(to_height, height), code, work.as()), orv::StatusOk);
+        ASSERT_EQ(operation<T>(channels)(src.data(), {width, height}, src_step, {0, 0, width, height}, dst.data(),
+                                         dst_step, {0, 0, to_width, to_height}, factor, factor, shift(to_width, width),
+                                         shift(to_height, height), code, work.as()),
+                  orv::StatusOk);
         const std::vector<T> expected = dst;
         ASSERT_NE(expected, blank);
         // Tables count what the area average adds up and what lies side by side; rows of other interpolations do not.
         for (int i = 0; i < (code == 1 ? 3 : code == 8 ? 1 : 2); ++i) {
             dst = blank;
-            ASSERT_EQ(operation<T>(channels)(far_src, {most, most}, src_step, sources[i], far_dst, dst_step, to, factor, factor,
-                                             shift(most, most), shift(most, most), code, work.as()), orv::StatusOk);
+            ASSERT_EQ(operation<T>(channels)(far_src, {most, most}, src_step, sources[i], far_dst, dst_step, to, factor,
+                                             factor, shift(most, most), shift(most, most), code, work.as()),
+                      orv::StatusOk);
             ASSERT_EQ(dst, expected) << "code " << code << ", factor " << factor << ", source " << i;
         }
     }
@@ -412,8 +443,8 @@ TEST(Resample, ImagesFarFromTheDestination)
     at_every_level([&] {
         for (const double shift : {-1e6, -9.0, 3e9}) {
             for (const int code : {1, 5, 8, 8 | kSmooth}) {
-                EXPECT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 8, 8, 16, 0, 0, 8, 8, dst.data(), 16, 0, 0, INT32_MAX, INT32_MAX, 1,
-                                                      1, shift, shift, code, work));
+                EXPECT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 8, 8, 16, 0, 0, 8, 8, dst.data(), 16, 0, 0, INT32_MAX,
+                                                      INT32_MAX, 1, 1, shift, shift, code, work));
             }
         }
         EXPECT_THAT(dst, testing::Each(9));
@@ -445,7 +476,8 @@ TEST(Resample, BufferSizeChecksComeInOrder)
     at_every_level([&] {
         for (const auto& c : calls) {
             int size = -77;
-            EXPECT_EQ(orv::orv_ResizeGetBufSize(c.from, c.to, c.channels, c.interpolation, c.null ? nullptr : &size), c.expected);
+            EXPECT_EQ(orv::orv_ResizeGetBufSize(c.from, c.to, c.channels, c.interpolation, c.null ? nullptr : &size),
+                      c.expected);
             EXPECT_EQ(size == -77, c.expected != 0);
         }
     });
@@ -465,20 +497,27 @@ TEST(Resample, RefusalsWriteNothing)
         void* work;
         int expected;
     } calls[] = {
-        {nullptr, {0, 8}, all, all, 1, 1, work.data(), -8},          {src.data(), {8, 8}, all, all, 1, 1, nullptr, -8},
-        {src.data(), {8, 0}, all, all, 0, 3, work.data(), -6},       {src.data(), {8, 8}, {0, 0, 8, 0}, all, 0, 3, work.data(), -6},
-        {src.data(), {8, 8}, all, {0, 0, -8, 8}, 0, 3, work.data(), -6}, {src.data(), {8, 8}, all, all, 0, 3, work.data(), -23},
-        {src.data(), {8, 8}, all, all, 1, 3, work.data(), -22},      {src.data(), {8, 8}, {8, 0, 8, 8}, all, 1, 1, work.data(), -6},
+        {nullptr, {0, 8}, all, all, 1, 1, work.data(), -8},
+        {src.data(), {8, 8}, all, all, 1, 1, nullptr, -8},
+        {src.data(), {8, 0}, all, all, 0, 3, work.data(), -6},
+        {src.data(), {8, 8}, {0, 0, 8, 0}, all, 0, 3, work.data(), -6},
+        {src.data(), {8, 8}, all, {0, 0, -8, 8}, 0, 3, work.data(), -6},
+        {src.data(), {8, 8}, all, all, 0, 3, work.data(), -23},
+        {src.data(), {8, 8}, all, all, 1, 3, work.data(), -22},
+        {src.data(), {8, 8}, {8, 0, 8, 8}, all, 1, 1, work.data(), -6},
         {src.data(), {8, 8}, all, {-8, 0, 8, 8}, 1, 1, work.data(), -6},
     };
     at_every_level([&] {
         for (const auto& c : calls) {
-            EXPECT_EQ(orv::orv_ResizeSqrPixel_16u_C1(c.src, c.size, 16, c.from, dst.data(), 16, c.to, c.factor, 1, 0, 0, c.code, c.work), c.expected);
+            EXPECT_EQ(orv::orv_ResizeSqrPixel_16u_C1(c.src, c.size, 16, c.from, dst.data(), 16, c.to, c.factor, 1, 0, 0,
+                                                     c.code, c.work),
+                      c.expected);
         }
         EXPECT_THAT(dst, testing::Each(9));
         // What overlaps the source and the destination counts; the rest of the rectangles does not exist.
         std::vector<u16> out(64, 9);
-        EXPECT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 8, 8, 16, -3, 6, 100, 100, out.data(), 16, -5, -5, 13, 13, 1, 1, 0, 0, 1, work.data()));
+        EXPECT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), 8, 8, 16, -3, 6, 100, 100, out.data(), 16, -5, -5, 13, 13, 1,
+                                              1, 0, 0, 1, work.data()));
         EXPECT_EQ(out[47], 9);
         EXPECT_EQ(out[48], 1);
     });
@@ -502,7 +541,12 @@ TEST(Zoom, MapsAsDocumented)
         {{8, 6}, 4, 1, 1, 0, true, 0.5, -0.5, 0, 0x80000008u},
         {{8, 6}, 16, 2, 0, -1, true, 4, -8, -2, 0x80000005u},
         {{3, 3}, 1, 1, 0, 0, false, static_cast<double>(1.f / 3.f), 0, 0, 0x80000008u},
-        {{100, 50}, 37, 0.5f, 0, 0, true, static_cast<double>(37.f / 100.f) * 0.5, 50 * (static_cast<double>(37.f / 100.f) * 0.5), 25 * (static_cast<double>(37.f / 100.f) * 0.5), 0x80000008u},
+        {{100, 50}, 37, 0.5f, 0, 0,
+         true,
+         static_cast<double>(37.f / 100.f) * 0.5,
+         50 * (static_cast<double>(37.f / 100.f) * 0.5),
+         25 * (static_cast<double>(37.f / 100.f) * 0.5),
+         0x80000008u},
     };
     at_every_level([&] {
         for (const auto& c : calls) {
@@ -520,8 +564,10 @@ TEST(Zoom, IsTheResamplerWithItsMapping)
 {
     std::mt19937 g = make_generator("zoom");
     for (int i = 0; i < (options().brief ? 10 : 100); ++i) {
-        const int width = uniform(g, 4, 40), height = uniform(g, 4, 30), to_width = uniform(g, 4, 50), to_height = uniform(g, 4, 40);
-        std::vector<u16> src(static_cast<std::size_t>(width * height)), dst(static_cast<std::size_t>(to_width * to_height), 9), expected(dst);
+        const int width = uniform(g, 4, 40), height = uniform(g, 4, 30), to_width = uniform(g, 4, 50),
+                  to_height = uniform(g, 4, 40);
+        std::vector<u16> src(static_cast<std::size_t>(width * height)),
+            dst(static_cast<std::size_t>(to_width * to_height), 9), expected(dst);
         for (u16& v : src) v = static_cast<u16>(g());
         const float zoom = static_cast<float>(std::exp2(uniform(g, -20, 20) / 10.0));
         const int panX = uniform(g, -3, 3), panY = uniform(g, -3, 3);
@@ -529,9 +575,11 @@ TEST(Zoom, IsTheResamplerWithItsMapping)
         orv::SquareMapping m;
         orv::orv_ZoomMapping({width, height}, to_width, zoom, panX, panY, smooth, &m);
         std::vector<u8> work(1 << 20);
-        ASSERT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), width, height, width * 2, 0, 0, width, height, expected.data(), to_width * 2, 0, 0, to_width,
-                                              to_height, m.factor, m.factor, m.xShift, m.yShift, m.interpolation, work.data()));
-        ASSERT_TRUE(W::Resize_16u_C1(src.data(), width * 2, width, height, dst.data(), to_width * 2, to_width, to_height, zoom, panX, panY, smooth));
+        ASSERT_TRUE(W::ResizeSqrPixel_16u_C1R(src.data(), width, height, width * 2, 0, 0, width, height,
+                                              expected.data(), to_width * 2, 0, 0, to_width, to_height, m.factor,
+                                              m.factor, m.xShift, m.yShift, m.interpolation, work.data()));
+        ASSERT_TRUE(W::Resize_16u_C1(src.data(), width * 2, width, height, dst.data(), to_width * 2, to_width,
+                                     to_height, zoom, panX, panY, smooth));
         ASSERT_EQ(dst, expected);
     }
 }
@@ -547,7 +595,8 @@ TEST(Zoom, IsTrueWhateverHappens)
         EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 0, 8, dst.data(), 32, 8, 8, 1, 0, 0, true));
         EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 8, 8, dst.data(), 32, 8, -8, 1, 0, 0, true));
         for (const float zoom : {0.f, -0.f, -1.f, std::nanf(""), -HUGE_VALF}) {
-            for (const bool smooth : {false, true}) EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 8, 8, dst.data(), 32, 8, 8, zoom, 0, 0, smooth));
+            for (const bool smooth : {false, true})
+                EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 8, 8, dst.data(), 32, 8, 8, zoom, 0, 0, smooth));
         }
         {
             const AllocationFailure failure(0);
@@ -555,7 +604,8 @@ TEST(Zoom, IsTrueWhateverHappens)
         }
         EXPECT_THAT(dst, testing::Each(9.f));
         // The image may lie anywhere.
-        for (const int pan : {INT32_MIN, -9, 9, INT32_MAX}) EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 8, 8, dst.data(), 32, 8, 8, 1, pan, pan, true));
+        for (const int pan : {INT32_MIN, -9, 9, INT32_MAX})
+            EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 8, 8, dst.data(), 32, 8, 8, 1, pan, pan, true));
         EXPECT_THAT(dst, testing::Each(9.f));
         EXPECT_TRUE(W::Resize_32f_C1(src.data(), 32, 8, 8, dst.data(), 32, 8, 8, 1, 0, 0, false));
         EXPECT_THAT(dst, testing::Each(1.f));

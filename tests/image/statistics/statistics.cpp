@@ -1,4 +1,6 @@
 // Image statistics against their definitions, taken literally.
+//
+// Families: sums, float_sums, extremes, histogram.
 #include <climits>
 #include <cmath>
 #include <cstdint>

@@ -41,8 +41,9 @@ D exact_value(const Points<S, D>& p, S x)
     if (x < p.levels.front()) return p.values.front();
     if (x >= p.levels.back()) return p.values.back();
     const std::size_t k = segment(p.levels, x);
-    const long long run = p.levels[k + 1] - p.levels[k], numerator =
-        static_cast<long long>(p.values[k]) * run + static_cast<long long>(x - p.levels[k]) * (p.values[k + 1] - p.values[k]);
+    const long long run = p.levels[k + 1] - p.levels[k],
+                    numerator = static_cast<long long>(p.values[k]) * run +
+                                static_cast<long long>(x - p.levels[k]) * (p.values[k + 1] - p.values[k]);
     long long whole = numerator / run;
     const long long twice = 2 * (numerator - whole * run);
     if (twice > run || (twice == run && whole % 2 != 0)) ++whole;
@@ -120,7 +121,8 @@ void check_integers(const char* name, bool (*method)(const S*, int, const S*, co
                 const AllocationFailure failure(memory ? -1 : 0);
                 std::fill(got.begin(), got.end(), D{});
                 const int width = static_cast<int>(entries);
-                ASSERT_TRUE(run(all.data(), width * static_cast<int>(sizeof(S)), got.data(), width * static_cast<int>(sizeof(D)), width, 2));
+                ASSERT_TRUE(run(all.data(), width * static_cast<int>(sizeof(S)), got.data(),
+                                width * static_cast<int>(sizeof(D)), width, 2));
                 ASSERT_EQ(got, want) << "memory " << memory;
             }
         });
@@ -185,17 +187,21 @@ TEST(Curves, Floats)
                     const std::size_t k = static_cast<std::size_t>(uniform(g, 0, p.count() - 1));
                     const float level = p.levels[k], next = p.levels[std::min(k + 1, p.levels.size() - 1)];
                     const float t = std::uniform_real_distribution<float>(0, 1)(g);
-                    const float x = i % 4 == 0 ? level : i % 4 == 1 ? std::nextafter(level, -most) : i % 4 == 2 ? std::nextafter(level, most)
-                                                                                                       : level * (1 - t) + next * t;
+                    const float x = i % 4 == 0   ? level
+                                    : i % 4 == 1 ? std::nextafter(level, -most)
+                                    : i % 4 == 2 ? std::nextafter(level, most)
+                                                 : level * (1 - t) + next * t;
                     std::memcpy(a.row(1) + 4 * i, &x, 4);
                 }
             }
             const auto before = d.bytes(), before_a = a.bytes();
             const auto want = [&](int y, int i) { return float_value(p, element<float>(a, y, i)); };
             at_every_level([&] {
-                ASSERT_TRUE(W::LUT_Linear_32f_C1(a.pixels<float>(), a.step(), p.levels.data(), p.values.data(), p.count(), d.pixels<float>(), d.step(), width, 2));
+                ASSERT_TRUE(W::LUT_Linear_32f_C1(a.pixels<float>(), a.step(), p.levels.data(), p.values.data(),
+                                                 p.count(), d.pixels<float>(), d.step(), width, 2));
                 expect_pixels<std::uint32_t>(d, before, want);
-                ASSERT_TRUE(W::LUT_Linear_32f_C1(a.pixels<float>(), a.step(), p.levels.data(), p.values.data(), p.count(), a.pixels<float>(), a.step(), width, 2));
+                ASSERT_TRUE(W::LUT_Linear_32f_C1(a.pixels<float>(), a.step(), p.levels.data(), p.values.data(),
+                                                 p.count(), a.pixels<float>(), a.step(), width, 2));
                 expect_pixels<std::uint32_t>(a, before_a, want);
             });
         }
@@ -232,7 +238,8 @@ TEST(Curves, RefusalsWriteNothing)
         EXPECT_EQ(bytes(b, b, 3, {2, 2}), -301) << "equal levels";
         EXPECT_EQ(bytes(b, b, 2147483647, {2, 2}), -301) << "more than there are values";
         EXPECT_EQ(words(w, w, 4, {2, 2}), -301) << "falling levels";
-        EXPECT_EQ(orv::orv_LUT_Linear_16u8u_C1(source.pixels<u16>(), step, w, b, 3, image.pixels<u8>(), step, {2, 2}), -301);
+        EXPECT_EQ(orv::orv_LUT_Linear_16u8u_C1(source.pixels<u16>(), step, w, b, 3, image.pixels<u8>(), step, {2, 2}),
+                  -301);
         for (const float bad : {infinity, -infinity, nan}) {
             for (int k = 0; k < 4; ++k) {
                 float changed[4] = {1, 2, 3, 4};

@@ -82,7 +82,8 @@ void check_table(bool (*method)(const S*, int, const D*, D*, int, int, int))
         // Rows without gaps, from the last one upward.
         const int width = 64, height = static_cast<int>(entries) / width;
         const int up = -width * static_cast<int>(sizeof(S)), last = width * (height - 1);
-        ASSERT_TRUE(method(all.data() + last, up, table.data(), got.data(), width * static_cast<int>(sizeof(D)), width, height));
+        ASSERT_TRUE(method(all.data() + last, up, table.data(), got.data(), width * static_cast<int>(sizeof(D)), width,
+                           height));
         for (std::size_t i = 0; i < entries; ++i) {
             const std::size_t row = i / 64, from = (static_cast<std::size_t>(height) - 1 - row) * 64 + i % 64;
             ASSERT_EQ(bits(got[i]), bits(entry<D>(all[from]))) << i;
@@ -133,7 +134,9 @@ TEST(Lookup, TablePerChannel)
                 for (int c = 0; c < 4; ++c) pointers[c] = tables[choice[c]].data();
                 Image a = random_pixels<u8>(width * row.channels, 3, g), d = random_image(width * row.channels, 3, g);
                 const auto before_a = a.bytes(), before = d.bytes();
-                const auto want = [&](int y, int i) { return entry<u8>(element<u8>(a, y, i), choice[i % row.channels]); };
+                const auto want = [&](int y, int i) {
+                    return entry<u8>(element<u8>(a, y, i), choice[i % row.channels]);
+                };
                 at_every_level([&] {
                     ASSERT_TRUE(row.method(a.pixels<u8>(), a.step(), pointers, d.pixels<u8>(), d.step(), width, 3));
                     expect_pixels<u8>(d, before, want);
@@ -157,7 +160,8 @@ TEST(Lookup, Palettes)
             std::memcpy(a.row(0), ends, static_cast<std::size_t>(std::min(width, 3)) * sizeof(u16));
             const auto before = d.bytes();
             at_every_level([&] {
-                ASSERT_TRUE(W::LUTPalette_16u32u_C1R(a.pixels<u16>(), a.step(), palette.data(), size, d.pixels<u32>(), d.step(), width, 3));
+                ASSERT_TRUE(W::LUTPalette_16u32u_C1R(a.pixels<u16>(), a.step(), palette.data(), size, d.pixels<u32>(),
+                                                     d.step(), width, 3));
                 expect_pixels<u32>(d, before, [&](int y, int i) {
                     return entry<u32>(static_cast<std::size_t>(std::min<int>(element<u16>(a, y, i), size - 1)));
                 });
@@ -179,15 +183,21 @@ TEST(Lookup, RefusalsWriteNothing)
     const u8* tables[4] = {bytes.data(), bytes.data(), bytes.data(), bytes.data()};
     at_every_level([&] {
         const orv::Size good = {2, 2};
-        for (const orv::Size bad : {orv::Size{0, 2}, orv::Size{2, 0}, orv::Size{-1, 2}, orv::Size{2, -2147483647 - 1}}) {
+        for (const orv::Size bad :
+             {orv::Size{0, 2}, orv::Size{2, 0}, orv::Size{-1, 2}, orv::Size{2, -2147483647 - 1}}) {
             EXPECT_EQ(orv::orv_LUT_8u_C1(s, step, bytes.data(), d, step, bad), -6);
             EXPECT_EQ(orv::orv_LUT_8u_C3(s, step, tables, d, step, bad), -6);
             EXPECT_EQ(orv::orv_LUT_8u_C4(nullptr, step, tables, d, step, bad), -8) << "pointers come first";
-            EXPECT_EQ(orv::orv_LUTPalette_16u32u_C1R(source.pixels<u16>(), step, palette.data(), 0, image.pixels<u32>(), step, bad), -6);
-            EXPECT_FALSE(W::LUT_16u32f_C1(source.pixels<u16>(), step, image.pixels<float>(), image.pixels<float>(), step, bad.width, bad.height));
+            EXPECT_EQ(orv::orv_LUTPalette_16u32u_C1R(source.pixels<u16>(), step, palette.data(), 0, image.pixels<u32>(),
+                                                     step, bad),
+                      -6);
+            EXPECT_FALSE(W::LUT_16u32f_C1(source.pixels<u16>(), step, image.pixels<float>(), image.pixels<float>(),
+                                          step, bad.width, bad.height));
         }
         for (const int size : {0, -1, 65537, 2147483647, -2147483647 - 1}) {
-            EXPECT_EQ(orv::orv_LUTPalette_16u32u_C1R(source.pixels<u16>(), step, palette.data(), size, image.pixels<u32>(), step, good), -107);
+            EXPECT_EQ(orv::orv_LUTPalette_16u32u_C1R(source.pixels<u16>(), step, palette.data(), size,
+                                                     image.pixels<u32>(), step, good),
+                      -107);
         }
         EXPECT_EQ(orv::orv_LUT_8u_C1(nullptr, step, bytes.data(), d, step, good), -8);
         EXPECT_EQ(orv::orv_LUT_8u_C1(s, step, nullptr, d, step, good), -8);

@@ -84,7 +84,8 @@ TEST(Random, ValuesFromIndependentWords)
             ASSERT_TRUE(generator.GenerateGaussian(n, got.data(), 3, 2.5));
             if (first_level.empty()) first_level = got;
             ASSERT_EQ(got, first_level) << "the bits of the plain variant";
-            for (std::size_t k = 0; k < want.size(); ++k) ASSERT_NEAR(got[k], want[k].value, want[k].tolerance) << "value " << k << " of seed " << seed;
+            for (std::size_t k = 0; k < want.size(); ++k)
+                ASSERT_NEAR(got[k], want[k].value, want[k].tolerance) << "value " << k << " of seed " << seed;
         });
     }
 }
@@ -171,7 +172,8 @@ TEST(Random, Refusals)
         EXPECT_FALSE(generator.GenerateGaussian(INT_MIN, r, 0, 1));
         EXPECT_FALSE(generator.GenerateGaussian(2, nullptr, 0, 1));
         for (const double sigma : {0.0, -0.0, -1.0, nan}) EXPECT_FALSE(generator.GenerateGaussian(2, r, 0, sigma));
-        EXPECT_TRUE(generator.GenerateGaussian(0, nullptr, 0, -1)) << "a count of 0 is done before the rest is looked at";
+        EXPECT_TRUE(generator.GenerateGaussian(0, nullptr, 0, -1))
+            << "a count of 0 is done before the rest is looked at";
         EXPECT_THAT(r, testing::Each(7));
         ASSERT_TRUE(generator.GenerateGaussian(2, r, 0, 1));
         EXPECT_THAT(r, testing::ElementsAreArray(first)) << "refusals do not advance the stream";
