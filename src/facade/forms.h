@@ -11,9 +11,11 @@
 #include "ImageProcessingWrapper.h"
 #include "SignalProcessingWrapper.h"
 #include "core/operation.h"
+#include "core/parameters.h"
 #include "facade/in_memory.h"
 #include "facade/in_place.h"
 #include "facade/signal/in_place_vector.h"
+#include "image/interpolation.h"
 
 namespace orv {
 
@@ -46,6 +48,24 @@ struct AlwaysTrue : Word<Inner> {};
 template <class Inner>
 struct StepsChecked : Word<Inner> {};
 
+// Doubles go on by their addresses, unread.
+template <class Inner>
+struct ByAddress {
+    const Inner& operation;
+
+    static const double* passed(const double& value) { return &value; }
+    template <class T>
+    static const T& passed(const T& value)
+    {
+        return value;
+    }
+    template <class... Args>
+    Status operator()(const Args&... args) const
+    {
+        return operation(passed(args)...);
+    }
+};
+
 // A constant of the method's own behind the caller's arguments.
 template <class Inner, class Constant>
 struct With {
@@ -73,6 +93,11 @@ template <class Inner>
 StepsChecked<Inner> steps_checked(const Inner& operation)
 {
     return {{operation}};
+}
+template <class Inner>
+ByAddress<Inner> by_address(const Inner& operation)
+{
+    return {operation};
 }
 template <class Inner, class Constant>
 With<Inner, Constant> with(const Inner& operation, Constant constant)
@@ -124,26 +149,6 @@ struct Count {
 };
 
 }  // namespace orv
-
-// --- What follows the size ------------------------------------------------------------------------
-//
-// FIRST is what a shape needs, AFTER makes parameters or arguments of the types behind it.
-
-#define FIRST(...) FIRST_(__VA_ARGS__, )
-#define FIRST_(first, ...) first
-#define AFTER(kind, ...) \
-    AFTER_(__VA_ARGS__, AFTER_5, AFTER_4, AFTER_3, AFTER_2, AFTER_1, AFTER_0, )(kind, __VA_ARGS__)
-#define AFTER_(first, A, B, C, D, E, chosen, ...) chosen
-#define AFTER_0(kind, first)
-#define AFTER_1(kind, first, A) kind(A, a)
-#define AFTER_2(kind, first, A, B) kind(A, a) kind(B, b)
-#define AFTER_3(kind, first, A, B, C) kind(A, a) kind(B, b) kind(C, c)
-#define AFTER_4(kind, first, A, B, C, D) kind(A, a) kind(B, b) kind(C, c) kind(D, d)
-#define AFTER_5(kind, first, A, B, C, D, E) kind(A, a) kind(B, b) kind(C, c) kind(D, d) kind(E, e)
-#define PARAMETER(Type, name) , Type name
-#define ARGUMENT(Type, name) , name
-#define PARAMETERS(...) AFTER(PARAMETER, __VA_ARGS__)
-#define ARGUMENTS(...) AFTER(ARGUMENT, __VA_ARGS__)
 
 // --- Images ---------------------------------------------------------------------------------------
 
@@ -233,6 +238,26 @@ struct Count {
         return operation(tile.src, tile.srcStep, kept, tile.dst, tile.dstStep,             \
                          tile.size ARGUMENTS(__VA_ARGS__));                                \
     });
+
+// (name, operation, T, ...): between images of two sizes, and between rectangles of two images.
+#define SRC_SIZE_DST_SIZE(name, operation, ...)                                                                  \
+    bool ImageProcessingWrapper::name(const FIRST(__VA_ARGS__)* src, int srcWidth, int srcHeight, int srcStep,   \
+                                      FIRST(__VA_ARGS__)* dst, int dstStep, int dstWidth,                        \
+                                      int dstHeight PARAMETERS(__VA_ARGS__))                                     \
+    {                                                                                                            \
+        return call(operation, src, Size{srcWidth, srcHeight}, srcStep, dst, dstStep,                            \
+                    Size{dstWidth, dstHeight} ARGUMENTS(__VA_ARGS__));                                           \
+    }
+#define SRC_RECTANGLE_DST_RECTANGLE(name, operation, ...)                                                        \
+    bool ImageProcessingWrapper::name(const FIRST(__VA_ARGS__)* src, int srcWidth, int srcHeight, int srcStep,   \
+                                      int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,               \
+                                      FIRST(__VA_ARGS__)* dst, int dstStep, int dstRoiX, int dstRoiY,            \
+                                      int dstRoiWidth, int dstRoiHeight PARAMETERS(__VA_ARGS__))                 \
+    {                                                                                                            \
+        return call(operation, src, Size{srcWidth, srcHeight}, srcStep,                                          \
+                    Rectangle{srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst, dstStep,                        \
+                    Rectangle{dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight} ARGUMENTS(__VA_ARGS__));              \
+    }
 
 // --- Vectors --------------------------------------------------------------------------------------
 

@@ -1,4 +1,6 @@
 // Fixed-kernel filters. The 3x3 and 5x5 methods of a kind share an operation and differ in a code.
+//
+// Families: filters_float, filters_integer.
 #include "facade/forms.h"
 #include "image/filters/filters.h"
 

@@ -1,6 +1,6 @@
 // Resizing: by plans, by factor and shift, by zoom and pan.
-#include "ImageProcessingWrapper.h"
 #include "core/memory.h"
+#include "facade/forms.h"
 #include "image/resize/resample.h"
 #include "image/resize/resize_cubic.h"
 #include "image/resize/resize_linear.h"
@@ -92,6 +92,42 @@ Interpolated<kResizeCubic, Inner> cubic(const Inner& operation)
     return {operation};
 }
 
+// Such a step with its plan, for pixels of so many channels. The factors are never read: the sizes alone make the
+// scale.
+template <int Channels, class Apply>
+struct Planned {
+    Apply apply;
+
+    template <class T, class Offset>
+    Status run(const T* src, Size from, int srcStep, T* dst, int dstStep, Size to, Offset offset) const
+    {
+        return with_plan(Apply::kInterpolation, from, to, Channels, [&](void* plan, void* work) {
+            int x = 0, y = 0;
+            offset(&x, &y);
+            return apply(src, srcStep, dst, dstStep, x, y, to, plan, work);
+        });
+    }
+    template <class T>
+    Status operator()(const T* src, Size from, int srcStep, T* dst, int dstStep, Size to, const double&,
+                      const double&) const
+    {
+        return run(src, from, srcStep, dst, dstStep, to, [](int*, int*) {});
+    }
+    template <class T>
+    Status operator()(const T* src, Size from, int srcStep, T* dst, int dstStep, Size to, const double&, const double&,
+                      const double& centerX, const double& centerY) const
+    {
+        return run(src, from, srcStep, dst, dstStep, to,
+                   [&](int* x, int* y) { orv_ResizeCenterOffset(to, centerX, centerY, x, y); });
+    }
+};
+
+template <int Channels, class Apply>
+Planned<Channels, Apply> planned(const Apply& apply)
+{
+    return {apply};
+}
+
 // Zoom and pan. No status comes out: these methods are always true, which hosts rely on. `zoom` stays in memory: on the
 // x87 even a copy of a float may trap in a host that has unmasked exceptions.
 template <class T, class Operation>
@@ -112,51 +148,29 @@ void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size so
 
 }  // namespace
 
-// (name, operation, T, channels). The factors are never read: the sizes alone make the scale.
-#define RESIZE(name, operation, T, channels)                                                                       \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
-                                      int dstWidth, int dstHeight, double, double)                                 \
-    {                                                                                                              \
-        const auto apply = operation;                                                                              \
-        const Size from = {srcWidth, srcHeight}, to = {dstWidth, dstHeight};                                       \
-        return with_plan(apply.kInterpolation, from, to, channels, [&](void* plan, void* work) {                   \
-            return apply(src, srcStep, dst, dstStep, 0, 0, to, plan, work);                                        \
-        }) == StatusOk;                                                                                            \
-    }
+SRC_SIZE_DST_SIZE(ResizeNN_16u_C1R, planned<1>(nearest(orv_ResizeNearest_16u_C1)), unsigned short, double, double)
+SRC_SIZE_DST_SIZE(ResizeNN_8u_C3R, planned<3>(nearest(orv_ResizeNearest_8u_C3)), unsigned char, double, double)
+SRC_SIZE_DST_SIZE(ResizeNN_8u_C4R, planned<4>(nearest(orv_ResizeNearest_8u_C4)), unsigned char, double, double)
 
-// (name, operation, T, channels)
-#define RESIZE_CENTER(name, operation, T, channels)                                                                \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, \
-                                      int dstWidth, int dstHeight, double, double, double centerX, double centerY) \
-    {                                                                                                              \
-        const auto apply = operation;                                                                              \
-        const Size from = {srcWidth, srcHeight}, to = {dstWidth, dstHeight};                                       \
-        return with_plan(apply.kInterpolation, from, to, channels, [&](void* plan, void* work) {                   \
-            int x = 0, y = 0;                                                                                      \
-            orv_ResizeCenterOffset(to, centerX, centerY, &x, &y);                                                  \
-            return apply(src, srcStep, dst, dstStep, x, y, to, plan, work);                                        \
-        }) == StatusOk;                                                                                            \
-    }
-
-RESIZE(ResizeNN_16u_C1R, nearest(orv_ResizeNearest_16u_C1), unsigned short, 1)
-RESIZE(ResizeNN_8u_C3R, nearest(orv_ResizeNearest_8u_C3), unsigned char, 3)
-RESIZE(ResizeNN_8u_C4R, nearest(orv_ResizeNearest_8u_C4), unsigned char, 4)
-
-RESIZE(ResizeCubic_16u_C1R, cubic(orv_ResizeCubic_16u_C1), unsigned short, 1)
-RESIZE(ResizeCubic_8u_C3R, cubic(orv_ResizeCubic_8u_C3), unsigned char, 3)
-RESIZE(ResizeCubic_8u_C4R, cubic(orv_ResizeCubic_8u_C4), unsigned char, 4)
+SRC_SIZE_DST_SIZE(ResizeCubic_16u_C1R, planned<1>(cubic(orv_ResizeCubic_16u_C1)), unsigned short, double, double)
+SRC_SIZE_DST_SIZE(ResizeCubic_8u_C3R, planned<3>(cubic(orv_ResizeCubic_8u_C3)), unsigned char, double, double)
+SRC_SIZE_DST_SIZE(ResizeCubic_8u_C4R, planned<4>(cubic(orv_ResizeCubic_8u_C4)), unsigned char, double, double)
 
 // Intended: linear, although its name says nearest neighbour. Hosts depend on what it computes.
-RESIZE_CENTER(ResizeCenterNN_16u_C1R, linear(orv_ResizeLinear_16u_C1), unsigned short, 1)
-RESIZE_CENTER(ResizeCenterNN_8u_C3R, nearest(orv_ResizeNearest_8u_C3), unsigned char, 3)
-RESIZE_CENTER(ResizeCenterNN_8u_C4R, nearest(orv_ResizeNearest_8u_C4), unsigned char, 4)
+SRC_SIZE_DST_SIZE(ResizeCenterNN_16u_C1R, planned<1>(linear(orv_ResizeLinear_16u_C1)), unsigned short, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterNN_8u_C3R, planned<3>(nearest(orv_ResizeNearest_8u_C3)), unsigned char, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterNN_8u_C4R, planned<4>(nearest(orv_ResizeNearest_8u_C4)), unsigned char, double, double,
+                  double, double)
 
-RESIZE_CENTER(ResizeCenterCubic_16u_C1R, cubic(orv_ResizeCubic_16u_C1), unsigned short, 1)
-RESIZE_CENTER(ResizeCenterCubic_8u_C3R, cubic(orv_ResizeCubic_8u_C3), unsigned char, 3)
-RESIZE_CENTER(ResizeCenterCubic_8u_C4R, cubic(orv_ResizeCubic_8u_C4), unsigned char, 4)
+SRC_SIZE_DST_SIZE(ResizeCenterCubic_16u_C1R, planned<1>(cubic(orv_ResizeCubic_16u_C1)), unsigned short, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterCubic_8u_C3R, planned<3>(cubic(orv_ResizeCubic_8u_C3)), unsigned char, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterCubic_8u_C4R, planned<4>(cubic(orv_ResizeCubic_8u_C4)), unsigned char, double, double,
+                  double, double)
 
-#undef RESIZE
-#undef RESIZE_CENTER
 
 bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
                                               int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
@@ -167,18 +181,8 @@ bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcR
                                 size) == StatusOk;
 }
 
-bool ImageProcessingWrapper::ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
-                                                    int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
-                                                    unsigned short* dst, int dstStep, int dstRoiX, int dstRoiY,
-                                                    int dstRoiWidth, int dstRoiHeight, double xFactor, double yFactor,
-                                                    double xShift, double yShift, int interpolation,
-                                                    unsigned char* buffer)
-{
-    return orv_ResizeSqrPixel_16u_C1(src, {srcWidth, srcHeight}, srcStep,
-                                     {srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst, dstStep,
-                                     {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, xFactor, yFactor, xShift, yShift,
-                                     interpolation, buffer) == StatusOk;
-}
+SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_16u_C1R, orv_ResizeSqrPixel_16u_C1, unsigned short, double, double, double,
+                            double, int, unsigned char*)
 
 #define ALWAYS_TRUE_ZOOM(name, operation, T, channels)                                                              \
     bool ImageProcessingWrapper::name(const T* src, int srcStep, int srcWidth, int srcHeight, T* dst, int dstStep,  \

@@ -1,5 +1,6 @@
 // Sums, means, deviations, extremes and histograms.
 #include "facade/forms.h"
+#include "core/hints.h"
 #include "image/statistics/extremes.h"
 #include "image/statistics/float_sums.h"
 #include "image/statistics/histogram.h"

@@ -1,72 +1,43 @@
 // Rotation, perspective, remapping. Doubles are passed on by their addresses, unread.
-#include "ImageProcessingWrapper.h"
+#include "facade/forms.h"
 #include "image/warp/warp.h"
 
 using namespace orv;
 
-#define ROTATE(name, T)                                                                                             \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, int srcRoiX,          \
-                                      int srcRoiY, int srcRoiWidth, int srcRoiHeight, T* dst, int dstStep,          \
-                                      int dstRoiX, int dstRoiY, int dstRoiWidth, int dstRoiHeight, double angle,    \
-                                      double xShift, double yShift, int interpolation)                              \
-    {                                                                                                               \
-        return orv_##name(src, {srcWidth, srcHeight}, srcStep, {srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst,  \
-                          dstStep, {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, &angle, &xShift, &yShift,         \
-                          interpolation) == StatusOk;                                                               \
-    }
-
-ROTATE(Rotate_8u_C1, unsigned char)
-ROTATE(Rotate_8u_C3, unsigned char)
-ROTATE(Rotate_8u_C4, unsigned char)
-ROTATE(Rotate_16u_C1, unsigned short)
-ROTATE(Rotate_32f_C1, float)
-#undef ROTATE
-
-#define ALWAYS_TRUE_ROTATE(name, T)                                                                                 \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep,  \
-                                      int dstWidth, int dstHeight, double angle, double centerX, double centerY,    \
-                                      int interpolation)                                                            \
-    {                                                                                                               \
-        orv_##name(src, {srcWidth, srcHeight}, srcStep, dst, dstStep, {dstWidth, dstHeight}, &angle, &centerX,      \
-                   &centerY, interpolation);                                                                        \
-        return true;                                                                                                \
-    }
+SRC_RECTANGLE_DST_RECTANGLE(Rotate_8u_C1, by_address(orv_Rotate_8u_C1), unsigned char, double, double, double, int)
+SRC_RECTANGLE_DST_RECTANGLE(Rotate_8u_C3, by_address(orv_Rotate_8u_C3), unsigned char, double, double, double, int)
+SRC_RECTANGLE_DST_RECTANGLE(Rotate_8u_C4, by_address(orv_Rotate_8u_C4), unsigned char, double, double, double, int)
+SRC_RECTANGLE_DST_RECTANGLE(Rotate_16u_C1, by_address(orv_Rotate_16u_C1), unsigned short, double, double, double, int)
+SRC_RECTANGLE_DST_RECTANGLE(Rotate_32f_C1, by_address(orv_Rotate_32f_C1), float, double, double, double, int)
 
 // Intended: true whatever happens.
-ALWAYS_TRUE_ROTATE(RotateCenter_8u_C3, unsigned char)
-ALWAYS_TRUE_ROTATE(RotateCenter_8u_C4, unsigned char)
-ALWAYS_TRUE_ROTATE(RotateCenter_16u_C1, unsigned short)
-ALWAYS_TRUE_ROTATE(RotateCenter_32f_C1, float)
-#undef ALWAYS_TRUE_ROTATE
+SRC_SIZE_DST_SIZE(RotateCenter_8u_C3, always_true(by_address(orv_RotateCenter_8u_C3)), unsigned char, double, double,
+                  double, int)
+SRC_SIZE_DST_SIZE(RotateCenter_8u_C4, always_true(by_address(orv_RotateCenter_8u_C4)), unsigned char, double, double,
+                  double, int)
+SRC_SIZE_DST_SIZE(RotateCenter_16u_C1, always_true(by_address(orv_RotateCenter_16u_C1)), unsigned short, double, double,
+                  double, int)
+SRC_SIZE_DST_SIZE(RotateCenter_32f_C1, always_true(by_address(orv_RotateCenter_32f_C1)), float, double, double, double,
+                  int)
 
 bool ImageProcessingWrapper::GetRotateBound(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, double angle,
                                             double xShift, double yShift, double* bound)
 {
-    return orv_GetRotateBound({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, &angle, &xShift, &yShift, bound) == StatusOk;
+    return orv_GetRotateBound({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, &angle, &xShift, &yShift, bound) ==
+           StatusOk;
 }
 
-bool ImageProcessingWrapper::GetRotateShift(double centerX, double centerY, double angle, double* xShift, double* yShift)
+bool ImageProcessingWrapper::GetRotateShift(double centerX, double centerY, double angle, double* xShift,
+                                            double* yShift)
 {
     return orv_GetRotateShift(&centerX, &centerY, &angle, xShift, yShift) == StatusOk;
 }
 
-#define WARP_PERSPECTIVE(name, T)                                                                                   \
-    bool ImageProcessingWrapper::name(const T* src, int srcWidth, int srcHeight, int srcStep, int srcRoiX,          \
-                                      int srcRoiY, int srcRoiWidth, int srcRoiHeight, T* dst, int dstStep,          \
-                                      int dstRoiX, int dstRoiY, int dstRoiWidth, int dstRoiHeight,                  \
-                                      const double* coefficients, int interpolation)                                \
-    {                                                                                                               \
-        return orv_##name(src, {srcWidth, srcHeight}, srcStep, {srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight}, dst,  \
-                          dstStep, {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, coefficients,                     \
-                          interpolation) == StatusOk;                                                               \
-    }
-
-WARP_PERSPECTIVE(WarpPerspective_8u_C1, unsigned char)
-WARP_PERSPECTIVE(WarpPerspective_8u_C3, unsigned char)
-WARP_PERSPECTIVE(WarpPerspective_8u_C4, unsigned char)
-WARP_PERSPECTIVE(WarpPerspective_16u_C1, unsigned short)
-WARP_PERSPECTIVE(WarpPerspective_32f_C1, float)
-#undef WARP_PERSPECTIVE
+SRC_RECTANGLE_DST_RECTANGLE(WarpPerspective_8u_C1, orv_WarpPerspective_8u_C1, unsigned char, const double*, int)
+SRC_RECTANGLE_DST_RECTANGLE(WarpPerspective_8u_C3, orv_WarpPerspective_8u_C3, unsigned char, const double*, int)
+SRC_RECTANGLE_DST_RECTANGLE(WarpPerspective_8u_C4, orv_WarpPerspective_8u_C4, unsigned char, const double*, int)
+SRC_RECTANGLE_DST_RECTANGLE(WarpPerspective_16u_C1, orv_WarpPerspective_16u_C1, unsigned short, const double*, int)
+SRC_RECTANGLE_DST_RECTANGLE(WarpPerspective_32f_C1, orv_WarpPerspective_32f_C1, float, const double*, int)
 
 bool ImageProcessingWrapper::GetPerspectiveBound(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
                                                  const double* coefficients, double* bound)
