@@ -6,5 +6,6 @@
 #define ORV_ASSERT(condition) static_cast<void>(sizeof(!(condition)))  // its names count as used
 #else
 extern "C" [[noreturn]] void orv_assertion_failed(const char* condition, const char* file, int line);
-#define ORV_ASSERT(condition) ((condition) ? static_cast<void>(0) : orv_assertion_failed(#condition, __FILE__, __LINE__))
+#define ORV_ASSERT(condition) \
+    ((condition) ? static_cast<void>(0) : orv_assertion_failed(#condition, __FILE__, __LINE__))
 #endif

@@ -35,7 +35,8 @@ extern "C" {
 bool orv_overlap(Area src, Area dst)
 {
     const bool row_on_row = src.first == dst.first && src.step == dst.step && src.row_bytes == dst.row_bytes;
-    return !row_on_row && exists(src) && exists(dst) && begin(src) < end(dst) && begin(dst) < end(src) && !side_by_side(src, dst);
+    return !row_on_row && exists(src) && exists(dst) && begin(src) < end(dst) && begin(dst) < end(src) &&
+           !side_by_side(src, dst);
 }
 
 Status orv_make_rows(Area dst, Status (*make)(const void* call, int y, void* to), const void* call)

@@ -46,8 +46,8 @@ ORV_INLINE std::uint64_t reach_of(int steps, int rows)
 }
 // The comparison: a yes for rows that are far away from each other may be wrong, a no never is, and neither is
 // what it says of images of one row. Rows that have the same bytes may stand exactly on each other.
-ORV_INLINE bool are_near(const void* src, int srcStep, long long src_row, const void* dst, int dstStep, long long dst_row,
-                         std::uint64_t reach)
+ORV_INLINE bool are_near(const void* src, int srcStep, long long src_row, const void* dst, int dstStep,
+                         long long dst_row, std::uint64_t reach)
 {
     const std::uint64_t distance = std::uint64_t{reinterpret_cast<std::uintptr_t>(src)} -
                                    std::uint64_t{reinterpret_cast<std::uintptr_t>(dst)};
@@ -60,7 +60,8 @@ ORV_INLINE bool are_near(const void* src, int srcStep, long long src_row, const 
 ORV_INLINE bool overlap(Area src, Area dst)
 {
     const std::uint64_t reach = reach_of(src.step | dst.step, src.rows > dst.rows ? src.rows : dst.rows);
-    return are_near(src.first, src.step, src.row_bytes, dst.first, dst.step, dst.row_bytes, reach) && orv_overlap(src, dst);
+    return are_near(src.first, src.step, src.row_bytes, dst.first, dst.step, dst.row_bytes, reach) &&
+           orv_overlap(src, dst);
 }
 
 // Of the pixels of images of one size.
@@ -120,7 +121,10 @@ private:
 template <class T>
 struct Kept<const T*> {
     T values[4];
-    Kept(const T* argument, int channels) { __builtin_memcpy(values, argument, sizeof(T) * static_cast<std::size_t>(channels)); }
+    Kept(const T* argument, int channels)
+    {
+        __builtin_memcpy(values, argument, sizeof(T) * static_cast<std::size_t>(channels));
+    }
     const T* get() const { return values; }
 };
 
@@ -140,37 +144,40 @@ ORV_INLINE Status rows_in_order(bool overlapping, Area dst, const Make& make)
 
 #define ORV_RARE __attribute__((noinline, cold)) Status
 template <class A, class T, class... Rest, class... Arguments>
-ORV_RARE by_rows(Status (*kernel)(const A*, int, T*, int, Size, Rest...), ChannelCounts channels, const A* src, int srcStep, T* dst,
-                 int dstStep, Size roi, Arguments... rest)
+ORV_RARE by_rows(Status (*kernel)(const A*, int, T*, int, Size, Rest...), ChannelCounts channels, const A* src,
+                 int srcStep, T* dst, int dstStep, Size roi, Arguments... rest)
 {
     const Area to_area = area(dst, dstStep, roi, channels.dst);
     const auto run = [&](const auto&... kept) {
-        return rows_in_order(orv_overlap(area(src, srcStep, roi, channels.src), to_area), to_area, [&](int y, void* to) {
-            return kernel(row_at(src, srcStep, y), srcStep, static_cast<T*>(to), dstStep, {roi.width, 1}, kept.get()...);
-        });
+        return rows_in_order(orv_overlap(area(src, srcStep, roi, channels.src), to_area), to_area,
+                             [&](int y, void* to) {
+                                 return kernel(row_at(src, srcStep, y), srcStep, static_cast<T*>(to), dstStep,
+                                               {roi.width, 1}, kept.get()...);
+                             });
     };
     return run(Kept<Rest>(rest, channels.src)...);
 }
 template <class A, class V, class T, class Value, class... Rest>
-ORV_RARE by_rows(Status (*kernel)(const A*, int, V, T*, int, Size, Rest...), ChannelCounts channels, const A* src, int srcStep, Value value,
-                 T* dst, int dstStep, Size roi, Rest... rest)
+ORV_RARE by_rows(Status (*kernel)(const A*, int, V, T*, int, Size, Rest...), ChannelCounts channels, const A* src,
+                 int srcStep, Value value, T* dst, int dstStep, Size roi, Rest... rest)
 {
     const Area to_area = area(dst, dstStep, roi, channels.dst);
     const Kept<V> kept(value, channels.src);
     return rows_in_order(orv_overlap(area(src, srcStep, roi, channels.src), to_area), to_area, [&](int y, void* to) {
-        return kernel(row_at(src, srcStep, y), srcStep, kept.get(), static_cast<T*>(to), dstStep, {roi.width, 1}, rest...);
+        return kernel(row_at(src, srcStep, y), srcStep, kept.get(), static_cast<T*>(to), dstStep, {roi.width, 1},
+                      rest...);
     });
 }
 template <class A, class B, class T, class... Rest>
-ORV_RARE by_rows(Status (*kernel)(const A*, int, const B*, int, T*, int, Size, Rest...), ChannelCounts channels, const A* src1, int src1Step,
-                 const B* src2, int src2Step, T* dst, int dstStep, Size roi, Rest... rest)
+ORV_RARE by_rows(Status (*kernel)(const A*, int, const B*, int, T*, int, Size, Rest...), ChannelCounts channels,
+                 const A* src1, int src1Step, const B* src2, int src2Step, T* dst, int dstStep, Size roi, Rest... rest)
 {
     const Area to_area = area(dst, dstStep, roi, channels.dst);
     const bool overlapping = orv_overlap(area(src1, src1Step, roi, channels.src), to_area) ||
                              orv_overlap(area(src2, src2Step, roi, channels.src), to_area);
     return rows_in_order(overlapping, to_area, [&](int y, void* to) {
-        return kernel(row_at(src1, src1Step, y), src1Step, row_at(src2, src2Step, y), src2Step, static_cast<T*>(to), dstStep,
-                      {roi.width, 1}, rest...);
+        return kernel(row_at(src1, src1Step, y), src1Step, row_at(src2, src2Step, y), src2Step, static_cast<T*>(to),
+                      dstStep, {roi.width, 1}, rest...);
     });
 }
 #undef ORV_RARE

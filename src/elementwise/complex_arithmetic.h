@@ -62,7 +62,8 @@ struct ComplexProduct {
     }
     static ORV_INLINE Complexes many(Complexes a, Complexes b)
     {
-        return {multiplied(simd::even_twice(a.lo), simd::odd_twice(a.lo), b.lo), multiplied(simd::even_twice(a.hi), simd::odd_twice(a.hi), b.hi)};
+        return {multiplied(simd::even_twice(a.lo), simd::odd_twice(a.lo), b.lo),
+                multiplied(simd::even_twice(a.hi), simd::odd_twice(a.hi), b.hi)};
     }
 };
 
@@ -127,7 +128,7 @@ struct ComplexConstant {
     }
 };
 
-// Puts the NaN in the place of NaNs and tells the operation of them. Not inlined: it is rare.
+// Puts the NaN in the place of NaNs and reports them to the operation. Not inlined: it is rare.
 template <class A, class Op>
 __attribute__((noinline)) simd::widest<float> with_one_nan(simd::widest<float> v, A a, std::ptrdiff_t i, Op& op)
 {

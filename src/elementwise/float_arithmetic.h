@@ -14,6 +14,7 @@
 #include <cstring>
 
 #include "core/float_control.h"
+#include "core/nan.h"
 #include "elementwise/full_vectors.h"
 #include "simd/vec.h"
 
@@ -40,7 +41,7 @@ struct Bits {
     static constexpr Word<F> kSign = Word<F>{1} << (8 * sizeof(F) - 1);
     static constexpr Word<F> kInfinity = (kSign - 1) - ((Word<F>{1} << kFraction) - 1);
     static constexpr Word<F> kQuiet = Word<F>{1} << (kFraction - 1);
-    static constexpr Word<F> kNan = kSign | kInfinity | kQuiet;  // what an operation without a result gives
+    static constexpr Word<F> kNan = sizeof(F) == 4 ? kInvalidNan : static_cast<Word<F>>(kInvalidNan64);
 };
 
 template <class F>

@@ -12,8 +12,8 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
-// at(i) computes what belongs at position i, N elements; store(i, value) puts it there. `others` does so for all vectors
-// before the last one, and is told where that begins.
+// at(i) computes what belongs at position i, N elements; store(i, value) puts it there. `others` does so for all
+// vectors before the last one, and gets where that begins.
 template <std::ptrdiff_t N, class At, class Store, class Others>
 ORV_INLINE void full_vectors(std::ptrdiff_t n, At at, Store store, Others others)
 {

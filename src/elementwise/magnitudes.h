@@ -1,5 +1,5 @@
-// Absolute values of complex numbers whose parts lie apart: sqrt(re re + im im) in double, rounded to float. Vectors and
-// images compute with the same text.
+// Absolute values of complex numbers whose parts lie apart: sqrt(re re + im im) in double, rounded to float. Vectors
+// and images compute with the same text.
 #pragma once
 
 #include "elementwise/complex_arithmetic.h"

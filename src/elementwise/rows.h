@@ -25,7 +25,7 @@ ORV_INLINE void row_of_vectors(T* dst, std::ptrdiff_t n, Compute compute)
 {
     const auto at = [&compute](std::ptrdiff_t i) __attribute__((always_inline)) { return compute.template at<V>(i); };
     const auto store = [dst](std::ptrdiff_t i, V v) __attribute__((always_inline)) { simd::store(dst + i, v); };
-    full_vectors<V::N>(n, at, store, [=, &compute](std::ptrdiff_t end) __attribute__((always_inline)) {
+    full_vectors<V::N>(n, at, store, [&](std::ptrdiff_t end) __attribute__((always_inline)) {
         std::ptrdiff_t i = 0;
         if constexpr (pace_of_row != Pace::kOne) {
             for (; i < end - V::N; i += 2 * V::N) {
@@ -187,9 +187,9 @@ inline void plane(const T* src1, int src1Step, const T* src2, int src2Step, T* d
 // --- Constants ------------------------------------------------------------------------------------
 //
 // One, two or four constants of 1, 2 or 4 bytes, or one of 8, repeat in memory with a period that
-// divides one vector; three repeat with one that divides three vectors. A row of constants in memory, a little longer than
-// three vectors, serves as the first operand wherever a loop may start; long rows keep the three
-// vectors in registers.
+// divides one vector; three repeat with one that divides three vectors. A row of constants in memory, a little longer
+// than three vectors, serves as the first operand wherever a loop may start; long rows keep the three vectors in
+// registers.
 
 template <class T>
 struct Pattern {

@@ -20,12 +20,6 @@ inline namespace ORV_LEVEL {
 // in_double()  the same on doubles, which hold sums of 32 bits exactly and products up to 2^53
 // kBits        the magnitude of a result is at most 2^kBits; scaled down by more, all are 0
 
-template <class T> struct wider;
-template <> struct wider<std::uint8_t> { using type = std::uint16_t; };
-template <> struct wider<std::uint16_t> { using type = std::uint32_t; };
-template <> struct wider<std::int16_t> { using type = std::int32_t; };
-template <class T> using wider_t = typename wider<T>::type;
-
 template <class T>
 constexpr bool is_signed = std::numeric_limits<T>::is_signed;
 
@@ -87,10 +81,12 @@ struct Difference {
     {
         if constexpr (is_signed<T>) {
             // The average of b + 2^15 and 2^15 - 1 - a is 2^15 more than half of the difference, rounded down.
-            const V top = simd::splat<V>(std::numeric_limits<T>::min()), rest = simd::splat<V>(std::numeric_limits<T>::max());
+            const V top = simd::splat<V>(std::numeric_limits<T>::min()),
+                    rest = simd::splat<V>(std::numeric_limits<T>::max());
             a = simd::in_register(a);
             b = simd::in_register(b);
-            const V down = simd::as<T>(simd::average(simd::as<std::uint16_t>(b ^ top), simd::as<std::uint16_t>(a ^ rest))) ^ top;
+            const V down =
+                simd::as<T>(simd::average(simd::as<std::uint16_t>(b ^ top), simd::as<std::uint16_t>(a ^ rest))) ^ top;
             return simd::add_saturate(down, down & (a ^ b) & simd::splat<V>(1));
         } else {
             return half_of_sum(simd::sub_saturate(b, a), simd::zero<V>());

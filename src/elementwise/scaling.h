@@ -11,6 +11,13 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
+// The type of twice the width.
+template <class T> struct wider;
+template <> struct wider<std::uint8_t> { using type = std::uint16_t; };
+template <> struct wider<std::uint16_t> { using type = std::uint32_t; };
+template <> struct wider<std::int16_t> { using type = std::int32_t; };
+template <class T> using wider_t = typename wider<T>::type;
+
 template <class T>
 ORV_INLINE T saturate(std::int64_t value)
 {

@@ -26,7 +26,8 @@ using Length = std::size_t;  // of a character argument
     const char *side, const char *uplo, const char *trans, const char *diag, const int *m, const int *n,               \
         const T *alpha, const T *a, const int *lda, T *b, const int *ldb, Length side_length, Length uplo_length,      \
         Length trans_length, Length diag_length
-#define ORV_LASWP_ARGUMENTS(T) const int *n, T *a, const int *lda, const int *k1, const int *k2, const int *ipiv, const int *incx
+#define ORV_LASWP_ARGUMENTS(T) \
+    const int *n, T *a, const int *lda, const int *k1, const int *k2, const int *ipiv, const int *incx
 #define ORV_GETRF_ARGUMENTS(T) const int *m, const int *n, T *a, const int *lda, int *ipiv, int *info
 #define ORV_ILAENV_ARGUMENTS                                                                                           \
     const int *ispec, const char *name, const char *options, const int *n1, const int *n2, const int *n3,              \
@@ -98,35 +99,37 @@ bool vector_product(ORV_GEMV_ARGUMENTS(T), Kernel add_columns, Kernel add_dot_pr
 
 extern "C" {
 
-#define ORV_DEFINE(T, p, type)                                                                                          \
-    void __wrap_##p##gemm_(ORV_GEMM_ARGUMENTS(T))                                                                       \
-    {                                                                                                                   \
-        if (product(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, transa_length, transb_length,         \
-                    orv::orv_add_product_##type)) {                                                                     \
-            return;                                                                                                     \
-        }                                                                                                               \
-        __real_##p##gemm_(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, transa_length, transb_length);  \
-    }                                                                                                                   \
-    void __wrap_##p##gemv_(ORV_GEMV_ARGUMENTS(T))                                                                       \
-    {                                                                                                                   \
-        if (vector_product(trans, m, n, alpha, a, lda, x, incx, beta, y, incy, trans_length, orv::orv_add_columns_##type, \
-                           orv::orv_add_dot_products_##type)) {                                                         \
-            return;                                                                                                     \
-        }                                                                                                               \
-        __real_##p##gemv_(trans, m, n, alpha, a, lda, x, incx, beta, y, incy, trans_length);                            \
-    }                                                                                                                   \
-    void __wrap_##p##ger_(ORV_GER_ARGUMENTS(T))                                                                         \
-    {                                                                                                                   \
-        if (*m < 1 || *n < 1 || *incx != 1 || *incy < 1) return __real_##p##ger_(m, n, alpha, x, incx, y, incy, a, lda); \
-        orv::orv_add_outer_product_##type(*m, *n, *alpha, x, y, *incy, a, *lda);                                        \
-    }                                                                                                                   \
-    void __wrap_##p##lasr_(ORV_LASR_ARGUMENTS(T))                                                                       \
-    {                                                                                                                   \
-        if (*m < 1 || *n < 1 || *pivot != 'V') {                                                                        \
-            return __real_##p##lasr_(side, pivot, direct, m, n, c, s, a, lda, side_length, pivot_length, direct_length); \
-        }                                                                                                               \
-        if (*side == 'R') orv::orv_rotate_columns_##type(*m, *n, *direct == 'B', c, s, a, *lda);                        \
-        else orv::orv_rotate_rows_##type(*m, *n, *direct == 'B', c, s, a, *lda);                                        \
+#define ORV_DEFINE(T, p, type) \
+    void __wrap_##p##gemm_(ORV_GEMM_ARGUMENTS(T)) \
+    { \
+        if (product(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, transa_length, transb_length, \
+                    orv::orv_add_product_##type)) { \
+            return; \
+        } \
+        __real_##p##gemm_(transa, transb, m, n, k, alpha, a, lda, b, ldb, beta, c, ldc, transa_length, transb_length); \
+    } \
+    void __wrap_##p##gemv_(ORV_GEMV_ARGUMENTS(T)) \
+    { \
+        if (vector_product(trans, m, n, alpha, a, lda, x, incx, beta, y, incy, trans_length, \
+                           orv::orv_add_columns_##type, orv::orv_add_dot_products_##type)) { \
+            return; \
+        } \
+        __real_##p##gemv_(trans, m, n, alpha, a, lda, x, incx, beta, y, incy, trans_length); \
+    } \
+    void __wrap_##p##ger_(ORV_GER_ARGUMENTS(T)) \
+    { \
+        if (*m < 1 || *n < 1 || *incx != 1 || *incy < 1) \
+            return __real_##p##ger_(m, n, alpha, x, incx, y, incy, a, lda); \
+        orv::orv_add_outer_product_##type(*m, *n, *alpha, x, y, *incy, a, *lda); \
+    } \
+    void __wrap_##p##lasr_(ORV_LASR_ARGUMENTS(T)) \
+    { \
+        if (*m < 1 || *n < 1 || *pivot != 'V') { \
+            return __real_##p##lasr_(side, pivot, direct, m, n, c, s, a, lda, side_length, pivot_length, \
+                                     direct_length); \
+        } \
+        if (*side == 'R') orv::orv_rotate_columns_##type(*m, *n, *direct == 'B', c, s, a, *lda); \
+        else orv::orv_rotate_rows_##type(*m, *n, *direct == 'B', c, s, a, *lda); \
     }
 ORV_DEFINE(float, s, 32f)
 ORV_DEFINE(double, d, 64f)
@@ -180,8 +183,8 @@ void solve(const Triangle& t, int rows, int columns, float* b, int ldb)
     }
     if (rows <= orv::kTriangle) {
         const float one = 1;
-        __real_strsm_("L", t.upper ? "U" : "L", t.transposed ? "T" : "N", t.unit ? "U" : "N", &rows, &columns, &one, t.a, &lda, b,
-                      &ldb, 1, 1, 1, 1);
+        __real_strsm_("L", t.upper ? "U" : "L", t.transposed ? "T" : "N", t.unit ? "U" : "N", &rows, &columns, &one,
+                      t.a, &lda, b, &ldb, 1, 1, 1, 1);
         return;
     }
     // Halves: one is solved, the other loses its product with that solution, then it is solved as well.
@@ -195,14 +198,14 @@ void solve(const Triangle& t, int rows, int columns, float* b, int ldb)
     const float minus_one = -1, one = 1;
     const int step = 1;
     if (columns >= 4) {
-        __wrap_sgemm_(t.transposed ? "T" : "N", "N", &other_size, &columns, &known_size, &minus_one, square, &lda, known, &ldb, &one,
-                      other, &ldb, 1, 1);
+        __wrap_sgemm_(t.transposed ? "T" : "N", "N", &other_size, &columns, &known_size, &minus_one, square, &lda,
+                      known, &ldb, &one, other, &ldb, 1, 1);
     } else {
         const int& height = t.transposed ? known_size : other_size;
         const int& width = t.transposed ? other_size : known_size;
         for (ptrdiff_t j = 0; j < columns; ++j) {
-            __wrap_sgemv_(t.transposed ? "T" : "N", &height, &width, &minus_one, square, &lda, known + j * ldb, &step, &one,
-                          other + j * ldb, &step, 1);
+            __wrap_sgemv_(t.transposed ? "T" : "N", &height, &width, &minus_one, square, &lda, known + j * ldb, &step,
+                          &one, other + j * ldb, &step, 1);
         }
     }
     solve(bottom_first ? t : t.from(split), other_size, columns, other, ldb);
@@ -210,7 +213,7 @@ void solve(const Triangle& t, int rows, int columns, float* b, int ldb)
 
 // --- LU factorisation -----------------------------------------------------------------------------
 
-void exchange_rows(int columns, float* a, int lda, int first, int last, const int* ipiv)
+void interchange(int columns, float* a, int lda, int first, int last, const int* ipiv)
 {
     const int k1 = first + 1, step = 1;
     __wrap_slaswp_(&columns, a, &lda, &k1, &last, ipiv, &step);
@@ -252,7 +255,7 @@ int factor(int m, int n, float* a, int lda, int* ipiv)
     const int right = n - left, done = m < left ? m : left;
     float* const beside = a + ptrdiff_t{left} * lda;
     const int upper_zero = factor<Steps>(m, left, a, lda, ipiv);
-    exchange_rows(right, beside, lda, 0, done, ipiv);
+    interchange(right, beside, lda, 0, done, ipiv);
     Steps::solve_unit_lower(done, right, a, beside, lda);
     if (m <= left) return upper_zero;
 
@@ -262,7 +265,7 @@ int factor(int m, int n, float* a, int lda, int* ipiv)
                     &lda, 1, 1);
     const int lower_zero = factor<Steps>(below, right, beside + left, lda, ipiv + left);
     for (int i = left; i < least; ++i) ipiv[i] += left;
-    exchange_rows(left, a, lda, left, least, ipiv);
+    interchange(left, a, lda, left, least, ipiv);
     return upper_zero != 0 ? upper_zero : lower_zero != 0 ? lower_zero + left : 0;
 }
 
@@ -281,9 +284,9 @@ int factor_as_reference(int m, int n, float* a, int lda, int* ipiv)
         const int zero = factor<ReferenceSteps>(m - j, columns, corner, lda, ipiv + j);
         if (first_zero == 0 && zero != 0) first_zero = zero + j;
         for (int i = j; i < next; ++i) ipiv[i] += j;
-        exchange_rows(j, a, lda, j, next, ipiv);
+        interchange(j, a, lda, j, next, ipiv);
         if (right < 1) continue;
-        exchange_rows(right, beside - j, lda, j, next, ipiv);
+        interchange(right, beside - j, lda, j, next, ipiv);
         ReferenceSteps::solve_unit_lower(columns, right, corner, beside, lda);
         if (below < 1) continue;
         const float minus_one = -1, one = 1;
@@ -314,8 +317,8 @@ extern "C" {
 void __wrap_strsm_(ORV_TRSM_ARGUMENTS(float))
 {
     if (*side != 'L' || *alpha != 1 || *m < 1 || *n < 1) {
-        return __real_strsm_(side, uplo, trans, diag, m, n, alpha, a, lda, b, ldb, side_length, uplo_length, trans_length,
-                             diag_length);
+        return __real_strsm_(side, uplo, trans, diag, m, n, alpha, a, lda, b, ldb, side_length, uplo_length,
+                             trans_length, diag_length);
     }
     solve({*uplo == 'U', *trans != 'N', *diag == 'U', a, *lda}, *m, *n, b, *ldb);
 }

@@ -18,7 +18,8 @@ public:
 
     Status run(int rows, int columns, int inner)
     {
-        const int height = least(padded(rows, kRows), kBlockRows), width = least(padded(columns, kColumns), kBlockColumns);
+        const int height = least(padded(rows, kRows), kBlockRows),
+                  width = least(padded(columns, kColumns), kBlockColumns);
         const int depth = least(inner, kBlockInner);
         T* const memory = static_cast<T*>(orv_allocate((height + width) * depth * static_cast<int>(sizeof(T))));
         if (memory == nullptr) return StatusNoMemory;
@@ -63,7 +64,8 @@ private:
             const T* const strip = from + i * row;
             const int live = least(rows - i, unit);
             if (live == unit && row == 1) {
-                for (int k = 0; k < columns; ++k) __builtin_memcpy(packed + unit * k, strip + k * column, sizeof(T) * unit);
+                for (int k = 0; k < columns; ++k)
+                    __builtin_memcpy(packed + unit * k, strip + k * column, sizeof(T) * unit);
             } else if (live == unit) {
                 for (int k = 0; k < columns; ++k) {
                     for (int r = 0; r < unit; ++r) packed[unit * k + r] = strip[r * row + k * column];
@@ -80,8 +82,9 @@ private:
     {
         for (int j = 0; j < columns; j += kColumns) {
             for (int i = 0; i < rows; i += kRows) {
-                add_tile(least(rows - i, kRows), least(columns - j, kColumns), inner, packed_a + std::ptrdiff_t{i} * inner,
-                         packed_b + std::ptrdiff_t{j} * inner, block + i + j * ldc);
+                add_tile(least(rows - i, kRows), least(columns - j, kColumns), inner,
+                         packed_a + std::ptrdiff_t{i} * inner, packed_b + std::ptrdiff_t{j} * inner,
+                         block + i + j * ldc);
             }
         }
     }

@@ -21,12 +21,13 @@ ORV_INLINE void add_columns_to(std::ptrdiff_t rows, const T* a, std::ptrdiff_t l
 }
 
 template <class T>
-ORV_INLINE void add_columns(std::ptrdiff_t rows, std::ptrdiff_t columns, T alpha, const T* a, std::ptrdiff_t lda, const T* x,
-                            std::ptrdiff_t stride, T* y)
+ORV_INLINE void add_columns(std::ptrdiff_t rows, std::ptrdiff_t columns, T alpha, const T* a, std::ptrdiff_t lda,
+                            const T* x, std::ptrdiff_t stride, T* y)
 {
     std::ptrdiff_t j = 0;
     for (; j + 4 <= columns; j += 4) {
-        const T f[4] = {alpha * x[j * stride], alpha * x[(j + 1) * stride], alpha * x[(j + 2) * stride], alpha * x[(j + 3) * stride]};
+        const T f[4] = {alpha * x[j * stride], alpha * x[(j + 1) * stride], alpha * x[(j + 2) * stride],
+                        alpha * x[(j + 3) * stride]};
         add_columns_to<4>(rows, a + j * lda, lda, f, y);
     }
     for (; j < columns; ++j) {
@@ -63,8 +64,8 @@ ORV_INLINE void dot_products(std::ptrdiff_t rows, const T* a, std::ptrdiff_t lda
 }
 
 template <class T>
-ORV_INLINE void add_dot_products(std::ptrdiff_t rows, std::ptrdiff_t columns, T alpha, const T* a, std::ptrdiff_t lda, const T* x,
-                                 std::ptrdiff_t stride, T* y)
+ORV_INLINE void add_dot_products(std::ptrdiff_t rows, std::ptrdiff_t columns, T alpha, const T* a, std::ptrdiff_t lda,
+                                 const T* x, std::ptrdiff_t stride, T* y)
 {
     T dot[4];
     std::ptrdiff_t j = 0;
@@ -95,12 +96,13 @@ ORV_INLINE void add_multiples(std::ptrdiff_t rows, const T* x, const T (&f)[4], 
 }
 
 template <class T>
-ORV_INLINE void add_outer_product(std::ptrdiff_t rows, std::ptrdiff_t columns, T alpha, const T* x, const T* y, std::ptrdiff_t stride,
-                                  T* a, std::ptrdiff_t lda)
+ORV_INLINE void add_outer_product(std::ptrdiff_t rows, std::ptrdiff_t columns, T alpha, const T* x, const T* y,
+                                  std::ptrdiff_t stride, T* a, std::ptrdiff_t lda)
 {
     std::ptrdiff_t j = 0;
     for (; j + 4 <= columns; j += 4) {
-        const T f[4] = {alpha * y[j * stride], alpha * y[(j + 1) * stride], alpha * y[(j + 2) * stride], alpha * y[(j + 3) * stride]};
+        const T f[4] = {alpha * y[j * stride], alpha * y[(j + 1) * stride], alpha * y[(j + 2) * stride],
+                        alpha * y[(j + 3) * stride]};
         add_multiples<4>(rows, x, f, a + j * lda, lda);
     }
     for (; j < columns; ++j) {

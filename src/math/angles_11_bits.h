@@ -57,7 +57,8 @@ struct FarAngles {
                 if ((b & 0x7FFFFFFF) <= bit_cast<std::uint32_t>(kFar)) continue;
                 std::uint32_t n = static_cast<std::uint32_t>(quadrants[lane]);
                 double rest = rests[lane];
-                const bool wrong = (multiples == Multiples::even && n % 2 != 0) || (multiples == Multiples::odd && n % 2 == 0);
+                const bool wrong =
+                    (multiples == Multiples::even && n % 2 != 0) || (multiples == Multiples::odd && n % 2 == 0);
                 if (wrong) {
                     const bool up = !(rest < 0);
                     n += up ? 1u : ~0u;
@@ -80,14 +81,14 @@ ORV_INLINE floats sine_11_bits(floats r)
     return r * ((z * (sign * 0x1.f3c51cp-8f) - sign * 0x1.540954p-3f) * z + sign * 0x1.fff822p-1f);
 }
 
-// An angle less k half turns (or quarter turns); n tells k as an integer, in its low bits, and for what
+// An angle less k half turns (or quarter turns); n holds k as an integer, in its low bits, and for what
 // is not near has bits set above those.
 struct ReducedAngle {
     floats r, k;
     ints n;
 };
 
-// Two registers at a time, with one test for both. A Function tells for lanes of any size whether reduce_near()
+// Two registers at a time, with one test for both. A Function shows for lanes of any size whether reduce_near()
 // does for them, and cheaply whether it does for all of two registers; that it may deny at the bound.
 template <class Function>
 struct OfAngles {
@@ -119,7 +120,8 @@ private:
     {
         ReducedAngle angle = Function::reduced(x);
         const mask32 near = less_equal(magnitude(angle.k), Function::kNear);
-        angle.r = select(near, angle.r, reduce_middle(Function::kSigned ? x : magnitude(x), angle.k, Function::kHalfTurn));
+        angle.r =
+            select(near, angle.r, reduce_middle(Function::kSigned ? x : magnitude(x), angle.k, Function::kHalfTurn));
         if (__builtin_expect(!all(less_equal(magnitude(x), kFar)), 0)) Function::replace_far(src, &angle);
         return angle;
     }
@@ -192,7 +194,10 @@ struct Sine {
         // Odd multiples of pi change the sign.
         store(dst[0] + at, sine_11_bits<1>(angle.r) ^ from_bits(sign_if<0>(angle.n)));
     }
-    static void replace_far(const float* src, ReducedAngle* angle) { replace_far_by_halves<Multiples::even>(src, angle); }
+    static void replace_far(const float* src, ReducedAngle* angle)
+    {
+        replace_far_by_halves<Multiples::even>(src, angle);
+    }
 };
 
 struct Cosine {
@@ -218,7 +223,10 @@ struct Cosine {
     {
         store(dst[0] + at, sine_11_bits<-1>(angle.r) ^ from_bits(sign_if<0>(angle.n)));
     }
-    static void replace_far(const float* src, ReducedAngle* angle) { replace_far_by_halves<Multiples::odd>(src, angle); }
+    static void replace_far(const float* src, ReducedAngle* angle)
+    {
+        replace_far_by_halves<Multiples::odd>(src, angle);
+    }
 };
 
 struct SineAndCosine {

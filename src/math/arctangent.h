@@ -1,6 +1,7 @@
 // The angle of (x, y): atan2 of floats, computed in double.
 #pragma once
 
+#include "core/nan.h"
 #include "math/quick_arctangent.h"
 
 namespace orv {
@@ -54,7 +55,7 @@ private:
         size_y = and_not(nan, size_y);
         const doubles result =
             arctangent(from_bits(bits(size_y) | (bits(y) & sign)), from_bits(bits(size_x) | (bits(x) & sign)));
-        return select(nan, from_bits(words(0x7FF8000000000000)), result);
+        return select(nan, from_bits(words(kPlainNan64)), result);
     }
 };
 

@@ -4,6 +4,7 @@
 // (minimax, fitted with Sollya's fpminimax). The method is Tang's (ACM TOMS 15, 1989).
 #pragma once
 
+#include "core/nan.h"
 #include "math/exponential_table.h"
 #include "simd/lanes.h"
 
@@ -34,7 +35,7 @@ ORV_INLINE doubles exp_for_float_anywhere(doubles x)
 {
     const doubles low = select(less(x, -200.0), -200.0, x);
     const doubles y = exp_for_float(select(less(low, 200.0), low, 200.0));
-    return select(unordered(x), from_bits(words(0x7FF8000000000000)), y);
+    return select(unordered(x), from_bits(words(kPlainNan64)), y);
 }
 
 // exp(x) times 2^(steps / 256): below 0.51 ulp as long as the result is a normal number.
@@ -68,7 +69,7 @@ ORV_INLINE doubles exp_anywhere(doubles x)
     const words aside = bits(select(negative, from_bits(words(512 * 256)), from_bits(words(0) - words(512 * 256))));
     const doubles back = select(negative, doubles(0x1p-512), doubles(0x1p512));
     const doubles y = exp_times(limited, aside) * back;
-    return select(unordered(x), from_bits(words(0x7FF8000000000000)), y);
+    return select(unordered(x), from_bits(words(kPlainNan64)), y);
 }
 
 }  // namespace ORV_LEVEL

@@ -44,7 +44,9 @@ struct ShortLnOfFloats {
         const floats k = to_float_signed(shifted_right<23>(b) - ints(127));
         const floats f = from_bits((b & ints(0x007FFFFF)) + ints(sqrt_half)) - 1.0f;
         const floats ff = f * f;
-        const floats high = (ff * 8.75536426901817321777343750e-2f + (f * -0.14337868988513946533203125f + 0.14922939240932464599609375f)) * ff +
+        const floats high = (ff * 8.75536426901817321777343750e-2f +
+                             (f * -0.14337868988513946533203125f + 0.14922939240932464599609375f)) *
+                                ff +
                             (f * -0.1656608283519744873046875f + 0.19961245357990264892578125f);
         const floats low = (f * -0.2500196993350982666015625f + 0.333339750766754150390625f) * ff +
                            (f * -0.49999988079071044921875f);

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "core/nan.h"
 #include "simd/lanes.h"
 
 namespace orv {
@@ -70,8 +71,8 @@ ORV_INLINE doubles ln_of_specials(doubles x, doubles y, LogEvents* events)
     const doubles infinity = from_bits(words(0x7FF0000000000000));
     y = select(equal(x, infinity), infinity, y);
     y = select(zero, from_bits(words(0xFFF0000000000000)), y);
-    y = select(unordered(x), from_bits(words(0x7FF8000000000000)), y);
-    y = select(negative, from_bits(words(0xFFF8000000000000)), y);
+    y = select(unordered(x), from_bits(words(kPlainNan64)), y);
+    y = select(negative, from_bits(words(kInvalidNan64)), y);
     events->negatives = lanes_of(negative);
     events->zeros = lanes_of(zero) & ~events->negatives;
     return y;

@@ -25,7 +25,7 @@ struct RoundedPair {
 using Rounded = RoundedPair<floats, mask32>;
 using Rounded2 = RoundedPair<floats2, mask2>;
 
-// lowest <= x < highest, two positive floats told by their bits: signed integers from the smallest on.
+// lowest <= x < highest, two positive floats compared by their bits: signed integers from the smallest on.
 template <class F>
 ORV_INLINE auto between(F x, std::uint32_t lowest, std::uint32_t highest)
 {

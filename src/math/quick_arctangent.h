@@ -12,7 +12,7 @@ inline namespace ORV_LEVEL {
 //     atan(u) = atan(c) + atan(v),   v = (smaller - c larger) / (larger + c smaller),
 // whose numerator is exact, and |v| < 1/14. Octants follow from a quarter or a half turn.
 //
-// The estimate of a reciprocal, which processors of different makers tell differently, only chooses c; it is lowered
+// The estimate of a reciprocal, which is not the same on processors of different makers, only chooses c; it is lowered
 // by more than its error, because below 1/16 the numerator for c = 1/8 would have a digit too many.
 //
 // The error of a result is below 2^-31.5 |v|, from three roundings of v^3/3 and one of its sum with the rest
@@ -20,8 +20,10 @@ inline namespace ORV_LEVEL {
 ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
 {
     alignas(32) static const float eighths[8] = {0, 1 / 8.f, 2 / 8.f, 3 / 8.f, 4 / 8.f, 5 / 8.f, 6 / 8.f, 7 / 8.f};
-    alignas(32) static const float angle_high[8] = {0, 0x1.fd5baap-4f, 0x1.f5b76p-3f, 0x1.6f6194p-2f, 0x1.dac67p-2f, 0x1.1e00bap-1f, 0x1.4978fap-1f, 0x1.700a7cp-1f};
-    alignas(32) static const float angle_low[8] = {0, -0x1.54f424p-30f, -0x1.b4dfc8p-29f, 0x1.e4defp-30f, 0x1.586ed4p-28f, 0x1.7bdfd6p-26f, 0x1.934f7p-28f, 0x1.5e118cp-27f};
+    alignas(32) static const float angle_high[8] = {0, 0x1.fd5baap-4f, 0x1.f5b76p-3f, 0x1.6f6194p-2f, 0x1.dac67p-2f,
+                                                    0x1.1e00bap-1f, 0x1.4978fap-1f, 0x1.700a7cp-1f};
+    alignas(32) static const float angle_low[8] = {0, -0x1.54f424p-30f, -0x1.b4dfc8p-29f, 0x1.e4defp-30f,
+                                                   0x1.586ed4p-28f, 0x1.7bdfd6p-26f, 0x1.934f7p-28f, 0x1.5e118cp-27f};
     // By the octant: for y smaller than x and x positive, negative; for y larger and x negative, positive.
     alignas(16) static const float turn_high[4] = {0, 0x1.921fb6p+1f, 0x1.921fb6p+0f, 0x1.921fb6p+0f};
     alignas(16) static const float turn_low[4] = {0, -0x1.777a5cp-24f, -0x1.777a5cp-25f, -0x1.777a5cp-25f};

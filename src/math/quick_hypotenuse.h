@@ -17,7 +17,7 @@ ORV_INLINE auto quick_hypotenuse(F a, F b)
     // A NaN becomes one of these two: the result is not sure then.
     const F most = max(aa, bb), least = min(bb, aa);
     const F sum = most + least, root = sqrt(sum);
-    // All of these are exact, but for what is too small to matter.
+    // All of these are exact but for digits below 2^-149, which is 2^-89 of the smallest sum in range.
     const F sum_rest = least - (sum - most);
     const F square_rests = fused_less(a, a, aa) + fused_less(b, b, bb);
     const F left = fused_minus(sum, root, root) + (sum_rest + square_rests);

@@ -16,8 +16,8 @@ ORV_INLINE Rounded2 quick_exp(floats2 x)
     // itself each falls short.
     alignas(32) static const float power[8] = {0x1p+0f,         0x1.f72b84p-1f, 0x1.f06fep-1f,  0x1.ebfdaep-1f,
                                                0x1.ea09e6p-1f,  0x1.eace54p-1f, 0x1.ee89fap-1f, 0x1.f5818ep-1f};
-    alignas(32) static const float short_by[8] = {0,               -0x1.9c0c22p-27f, 0x1.125002p-25f,  -0x1.0a355p-25f,
-                                                  0x1.26055cp-26f, 0x1.67a1cap-28f,  -0x1.f9c304p-27f, -0x1.a5217cp-28f};
+    alignas(32) static const float short_by[8] = {0, -0x1.9c0c22p-27f, 0x1.125002p-25f, -0x1.0a355p-25f,
+                                                  0x1.26055cp-26f, 0x1.67a1cap-28f, -0x1.f9c304p-27f, -0x1.a5217cp-28f};
     const floats2 shifted = fused(x, 0x1.715476p+3f, kRoundFloat);
     const floats2 k = shifted - kRoundFloat;
     // ln2/8 in two parts. What is left of x has the digits of the first one's last place: it is exact.
@@ -37,12 +37,13 @@ ORV_INLINE Rounded2 quick_exp(floats2 x)
 // 1/16: ln(x) = k ln2 - ln(c) + ln(1 + r).
 ORV_INLINE Rounded2 quick_ln(floats2 x)
 {
-    alignas(32) static const float c[8] = {1, 29 / 32.f, 26 / 32.f, 24 / 32.f, 22 / 32.f, 20 / 32.f, 18 / 32.f, 17 / 32.f};
+    alignas(32) static const float c[8] = {1,         29 / 32.f, 26 / 32.f, 24 / 32.f,
+                                           22 / 32.f, 20 / 32.f, 18 / 32.f, 17 / 32.f};
     // -ln(c): the digits down to 2^-16, and the rest.
     alignas(32) static const float high_part[8] = {0,           0x1.933p-4f,  0x1.a94p-3f,  0x1.2698p-2f,
                                                    0x1.7fbp-2f, 0x1.e148p-2f, 0x1.2696p-1f, 0x1.43dap-1f};
-    alignas(32) static const float low_part[8] = {0,                0x1.797566p-18f, -0x1.2c3752p-19f, -0x1.deecb2p-18f,
-                                                  -0x1.7109fap-20f, 0x1.4344e4p-19f, 0x1.089a6ep-20f,  -0x1.a0db88p-26f};
+    alignas(32) static const float low_part[8] = {0, 0x1.797566p-18f, -0x1.2c3752p-19f, -0x1.deecb2p-18f,
+                                                  -0x1.7109fap-20f, 0x1.4344e4p-19f, 0x1.089a6ep-20f, -0x1.a0db88p-26f};
     const std::uint32_t one = 0x3F800000, start = one - 0x000AAAAB;  // 1 stands in the middle of its interval
     const ints2 b = bits(x) - ints2(start);
     const ints2 interval = shifted_right<20>(b);

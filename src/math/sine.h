@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "core/nan.h"
 #include "simd/lanes.h"
 #include "math/two_over_pi.h"
 
@@ -93,7 +94,7 @@ ORV_INLINE Angle reduce_anywhere(doubles x)
         if (size < 0x7FF0000000000000) {
             r[lane] = huge_angle(value[lane], &quadrant[lane]);
         } else {
-            r[lane] = bit_cast<double>(std::uint64_t{0x7FF8000000000000});
+            r[lane] = bit_cast<double>(kPlainNan64);
             quadrant[lane] = 0;
         }
     }

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/checks.h"
+#include "core/nan.h"
 #include "math/arctangent.h"
 #include "math/float_log_exp.h"
 #include "math/maps.h"
@@ -45,7 +46,7 @@ struct SqrtOfDoubles {
         const mask64 valid = less_equal(0.0, x);
         doubles y = sqrt(x);
         if (__builtin_expect(!all(valid), 0)) {
-            y = select(valid, y, from_bits(words(0xFFF8000000000000)));
+            y = select(valid, y, from_bits(words(kInvalidNan64)));
             status = StatusSqrtOfNegative;
         }
         store(dst[0], y);
@@ -106,7 +107,7 @@ struct HypotOfFloat : QuickHypotenuse {
         if (__builtin_expect(!all(less(sum, __builtin_inf())), 0)) {
             // As C has it: infinity even beside a NaN.
             const doubles infinity = __builtin_inf();
-            y = select(unordered(sum), from_bits(words(0x7FF8000000000000)), y);
+            y = select(unordered(sum), from_bits(words(kPlainNan64)), y);
             y = select(equal(magnitude(a), infinity) | equal(magnitude(b), infinity), infinity, y);
         }
         store(dst, y);

@@ -87,12 +87,16 @@ VECTOR_TABLES(sLn, Ln_32f_A21, Float, 3.1f, 2.0f, 1.6f)
     ENTRY(px, PX, function, name, slot, parameters, arguments) \
     VECTOR_ENTRIES(function, name, slot, parameters, arguments)
 
-ENTRIES(sAtan2, Atan2_32f_A24, slot_a24, (const float* src1, const float* src2, float* dst, int len), (src1, src2, dst, len))
+ENTRIES(sAtan2, Atan2_32f_A24, slot_a24, (const float* src1, const float* src2, float* dst, int len),
+        (src1, src2, dst, len))
 ENTRIES(sCos, Cos_32f_A11, slot_a11, (const float* src, float* dst, int len), (src, dst, len))
 ENTRIES(sSin, Sin_32f_A11, slot_a11, (const float* src, float* dst, int len), (src, dst, len))
-ENTRIES(sSinCos, SinCos_32f_A11, slot_a11, (const float* src, float* dstSin, float* dstCos, int len), (src, dstSin, dstCos, len))
-ENTRIES(dSinCos, SinCos_64f_A50, slot_a50, (const double* src, double* dstSin, double* dstCos, int len), (src, dstSin, dstCos, len))
-ENTRIES(sHypot, Hypot_32f_A24, slot_a24, (const float* src1, const float* src2, float* dst, int len), (src1, src2, dst, len))
+ENTRIES(sSinCos, SinCos_32f_A11, slot_a11, (const float* src, float* dstSin, float* dstCos, int len),
+        (src, dstSin, dstCos, len))
+ENTRIES(dSinCos, SinCos_64f_A50, slot_a50, (const double* src, double* dstSin, double* dstCos, int len),
+        (src, dstSin, dstCos, len))
+ENTRIES(sHypot, Hypot_32f_A24, slot_a24, (const float* src1, const float* src2, float* dst, int len),
+        (src1, src2, dst, len))
 ENTRIES(sFloor, Floor_32f, slot_a24, (const float* src, float* dst, int len), (src, dst, len))
 VECTOR_ENTRIES(sExp, Exp_32f_A21, slot_a21, (const float* src, float* dst, int len), (src, dst, len))
 VECTOR_ENTRIES(sLn, Ln_32f_A21, slot_a21, (const float* src, float* dst, int len), (src, dst, len))

@@ -5,6 +5,7 @@
 #include "core/checks.h"
 #include "elementwise/float_arithmetic.h"
 #include "core/float_control.h"
+#include "elementwise/forms.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -172,32 +173,21 @@ Status AddC_64f(const double* src, double value, double* dst, Length len)
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define TWO_VECTORS(name, F, ...)                                                \
-    Status name(const F* src1, const F* src2, F* dst, Length len)                \
-    {                                                                            \
-        return __VA_ARGS__(src1, src2, dst, len);                                \
-    }
-#define CONSTANT(name, F, ...)                                                   \
-    Status name(const F* src, F value, F* dst, Length len)                       \
-    {                                                                            \
-        return __VA_ARGS__(src, value, dst, len);                                \
-    }
+TWO_VECTORS(Add_32f, two_vectors<FloatSum<float>>, float)
+TWO_VECTORS(Sub_32f, two_vectors<FloatDifference<float>>, float)
+TWO_VECTORS(Mul_32f, two_vectors<FloatProduct<float>>, float)
+TWO_VECTORS(Div_32f, division, float)
+VECTOR_AND_CONSTANT(AddC_32f, constant<FloatSum<float>>, float)
+VECTOR_AND_CONSTANT(SubC_32f, constant<FloatDifference<float>>, float)
+VECTOR_AND_CONSTANT(SubCRev_32f, constant<Reversed<FloatDifference<float>>>, float)
+VECTOR_AND_CONSTANT(MulC_32f, constant<FloatProduct<float>>, float)
+VECTOR_AND_CONSTANT(DivC_32f, division_by_constant, float)
 
-TWO_VECTORS(Add_32f, float, two_vectors<FloatSum<float>>)
-TWO_VECTORS(Sub_32f, float, two_vectors<FloatDifference<float>>)
-TWO_VECTORS(Mul_32f, float, two_vectors<FloatProduct<float>>)
-TWO_VECTORS(Div_32f, float, division)
-CONSTANT(AddC_32f, float, constant<FloatSum<float>>)
-CONSTANT(SubC_32f, float, constant<FloatDifference<float>>)
-CONSTANT(SubCRev_32f, float, constant<Reversed<FloatDifference<float>>>)
-CONSTANT(MulC_32f, float, constant<FloatProduct<float>>)
-CONSTANT(DivC_32f, float, division_by_constant)
-
-TWO_VECTORS(Add_64f, double, two_vectors<FloatSum<double>>)
-TWO_VECTORS(Mul_64f, double, two_vectors<FloatProduct<double>>)
-TWO_VECTORS(Div_64f, double, division)
-CONSTANT(MulC_64f, double, constant<FloatProduct<double>>)
-CONSTANT(DivC_64f, double, division_by_constant)
+TWO_VECTORS(Add_64f, two_vectors<FloatSum<double>>, double)
+TWO_VECTORS(Mul_64f, two_vectors<FloatProduct<double>>, double)
+TWO_VECTORS(Div_64f, division, double)
+VECTOR_AND_CONSTANT(MulC_64f, constant<FloatProduct<double>>, double)
+VECTOR_AND_CONSTANT(DivC_64f, division_by_constant, double)
 
 Status DivCRev_32f(const float* src, float value, float* dst, Length len)
 {

@@ -4,6 +4,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "elementwise/forms.h"
 #include "elementwise/quotients.h"
 #include "elementwise/rows.h"
 #include "elementwise/scaled_arithmetic.h"
@@ -85,7 +86,8 @@ template <class T>
 Status division_by_constant(const T* src, T value, T* dst, Length len, int scaleFactor)
 {
     if (const Status bad = check_vector(len, src, dst)) return bad;
-    return with_quotient<T, Rounding::half_even, Divisors::constant>(scaleFactor, [&](auto& op) { run(src, value, dst, len, op); });
+    return with_quotient<T, Rounding::half_even, Divisors::constant>(scaleFactor,
+                                                                     [&](auto& op) { run(src, value, dst, len, op); });
 }
 
 }  // namespace
@@ -118,44 +120,33 @@ Status DivCRev_16u(const uint16_t* src, uint16_t value, uint16_t* dst, Length le
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define TWO_VECTORS(name, T, ...)                                                            \
-    Status name(const T* src1, const T* src2, T* dst, Length len, int scaleFactor)           \
-    {                                                                                        \
-        return __VA_ARGS__(src1, src2, dst, len, scaleFactor);                               \
-    }
-#define CONSTANT(name, T, ...)                                                               \
-    Status name(const T* src, T value, T* dst, Length len, int scaleFactor)                  \
-    {                                                                                        \
-        return __VA_ARGS__(src, value, dst, len, scaleFactor);                               \
-    }
+TWO_VECTORS(Add_8u, arithmetic<Sum>, uint8_t, int)
+TWO_VECTORS(Sub_8u, arithmetic<Difference>, uint8_t, int)
+TWO_VECTORS(Mul_8u, arithmetic<Product>, uint8_t, int)
+TWO_VECTORS(Div_8u, division, uint8_t, int)
+VECTOR_AND_CONSTANT(AddC_8u, arithmetic_constant<Sum>, uint8_t, int)
+VECTOR_AND_CONSTANT(SubC_8u, arithmetic_constant<Difference>, uint8_t, int)
+VECTOR_AND_CONSTANT(SubCRev_8u, value_minus_vector, uint8_t, int)
+VECTOR_AND_CONSTANT(MulC_8u, arithmetic_constant<Product>, uint8_t, int)
+VECTOR_AND_CONSTANT(DivC_8u, division_by_constant, uint8_t, int)
 
-TWO_VECTORS(Add_8u, uint8_t, arithmetic<Sum>)
-TWO_VECTORS(Sub_8u, uint8_t, arithmetic<Difference>)
-TWO_VECTORS(Mul_8u, uint8_t, arithmetic<Product>)
-TWO_VECTORS(Div_8u, uint8_t, division)
-CONSTANT(AddC_8u, uint8_t, arithmetic_constant<Sum>)
-CONSTANT(SubC_8u, uint8_t, arithmetic_constant<Difference>)
-CONSTANT(SubCRev_8u, uint8_t, value_minus_vector)
-CONSTANT(MulC_8u, uint8_t, arithmetic_constant<Product>)
-CONSTANT(DivC_8u, uint8_t, division_by_constant)
+TWO_VECTORS(Add_16u, arithmetic<Sum>, uint16_t, int)
+TWO_VECTORS(Sub_16u, arithmetic<Difference>, uint16_t, int)
+TWO_VECTORS(Mul_16u, arithmetic<Product>, uint16_t, int)
+TWO_VECTORS(Div_16u, division, uint16_t, int)
+VECTOR_AND_CONSTANT(AddC_16u, arithmetic_constant<Sum>, uint16_t, int)
+VECTOR_AND_CONSTANT(SubC_16u, arithmetic_constant<Difference>, uint16_t, int)
+VECTOR_AND_CONSTANT(SubCRev_16u, value_minus_vector, uint16_t, int)
+VECTOR_AND_CONSTANT(MulC_16u, arithmetic_constant<Product>, uint16_t, int)
+VECTOR_AND_CONSTANT(DivC_16u, division_by_constant, uint16_t, int)
 
-TWO_VECTORS(Add_16u, uint16_t, arithmetic<Sum>)
-TWO_VECTORS(Sub_16u, uint16_t, arithmetic<Difference>)
-TWO_VECTORS(Mul_16u, uint16_t, arithmetic<Product>)
-TWO_VECTORS(Div_16u, uint16_t, division)
-CONSTANT(AddC_16u, uint16_t, arithmetic_constant<Sum>)
-CONSTANT(SubC_16u, uint16_t, arithmetic_constant<Difference>)
-CONSTANT(SubCRev_16u, uint16_t, value_minus_vector)
-CONSTANT(MulC_16u, uint16_t, arithmetic_constant<Product>)
-CONSTANT(DivC_16u, uint16_t, division_by_constant)
-
-TWO_VECTORS(Add_32s, int32_t, arithmetic<Sum>)
-TWO_VECTORS(Sub_32s, int32_t, arithmetic<Difference>)
-TWO_VECTORS(Mul_32s, int32_t, arithmetic<Product>)
-CONSTANT(AddC_32s, int32_t, arithmetic_constant<Sum>)
-CONSTANT(SubC_32s, int32_t, arithmetic_constant<Difference>)
-CONSTANT(SubCRev_32s, int32_t, value_minus_vector)
-CONSTANT(MulC_32s, int32_t, arithmetic_constant<Product>)
+TWO_VECTORS(Add_32s, arithmetic<Sum>, int32_t, int)
+TWO_VECTORS(Sub_32s, arithmetic<Difference>, int32_t, int)
+TWO_VECTORS(Mul_32s, arithmetic<Product>, int32_t, int)
+VECTOR_AND_CONSTANT(AddC_32s, arithmetic_constant<Sum>, int32_t, int)
+VECTOR_AND_CONSTANT(SubC_32s, arithmetic_constant<Difference>, int32_t, int)
+VECTOR_AND_CONSTANT(SubCRev_32s, value_minus_vector, int32_t, int)
+VECTOR_AND_CONSTANT(MulC_32s, arithmetic_constant<Product>, int32_t, int)
 
 }  // namespace ORV_LEVEL
 }  // namespace integer_vectors

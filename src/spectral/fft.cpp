@@ -44,7 +44,8 @@ Status FftInit(FftSpec** spec, int order, int flag, int hint, unsigned char* mem
     return StatusOk;
 }
 
-Status Fft2Init(Fft2Spec** spec, int orderX, int orderY, int flag, int hint, unsigned char* memory, unsigned char* initBuffer)
+Status Fft2Init(Fft2Spec** spec, int orderX, int orderY, int flag, int hint, unsigned char* memory,
+                unsigned char* initBuffer)
 {
     const int longer = orderX > orderY ? orderX : orderY;
     const bool null = spec == nullptr || memory == nullptr || (longer > kTableFreeOrder && initBuffer == nullptr);
@@ -99,7 +100,8 @@ Status ExpandCcs_32fc(const Complex32f* src, Complex32f* dst, int length)
     return StatusOk;
 }
 
-Status Fft2Forward_32f(const float* src, int srcStep, float* dst, int dstStep, const Fft2Spec* spec, unsigned char* work)
+Status Fft2Forward_32f(const float* src, int srcStep, float* dst, int dstStep, const Fft2Spec* spec,
+                       unsigned char* work)
 {
     if (any_null(src, dst, spec, work)) return StatusNullPointer;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;
@@ -109,7 +111,8 @@ Status Fft2Forward_32f(const float* src, int srcStep, float* dst, int dstStep, c
     return StatusOk;
 }
 
-Status Fft2Inverse_32f(const float* src, int srcStep, float* dst, int dstStep, const Fft2Spec* spec, unsigned char* work)
+Status Fft2Inverse_32f(const float* src, int srcStep, float* dst, int dstStep, const Fft2Spec* spec,
+                       unsigned char* work)
 {
     if (any_null(src, dst, spec, work)) return StatusNullPointer;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;

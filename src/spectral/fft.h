@@ -16,7 +16,8 @@ using InitFft = Status(FftSpec** spec, int order, int flag, int hint, unsigned c
 using InitFft2 = Status(Fft2Spec** spec, int orderX, int orderY, int flag, int hint, unsigned char* memory,
                         unsigned char* initBuffer);
 using RunFft = Status(const float* src, float* dst, const FftSpec* spec, unsigned char* work);
-using RunFft2 = Status(const float* src, int srcStep, float* dst, int dstStep, const Fft2Spec* spec, unsigned char* work);
+using RunFft2 = Status(const float* src, int srcStep, float* dst, int dstStep, const Fft2Spec* spec,
+                       unsigned char* work);
 // The whole spectrum of `length` values from its first half, CCS.
 using ExpandSpectrum = Status(const Complex32f* src, Complex32f* dst, int length);
 // windowed = window * (signal - mean of signal)

@@ -1,12 +1,11 @@
 #include "spectral/fft2_object.h"
 
+#include "core/hints.h"
 #include "core/memory.h"
 #include "spectral/fft.h"
 
 namespace orv {
 namespace {
-
-constexpr int kHintNone = 0;
 
 bool has_no_order(int width, int height)
 {
@@ -47,7 +46,8 @@ bool orv_fft2_init(Fft2Record* record, int width, int height)
     record->work_size = 0;
 
     int spec_bytes = 0, init_bytes = 0;
-    if (orv_fft2_sizes(orderX, orderY, kScaleInverse, kHintNone, &spec_bytes, &init_bytes, &record->work_size) != StatusOk) {
+    if (orv_fft2_sizes(orderX, orderY, kScaleInverse, kHintNone, &spec_bytes, &init_bytes, &record->work_size) !=
+        StatusOk) {
         return true;
     }
     unsigned char* const memory = static_cast<unsigned char*>(orv_allocate(spec_bytes));

@@ -1,12 +1,11 @@
 #include "spectral/psd_object.h"
 
+#include "core/hints.h"
 #include "core/memory.h"
 #include "spectral/fft.h"
 
 namespace orv {
 namespace {
-
-constexpr int kHintFast = 1;
 
 // `bytes` of zeros on a 64-byte boundary, or null.
 void* allocate_zeros(long long bytes)

@@ -183,7 +183,8 @@ inline void join_last(const float* values, float* dst, std::ptrdiff_t half_strid
 
 // The spectrum at V::N values of k -> B / 2.
 template <class V>
-ORV_INLINE void unjoin(const float* src, const float* w, int lane, float* const* lines, std::ptrdiff_t first, std::ptrdiff_t stride)
+ORV_INLINE void unjoin(const float* src, const float* w, int lane, float* const* lines, std::ptrdiff_t first,
+                       std::ptrdiff_t stride)
 {
     Complex<V> x[kLanes];
     ORV_UNROLL
@@ -299,7 +300,8 @@ inline void forward_real(const RealPlan& plan, const float* src, float* dst, flo
 }
 
 template <class Work>
-ORV_INLINE void unjoin_group(const RealPlan& plan, const float* src, std::ptrdiff_t group, Work lines, std::ptrdiff_t count)
+ORV_INLINE void unjoin_group(const RealPlan& plan, const float* src, std::ptrdiff_t group, Work lines,
+                             std::ptrdiff_t count)
 {
     using V = Widest;
     const float* const w = plan.join + group * 7 * kLineFloats;

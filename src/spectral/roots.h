@@ -29,8 +29,8 @@ inline Root root_of_unity(std::uint64_t k, int order)
     const bool swapped = r > n;
     if (swapped) r = 2 * n - r;
 
-    const double x = static_cast<double>(static_cast<std::int64_t>(r)) / static_cast<double>(static_cast<std::int64_t>(n)) *
-                     0.78539816339744830962;  // pi / 4
+    const double x = static_cast<double>(static_cast<std::int64_t>(r)) /
+                     static_cast<double>(static_cast<std::int64_t>(n)) * 0.78539816339744830962;  // pi / 4
     const double z = x * x;
     static const double s[] = {-1.0 / 1307674368000.0, 1.0 / 6227020800.0, -1.0 / 39916800.0, 1.0 / 362880.0,
                                -1.0 / 5040.0, 1.0 / 120.0, -1.0 / 6.0};

@@ -1,9 +1,10 @@
 #include "image/arithmetic/complex_arithmetic.h"
 
 #include "core/checks.h"
-#include "elementwise/complex_arithmetic.h"
 #include "core/float_control.h"
 #include "core/overlap.h"
+#include "elementwise/complex_arithmetic.h"
+#include "elementwise/forms.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -16,8 +17,8 @@ template <class T> const float* parts(const T* p) { return reinterpret_cast<cons
 template <class T> float* parts(T* p) { return reinterpret_cast<float*>(p); }
 
 template <class Op, class Self>
-ORV_INLINE Status by_parts(Self self, const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
-                int dstStep, Size roi)
+ORV_INLINE Status by_parts(Self self, const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                           Complex32f* dst, int dstStep, Size roi, int)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
@@ -30,8 +31,8 @@ ORV_INLINE Status by_parts(Self self, const Complex32f* src1, int src1Step, cons
 }
 
 template <class Op, class Self>
-ORV_INLINE Status constant_by_parts(Self self, const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep,
-                         Size roi)
+ORV_INLINE Status constant_by_parts(Self self, const Complex32f* src, int srcStep, const Complex32f* value,
+                                    Complex32f* dst, int dstStep, Size roi, int)
 {
     if (const Status bad = check_image(roi, src, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
@@ -39,7 +40,7 @@ ORV_INLINE Status constant_by_parts(Self self, const Complex32f* src, int srcSte
     }
     const FloatControl control;
     Op op;
-    constant_plane(lanes(parts<Complex32f>(&value)), lanes(parts(src)), srcStep, lanes(parts(dst)), dstStep, roi, 2, op);
+    constant_plane(lanes(parts(value)), lanes(parts(src)), srcStep, lanes(parts(dst)), dstStep, roi, 2, op);
     return StatusOk;
 }
 
@@ -68,22 +69,10 @@ void multiply(const Complex32f* src, int srcStep, Complex32f value, Complex32f* 
 
 }  // namespace
 
-#define TWO_IMAGES(name, ...)                                                                            \
-    Status name(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst, \
-                int dstStep, Size roi)                                                                   \
-    {                                                                                                    \
-        return __VA_ARGS__(name, src1, src1Step, src2, src2Step, dst, dstStep, roi);                           \
-    }
-#define ONE_CONSTANT(name, ...)                                                                          \
-    Status name(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi) \
-    {                                                                                                    \
-        return __VA_ARGS__(name, src, srcStep, value, dst, dstStep, roi);                                      \
-    }
-
-TWO_IMAGES(Add_32fc_C1, by_parts<FloatSum<float>>)
-TWO_IMAGES(Sub_32fc_C1, by_parts<FloatDifference<float>>)
-ONE_CONSTANT(AddC_32fc_C1, constant_by_parts<FloatSum<float>>)
-ONE_CONSTANT(SubC_32fc_C1, constant_by_parts<FloatDifference<float>>)
+TWO_IMAGES(Add_32fc_C1, by_parts<FloatSum<float>>, Complex32f, Complex32f, 1)
+TWO_IMAGES(Sub_32fc_C1, by_parts<FloatDifference<float>>, Complex32f, Complex32f, 1)
+ONE_CONSTANT(AddC_32fc_C1, constant_by_parts<FloatSum<float>>, Complex32f, Complex32f, Complex32f, 1)
+ONE_CONSTANT(SubC_32fc_C1, constant_by_parts<FloatDifference<float>>, Complex32f, Complex32f, Complex32f, 1)
 
 Status Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
                    int dstStep, Size roi)

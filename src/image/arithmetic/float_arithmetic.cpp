@@ -6,6 +6,7 @@
 #include "elementwise/float_arithmetic.h"
 #include "core/float_control.h"
 #include "core/overlap.h"
+#include "elementwise/forms.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -196,48 +197,26 @@ Status Sqrt_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size 
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define TWO_IMAGES(name, channels, ...)                                                                 \
-    Status name(const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep, \
-                Size roi)                                                                               \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);                \
-    }
-#define ONE_CONSTANT(name, ...)                                                                         \
-    Status name(const float* src, int srcStep, float value, float* dst, int dstStep, Size roi)          \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src, srcStep, &value, dst, dstStep, roi, 1);                                 \
-    }
-#define CONSTANT_PER_CHANNEL(name, ...)                                                                 \
-    Status name(const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi)  \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src, srcStep, values, dst, dstStep, roi, 3);                                 \
-    }
-#define ONE_IMAGE(name, channels, ...)                                                                  \
-    Status name(const float* src, int srcStep, float* dst, int dstStep, Size roi)                       \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src, srcStep, dst, dstStep, roi, channels);                                  \
-    }
+TWO_IMAGES(Add_32f_C1, two_images<FloatSum<float>>, float, float, 1)
+TWO_IMAGES(Add_32f_C3, two_images<FloatSum<float>>, float, float, 3)
+TWO_IMAGES(Sub_32f_C1, two_images<FloatDifference<float>>, float, float, 1)
+TWO_IMAGES(Sub_32f_C3, two_images<FloatDifference<float>>, float, float, 3)
+TWO_IMAGES(Mul_32f_C1, two_images<FloatProduct<float>>, float, float, 1)
+TWO_IMAGES(Mul_32f_C3, two_images<FloatProduct<float>>, float, float, 3)
+TWO_IMAGES(Div_32f_C1, division, float, float, 1)
+TWO_IMAGES(Div_32f_C3, division, float, float, 3)
 
-TWO_IMAGES(Add_32f_C1, 1, two_images<FloatSum<float>>)
-TWO_IMAGES(Add_32f_C3, 3, two_images<FloatSum<float>>)
-TWO_IMAGES(Sub_32f_C1, 1, two_images<FloatDifference<float>>)
-TWO_IMAGES(Sub_32f_C3, 3, two_images<FloatDifference<float>>)
-TWO_IMAGES(Mul_32f_C1, 1, two_images<FloatProduct<float>>)
-TWO_IMAGES(Mul_32f_C3, 3, two_images<FloatProduct<float>>)
-TWO_IMAGES(Div_32f_C1, 1, division)
-TWO_IMAGES(Div_32f_C3, 3, division)
+ONE_CONSTANT(AddC_32f_C1, constant<FloatSum<float>>, float, float, float, 1)
+CONSTANT_PER_CHANNEL(AddC_32f_C3, constant<FloatSum<float>>, float, float, float, 3)
+ONE_CONSTANT(SubC_32f_C1, constant<FloatDifference<float>>, float, float, float, 1)
+CONSTANT_PER_CHANNEL(SubC_32f_C3, constant<FloatDifference<float>>, float, float, float, 3)
+ONE_CONSTANT(MulC_32f_C1, constant<FloatProduct<float>>, float, float, float, 1)
+CONSTANT_PER_CHANNEL(MulC_32f_C3, constant<FloatProduct<float>>, float, float, float, 3)
+ONE_CONSTANT(DivC_32f_C1, division_by_constant, float, float, float, 1)
+CONSTANT_PER_CHANNEL(DivC_32f_C3, division_by_constant, float, float, float, 3)
 
-ONE_CONSTANT(AddC_32f_C1, constant<FloatSum<float>>)
-CONSTANT_PER_CHANNEL(AddC_32f_C3, constant<FloatSum<float>>)
-ONE_CONSTANT(SubC_32f_C1, constant<FloatDifference<float>>)
-CONSTANT_PER_CHANNEL(SubC_32f_C3, constant<FloatDifference<float>>)
-ONE_CONSTANT(MulC_32f_C1, constant<FloatProduct<float>>)
-CONSTANT_PER_CHANNEL(MulC_32f_C3, constant<FloatProduct<float>>)
-ONE_CONSTANT(DivC_32f_C1, division_by_constant)
-CONSTANT_PER_CHANNEL(DivC_32f_C3, division_by_constant)
-
-ONE_IMAGE(Abs_32f_C1, 1, absolute)
-ONE_IMAGE(Abs_32f_C3, 3, absolute)
+ONE_IMAGE(Abs_32f_C1, absolute, float, float, 1)
+ONE_IMAGE(Abs_32f_C3, absolute, float, float, 3)
 
 Status MaxEvery_32f_C1(const float* src, int srcStep, float* srcDst, int srcDstStep, Size roi)
 {

@@ -4,6 +4,7 @@
 
 #include "core/checks.h"
 #include "core/overlap.h"
+#include "elementwise/forms.h"
 #include "elementwise/quotients.h"
 #include "elementwise/rows.h"
 #include "elementwise/scaled_arithmetic.h"
@@ -20,8 +21,8 @@ using std::uint8_t;
 // --- Loops ----------------------------------------------------------------------------------------
 
 template <template <class> class Kind, class T, class Self>
-ORV_INLINE Status arithmetic(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,
-                  int scaleFactor, int channels)
+ORV_INLINE Status arithmetic(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep,
+                             Size roi, int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
@@ -34,8 +35,8 @@ ORV_INLINE Status arithmetic(Self self, const T* src1, int src1Step, const T* sr
 }
 
 template <template <class> class Kind, class T, class Self>
-ORV_INLINE Status arithmetic_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
-                           int scaleFactor, int channels)
+ORV_INLINE Status arithmetic_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep,
+                                      Size roi, int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
@@ -47,12 +48,13 @@ ORV_INLINE Status arithmetic_constant(Self self, const T* src, int srcStep, cons
     return StatusOk;
 }
 
-template <Rounding rounding, bool checks_steps, class T, class Self>
-ORV_INLINE Status division(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi,
-                int scaleFactor, int channels)
+// Only 16u rounds its quotients in fixed point, and it alone does not check its steps: both are promised.
+template <Rounding rounding, class T, class Self>
+ORV_INLINE Status division(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep,
+                           Size roi, int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
-    if (checks_steps && any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
+    if (rounding == Rounding::half_even && any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
     if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
         return by_rows(self, channels, src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor);
     }
@@ -62,8 +64,8 @@ ORV_INLINE Status division(Self self, const T* src1, int src1Step, const T* src2
 }
 
 template <class T, class Self>
-ORV_INLINE Status division_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
-                         int scaleFactor, int channels)
+ORV_INLINE Status division_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep,
+                                    Size roi, int scaleFactor, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
@@ -78,71 +80,53 @@ ORV_INLINE Status division_constant(Self self, const T* src, int srcStep, const 
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define TWO_IMAGES(name, T, channels, ...)                                                              \
-    Status name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi, \
-                int scaleFactor)                                                                        \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, scaleFactor, channels);   \
-    }
-#define ONE_CONSTANT(name, T, ...)                                                                      \
-    Status name(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi, int scaleFactor)     \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src, srcStep, &value, dst, dstStep, roi, scaleFactor, 1);                    \
-    }
-#define CONSTANT_PER_CHANNEL(name, T, channels, ...)                                                    \
-    Status name(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi, int scaleFactor) \
-    {                                                                                                   \
-        return __VA_ARGS__(name, src, srcStep, values, dst, dstStep, roi, scaleFactor, channels);             \
-    }
+TWO_IMAGES(Add_8u_C1, arithmetic<Sum>, uint8_t, uint8_t, 1, int)
+TWO_IMAGES(Add_8u_C3, arithmetic<Sum>, uint8_t, uint8_t, 3, int)
+TWO_IMAGES(Add_8u_C4, arithmetic<Sum>, uint8_t, uint8_t, 4, int)
+TWO_IMAGES(Add_16u_C1, arithmetic<Sum>, uint16_t, uint16_t, 1, int)
+TWO_IMAGES(Add_16s_C1, arithmetic<Sum>, int16_t, int16_t, 1, int)
 
-TWO_IMAGES(Add_8u_C1, uint8_t, 1, arithmetic<Sum>)
-TWO_IMAGES(Add_8u_C3, uint8_t, 3, arithmetic<Sum>)
-TWO_IMAGES(Add_8u_C4, uint8_t, 4, arithmetic<Sum>)
-TWO_IMAGES(Add_16u_C1, uint16_t, 1, arithmetic<Sum>)
-TWO_IMAGES(Add_16s_C1, int16_t, 1, arithmetic<Sum>)
+TWO_IMAGES(Sub_8u_C1, arithmetic<Difference>, uint8_t, uint8_t, 1, int)
+TWO_IMAGES(Sub_8u_C3, arithmetic<Difference>, uint8_t, uint8_t, 3, int)
+TWO_IMAGES(Sub_8u_C4, arithmetic<Difference>, uint8_t, uint8_t, 4, int)
+TWO_IMAGES(Sub_16u_C1, arithmetic<Difference>, uint16_t, uint16_t, 1, int)
+TWO_IMAGES(Sub_16s_C1, arithmetic<Difference>, int16_t, int16_t, 1, int)
 
-TWO_IMAGES(Sub_8u_C1, uint8_t, 1, arithmetic<Difference>)
-TWO_IMAGES(Sub_8u_C3, uint8_t, 3, arithmetic<Difference>)
-TWO_IMAGES(Sub_8u_C4, uint8_t, 4, arithmetic<Difference>)
-TWO_IMAGES(Sub_16u_C1, uint16_t, 1, arithmetic<Difference>)
-TWO_IMAGES(Sub_16s_C1, int16_t, 1, arithmetic<Difference>)
+TWO_IMAGES(Mul_8u_C1, arithmetic<Product>, uint8_t, uint8_t, 1, int)
+TWO_IMAGES(Mul_8u_C3, arithmetic<Product>, uint8_t, uint8_t, 3, int)
+TWO_IMAGES(Mul_8u_C4, arithmetic<Product>, uint8_t, uint8_t, 4, int)
+TWO_IMAGES(Mul_16u_C1, arithmetic<Product>, uint16_t, uint16_t, 1, int)
+TWO_IMAGES(Mul_16s_C1, arithmetic<Product>, int16_t, int16_t, 1, int)
 
-TWO_IMAGES(Mul_8u_C1, uint8_t, 1, arithmetic<Product>)
-TWO_IMAGES(Mul_8u_C3, uint8_t, 3, arithmetic<Product>)
-TWO_IMAGES(Mul_8u_C4, uint8_t, 4, arithmetic<Product>)
-TWO_IMAGES(Mul_16u_C1, uint16_t, 1, arithmetic<Product>)
-TWO_IMAGES(Mul_16s_C1, int16_t, 1, arithmetic<Product>)
+TWO_IMAGES(Div_8u_C1, division<Rounding::half_even>, uint8_t, uint8_t, 1, int)
+TWO_IMAGES(Div_8u_C3, division<Rounding::half_even>, uint8_t, uint8_t, 3, int)
+TWO_IMAGES(Div_8u_C4, division<Rounding::half_even>, uint8_t, uint8_t, 4, int)
+TWO_IMAGES(Div_16u_C1, division<Rounding::fixed_point>, uint16_t, uint16_t, 1, int)
+TWO_IMAGES(Div_16s_C1, division<Rounding::half_even>, int16_t, int16_t, 1, int)
 
-// Only these check their steps, and only 16u rounds its quotients in fixed point: both are promised.
-TWO_IMAGES(Div_8u_C1, uint8_t, 1, division<Rounding::half_even, true>)
-TWO_IMAGES(Div_8u_C3, uint8_t, 3, division<Rounding::half_even, true>)
-TWO_IMAGES(Div_8u_C4, uint8_t, 4, division<Rounding::half_even, true>)
-TWO_IMAGES(Div_16u_C1, uint16_t, 1, division<Rounding::fixed_point, false>)
-TWO_IMAGES(Div_16s_C1, int16_t, 1, division<Rounding::half_even, true>)
+ONE_CONSTANT(AddC_8u_C1, arithmetic_constant<Sum>, uint8_t, uint8_t, uint8_t, 1, int)
+CONSTANT_PER_CHANNEL(AddC_8u_C3, arithmetic_constant<Sum>, uint8_t, uint8_t, uint8_t, 3, int)
+CONSTANT_PER_CHANNEL(AddC_8u_C4, arithmetic_constant<Sum>, uint8_t, uint8_t, uint8_t, 4, int)
+ONE_CONSTANT(AddC_16u_C1, arithmetic_constant<Sum>, uint16_t, uint16_t, uint16_t, 1, int)
+ONE_CONSTANT(AddC_16s_C1, arithmetic_constant<Sum>, int16_t, int16_t, int16_t, 1, int)
 
-ONE_CONSTANT(AddC_8u_C1, uint8_t, arithmetic_constant<Sum>)
-CONSTANT_PER_CHANNEL(AddC_8u_C3, uint8_t, 3, arithmetic_constant<Sum>)
-CONSTANT_PER_CHANNEL(AddC_8u_C4, uint8_t, 4, arithmetic_constant<Sum>)
-ONE_CONSTANT(AddC_16u_C1, uint16_t, arithmetic_constant<Sum>)
-ONE_CONSTANT(AddC_16s_C1, int16_t, arithmetic_constant<Sum>)
+ONE_CONSTANT(SubC_8u_C1, arithmetic_constant<Difference>, uint8_t, uint8_t, uint8_t, 1, int)
+CONSTANT_PER_CHANNEL(SubC_8u_C3, arithmetic_constant<Difference>, uint8_t, uint8_t, uint8_t, 3, int)
+CONSTANT_PER_CHANNEL(SubC_8u_C4, arithmetic_constant<Difference>, uint8_t, uint8_t, uint8_t, 4, int)
+ONE_CONSTANT(SubC_16u_C1, arithmetic_constant<Difference>, uint16_t, uint16_t, uint16_t, 1, int)
+ONE_CONSTANT(SubC_16s_C1, arithmetic_constant<Difference>, int16_t, int16_t, int16_t, 1, int)
 
-ONE_CONSTANT(SubC_8u_C1, uint8_t, arithmetic_constant<Difference>)
-CONSTANT_PER_CHANNEL(SubC_8u_C3, uint8_t, 3, arithmetic_constant<Difference>)
-CONSTANT_PER_CHANNEL(SubC_8u_C4, uint8_t, 4, arithmetic_constant<Difference>)
-ONE_CONSTANT(SubC_16u_C1, uint16_t, arithmetic_constant<Difference>)
-ONE_CONSTANT(SubC_16s_C1, int16_t, arithmetic_constant<Difference>)
+ONE_CONSTANT(MulC_8u_C1, arithmetic_constant<Product>, uint8_t, uint8_t, uint8_t, 1, int)
+CONSTANT_PER_CHANNEL(MulC_8u_C3, arithmetic_constant<Product>, uint8_t, uint8_t, uint8_t, 3, int)
+CONSTANT_PER_CHANNEL(MulC_8u_C4, arithmetic_constant<Product>, uint8_t, uint8_t, uint8_t, 4, int)
+ONE_CONSTANT(MulC_16u_C1, arithmetic_constant<Product>, uint16_t, uint16_t, uint16_t, 1, int)
+ONE_CONSTANT(MulC_16s_C1, arithmetic_constant<Product>, int16_t, int16_t, int16_t, 1, int)
 
-ONE_CONSTANT(MulC_8u_C1, uint8_t, arithmetic_constant<Product>)
-CONSTANT_PER_CHANNEL(MulC_8u_C3, uint8_t, 3, arithmetic_constant<Product>)
-CONSTANT_PER_CHANNEL(MulC_8u_C4, uint8_t, 4, arithmetic_constant<Product>)
-ONE_CONSTANT(MulC_16u_C1, uint16_t, arithmetic_constant<Product>)
-ONE_CONSTANT(MulC_16s_C1, int16_t, arithmetic_constant<Product>)
-
-ONE_CONSTANT(DivC_8u_C1, uint8_t, division_constant)
-CONSTANT_PER_CHANNEL(DivC_8u_C3, uint8_t, 3, division_constant)
-CONSTANT_PER_CHANNEL(DivC_8u_C4, uint8_t, 4, division_constant)
-ONE_CONSTANT(DivC_16u_C1, uint16_t, division_constant)
-ONE_CONSTANT(DivC_16s_C1, int16_t, division_constant)
+ONE_CONSTANT(DivC_8u_C1, division_constant, uint8_t, uint8_t, uint8_t, 1, int)
+CONSTANT_PER_CHANNEL(DivC_8u_C3, division_constant, uint8_t, uint8_t, uint8_t, 3, int)
+CONSTANT_PER_CHANNEL(DivC_8u_C4, division_constant, uint8_t, uint8_t, uint8_t, 4, int)
+ONE_CONSTANT(DivC_16u_C1, division_constant, uint16_t, uint16_t, uint16_t, 1, int)
+ONE_CONSTANT(DivC_16s_C1, division_constant, int16_t, int16_t, int16_t, 1, int)
 
 }  // namespace ORV_LEVEL
 }  // namespace integer_arithmetic

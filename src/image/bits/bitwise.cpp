@@ -4,6 +4,7 @@
 
 #include "core/checks.h"
 #include "core/overlap.h"
+#include "elementwise/forms.h"
 #include "elementwise/rows.h"
 
 namespace orv {
@@ -39,9 +40,11 @@ struct Not {
 
 // Bits know no pixel type: two images are combined byte by byte.
 template <class Op, class T, class Self>
-ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi, int channels)
+ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep,
+                             Size roi, int channels)
 {
-    if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
+    if (const Status bad =
+            check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
         return bad;
     }
     if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
@@ -54,9 +57,11 @@ ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* sr
 }
 
 template <class Op, class T, class Self>
-ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi, int channels)
+ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi,
+                                int channels)
 {
-    if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi))
+        return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
         return by_rows(self, channels, src, srcStep, values, dst, dstStep, roi);
     }
@@ -88,7 +93,10 @@ template <class T>
 struct Right {
     static constexpr bool kSigned = T(-1) < T(0);
     int bits;
-    explicit ORV_INLINE Right(unsigned count) : bits(effective<T>(count, 8 * static_cast<int>(sizeof(T)) - (kSigned ? 1 : 0))) {}
+    explicit ORV_INLINE Right(unsigned count)
+        : bits(effective<T>(count, 8 * static_cast<int>(sizeof(T)) - (kSigned ? 1 : 0)))
+    {
+    }
     ORV_INLINE T one(T a) const { return static_cast<T>(a >> bits); }
     template <class V> ORV_INLINE V many(V a) const { return a >> simd::count(bits); }
 };
@@ -120,7 +128,10 @@ struct Right<uint8_t> {
 // Channels with different counts. There is no shift by a vector of bytes or words, so the shifts are
 // multiplications: to the left by 2^count, to the right by 2^(7-count) and then by seven bits. The
 // factor is 0 for counts above 7.
-struct LeftByFactor {
+template <template <class> class Shift>
+struct ByFactor;
+template <>
+struct ByFactor<Left> {
     static ORV_INLINE uint8_t factor(unsigned count) { return static_cast<uint8_t>(count > 7 ? 0 : 1 << count); }
     ORV_INLINE uint8_t one(uint8_t k, uint8_t a) const { return static_cast<uint8_t>(a * k); }
     template <class V> ORV_INLINE V many(V k, V a) const
@@ -133,7 +144,8 @@ struct LeftByFactor {
         return simd::as<uint8_t>(even | odd);
     }
 };
-struct RightByFactor {
+template <>
+struct ByFactor<Right> {
     static ORV_INLINE uint8_t factor(unsigned count) { return static_cast<uint8_t>(count > 7 ? 0 : 128 >> count); }
     ORV_INLINE uint8_t one(uint8_t k, uint8_t a) const { return static_cast<uint8_t>(a * k >> 7); }
     template <class V> ORV_INLINE V many(V k, V a) const
@@ -150,20 +162,24 @@ struct RightByFactor {
 };
 
 template <template <class> class Shift, class T, class Self>
-ORV_INLINE Status shift(Self self, const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi, int channels)
+ORV_INLINE Status shift(Self self, const T* src, int srcStep, const unsigned* count, T* dst, int dstStep, Size roi,
+                        int channels)
 {
-    if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi))
+        return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
         return by_rows(self, channels, src, srcStep, count, dst, dstStep, roi);
     }
-    plane(src, srcStep, dst, dstStep, roi, channels, Shift<T>(count));
+    plane(src, srcStep, dst, dstStep, roi, channels, Shift<T>(*count));
     return StatusOk;
 }
 
-template <template <class> class Shift, class ByFactor, class Self>
-ORV_INLINE Status shift_channels(Self self, const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi, int channels)
+template <template <class> class Shift, class Self>
+ORV_INLINE Status shift_channels(Self self, const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst,
+                                 int dstStep, Size roi, int channels)
 {
-    if (const Status bad = check_steps_before_size(any_null(src, counts, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    if (const Status bad = check_steps_before_size(any_null(src, counts, dst), any_below_one(srcStep, dstStep), roi))
+        return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
         return by_rows(self, channels, src, srcStep, counts, dst, dstStep, roi);
     }
@@ -172,15 +188,28 @@ ORV_INLINE Status shift_channels(Self self, const uint8_t* src, int srcStep, con
     uint8_t factors[4];
     for (int c = 0; c < channels; ++c) {
         const unsigned count = get(counts + c);
-        factors[c] = ByFactor::factor(count);
+        factors[c] = ByFactor<Shift>::factor(count);
         if (count != first) all_equal = false;
     }
     if (all_equal) {
         plane(src, srcStep, dst, dstStep, roi, channels, Shift<uint8_t>(first));
         return StatusOk;
     }
-    ByFactor op;
+    ByFactor<Shift> op;
     constant_plane(factors, src, srcStep, dst, dstStep, roi, channels, op);
+    return StatusOk;
+}
+
+template <class Self>
+ORV_INLINE Status complement(Self self, const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi,
+                             int channels)
+{
+    if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi))
+        return bad;
+    if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
+        return by_rows(self, channels, src, srcStep, dst, dstStep, roi);
+    }
+    plane(src, srcStep, dst, dstStep, roi, channels, Not());
     return StatusOk;
 }
 
@@ -188,94 +217,58 @@ ORV_INLINE Status shift_channels(Self self, const uint8_t* src, int srcStep, con
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define TWO_IMAGES(name, T, channels, Op)                                                                 \
-    Status name(const T* src1, int src1Step, const T* src2, int src2Step, T* dst, int dstStep, Size roi)  \
-    {                                                                                                     \
-        return two_images<Op>(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, channels);               \
-    }
-#define ONE_CONSTANT(name, T, Op)                                                                         \
-    Status name(const T* src, int srcStep, T value, T* dst, int dstStep, Size roi)                        \
-    {                                                                                                     \
-        return with_constant<Op>(name, src, srcStep, &value, dst, dstStep, roi, 1);                             \
-    }
-#define CONSTANT_PER_CHANNEL(name, T, channels, Op)                                                       \
-    Status name(const T* src, int srcStep, const T* values, T* dst, int dstStep, Size roi)                \
-    {                                                                                                     \
-        return with_constant<Op>(name, src, srcStep, values, dst, dstStep, roi, channels);                      \
-    }
-#define SHIFT(name, T, Shift)                                                                             \
-    Status name(const T* src, int srcStep, unsigned count, T* dst, int dstStep, Size roi)                 \
-    {                                                                                                     \
-        return shift<Shift>(name, src, srcStep, count, dst, dstStep, roi, 1);                                   \
-    }
-#define SHIFT_CHANNELS(name, channels, Shift)                                                             \
-    Status name(const uint8_t* src, int srcStep, const unsigned* counts, uint8_t* dst, int dstStep, Size roi) \
-    {                                                                                                     \
-        return shift_channels<Shift, Shift##ByFactor>(name, src, srcStep, counts, dst, dstStep, roi, channels); \
-    }
+TWO_IMAGES(And_8u_C1, two_images<And>, uint8_t, uint8_t, 1)
+TWO_IMAGES(And_8u_C3, two_images<And>, uint8_t, uint8_t, 3)
+TWO_IMAGES(And_8u_C4, two_images<And>, uint8_t, uint8_t, 4)
+TWO_IMAGES(And_16u_C1, two_images<And>, uint16_t, uint16_t, 1)
+TWO_IMAGES(And_32s_C1, two_images<And>, int32_t, int32_t, 1)
 
-TWO_IMAGES(And_8u_C1, uint8_t, 1, And)
-TWO_IMAGES(And_8u_C3, uint8_t, 3, And)
-TWO_IMAGES(And_8u_C4, uint8_t, 4, And)
-TWO_IMAGES(And_16u_C1, uint16_t, 1, And)
-TWO_IMAGES(And_32s_C1, int32_t, 1, And)
+TWO_IMAGES(Or_8u_C1, two_images<Or>, uint8_t, uint8_t, 1)
+TWO_IMAGES(Or_8u_C3, two_images<Or>, uint8_t, uint8_t, 3)
+TWO_IMAGES(Or_8u_C4, two_images<Or>, uint8_t, uint8_t, 4)
+TWO_IMAGES(Or_16u_C1, two_images<Or>, uint16_t, uint16_t, 1)
+TWO_IMAGES(Or_32s_C1, two_images<Or>, int32_t, int32_t, 1)
 
-TWO_IMAGES(Or_8u_C1, uint8_t, 1, Or)
-TWO_IMAGES(Or_8u_C3, uint8_t, 3, Or)
-TWO_IMAGES(Or_8u_C4, uint8_t, 4, Or)
-TWO_IMAGES(Or_16u_C1, uint16_t, 1, Or)
-TWO_IMAGES(Or_32s_C1, int32_t, 1, Or)
+TWO_IMAGES(Xor_8u_C1, two_images<Xor>, uint8_t, uint8_t, 1)
+TWO_IMAGES(Xor_8u_C3, two_images<Xor>, uint8_t, uint8_t, 3)
+TWO_IMAGES(Xor_8u_C4, two_images<Xor>, uint8_t, uint8_t, 4)
+TWO_IMAGES(Xor_16u_C1, two_images<Xor>, uint16_t, uint16_t, 1)
+TWO_IMAGES(Xor_32s_C1, two_images<Xor>, int32_t, int32_t, 1)
 
-TWO_IMAGES(Xor_8u_C1, uint8_t, 1, Xor)
-TWO_IMAGES(Xor_8u_C3, uint8_t, 3, Xor)
-TWO_IMAGES(Xor_8u_C4, uint8_t, 4, Xor)
-TWO_IMAGES(Xor_16u_C1, uint16_t, 1, Xor)
-TWO_IMAGES(Xor_32s_C1, int32_t, 1, Xor)
+ONE_CONSTANT(AndC_8u_C1, with_constant<And>, uint8_t, uint8_t, uint8_t, 1)
+CONSTANT_PER_CHANNEL(AndC_8u_C3, with_constant<And>, uint8_t, uint8_t, uint8_t, 3)
+CONSTANT_PER_CHANNEL(AndC_8u_C4, with_constant<And>, uint8_t, uint8_t, uint8_t, 4)
+ONE_CONSTANT(AndC_16u_C1, with_constant<And>, uint16_t, uint16_t, uint16_t, 1)
+ONE_CONSTANT(AndC_32s_C1, with_constant<And>, int32_t, int32_t, int32_t, 1)
 
-ONE_CONSTANT(AndC_8u_C1, uint8_t, And)
-CONSTANT_PER_CHANNEL(AndC_8u_C3, uint8_t, 3, And)
-CONSTANT_PER_CHANNEL(AndC_8u_C4, uint8_t, 4, And)
-ONE_CONSTANT(AndC_16u_C1, uint16_t, And)
-ONE_CONSTANT(AndC_32s_C1, int32_t, And)
+ONE_CONSTANT(OrC_8u_C1, with_constant<Or>, uint8_t, uint8_t, uint8_t, 1)
+CONSTANT_PER_CHANNEL(OrC_8u_C3, with_constant<Or>, uint8_t, uint8_t, uint8_t, 3)
+CONSTANT_PER_CHANNEL(OrC_8u_C4, with_constant<Or>, uint8_t, uint8_t, uint8_t, 4)
+ONE_CONSTANT(OrC_16u_C1, with_constant<Or>, uint16_t, uint16_t, uint16_t, 1)
+ONE_CONSTANT(OrC_32s_C1, with_constant<Or>, int32_t, int32_t, int32_t, 1)
 
-ONE_CONSTANT(OrC_8u_C1, uint8_t, Or)
-CONSTANT_PER_CHANNEL(OrC_8u_C3, uint8_t, 3, Or)
-CONSTANT_PER_CHANNEL(OrC_8u_C4, uint8_t, 4, Or)
-ONE_CONSTANT(OrC_16u_C1, uint16_t, Or)
-ONE_CONSTANT(OrC_32s_C1, int32_t, Or)
+ONE_CONSTANT(XorC_8u_C1, with_constant<Xor>, uint8_t, uint8_t, uint8_t, 1)
+CONSTANT_PER_CHANNEL(XorC_8u_C3, with_constant<Xor>, uint8_t, uint8_t, uint8_t, 3)
+CONSTANT_PER_CHANNEL(XorC_8u_C4, with_constant<Xor>, uint8_t, uint8_t, uint8_t, 4)
+ONE_CONSTANT(XorC_16u_C1, with_constant<Xor>, uint16_t, uint16_t, uint16_t, 1)
+ONE_CONSTANT(XorC_32s_C1, with_constant<Xor>, int32_t, int32_t, int32_t, 1)
 
-ONE_CONSTANT(XorC_8u_C1, uint8_t, Xor)
-CONSTANT_PER_CHANNEL(XorC_8u_C3, uint8_t, 3, Xor)
-CONSTANT_PER_CHANNEL(XorC_8u_C4, uint8_t, 4, Xor)
-ONE_CONSTANT(XorC_16u_C1, uint16_t, Xor)
-ONE_CONSTANT(XorC_32s_C1, int32_t, Xor)
+ONE_IMAGE(Not_8u_C1, complement, uint8_t, uint8_t, 1)
+ONE_IMAGE(Not_8u_C3, complement, uint8_t, uint8_t, 3)
+ONE_IMAGE(Not_8u_C4, complement, uint8_t, uint8_t, 4)
 
-#define NOT(name, channels)                                                                               \
-    Status name(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi)                     \
-    {                                                                                                     \
-        if (const Status bad = check_steps_before_size(any_null(src, dst), any_below_one(srcStep, dstStep), roi)) return bad; \
-        if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {                                     \
-            return by_rows(name, channels, src, srcStep, dst, dstStep, roi);                              \
-        }                                                                                                 \
-        plane(src, srcStep, dst, dstStep, roi, channels, Not());                                          \
-        return StatusOk;                                                                                  \
-    }
-NOT(Not_8u_C1, 1)
-NOT(Not_8u_C3, 3)
-NOT(Not_8u_C4, 4)
+ONE_CONSTANT(LShiftC_8u_C1, shift<Left>, uint8_t, unsigned, uint8_t, 1)
+CONSTANT_PER_CHANNEL(LShiftC_8u_C3, shift_channels<Left>, uint8_t, unsigned, uint8_t, 3)
+CONSTANT_PER_CHANNEL(LShiftC_8u_C4, shift_channels<Left>, uint8_t, unsigned, uint8_t, 4)
+ONE_CONSTANT(LShiftC_16u_C1, shift<Left>, uint16_t, unsigned, uint16_t, 1)
+ONE_CONSTANT(LShiftC_32s_C1, shift<Left>, int32_t, unsigned, int32_t, 1)
 
-SHIFT(LShiftC_8u_C1, uint8_t, Left)
-SHIFT_CHANNELS(LShiftC_8u_C3, 3, Left)
-SHIFT_CHANNELS(LShiftC_8u_C4, 4, Left)
-SHIFT(LShiftC_16u_C1, uint16_t, Left)
-SHIFT(LShiftC_32s_C1, int32_t, Left)
-
-SHIFT(RShiftC_8u_C1, uint8_t, Right)
-SHIFT_CHANNELS(RShiftC_8u_C3, 3, Right)
-SHIFT_CHANNELS(RShiftC_8u_C4, 4, Right)
-SHIFT(RShiftC_16u_C1, uint16_t, Right)
-SHIFT(RShiftC_16s_C1, int16_t, Right)
-SHIFT(RShiftC_32s_C1, int32_t, Right)
+ONE_CONSTANT(RShiftC_8u_C1, shift<Right>, uint8_t, unsigned, uint8_t, 1)
+CONSTANT_PER_CHANNEL(RShiftC_8u_C3, shift_channels<Right>, uint8_t, unsigned, uint8_t, 3)
+CONSTANT_PER_CHANNEL(RShiftC_8u_C4, shift_channels<Right>, uint8_t, unsigned, uint8_t, 4)
+ONE_CONSTANT(RShiftC_16u_C1, shift<Right>, uint16_t, unsigned, uint16_t, 1)
+ONE_CONSTANT(RShiftC_16s_C1, shift<Right>, int16_t, unsigned, int16_t, 1)
+ONE_CONSTANT(RShiftC_32s_C1, shift<Right>, int32_t, unsigned, int32_t, 1)
 
 }  // namespace ORV_LEVEL
 }  // namespace bitwise

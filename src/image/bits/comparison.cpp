@@ -5,6 +5,7 @@
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "core/overlap.h"
+#include "elementwise/forms.h"
 #include "image/bits/mask_rows.h"
 
 namespace orv {
@@ -62,12 +63,12 @@ template <> struct word<float> { using type = std::int32_t; };
 template <class T, int Channels>
 constexpr int kAtOnce = sizeof(T) == 1 && Channels == 1 ? kReadAtOnce : 0;
 
-template <int Channels, class T, class Self>
-ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep, Size roi, int relation)
+template <class T, int Channels, class Self>
+ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst,
+                             int dstStep, Size roi, int relation, Fixed<Channels>)
 {
-    if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), any_below_one(src1Step, src2Step, dstStep), roi)) {
-        return bad;
-    }
+    const bool bad_steps = any_below_one(src1Step, src2Step, dstStep);
+    if (const Status bad = check_steps_before_size(any_null(src1, src2, dst), bad_steps, roi)) return bad;
     const ChannelCounts counts(Channels, 1);
     if (may_overlap<kAtOnce<T, Channels>>(roi, counts, src1, src1Step, src2, src2Step, dst, dstStep)) {
         return by_rows(self, counts, src1, src1Step, src2, src2Step, dst, dstStep, roi, relation);
@@ -78,10 +79,12 @@ ORV_INLINE Status two_images(Self self, const T* src1, int src1Step, const T* sr
     return StatusOk;
 }
 
-template <int Channels, class T, class Self>
-ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation)
+template <class T, int Channels, class Self>
+ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep,
+                                Size roi, int relation, Fixed<Channels>)
 {
-    if (const Status bad = check_steps_before_size(any_null(src, values, dst), any_below_one(srcStep, dstStep), roi)) return bad;
+    const bool bad_steps = any_below_one(srcStep, dstStep);
+    if (const Status bad = check_steps_before_size(any_null(src, values, dst), bad_steps, roi)) return bad;
     const ChannelCounts counts(Channels, 1);
     if (may_overlap<kAtOnce<T, Channels>>(roi, counts, src, srcStep, dst, dstStep)) {
         return by_rows(self, counts, src, srcStep, values, dst, dstStep, roi, relation);
@@ -107,38 +110,21 @@ ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* v
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define TWO_IMAGES(name, T, channels)                                                                     \
-    Status name(const T* src1, int src1Step, const T* src2, int src2Step, uint8_t* dst, int dstStep,      \
-                Size roi, int relation)                                                                   \
-    {                                                                                                     \
-        return two_images<channels>(name, src1, src1Step, src2, src2Step, dst, dstStep, roi, relation);         \
-    }
-#define ONE_CONSTANT(name, T)                                                                             \
-    Status name(const T* src, int srcStep, T value, uint8_t* dst, int dstStep, Size roi, int relation)    \
-    {                                                                                                     \
-        return with_constant<1>(name, src, srcStep, &value, dst, dstStep, roi, relation);                       \
-    }
-#define CONSTANT_PER_CHANNEL(name, T, channels)                                                           \
-    Status name(const T* src, int srcStep, const T* values, uint8_t* dst, int dstStep, Size roi, int relation) \
-    {                                                                                                     \
-        return with_constant<channels>(name, src, srcStep, values, dst, dstStep, roi, relation);                \
-    }
+TWO_IMAGES(Compare_8u_C1, two_images, uint8_t, uint8_t, 1, int)
+TWO_IMAGES(Compare_8u_C3, two_images, uint8_t, uint8_t, 3, int)
+TWO_IMAGES(Compare_8u_C4, two_images, uint8_t, uint8_t, 4, int)
+TWO_IMAGES(Compare_16u_C1, two_images, uint16_t, uint8_t, 1, int)
+TWO_IMAGES(Compare_16s_C1, two_images, int16_t, uint8_t, 1, int)
+TWO_IMAGES(Compare_32f_C1, two_images, float, uint8_t, 1, int)
+TWO_IMAGES(Compare_32f_C3, two_images, float, uint8_t, 3, int)
 
-TWO_IMAGES(Compare_8u_C1, uint8_t, 1)
-TWO_IMAGES(Compare_8u_C3, uint8_t, 3)
-TWO_IMAGES(Compare_8u_C4, uint8_t, 4)
-TWO_IMAGES(Compare_16u_C1, uint16_t, 1)
-TWO_IMAGES(Compare_16s_C1, int16_t, 1)
-TWO_IMAGES(Compare_32f_C1, float, 1)
-TWO_IMAGES(Compare_32f_C3, float, 3)
-
-ONE_CONSTANT(CompareC_8u_C1, uint8_t)
-CONSTANT_PER_CHANNEL(CompareC_8u_C3, uint8_t, 3)
-CONSTANT_PER_CHANNEL(CompareC_8u_C4, uint8_t, 4)
-ONE_CONSTANT(CompareC_16u_C1, uint16_t)
-ONE_CONSTANT(CompareC_16s_C1, int16_t)
-ONE_CONSTANT(CompareC_32f_C1, float)
-CONSTANT_PER_CHANNEL(CompareC_32f_C3, float, 3)
+ONE_CONSTANT(CompareC_8u_C1, with_constant, uint8_t, uint8_t, uint8_t, 1, int)
+CONSTANT_PER_CHANNEL(CompareC_8u_C3, with_constant, uint8_t, uint8_t, uint8_t, 3, int)
+CONSTANT_PER_CHANNEL(CompareC_8u_C4, with_constant, uint8_t, uint8_t, uint8_t, 4, int)
+ONE_CONSTANT(CompareC_16u_C1, with_constant, uint16_t, uint16_t, uint8_t, 1, int)
+ONE_CONSTANT(CompareC_16s_C1, with_constant, int16_t, int16_t, uint8_t, 1, int)
+ONE_CONSTANT(CompareC_32f_C1, with_constant, float, float, uint8_t, 1, int)
+CONSTANT_PER_CHANNEL(CompareC_32f_C3, with_constant, float, float, uint8_t, 3, int)
 
 }  // namespace ORV_LEVEL
 }  // namespace comparison

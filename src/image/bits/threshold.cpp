@@ -49,8 +49,14 @@ template <class T> ORV_INLINE bool exceeds(T a, T b)
     return static_cast<S>(a) > static_cast<S>(b);
 }
 template <class T> ORV_INLINE T pick(bool condition, T a, T b) { return condition ? a : b; }
-template <int N> ORV_INLINE simd::vec<int32_t, N> lower(simd::vec<int32_t, N> a, simd::vec<int32_t, N> b) { return min(a, b); }
-template <int N> ORV_INLINE simd::vec<int32_t, N> higher(simd::vec<int32_t, N> a, simd::vec<int32_t, N> b) { return max(a, b); }
+template <int N> ORV_INLINE simd::vec<int32_t, N> lower(simd::vec<int32_t, N> a, simd::vec<int32_t, N> b)
+{
+    return min(a, b);
+}
+template <int N> ORV_INLINE simd::vec<int32_t, N> higher(simd::vec<int32_t, N> a, simd::vec<int32_t, N> b)
+{
+    return max(a, b);
+}
 template <class T, int N> ORV_INLINE simd::vec<T, N> exceeds(simd::vec<T, N> a, simd::vec<T, N> b)
 {
     using S = typename lanes<T>::ordered;
@@ -118,7 +124,10 @@ template <class T, class Rule>
 struct ForAll {
     T constant[Rule::kConstants];
     ORV_INLINE T one(T pixel) const { return Rule::apply(constant, pixel); }
-    template <class V> ORV_INLINE V many(V pixels) const { return apply(pixels, std::make_index_sequence<Rule::kConstants>()); }
+    template <class V> ORV_INLINE V many(V pixels) const
+    {
+        return apply(pixels, std::make_index_sequence<Rule::kConstants>());
+    }
 
 private:
     template <class V, std::size_t... I> ORV_INLINE V apply(V pixels, std::index_sequence<I...>) const
@@ -143,7 +152,8 @@ struct ForThree {
     ORV_INLINE T one(int channel, T pixel) const { return one_of(channel, pixel, Indices()); }
     // For a vector whose first element belongs to channel `phase`.
     template <class V, std::size_t... I>
-    static ORV_INLINE V many(const Pattern<T> (&patterns)[kConstants], V pixels, ptrdiff_t phase, std::index_sequence<I...>)
+    static ORV_INLINE V many(const Pattern<T> (&patterns)[kConstants], V pixels, ptrdiff_t phase,
+                             std::index_sequence<I...>)
     {
         const V vectors[] = {simd::load<V>(patterns[I].row + phase)...};
         return Rule::apply(vectors, pixels);
@@ -179,13 +189,17 @@ void three_channel_plane(const T* src, int srcStep, T* dst, int dstStep, Size ro
 #if ORV_HAVE_VECTORS
         using Wide = simd::widest<T>;
         using Half = simd::half<T>;
-        const auto at = [&](auto pixels, ptrdiff_t phase) { return op.many(patterns, pixels, phase, typename ForThree<T, Rule>::Indices()); };
+        const auto at = [&](auto pixels, ptrdiff_t phase) {
+            return op.many(patterns, pixels, phase, typename ForThree<T, Rule>::Indices());
+        };
         if (rows.n >= Wide::N) {
-            three_channel_row<Wide>(d, rows.n, [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Wide>(s + i), phase); });
+            three_channel_row<Wide>(d, rows.n,
+                                    [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Wide>(s + i), phase); });
             continue;
         }
         if (rows.n >= Half::N) {
-            three_channel_row<Half>(d, rows.n, [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Half>(s + i), phase); });
+            three_channel_row<Half>(d, rows.n,
+                                    [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Half>(s + i), phase); });
             continue;
         }
 #endif
@@ -239,7 +253,8 @@ ORV_INLINE void with_conditions(bool first, bool second, Run run)
 }
 
 template <class T, class Self>
-ORV_INLINE Status replace(Self self, const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, const T& threshold, const T& value)
+ORV_INLINE Status replace(Self self, const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation,
+                          const T& threshold, const T& value)
 {
     if (const Status bad = check(relation, any_null(src, dst), srcStep, dstStep, roi)) return bad;
     if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
@@ -296,13 +311,15 @@ Status Threshold_32f_C1(const float* src, int srcStep, float* dst, int dstStep, 
     }
     const int32_t limit = bits(threshold);
     with_conditions(relation == relation_greater, needs_flip(limit), [&](auto above, auto flips) {
-        const ForAll<int32_t, Limit<decltype(above)::value, decltype(flips)::value>> op = {{flip_of(limit), comparable(limit)}};
+        const ForAll<int32_t, Limit<decltype(above)::value, decltype(flips)::value>> op = {
+            {flip_of(limit), comparable(limit)}};
         plane(bits(src), srcStep, bits(dst), dstStep, roi, 1, op);
     });
     return StatusOk;
 }
 
-Status Threshold_32f_C3(const float* src, int srcStep, float* dst, int dstStep, Size roi, int relation, const float* thresholds)
+Status Threshold_32f_C3(const float* src, int srcStep, float* dst, int dstStep, Size roi, int relation,
+                        const float* thresholds)
 {
     if (const Status bad = check(relation, any_null(src, dst, thresholds), srcStep, dstStep, roi)) return bad;
     if (may_overlap(roi, 3, src, srcStep, dst, dstStep)) {
@@ -332,7 +349,8 @@ Status Threshold_LTValGTVal_32f_C1(const float* src, int srcStep, float* dst, in
 {
     if (const Status bad = check(relation_less, any_null(src, dst), srcStep, dstStep, roi)) return bad;
     if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) {
-        return by_rows(Threshold_LTValGTVal_32f_C1, 1, src, srcStep, dst, dstStep, roi, thresholdLT, valueLT, thresholdGT, valueGT);
+        return by_rows(Threshold_LTValGTVal_32f_C1, 1, src, srcStep, dst, dstStep, roi, thresholdLT, valueLT,
+                       thresholdGT, valueGT);
     }
     const int32_t lower = bits(thresholdLT), upper = bits(thresholdGT);
     if (wrong_order(&lower, &upper, 1)) return StatusBadThreshold;
@@ -344,14 +362,15 @@ Status Threshold_LTValGTVal_32f_C1(const float* src, int srcStep, float* dst, in
     return StatusOk;
 }
 
-Status Threshold_LTValGTVal_32f_C3(const float* src, int srcStep, float* dst, int dstStep, Size roi, const float* thresholdLT,
-                                   const float* valueLT, const float* thresholdGT, const float* valueGT)
+Status Threshold_LTValGTVal_32f_C3(const float* src, int srcStep, float* dst, int dstStep, Size roi,
+                                   const float* thresholdLT, const float* valueLT, const float* thresholdGT,
+                                   const float* valueGT)
 {
     const bool null = any_null(src, dst, thresholdLT, valueLT) || any_null(thresholdGT, valueGT);
     if (const Status bad = check(relation_less, null, srcStep, dstStep, roi)) return bad;
     if (may_overlap(roi, 3, src, srcStep, dst, dstStep)) {
-        return by_rows(Threshold_LTValGTVal_32f_C3, 3, src, srcStep, dst, dstStep, roi, thresholdLT, valueLT, thresholdGT,
-                       valueGT);
+        return by_rows(Threshold_LTValGTVal_32f_C3, 3, src, srcStep, dst, dstStep, roi, thresholdLT, valueLT,
+                       thresholdGT, valueGT);
     }
     int32_t lower[3], upper[3], low_value[3], high_value[3];
     const bool lower_flips = load_channels(thresholdLT, lower), upper_flips = load_channels(thresholdGT, upper);

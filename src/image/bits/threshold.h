@@ -10,9 +10,11 @@ namespace orv {
 template <class T>
 using ThresholdOne = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, T threshold);
 template <class T>
-using ThresholdEach = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, const T* thresholds);
+using ThresholdEach = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation,
+                             const T* thresholds);
 template <class T>
-using ThresholdValue = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, T threshold, T value);
+using ThresholdValue = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, int relation, T threshold,
+                              T value);
 template <class T>
 using ThresholdBothOne = Status(const T* src, int srcStep, T* dst, int dstStep, Size roi, T thresholdLT, T valueLT,
                                 T thresholdGT, T valueGT);

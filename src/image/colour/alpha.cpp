@@ -41,8 +41,14 @@ ORV_INLINE U raised_over_255(U n)
 
 // Vectors of pixels as 16-bit lanes: the first and third channel, and the second and fourth.
 template <class V> using LanesOf = simd::recast<std::uint16_t, V>;
-template <class V> ORV_INLINE LanesOf<V> even_channels(V p) { return simd::as<std::uint16_t>(p & simd::splat<V>(0x00FF00FF)); }
-template <class V> ORV_INLINE LanesOf<V> odd_channels(V p) { return simd::shifted_right<8>(simd::as<std::uint16_t>(p)); }
+template <class V> ORV_INLINE LanesOf<V> even_channels(V p)
+{
+    return simd::as<std::uint16_t>(p & simd::splat<V>(0x00FF00FF));
+}
+template <class V> ORV_INLINE LanesOf<V> odd_channels(V p)
+{
+    return simd::shifted_right<8>(simd::as<std::uint16_t>(p));
+}
 template <class V>
 ORV_INLINE LanesOf<V> alphas(V p)
 {
@@ -92,13 +98,17 @@ ORV_INLINE V premultiplied_over_lanes(V a, V b)
 {
     const auto rest = rest_of(alphas(b));
     const V even = simd::as<uint32_t>(lanes_over_255(simd::mul_low(rest, even_channels(a))));
-    const V odd = simd::as<uint32_t>(raised_over_255(simd::mul_low(rest, odd_channels(a)))) & simd::splat<V>(0xFF00FF00);
+    const V odd =
+        simd::as<uint32_t>(raised_over_255(simd::mul_low(rest, odd_channels(a)))) & simd::splat<V>(0xFF00FF00);
     return simd::as<uint32_t>(simd::add_saturate(simd::as<uint8_t>(b), simd::as<uint8_t>(even | odd)));
 }
 #endif
 struct PremultipliedOverOpaque {
 #if ORV_HAVE_VECTORS
-    template <class V> ORV_INLINE V many(V a, V b, V kept) const { return with_alpha_of(premultiplied_over_lanes(a, b), kept); }
+    template <class V> ORV_INLINE V many(V a, V b, V kept) const
+    {
+        return with_alpha_of(premultiplied_over_lanes(a, b), kept);
+    }
 #endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t kept) const
     {
@@ -131,9 +141,12 @@ struct Over {
         // The upper byte of (m + m / 256) / 256, m a half more than the sum.
         const V m = simd::as<uint32_t>(simd::round_to_int(sum + simd::splat<F>(128)));
         V pixel = simd::shifted_left<16>(m + simd::shifted_right<8>(m)) & simd::splat<V>(0xFF000000);
-        pixel = pixel | simd::as<uint32_t>(simd::round_to_int((upper * numbers<0>(b) + lower * numbers<0>(a)) / divisor));
-        const V second = simd::as<uint32_t>(simd::round_to_int((upper * numbers<1>(b) + lower * numbers<1>(a)) / divisor));
-        const V third = simd::as<uint32_t>(simd::round_to_int((upper * numbers<2>(b) + lower * numbers<2>(a)) / divisor));
+        pixel =
+            pixel | simd::as<uint32_t>(simd::round_to_int((upper * numbers<0>(b) + lower * numbers<0>(a)) / divisor));
+        const V second =
+            simd::as<uint32_t>(simd::round_to_int((upper * numbers<1>(b) + lower * numbers<1>(a)) / divisor));
+        const V third =
+            simd::as<uint32_t>(simd::round_to_int((upper * numbers<2>(b) + lower * numbers<2>(a)) / divisor));
         return pixel | simd::shifted_left<8>(second) | simd::shifted_left<16>(third);
     }
     template <int channel, class V>
@@ -148,7 +161,8 @@ struct Over {
         const uint32_t upper = 255 * channel(b, 3), lower = (255 - channel(b, 3)) * channel(a, 3), sum = upper + lower;
         if (sum == 0) return 0;
         uint32_t pixel = over_255(sum) << 24;
-        for (int c = 0; c < 3; ++c) pixel |= nearest_quotient(upper * channel(b, c) + lower * channel(a, c), sum) << (8 * c);
+        for (int c = 0; c < 3; ++c)
+            pixel |= nearest_quotient(upper * channel(b, c) + lower * channel(a, c), sum) << (8 * c);
         return pixel;
     }
 };
@@ -167,13 +181,15 @@ struct FromThree {
     }
     template <class V, int Bytes> ORV_INLINE V ends(ptrdiff_t n) const
     {
-        return Op().many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n), simd::load_ends<V, Bytes>(kept, n));
+        return Op().many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n),
+                         simd::load_ends<V, Bytes>(kept, n));
     }
 #endif
 };
 
 template <class Op>
-Status compose(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2Step, uint8_t* dst, int dstStep, Size roi)
+Status compose(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2Step, uint8_t* dst, int dstStep,
+               Size roi)
 {
     const FloatControl control;
     const Rows rows(roi, 1, 4, src1Step, src2Step, dstStep);
@@ -192,10 +208,12 @@ struct Blend {
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         using U = LanesOf<V>;
-        const U upper = simd::splat<U>(alpha), lower = simd::splat<U>(static_cast<std::uint16_t>(255 - alpha)), low_byte = simd::splat<U>(255);
+        const U upper = simd::splat<U>(alpha), lower = simd::splat<U>(static_cast<std::uint16_t>(255 - alpha)),
+                low_byte = simd::splat<U>(255);
         const U a2 = simd::as<std::uint16_t>(a), b2 = simd::as<std::uint16_t>(b);
         const U even = simd::mul_low(upper, b2 & low_byte) + simd::mul_low(lower, a2 & low_byte);
-        const U odd = simd::mul_low(upper, simd::shifted_right<8>(b2)) + simd::mul_low(lower, simd::shifted_right<8>(a2));
+        const U odd =
+            simd::mul_low(upper, simd::shifted_right<8>(b2)) + simd::mul_low(lower, simd::shifted_right<8>(a2));
         return simd::as<uint8_t>(lanes_over_255(even) | simd::and_not(low_byte, raised_over_255(odd)));
     }
 #endif
@@ -225,8 +243,8 @@ Status AlphaComp_8u_C4(const uint8_t* src1, int src1Step, const uint8_t* src2, i
     return compose<PremultipliedOver>(src1, src1Step, src2, src2Step, dst, dstStep, roi);
 }
 
-Status AlphaCompC_8u_C3R(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2Step, uint8_t alpha, uint8_t* dst,
-                         int dstStep, Size roi)
+Status AlphaCompC_8u_C3R(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2Step, uint8_t alpha,
+                         uint8_t* dst, int dstStep, Size roi)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     Blend op = {alpha};

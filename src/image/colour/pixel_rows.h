@@ -34,12 +34,16 @@ constexpr Picks make_picks(Place place)
     for (int b = 0; b < 16; ++b) p.from[b] = static_cast<std::uint8_t>(place(b));
     return p;
 }
-ORV_INLINE Bytes shuffled(Bytes a, const Picks& p) { return simd::shuffle_bytes(a, simd::load_repeated<Bytes>(p.from)); }
+ORV_INLINE Bytes shuffled(Bytes a, const Picks& p)
+{
+    return simd::shuffle_bytes(a, simd::load_repeated<Bytes>(p.from));
+}
 
 // 32-bit lanes of three channels as bytes: four of the first, of the second, of the third.
 ORV_INLINE Bytes packed_channels(Ints first, Ints second, Ints third)
 {
-    const Words low = simd::narrow(simd::pair<Ints>{first, second}), high = simd::narrow(simd::pair<Ints>{third, third});
+    const Words low = simd::narrow(simd::pair<Ints>{first, second}),
+                high = simd::narrow(simd::pair<Ints>{third, third});
     return simd::narrow(simd::pair<UnsignedWords>{simd::as<std::uint16_t>(low), simd::as<std::uint16_t>(high)});
 }
 
@@ -75,9 +79,12 @@ ORV_INLINE void block_of(const Op& op, const std::uint8_t* src, std::uint8_t* ds
 {
     using simd::load_parts;
     const Bytes a = shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src)), Packed<Op, 0>::picks);
-    const Bytes b = shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src + 12)), Packed<Op, 1>::picks);
-    const Bytes c = shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src + 24)), Packed<Op, 2>::picks);
-    const Bytes d = shuffled(op.template many<Interleaved<3, 4>>(load_parts<Bytes, 48>(src + 32)), Packed<Op, 3>::picks);
+    const Bytes b =
+        shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src + 12)), Packed<Op, 1>::picks);
+    const Bytes c =
+        shuffled(op.template many<Interleaved<3, 0>>(load_parts<Bytes, 48>(src + 24)), Packed<Op, 2>::picks);
+    const Bytes d =
+        shuffled(op.template many<Interleaved<3, 4>>(load_parts<Bytes, 48>(src + 32)), Packed<Op, 3>::picks);
     simd::store_parts<48>(dst, simd::joined<4>(a, b));
     simd::store_parts<48>(dst + 16, simd::joined<8>(b, c));
     simd::store_parts<48>(dst + 32, simd::joined<12>(c, d));

@@ -36,7 +36,10 @@ struct FromRgbLanes {
     struct Row {
         Words red_green, blue;
 
-        ORV_INLINE Row(const std::int16_t (&m)[3], int zero) : red_green(repeated(m[0], m[1])), blue(repeated(m[2], 64 + 128 * zero)) {}
+        ORV_INLINE Row(const std::int16_t (&m)[3], int zero)
+            : red_green(repeated(m[0], m[1])), blue(repeated(m[2], 64 + 128 * zero))
+        {
+        }
         ORV_INLINE Ints sum(Words rg, Words b) const
         {
             return simd::sum_of_products(rg, red_green) + simd::sum_of_products(b, blue);
@@ -83,7 +86,8 @@ struct ToRgbLanes {
     {
         const Words u256 = signed_chroma(u), v256 = signed_chroma(v);
         const Words u128 = simd::shifted_right<1>(u256), v128 = simd::shifted_right<1>(v256);
-        return {simd::mul_rounded(v128, red_of_v), simd::mul_rounded(u128, green_of_u) + simd::mul_rounded(v128, green_of_v),
+        return {simd::mul_rounded(v128, red_of_v),
+                simd::mul_rounded(u128, green_of_u) + simd::mul_rounded(v128, green_of_v),
                 simd::mul_rounded(u256, half_blue_of_u)};
     }
     ORV_INLINE Words luma_of(UnsignedWords y) const

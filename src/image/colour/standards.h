@@ -1,7 +1,7 @@
 // The colour standards in integers: ITU-R BT.601 and BT.709, each in video and in full range. Luma is
-// Kr R + Kg G + Kb B with Kr = 0.299, Kb = 0.114 (601) or Kr = 0.2126, Kb = 0.0722 (709); chroma is the scaled difference
-// of blue or red from it. Coefficients are these, times 2^15 from RGB and 2^14 to RGB, rounded so that the rows of
-// chroma sum to 0 and the rows of luma to that of white.
+// Kr R + Kg G + Kb B with Kr = 0.299, Kb = 0.114 (601) or Kr = 0.2126, Kb = 0.0722 (709); chroma is the scaled
+// difference of blue or red from it. Coefficients are these, times 2^15 from RGB and 2^14 to RGB, rounded so that the
+// rows of chroma sum to 0 and the rows of luma to that of white.
 #pragma once
 
 #include <cstdint>
@@ -42,7 +42,10 @@ ORV_INLINE Status check_conversion(Size roi, int standard, const Pointers*... po
     return is_standard(standard) ? StatusOk : StatusBadColorStandard;
 }
 
-ORV_INLINE std::uint8_t to_byte(int value) { return static_cast<std::uint8_t>(value < 0 ? 0 : value > 255 ? 255 : value); }
+ORV_INLINE std::uint8_t to_byte(int value)
+{
+    return static_cast<std::uint8_t>(value < 0 ? 0 : value > 255 ? 255 : value);
+}
 
 // A row of the matrix from RGB, without its rounding.
 ORV_INLINE int weighted(const std::int16_t (&row)[3], int red, int green, int blue)

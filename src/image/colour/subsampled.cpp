@@ -55,7 +55,8 @@ struct FromShared {
             if (n >= 2) chroma.put_pixel(m, y[1], dst + 3);
         }
     }
-    void planar_rows(const uint8_t* const (&y)[2], const uint8_t* u, const uint8_t* v, uint8_t* const (&dst)[2], ptrdiff_t n) const
+    void planar_rows(const uint8_t* const (&y)[2], const uint8_t* u, const uint8_t* v, uint8_t* const (&dst)[2],
+                     ptrdiff_t n) const
     {
         planar_row(y[0], u, v, dst[0], n);
         planar_row(y[1], u, v, dst[1], n);
@@ -66,7 +67,10 @@ struct FromShared {
 // --- Vectors --------------------------------------------------------------------------------------
 
 #if ORV_HAVE_BYTE_SHUFFLE
-ORV_INLINE void copy_bytes(uint8_t* to, const uint8_t* from, ptrdiff_t n) { __builtin_memcpy(to, from, static_cast<std::size_t>(n)); }
+ORV_INLINE void copy_bytes(uint8_t* to, const uint8_t* from, ptrdiff_t n)
+{
+    __builtin_memcpy(to, from, static_cast<std::size_t>(n));
+}
 
 struct ToPairs {
     FromRgbLanes lanes;
@@ -78,7 +82,8 @@ struct ToPairs {
     static ORV_INLINE Words pairs(Words a, Words b)
     {
         const Ints first = simd::as<std::int32_t>(a), second = simd::as<std::int32_t>(b);
-        return simd::as<std::int16_t>(simd::even_lanes(first, second)) + simd::as<std::int16_t>(simd::odd_lanes(first, second));
+        return simd::as<std::int16_t>(simd::even_lanes(first, second)) +
+               simd::as<std::int16_t>(simd::odd_lanes(first, second));
     }
     // Eight pixels in 24 bytes become 16 bytes, as often as there are 16 bytes in a register. Chroma is 2^16 times
     // its value, so Cr is where it belongs, in the upper half of its lane.
@@ -86,7 +91,9 @@ struct ToPairs {
     {
         const FromRgbLanes::Pixels a = FromRgbLanes::pixels<Interleaved<3, 0>>(simd::load_parts<Bytes, 24>(src));
         const FromRgbLanes::Pixels b = FromRgbLanes::pixels<Interleaved<3, 4>>(simd::load_parts<Bytes, 24>(src + 8));
-        const auto luma = [&](const FromRgbLanes::Pixels& p) { return simd::shifted_right<15>(lanes.luma.sum(p.red_green, p.blue)); };
+        const auto luma = [&](const FromRgbLanes::Pixels& p) {
+            return simd::shifted_right<15>(lanes.luma.sum(p.red_green, p.blue));
+        };
         const Words y = simd::narrow(simd::pair<Ints>{luma(a), luma(b)});
         const Words red_green = pairs(a.red_green, b.red_green), blue = pairs(a.blue, b.blue);
         const Words cb = simd::as<std::int16_t>(simd::shifted_right<16>(lanes.cb.sum(red_green, blue)));
@@ -148,24 +155,33 @@ struct FromShared {
     }
     ORV_INLINE void put_block(Luma raised, const Shared& chroma, uint8_t* dst) const
     {
-        const auto bytes = [](UnsignedWords low, UnsignedWords high) { return simd::narrow(simd::pair<UnsignedWords>{low, high}); };
+        const auto bytes = [](UnsignedWords low, UnsignedWords high) {
+            return simd::narrow(simd::pair<UnsignedWords>{low, high});
+        };
         const Words low = lanes.luma_of(raised.low), high = lanes.luma_of(raised.high);
         const Bytes first = bytes(ToRgbLanes::whole(low, chroma.low.red), ToRgbLanes::whole(low, chroma.low.green));
-        const Bytes second = bytes(ToRgbLanes::whole(high, chroma.high.red), ToRgbLanes::whole(high, chroma.high.green));
+        const Bytes second =
+            bytes(ToRgbLanes::whole(high, chroma.high.red), ToRgbLanes::whole(high, chroma.high.green));
         const Bytes blue = bytes(ToRgbLanes::whole(low, chroma.low.blue), ToRgbLanes::whole(high, chroma.high.blue));
         simd::store_parts<48>(dst, shuffled(first, PackedFrom<0, 0>::picks) | shuffled(blue, PackedFrom<0, 2>::picks));
-        simd::store_parts<48>(dst + 16, shuffled(first, PackedFrom<1, 0>::picks) | shuffled(second, PackedFrom<1, 1>::picks) |
+        simd::store_parts<48>(dst + 16, shuffled(first, PackedFrom<1, 0>::picks) |
+                                            shuffled(second, PackedFrom<1, 1>::picks) |
                                             shuffled(blue, PackedFrom<1, 2>::picks));
-        simd::store_parts<48>(dst + 32, shuffled(second, PackedFrom<2, 1>::picks) | shuffled(blue, PackedFrom<2, 2>::picks));
+        simd::store_parts<48>(dst + 32,
+                              shuffled(second, PackedFrom<2, 1>::picks) | shuffled(blue, PackedFrom<2, 2>::picks));
     }
 
     // Y0 Cb Y1 Cr.
     ORV_INLINE void packed_block(const uint8_t* src, uint8_t* dst) const
     {
         const Bytes low = simd::load_parts<Bytes, 32>(src), high = simd::load_parts<Bytes, 32>(src + 16);
-        const UnsignedWords low_chroma = simd::as<uint16_t>(shuffled(low, kChroma)), high_chroma = simd::as<uint16_t>(shuffled(high, kChroma));
-        const Luma luma = {simd::shifted_left<8>(simd::as<uint16_t>(low)), simd::shifted_left<8>(simd::as<uint16_t>(high))};
-        put_block(luma, shared(simd::lower_halves(low_chroma, high_chroma), simd::upper_halves(low_chroma, high_chroma)), dst);
+        const UnsignedWords low_chroma = simd::as<uint16_t>(shuffled(low, kChroma)),
+                            high_chroma = simd::as<uint16_t>(shuffled(high, kChroma));
+        const Luma luma = {simd::shifted_left<8>(simd::as<uint16_t>(low)),
+                           simd::shifted_left<8>(simd::as<uint16_t>(high))};
+        put_block(luma,
+                  shared(simd::lower_halves(low_chroma, high_chroma), simd::upper_halves(low_chroma, high_chroma)),
+                  dst);
     }
     ORV_INLINE void packed_row(const uint8_t* src, uint8_t* dst, ptrdiff_t n) const
     {
@@ -183,13 +199,16 @@ struct FromShared {
         return {both.lo, both.hi};
     }
     // Two rows with the same chroma.
-    ORV_INLINE void planar_block(const uint8_t* const (&y)[2], const uint8_t* u, const uint8_t* v, uint8_t* const (&dst)[2], ptrdiff_t x) const
+    ORV_INLINE void planar_block(const uint8_t* const (&y)[2], const uint8_t* u, const uint8_t* v,
+                                 uint8_t* const (&dst)[2], ptrdiff_t x) const
     {
-        const Shared chroma = shared(simd::load_raised<UnsignedWords>(u + x / 2), simd::load_raised<UnsignedWords>(v + x / 2));
+        const Shared chroma =
+            shared(simd::load_raised<UnsignedWords>(u + x / 2), simd::load_raised<UnsignedWords>(v + x / 2));
         put_block(raised_luma(y[0] + x), chroma, dst[0] + 3 * x);
         put_block(raised_luma(y[1] + x), chroma, dst[1] + 3 * x);
     }
-    ORV_INLINE void planar_rows(const uint8_t* const (&y)[2], const uint8_t* u, const uint8_t* v, uint8_t* const (&dst)[2], ptrdiff_t n) const
+    ORV_INLINE void planar_rows(const uint8_t* const (&y)[2], const uint8_t* u, const uint8_t* v,
+                                uint8_t* const (&dst)[2], ptrdiff_t n) const
     {
         ptrdiff_t x = 0;
         for (; x <= n - N; x += N) planar_block(y, u, v, dst, x);

@@ -5,7 +5,8 @@
 
 namespace orv {
 
-using SrcDstStandard = Status(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, Size roi, int standard);
+using SrcDstStandard = Status(const unsigned char* src, int srcStep, unsigned char* dst, int dstStep, Size roi,
+                              int standard);
 using PlanesDstStandard = Status(const unsigned char* srcY, int srcYStep, const unsigned char* srcU, int srcUStep,
                                  const unsigned char* srcV, int srcVStep, unsigned char* dst, int dstStep, Size roi,
                                  int standard);

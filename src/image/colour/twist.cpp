@@ -1,6 +1,7 @@
 #include "image/colour/twist.h"
 
 #include "core/float_control.h"
+#include "core/nan.h"
 #include "image/colour/pixel_rows.h"
 
 namespace orv {
@@ -86,12 +87,15 @@ struct TwistFloats : Twist {
     // All pixels are read before any is written.
     ORV_INLINE void block(const float* src, float* dst) const
     {
-        const simd::three<Floats> pixels = {simd::load<Floats>(src), simd::load<Floats>(src + N), simd::load<Floats>(src + 2 * N)};
+        const simd::three<Floats> pixels = {simd::load<Floats>(src), simd::load<Floats>(src + N),
+                                            simd::load<Floats>(src + 2 * N)};
         const simd::three<Floats> p = simd::separated(pixels);
         Floats out[3] = {many(0, p.a, p.b, p.c), many(1, p.a, p.b, p.c), many(2, p.a, p.b, p.c)};
         const Floats no_number = simd::unordered(out[0], out[1]) | simd::unordered(out[2], out[2]);
         if (__builtin_expect(simd::any(no_number), false)) {
-            for (Floats& channel : out) channel = simd::select(simd::unordered(channel, channel), simd::splat<Floats>(__builtin_nanf("")), channel);
+            for (Floats& channel : out)
+                channel =
+                    simd::select(simd::unordered(channel, channel), simd::splat<Floats>(__builtin_nanf("")), channel);
         }
         const simd::three<Floats> result = simd::side_by_side(simd::three<Floats>{out[0], out[1], out[2]});
         simd::store(dst, result.a);
@@ -121,7 +125,7 @@ struct TwistFloats : Twist {
             const float value = channel(c, p);
             uint32_t bits;
             __builtin_memcpy(&bits, &value, sizeof(bits));
-            if (value != value) bits = 0x7FC00000;
+            if (value != value) bits = kPlainNan;
             put(reinterpret_cast<uint32_t*>(dst + c), bits);
         }
     }

@@ -20,7 +20,9 @@ struct FromRgbPixels {
     ORV_INLINE Bytes many(Bytes rgb) const
     {
         const FromRgbLanes::Pixels p = FromRgbLanes::pixels<From>(rgb);
-        const auto value = [&](const FromRgbLanes::Row& row) { return simd::shifted_right<15>(row.sum(p.red_green, p.blue)); };
+        const auto value = [&](const FromRgbLanes::Row& row) {
+            return simd::shifted_right<15>(row.sum(p.red_green, p.blue));
+        };
         return packed_channels(value(lanes.luma), value(lanes.cb), value(lanes.cr));
     }
 #else
@@ -58,12 +60,18 @@ struct ToRgbPixels {
     Words red_blue, green;
 
     explicit ToRgbPixels(int standard)
-        : m(kToRgb[standard]), lanes(m), red_blue(repeated(m.red_of_v, m.half_blue_of_u)), green(repeated(m.green_of_v, m.green_of_u))
+        : m(kToRgb[standard]),
+          lanes(m),
+          red_blue(repeated(m.red_of_v, m.half_blue_of_u)),
+          green(repeated(m.green_of_v, m.green_of_u))
     {
     }
 
     // Red and blue side by side in the first eight bytes, green in every second of the others.
-    static constexpr int place(int channel, int pixel) { return channel == 1 ? 8 + 2 * pixel : 2 * pixel + channel / 2; }
+    static constexpr int place(int channel, int pixel)
+    {
+        return channel == 1 ? 8 + 2 * pixel : 2 * pixel + channel / 2;
+    }
     template <class From>
     ORV_INLINE Bytes many(Bytes ycc) const
     {
@@ -73,7 +81,8 @@ struct ToRgbPixels {
         const Words rb = simd::mul_rounded(simd::alternate(vu128, vu256), red_blue);
         // The sum of both lanes stands in the lower one.
         const Ints g = simd::sum_of_products(simd::mul_rounded(vu128, green), simd::splat<Words>(1));
-        return simd::narrow(simd::pair<UnsignedWords>{ToRgbLanes::whole(y, rb), ToRgbLanes::whole(y, simd::as<std::int16_t>(g))});
+        return simd::narrow(
+            simd::pair<UnsignedWords>{ToRgbLanes::whole(y, rb), ToRgbLanes::whole(y, simd::as<std::int16_t>(g))});
     }
 #else
     explicit ToRgbPixels(int standard) : m(kToRgb[standard]) {}

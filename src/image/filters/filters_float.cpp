@@ -22,9 +22,9 @@ struct Hipass : Box<Radius, 1> {
     }
 };
 
-// The rows of the kernel are -p, q, 2r, q and -p, where p = 1 3 4 3 1, q = -3 0 6 0 -3 and r = p + q. Of each source row
-// its three weighted sums are kept, not those of pixels at equal distance: where these outgrow single precision, the
-// weighted sum may not. The factor of 3 rounds, so it is not fused with an addition.
+// The rows of the kernel are -p, q, 2r, q and -p, where p = 1 3 4 3 1, q = -3 0 6 0 -3 and r = p + q. Of each source
+// row its three weighted sums are kept, not those of pixels at equal distance: where these outgrow single precision,
+// the weighted sum may not. The factor of 3 rounds, so it is not fused with an addition.
 struct Laplace5x5 {
     static constexpr int kRadius = 2;
     static constexpr int kApart = 1;
@@ -164,7 +164,8 @@ public:
             const std::uint32_t left = constant_ ? value_ : get(words);
             const std::uint32_t right = constant_ ? value_ : get(words + roi_.width - 1);
             for (std::ptrdiff_t i = 0; i < begin; ++i) row_[i] = left;
-            __builtin_memcpy(row_ + begin, words + first + begin, static_cast<std::size_t>(end - begin) * sizeof(*row_));
+            __builtin_memcpy(row_ + begin, words + first + begin,
+                             static_cast<std::size_t>(end - begin) * sizeof(*row_));
             for (std::ptrdiff_t i = end; i < total; ++i) row_[i] = right;
         }
         return reinterpret_cast<const float*>(row_) + radius_;

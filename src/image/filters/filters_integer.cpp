@@ -1,11 +1,12 @@
 // Box and Gauss filters on 8- and 16-bit pixels. Sums of integers are exact in any order, so column
 // sums run from row to row, and rows are summed as it suits the vectors.
-#include "core/float_control.h"
-
 #include <cstdint>
+
+#include "core/float_control.h"
 #include "core/memory.h"
-#include "simd/vec.h"
+#include "elementwise/scaling.h"
 #include "image/filters/filters_common.h"
+#include "simd/vec.h"
 
 namespace orv {
 namespace filters_integer {
@@ -170,13 +171,9 @@ void plain_row(const T* s, int srcStep, std::ptrdiff_t channels, T* dst, std::pt
 // and so are the rows of column sums in memory: element j is even[j / 2] or odd[j / 2]. Rows end with a
 // vector that overlaps its neighbour, and starts on an even element; if one is left, it is done alone.
 
-template <class T> struct wider;
-template <> struct wider<uint8_t> { using type = uint16_t; };
-template <> struct wider<uint16_t> { using type = uint32_t; };
-
 template <class T>
 struct Split {
-    using W = typename wider<T>::type;
+    using W = wider_t<T>;
     using Pixels = simd::widest<T>;
     using V = simd::widest<W>;
     static constexpr int kBits = 8 * sizeof(T);
@@ -205,7 +202,7 @@ ORV_INLINE void cover(std::ptrdiff_t n, Many many, Single single)
 
 template <class T>
 struct SplitRow {
-    using W = typename wider<T>::type;
+    using W = wider_t<T>;
     W* even;
     W* odd;
 
@@ -231,7 +228,7 @@ struct SplitRow {
 template <class T>
 SplitRow<T> split_row(void* memory, int index)
 {
-    using W = typename wider<T>::type;
+    using W = wider_t<T>;
     W* const row = static_cast<W*>(memory) + 2 * kHalfRow * index;
     return {row, row + kHalfRow};
 }
@@ -240,7 +237,7 @@ SplitRow<T> split_row(void* memory, int index)
 template <bool subtract, class T>
 void run_columns(const SplitRow<T>& before, const SplitRow<T>& after, const T* added, const T* dropped, std::ptrdiff_t n)
 {
-    using W = typename wider<T>::type;
+    using W = wider_t<T>;
     cover<T>(n, [=](std::ptrdiff_t j) {
         Split<T> sum = before.load(j);
         const Split<T> a = Split<T>::of(added + j);
@@ -285,7 +282,7 @@ void box_row(const SplitRow<T>& columns, T* dst, std::ptrdiff_t n)
 template <class T>
 void add_three_rows(const SplitRow<T>& columns, const T* above, const T* centre, const T* below, std::ptrdiff_t n)
 {
-    using W = typename wider<T>::type;
+    using W = wider_t<T>;
     using V = typename Split<T>::V;
     cover<T>(n, [=](std::ptrdiff_t j) {
         const auto words = [j](const T* row) { return simd::as<W>(simd::load<typename Split<T>::Pixels>(row + j)); };

@@ -1,4 +1,4 @@
-// Numbers as the float filters want them: floats, one or a vector of them, and as many doubles, widened
+// The numbers that the float filters compute with: floats, one or a vector of them, and as many doubles, widened
 // from floats and rounded back to them. The same names serve one and many: a filter is written once.
 #pragma once
 
@@ -6,6 +6,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/nan.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -34,7 +35,7 @@ ORV_INLINE void store_result(float* p, float value)
 {
     std::uint32_t bits;
     __builtin_memcpy(&bits, &value, sizeof(bits));
-    if ((bits & 0x7FFFFFFFu) > 0x7F800000u) bits = 0xFFFFFFFFu;
+    if ((bits & 0x7FFFFFFFu) > 0x7F800000u) bits = kNanOfOnes;
     __builtin_memcpy(p, &bits, sizeof(bits));
 }
 ORV_INLINE void store_result(float* p, double value) { store_result(p, rounded(static_cast<float>(value))); }

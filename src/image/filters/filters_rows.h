@@ -78,7 +78,8 @@ struct RowSums {
     template <class Element>
     ORV_INLINE Element* row(int y) const
     {
-        return reinterpret_cast<Element*>(static_cast<double*>(memory) + (y + Filter::kRadius) % kRows * (Filter::kSums * kStride));
+        return reinterpret_cast<Element*>(static_cast<double*>(memory) +
+                                          (y + Filter::kRadius) % kRows * (Filter::kSums * kStride));
     }
 };
 
@@ -96,10 +97,13 @@ void add_row(Filter filter, const RowSums<Filter>& memory, int y, std::ptrdiff_t
         using D = decltype(lanes);
         D sums[count][sums_of_row];
         filter.sum_row(source + i, sums[count - 1]);
-        unrolled<sums_of_row>([&](int k) __attribute__((always_inline)) { store(own + stride * k + i, sums[count - 1][k]); });
+        unrolled<sums_of_row>([&](int k)
+                                  __attribute__((always_inline)) { store(own + stride * k + i, sums[count - 1][k]); });
         if (!writes) return;
         unrolled<count - 1>([&](int j) __attribute__((always_inline)) {
-            unrolled<sums_of_row>([&](int k) __attribute__((always_inline)) { sums[j][k] = doubles<D>::load(rows[j] + stride * k + i); });
+            unrolled<sums_of_row>([&](int k) __attribute__((always_inline)) {
+                sums[j][k] = doubles<D>::load(rows[j] + stride * k + i);
+            });
         });
         store_result(dst + i, filter.template result<D>(sums, centre + i));
     });
@@ -193,7 +197,9 @@ struct Box {
     {
         const float* const s = centre - Radius * Channels;
         D sum = doubles<D>::widen(s);
-        unrolled<2 * Radius>([&](int k) __attribute__((always_inline)) { sum = sum + doubles<D>::widen(s + (k + 1) * Channels); });
+        unrolled<2 * Radius>([&](int k) __attribute__((always_inline)) {
+            sum = sum + doubles<D>::widen(s + (k + 1) * Channels);
+        });
         sums[0] = to_single(sum);
     }
     template <class D>

@@ -30,7 +30,11 @@ public:
 
     // `src` is the first pixel of the first window.
     ORV_INLINE SmallStrip(void* memory, const float* src, int srcStep, int width)
-        : keys_(static_cast<Key*>(memory)), apart_(row_elements(width)), src_(bits_at(src)), srcStep_(srcStep), width_(width)
+        : keys_(static_cast<Key*>(memory)),
+          apart_(row_elements(width)),
+          src_(bits_at(src)),
+          srcStep_(srcStep),
+          width_(width)
     {
     }
 
@@ -167,7 +171,8 @@ ORV_INLINE bool is_side(int side) { return side >= 1 && side <= 255 && side % 2 
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-Status FilterMedian_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi, int maskWidth, int maskHeight)
+Status FilterMedian_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi, int maskWidth,
+                           int maskHeight)
 {
     if (const Status bad = check_rank(src, srcStep, dst, dstStep, roi)) return bad;
     if (!is_side(maskWidth) || !is_side(maskHeight)) return StatusBadMaskSize;

@@ -103,7 +103,9 @@ public:
         if (keeps) keep(r, last);
         for (int k = 0; k < results; ++k) {
             V right = simd::from_above<apart>(own.v[k]);
-            if (rest != 0) right = simd::moved_down<apart>(own.v[k], simd::seam<V>(own.v[k], simd::load<V>(beyond[k] + V::N - rest)));
+            if (rest != 0)
+                right =
+                    simd::moved_down<apart>(own.v[k], simd::seam<V>(own.v[k], simd::load<V>(beyond[k] + V::N - rest)));
             put(r, k, last, three(left.v[k], own.v[k], right));
         }
         if (rest == 0) return;
@@ -139,7 +141,8 @@ private:
         simd::store(r.kept + i, simd::load<V>(r.row[results] + i));
     }
     // The results at the end, and their columns with the last ones once more behind them.
-    static ORV_INLINE Columns tail_of(const RowsAround<Lane, results>& r, std::ptrdiff_t end, Lane (&beyond)[results][2 * V::N])
+    static ORV_INLINE Columns tail_of(const RowsAround<Lane, results>& r, std::ptrdiff_t end,
+                                      Lane (&beyond)[results][2 * V::N])
     {
         const Columns own = at(r, end), left = at(r, end - apart);
         Columns tail;
@@ -278,8 +281,8 @@ Status run(const Lane* src, int srcStep, Lane* dst, int dstStep, Size roi)
     void* const memory = orv_allocate_checked(size_product(2, row_bytes));
     if (memory == nullptr) return StatusNoMemory;
     Lane* const kept = static_cast<Lane*>(memory);
-    plane<Values, Way, apart>(Plane<Lane>{src, srcStep, dst, dstStep, static_cast<std::ptrdiff_t>(elements), roi.height, kept,
-                                          row_at(kept, static_cast<int>(row_bytes), 1)});
+    plane<Values, Way, apart>(Plane<Lane>{src, srcStep, dst, dstStep, static_cast<std::ptrdiff_t>(elements), roi.height,
+                                          kept, row_at(kept, static_cast<int>(row_bytes), 1)});
     orv_release(memory);
     return StatusOk;
 }

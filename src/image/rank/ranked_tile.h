@@ -72,7 +72,8 @@ public:
     {
         for (std::ptrdiff_t i = 0; i < count; ++i) below_ += flip(numbers[i * apart]);
     }
-    void replace(const std::uint32_t* leaving, const std::uint32_t* entering, std::ptrdiff_t count, std::ptrdiff_t apart)
+    void replace(const std::uint32_t* leaving, const std::uint32_t* entering, std::ptrdiff_t count,
+                 std::ptrdiff_t apart)
     {
         int below = below_;
         for (std::ptrdiff_t i = 0; i < count; ++i) {
@@ -144,7 +145,9 @@ ORV_INLINE TileShape best_tile(TileShape whole, std::ptrdiff_t most)
         const long long yield = 1024LL * tile.along * tile.across / tile.elements();
         if (yield > best_yield) best = tile, best_yield = yield;
     }
-    const auto evenly = [](int total, int part) { return total / ((total - 1) / part + 1) + (total % ((total - 1) / part + 1) != 0); };
+    const auto evenly = [](int total, int part) {
+        return total / ((total - 1) / part + 1) + (total % ((total - 1) / part + 1) != 0);
+    };
     best.along = evenly(whole.along, best.along);
     best.across = evenly(whole.across, best.across);
     return best;

@@ -6,6 +6,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/nan.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -35,8 +36,7 @@ template <>
 ORV_INLINE float to_pixel<float>(double value)
 {
     float pixel = rounded(static_cast<float>(value));
-    const std::uint32_t quiet = 0x7FC00000;
-    if (value != value) __builtin_memcpy(&pixel, &quiet, sizeof(pixel));
+    if (value != value) __builtin_memcpy(&pixel, &kPlainNan, sizeof(pixel));
     return pixel;
 }
 

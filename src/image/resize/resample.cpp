@@ -61,7 +61,10 @@ struct CubicTables {
 // Behind the sums there is room to read whole vectors. One channel has four rows of them, and once more the
 // same side by side.
 constexpr int kSpareSums = 8;
-std::int64_t room_for_sums(std::int64_t width, int channels) { return (width + kSpareSums) * (channels == 1 ? 8 : channels); }
+std::int64_t room_for_sums(std::int64_t width, int channels)
+{
+    return (width + kSpareSums) * (channels == 1 ? 8 : channels);
+}
 
 std::int64_t engine_bytes(Size source, Size destination, int channels, int code)
 {
@@ -111,7 +114,8 @@ void run_nearest(const Call<T>& call, int columns, int rows)
     for (int x = 0; x < width; ++x) column[x] -= call.x.low;
     const T* const src = call.src + std::ptrdiff_t{call.x.low} * Channels;
     const Picker picker(column, width, call.x.high - call.x.low + 1, blocks);
-    for (int y = 0; y < call.y.count(); ++y) picker.pick(row_at(src, call.srcStep, row[y]), row_at(call.dst, call.dstStep, y));
+    for (int y = 0; y < call.y.count(); ++y)
+        picker.pick(row_at(src, call.srcStep, row[y]), row_at(call.dst, call.dstStep, y));
 }
 
 template <class T, int Channels>
@@ -145,9 +149,12 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
     if (row == call.y.count()) return;
     double* const sums = call.parts->template take<double>(room_for_sums(source_width, Channels));
     // For bytes in float: a row before it is rounded, and the weights.
-    [[maybe_unused]] float* const pixels = call.parts->template take<float>(std::int64_t{columns} * Channels + kSpareSums);
-    [[maybe_unused]] float* const column_weights = call.parts->template take<float>(Taps::room(call.code, source_width, columns));
-    [[maybe_unused]] float* const row_weights = call.parts->template take<float>(Taps::room(call.code, source_height, rows));
+    [[maybe_unused]] float* const pixels =
+        call.parts->template take<float>(std::int64_t{columns} * Channels + kSpareSums);
+    [[maybe_unused]] float* const column_weights =
+        call.parts->template take<float>(Taps::room(call.code, source_width, columns));
+    [[maybe_unused]] float* const row_weights =
+        call.parts->template take<float>(Taps::room(call.code, source_height, rows));
     // What is read of sums but not used must not be anything that is slow to compute with.
     __builtin_memset(sums, 0, static_cast<std::size_t>(room_for_sums(source_width, Channels)) * sizeof(double));
     ManyTaps<T, Channels> taps = {call.src, call.srcStep, x, y, sums, call.x.count()};
@@ -167,7 +174,8 @@ void run_many_taps(const Call<T>& call, int columns, int rows)
         }
         taps.sums = sums;
     } else {
-        const ManyTapsOfBytes<Channels> fast = {taps, reinterpret_cast<float*>(sums), pixels, column_weights, row_weights};
+        const ManyTapsOfBytes<Channels> fast = {taps, reinterpret_cast<float*>(sums), pixels, column_weights,
+                                                row_weights};
         if (taps.most_columns + taps.most_rows <= fast.kMostTaps) {
             fast.prepare(call.y.count());
             for (; row < call.y.count(); ++row) fast.row(row, row_at(call.dst, call.dstStep, row));
@@ -187,8 +195,14 @@ void run(const Call<T>& call)
     if (call.code == kNearest) {
         // Floats move by their bits.
         if constexpr (sizeof(T) == 4) {
-            const Call<std::uint32_t> bits = {reinterpret_cast<const std::uint32_t*>(call.src), call.srcStep,
-                                              reinterpret_cast<std::uint32_t*>(call.dst), call.dstStep, call.x, call.y, call.code, call.parts};
+            const Call<std::uint32_t> bits = {reinterpret_cast<const std::uint32_t*>(call.src),
+                                              call.srcStep,
+                                              reinterpret_cast<std::uint32_t*>(call.dst),
+                                              call.dstStep,
+                                              call.x,
+                                              call.y,
+                                              call.code,
+                                              call.parts};
             run_nearest<std::uint32_t, Channels>(bits, columns, rows);
         } else {
             run_nearest<T, Channels>(call, columns, rows);
@@ -249,7 +263,8 @@ Status ResizeGetBufSize(Rectangle srcRoi, Rectangle dstRoi, int channels, int in
     const Size source = {srcRoi.width, srcRoi.height}, destination = {dstRoi.width, dstRoi.height};
     std::int64_t bytes = engine_bytes(source, destination, channels, without_flags(interpolation));
     // Pixels have up to four bytes per channel.
-    if (smooths(interpolation)) bytes += in_lines(4 * 2 * channels * (std::int64_t{destination.width} + destination.height));
+    if (smooths(interpolation))
+        bytes += in_lines(4 * 2 * channels * (std::int64_t{destination.width} + destination.height));
     if (bytes > INT32_MAX) return StatusBadSize;
     *size = static_cast<int>(bytes);
     return StatusOk;
@@ -279,7 +294,8 @@ Status ZoomMapping(Size source, int dstWidth, const float& zoom, int panX, int p
     const float ratio = rounded(rounded(static_cast<float>(dstWidth)) / rounded(static_cast<float>(source.width)));
     const float factor = rounded(ratio * zoom);
     const auto shift = [=](int length, int pan) {
-        const double corner = rounded(rounded(length * 0.5) - rounded(rounded(length / static_cast<double>(zoom)) * 0.5));
+        const double corner =
+            rounded(rounded(length * 0.5) - rounded(rounded(length / static_cast<double>(zoom)) * 0.5));
         const double scale = static_cast<double>(factor);
         if (scale != scale) return scale;  // both factors are NaNs, and compilers may swap them
         return rounded(-rounded(corner + pan) * scale);

@@ -26,9 +26,9 @@ using Zoom = Status(Size source, int dstWidth, const float& zoom, int panX, int 
                     SquareMapping* mapping);
 
 template <class T>
-using Resample = Status(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep, Rectangle dstRoi,
-                        const double& xFactor, const double& yFactor, const double& xShift, const double& yShift,
-                        int interpolation, void* buffer);
+using Resample = Status(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep,
+                        Rectangle dstRoi, const double& xFactor, const double& yFactor, const double& xShift,
+                        const double& yShift, int interpolation, void* buffer);
 
 #define KERNEL(name, ...) extern "C" ORV_INTERNAL const Operation<__VA_ARGS__> orv_##name;
 #include "image/resize/resample.inc"

@@ -13,20 +13,25 @@ namespace ORV_LEVEL {
 namespace {
 
 template <class T, int Channels>
-Status resize(const T* src, int srcStep, T* dst, int dstStep, int x0, int y0, Size tile, int border, const void* plan, void* buffer)
+Status resize(const T* src, int srcStep, T* dst, int dstStep, int x0, int y0, Size tile, int border, const void* plan,
+              void* buffer)
 {
     ResizeTile part;
-    if (const Status bad = check_resize(src, srcStep, dst, dstStep, x0, y0, tile, plan, buffer, kResizeCubic, &part)) return bad;
+    if (const Status bad = check_resize(src, srcStep, dst, dstStep, x0, y0, tile, plan, buffer, kResizeCubic, &part))
+        return bad;
     if (const Status bad = check_border(border)) return bad;
     const FloatControl control;
     const ResizePlan* const p = plan_in(plan);
     const bool replicate = (border & 7) == kBorderReplicate;
-    const auto limits = [replicate](int length) { return replicate ? TapLimits{0, length - 1} : TapLimits{INT_MIN, INT_MAX}; };
+    const auto limits = [replicate](int length) {
+        return replicate ? TapLimits{0, length - 1} : TapLimits{INT_MIN, INT_MAX};
+    };
     const auto taps = [p](const ResizeAxis& axis, int offset) {
         return FourTaps{indices_of(p, axis) + offset, weights_of(p, axis) + std::ptrdiff_t{4} * offset};
     };
-    const FourTapsJob<T> job = {src,  srcStep, limits(p->x.source), limits(p->y.source), taps(p->x, part.x0), taps(p->y, part.y0),
-                                dst, dstStep, part.size};
+    const FourTapsJob<T> job = {
+        src,     srcStep,  limits(p->x.source), limits(p->y.source), taps(p->x, part.x0), taps(p->y, part.y0), dst,
+        dstStep, part.size};
     four_taps<Channels>(job, buffer);
     return StatusOk;
 }

@@ -30,7 +30,7 @@ ORV_INLINE const float* weights_of(const ResizePlan* plan, const ResizeAxis& axi
 }
 
 // Hands out consecutive parts of a work buffer, each on a line of its own. Given null, it measures: the
-// same calls that use a buffer tell its size.
+// same calls that use a buffer give its size.
 class Parts {
 public:
     ORV_INLINE explicit Parts(void* buffer) : base_(first_line(static_cast<char*>(buffer))) {}
@@ -38,7 +38,8 @@ public:
     ORV_INLINE T* take(std::int64_t count)
     {
         ORV_ASSERT(count >= 0);
-        T* const part = reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(base_) + static_cast<std::uintptr_t>(used_));
+        T* const part =
+            reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(base_) + static_cast<std::uintptr_t>(used_));
         used_ += in_lines(count * static_cast<std::int64_t>(sizeof(T)));
         return part;
     }

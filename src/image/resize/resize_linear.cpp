@@ -17,7 +17,7 @@ namespace {
 using std::uint16_t;
 
 // The source row as doubles, from column `first` on; columns outside the limits repeat the nearest.
-void fetch_row(const uint16_t* line, int first, std::ptrdiff_t span, int low, int high, double* out)
+void fetch_line(const uint16_t* line, int first, std::ptrdiff_t span, int low, int high, double* out)
 {
     std::ptrdiff_t i = 0;
     for (; i < span && first + i < low; ++i) out[i] = static_cast<double>(get(line + low));
@@ -94,7 +94,7 @@ Status ResizeLinear_16u_C1(const uint16_t* src, int srcStep, uint16_t* dst, int 
         row = row < low ? low : row > bottom ? bottom : row;
         const int slot = row & 1;
         if (!filled[slot] || held[slot] != row) {
-            fetch_row(row_at(src, srcStep, row), first, span, low, right, buffers.source);
+            fetch_line(row_at(src, srcStep, row), first, span, low, right, buffers.source);
             blend_columns(buffers.source, columns, weights_of(p, p->x) + part.x0, first, part.size.width, buffers.rows[slot]);
             filled[slot] = true;
             held[slot] = row;

@@ -14,7 +14,8 @@ template <class T, int Channels>
 Status resize(const T* src, int srcStep, T* dst, int dstStep, int x0, int y0, Size tile, const void* plan, void* buffer)
 {
     ResizeTile part;
-    if (const Status bad = check_resize(src, srcStep, dst, dstStep, x0, y0, tile, plan, buffer, kResizeNearest, &part)) return bad;
+    if (const Status bad = check_resize(src, srcStep, dst, dstStep, x0, y0, tile, plan, buffer, kResizeNearest, &part))
+        return bad;
     const ResizePlan* const p = plan_in(plan);
     const int* const rows = indices_of(p, p->y) + part.y0;
     using Picker = PixelPicker<T, Channels>;

@@ -71,7 +71,10 @@ void set_lengths(ResizeAxis& axis, int source, int destination)
     axis.before = axis.after = 0;
 }
 
-double scale_of(const ResizeAxis& axis) { return static_cast<double>(axis.source) / static_cast<double>(axis.destination); }
+double scale_of(const ResizeAxis& axis)
+{
+    return static_cast<double>(axis.source) / static_cast<double>(axis.destination);
+}
 
 // Positions on an integer go to the pixel before it: a reduction by two takes the left pixel of each pair.
 constexpr double kNearestBias = 1e-10;
@@ -102,7 +105,8 @@ void positions(const ResizeAxis& axis, int* __restrict indices, float* __restric
 void count_outside(ResizeAxis& axis, const int* indices, int before_taps, int after_taps)
 {
     while (axis.before < axis.destination && indices[axis.before] < before_taps) ++axis.before;
-    while (axis.after < axis.destination && indices[axis.destination - 1 - axis.after] + after_taps >= axis.source) ++axis.after;
+    while (axis.after < axis.destination && indices[axis.destination - 1 - axis.after] + after_taps >= axis.source)
+        ++axis.after;
 }
 
 ResizePlan* begin(void* block, Size source, Size destination, int interpolation)
@@ -123,11 +127,13 @@ float* weights_in(ResizePlan* plan, const ResizeAxis& axis) { return const_cast<
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-Status ResizeGetSize(Size source, Size destination, int interpolation, int antialiasing, int* planSize, int* initBufferSize)
+Status ResizeGetSize(Size source, Size destination, int interpolation, int antialiasing, int* planSize,
+                     int* initBufferSize)
 {
     if (any_null(planSize, initBufferSize)) return StatusNullPointer;
     if (const Status bad = check_sizes(source, destination)) return bad;
-    if (interpolation != kResizeNearest && interpolation != kResizeLinear && interpolation != kResizeCubic) return StatusBadInterpolation;
+    if (interpolation != kResizeNearest && interpolation != kResizeLinear && interpolation != kResizeCubic)
+        return StatusBadInterpolation;
     if (antialiasing != 0) return StatusUnsupportedBorder;
     ResizePlan plan;
     plan.interpolation = interpolation;
@@ -180,7 +186,8 @@ Status ResizeCubicInit(Size source, Size destination, float B, float C, void* pl
         float* const weights = weights_in(p, axis);
         // The fraction, a float, stands where the first of its weights will.
         positions(axis, indices, weights, 4);
-        for (std::ptrdiff_t i = 0; i < axis.destination; ++i) family.weights(static_cast<double>(weights[4 * i]), weights + 4 * i);
+        for (std::ptrdiff_t i = 0; i < axis.destination; ++i)
+            family.weights(static_cast<double>(weights[4 * i]), weights + 4 * i);
         count_outside(axis, indices, 1, 2);
     });
     p->tag = kResizePlanTag;
@@ -196,9 +203,10 @@ Status ResizeGetBufferSize(const void* plan, Size destination, int channels, int
     if (channels != 1 && channels != 3 && channels != 4) return StatusBadChannels;
     const int width = destination.width < p.x.destination ? destination.width : p.x.destination;
     // Taps reach two pixels beyond the source on either side.
-    const std::int64_t bytes = p.interpolation == kResizeNearest  ? picker_bytes(width, channels)
-                               : p.interpolation == kResizeLinear ? LinearBuffers(nullptr, width, p.x.source + std::int64_t{2}).bytes
-                                                                  : four_taps_bytes(width, p.x.source + std::int64_t{4}, channels);
+    const std::int64_t bytes = p.interpolation == kResizeNearest ? picker_bytes(width, channels)
+                               : p.interpolation == kResizeLinear
+                                   ? LinearBuffers(nullptr, width, p.x.source + std::int64_t{2}).bytes
+                                   : four_taps_bytes(width, p.x.source + std::int64_t{4}, channels);
     if (bytes > INT32_MAX) return StatusBadSize;
     *size = static_cast<int>(bytes);
     return StatusOk;

@@ -38,7 +38,8 @@ struct ResizePlan {
 };
 
 // The cubic of two parameters needs a buffer while it is prepared.
-using PlanSize = Status(Size source, Size destination, int interpolation, int antialiasing, int* planSize, int* initBufferSize);
+using PlanSize = Status(Size source, Size destination, int interpolation, int antialiasing, int* planSize,
+                        int* initBufferSize);
 using PlanInit = Status(Size source, Size destination, void* plan);
 using PlanInitCubic = Status(Size source, Size destination, float B, float C, void* plan, void* initBuffer);
 using PlanBufferSize = Status(const void* plan, Size destination, int channels, int* size);

@@ -125,7 +125,8 @@ struct Taps {
     // Room for weights: areas meet at most in one pixel.
     static ORV_INLINE std::int64_t room(int interpolation, std::int64_t source, std::int64_t positions)
     {
-        return interpolation == kSupersampling ? source + 2 * positions : (interpolation == kLanczos ? 6 : 2) * positions;
+        return interpolation == kSupersampling ? source + 2 * positions
+                                               : (interpolation == kLanczos ? 6 : 2) * positions;
     }
     ORV_INLINE Taps(Parts& parts, int interpolation, std::int64_t source, std::int64_t positions)
         : first(parts.take<int>(positions)), start(parts.take<int>(positions + 1)),

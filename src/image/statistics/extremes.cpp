@@ -7,7 +7,9 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/nan.h"
 #include "elementwise/rows.h"
+#include "image/statistics/copy_few.h"
 #include "simd/reductions.h"
 
 namespace orv {
@@ -127,32 +129,23 @@ struct Lanes {
                 return;
             }
         }
-        // The row, repeated until it fills a step. Floats are copied as bytes.
-        constexpr int kFull = channels == 3 ? kStep : V::N;
+        // The row, repeated until it fills a step.
+        constexpr ptrdiff_t kFull = channels == 3 ? kStep : V::N, kBytes = sizeof(T);
         T repeated[kFull];
-        copy(repeated, row, n);
+        copy_few(repeated, row, n * kBytes);
         for (ptrdiff_t filled = n; filled < kFull; filled *= 2) {
-            copy(repeated + filled, repeated, filled < kFull - filled ? filled : kFull - filled);
+            copy_few(repeated + filled, repeated, (filled < kFull - filled ? filled : kFull - filled) * kBytes);
         }
         for (int k = 0; k < kFull / V::N; ++k) include(k, simd::load<V>(repeated + k * V::N));
-    }
-    static ORV_INLINE void copy(T* to, const T* from, ptrdiff_t n)
-    {
-        ptrdiff_t bytes = n * static_cast<ptrdiff_t>(sizeof(T));
-        uint8_t* d = reinterpret_cast<uint8_t*>(to);
-        const uint8_t* s = reinterpret_cast<const uint8_t*>(from);
-        for (; bytes >= 16; bytes -= 16, d += 16, s += 16) std::memcpy(d, s, 16);
-        if ((bytes & 8) != 0) std::memcpy(d, s, 8), d += 8, s += 8;
-        if ((bytes & 4) != 0) std::memcpy(d, s, 4), d += 4, s += 4;
-        if ((bytes & 2) != 0) std::memcpy(d, s, 2), d += 2, s += 2;
-        if ((bytes & 1) != 0) *d = *s;
     }
     // May be false where it could be true: only time is lost.
     ORV_INLINE bool is_final() const
     {
         if (std::is_same<T, float>::value || channels == 3) return false;
-        if ((wanted & least) != 0 && !reached(low, Range<T>::lowest, [](V a, V b) { return simd::min(a, b); })) return false;
-        if ((wanted & greatest) != 0 && !reached(high, Range<T>::highest, [](V a, V b) { return simd::max(a, b); })) return false;
+        if ((wanted & least) != 0 && !reached(low, Range<T>::lowest, [](V a, V b) { return simd::min(a, b); }))
+            return false;
+        if ((wanted & greatest) != 0 && !reached(high, Range<T>::highest, [](V a, V b) { return simd::max(a, b); }))
+            return false;
         return true;
     }
     template <class Join>
@@ -246,12 +239,13 @@ uint32_t first_bits(const float* src, int srcStep, Size roi, int channels, int c
             if (wanted(bits)) return bits;
         }
     }
-    return 0x7FC00000;
+    return kPlainNan;
 }
 
 // The extreme of a channel as it stands in the image: the first zero if it is one; and where nothing left
 // the start of the search, there may have been nothing but NaNs.
-void write_extreme(float value, float start, const float* src, int srcStep, Size roi, int channels, int channel, float* result)
+void write_extreme(float value, float start, const float* src, int srcStep, Size roi, int channels, int channel,
+                   float* result)
 {
     uint32_t bits = bits_of(&value);
     if (value == start) {
@@ -272,8 +266,10 @@ ORV_INLINE void write_extremes(const T* src, int srcStep, Size roi, T* low, T* h
         const FloatControl control;
         const Extremes<T> found = find<wanted, channels>(src, srcStep, roi);
         for (int c = 0; c < channels; ++c) {
-            if ((wanted & least) != 0) write_extreme(found.low[c], Range<T>::highest, src, srcStep, roi, channels, c, low + c);
-            if ((wanted & greatest) != 0) write_extreme(found.high[c], Range<T>::lowest, src, srcStep, roi, channels, c, high + c);
+            if ((wanted & least) != 0)
+                write_extreme(found.low[c], Range<T>::highest, src, srcStep, roi, channels, c, low + c);
+            if ((wanted & greatest) != 0)
+                write_extreme(found.high[c], Range<T>::lowest, src, srcStep, roi, channels, c, high + c);
         }
     } else {
         const Extremes<T> found = find<wanted, channels>(src, srcStep, roi);
@@ -399,9 +395,15 @@ Status position(const T* src, int srcStep, Size roi, T* result, int* column, int
 // --- Kernels --------------------------------------------------------------------------------------
 
 #define ONE(name, T, wanted, channels) \
-    Status name(const T* src, int srcStep, Size roi, T* results) { return extreme<wanted, channels>(src, srcStep, roi, results); }
+    Status name(const T* src, int srcStep, Size roi, T* results) \
+    { \
+        return extreme<wanted, channels>(src, srcStep, roi, results); \
+    }
 #define TWO(name, T, channels) \
-    Status name(const T* src, int srcStep, Size roi, T* first, T* second) { return extremes<channels>(src, srcStep, roi, first, second); }
+    Status name(const T* src, int srcStep, Size roi, T* first, T* second) \
+    { \
+        return extremes<channels>(src, srcStep, roi, first, second); \
+    }
 #define POSITION(name, T, wanted)                                                             \
     Status name(const T* src, int srcStep, Size roi, T* value, int* column, int* row)         \
     {                                                                                         \

@@ -6,6 +6,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/nan.h"
 #include "elementwise/rows.h"
 #include "simd/conversion.h"
 
@@ -338,8 +339,7 @@ RunningSums<channels> sums_of(const float* src, int srcStep, Size roi)
 double one_nan(double value)
 {
     if (value == value) return value;
-    constexpr uint64_t bits = 0x7FF8000000000000;
-    std::memcpy(&value, &bits, sizeof(value));
+    std::memcpy(&value, &kPlainNan64, sizeof(value));
     return value;
 }
 
@@ -363,7 +363,10 @@ Status reduce(const float* src, int srcStep, Size roi, double* results)
 }  // namespace
 
 #define REDUCTION(name, ...) \
-    Status name(const float* src, int srcStep, Size roi, double* results, int) { return __VA_ARGS__(src, srcStep, roi, results); }
+    Status name(const float* src, int srcStep, Size roi, double* results, int) \
+    { \
+        return __VA_ARGS__(src, srcStep, roi, results); \
+    }
 
 REDUCTION(Sum_32f_C1R, reduce<Result::sum, 1>)
 REDUCTION(Sum_32f_C3R, reduce<Result::sum, 3>)

@@ -98,7 +98,7 @@ void count(const uint8_t* src, int srcStep, Size roi, const Levels& l, int* hist
     }
 }
 
-// 16-bit values have too many values for that: a table tells the place of each one's bin among the bins
+// 16-bit values have too many values for that: a table holds the place of each one's bin among the bins
 // that can hold pixels; all other values share one place behind them.
 struct Places {
     int64_t first_bin, bins;
@@ -127,7 +127,8 @@ void fill_bins(uint16_t* place, int first, int last, int64_t k, int64_t width)
     // Division by multiplication: exact, since the error of the factor times 2^16 stays below 1.
     const uint64_t factor = 0x100000000u / static_cast<uint64_t>(width) + 1;
     for (int value = first; value < last; ++value) {
-        place[value] = static_cast<uint16_t>(static_cast<uint64_t>(k) + (static_cast<uint64_t>(value - first) * factor >> 32));
+        place[value] =
+            static_cast<uint16_t>(static_cast<uint64_t>(k) + (static_cast<uint64_t>(value - first) * factor >> 32));
     }
 }
 
@@ -151,14 +152,16 @@ void count_row(const uint16_t* p, ptrdiff_t n, const uint16_t* place, uint32_t* 
 {
     ptrdiff_t i = 0;
     for (; i + 4 <= n; i += 4) {
-        count_four(tables, size, place[get(p + i)], place[get(p + i + 1)], place[get(p + i + 2)], place[get(p + i + 3)]);
+        count_four(tables, size, place[get(p + i)], place[get(p + i + 1)], place[get(p + i + 2)],
+                   place[get(p + i + 3)]);
     }
     for (; i < n; ++i) ++tables[place[get(p + i)]];
 }
 
 // With many bins the table of places would only add to what the cache must hold: values are counted, and
 // their counts added up.
-void count_values(const uint16_t* src, int srcStep, Size roi, const Levels& l, const Places& places, uint32_t* table, int* histogram)
+void count_values(const uint16_t* src, int srcStep, Size roi, const Levels& l, const Places& places, uint32_t* table,
+                  int* histogram)
 {
     std::memset(table, 0, 65536 * sizeof(uint32_t));
     for (int y = 0; y < roi.height; ++y) {
@@ -204,7 +207,8 @@ void count(const uint16_t* src, int srcStep, Size roi, const Levels& l, int* his
     const bool many_bins = places.bins > 4096;
     const int64_t table_bytes = many_bins ? 65536 * 4 : int64_t{size} * kTables * 4;
     // Tables longer than the image cost more than they save.
-    void* const memory = pixels < 2048 || pixels < places.bins / 4 ? nullptr : orv_allocate_checked(65536 * 2 + table_bytes);
+    void* const memory =
+        pixels < 2048 || pixels < places.bins / 4 ? nullptr : orv_allocate_checked(65536 * 2 + table_bytes);
     if (memory == nullptr) return count_directly(src, srcStep, roi, l, histogram);
 
     uint32_t* const tables = static_cast<uint32_t*>(memory);

@@ -8,6 +8,7 @@
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "elementwise/rows.h"
+#include "image/statistics/copy_few.h"
 #include "simd/reductions.h"
 
 namespace orv {
@@ -248,16 +249,6 @@ struct WordSquares {
     }
 };
 
-// n bytes, fewer than a vector or three: quicker than a call.
-ORV_INLINE void copy_rest(uint8_t* to, const uint8_t* from, int n)
-{
-    for (; n >= 16; n -= 16, to += 16, from += 16) std::memcpy(to, from, 16);
-    if ((n & 8) != 0) std::memcpy(to, from, 8), to += 8, from += 8;
-    if ((n & 4) != 0) std::memcpy(to, from, 4), to += 4, from += 4;
-    if ((n & 2) != 0) std::memcpy(to, from, 2), to += 2, from += 2;
-    if ((n & 1) != 0) *to = *from;
-}
-
 template <class Way, class T>
 Totals add_up(const T* src, int srcStep, Size roi, int channels)
 {
@@ -293,7 +284,7 @@ Totals add_up(const T* src, int srcStep, Size roi, int channels)
         }
         if (rest != 0) {
             alignas(32) uint8_t padded[step_bytes] = {};
-            copy_rest(padded, p, rest);
+            copy_few(padded, p, rest);
             way.step(padded);
             use_room(1);
         }
@@ -385,7 +376,8 @@ template <class T>
 Status mean_deviation(const T* src, int srcStep, Size roi, double* mean, double* deviation)
 {
     if (const Status bad = check_image(roi, src)) return bad;
-    if (srcStep < 1 || srcStep < static_cast<int64_t>(roi.width) * static_cast<int64_t>(sizeof(T))) return StatusBadStep;
+    if (srcStep < 1 || srcStep < static_cast<int64_t>(roi.width) * static_cast<int64_t>(sizeof(T)))
+        return StatusBadStep;
     const FloatControl control;
     const Totals totals = squares_of(src, srcStep, roi);
     const double n = pixels_of(roi);
@@ -402,9 +394,15 @@ Status mean_deviation(const T* src, int srcStep, Size roi, double* mean, double*
 // --- Kernels --------------------------------------------------------------------------------------
 
 #define RESULTS(name, T, channels, ...) \
-    Status name(const T* src, int srcStep, Size roi, double* results) { return __VA_ARGS__(src, srcStep, roi, results, channels); }
+    Status name(const T* src, int srcStep, Size roi, double* results) \
+    { \
+        return __VA_ARGS__(src, srcStep, roi, results, channels); \
+    }
 #define MEAN_AND_DEVIATION(name, T) \
-    Status name(const T* src, int srcStep, Size roi, double* first, double* second) { return mean_deviation(src, srcStep, roi, first, second); }
+    Status name(const T* src, int srcStep, Size roi, double* first, double* second) \
+    { \
+        return mean_deviation(src, srcStep, roi, first, second); \
+    }
 
 RESULTS(Sum_8u_C1R, uint8_t, 1, sum)
 RESULTS(Sum_8u_C3R, uint8_t, 3, sum)

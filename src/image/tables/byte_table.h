@@ -36,13 +36,15 @@ public:
         const V top = simd::splat<V>(0x80);
         const S less = simd::splat<S>(16);
         V low[2] = {x.lo, x.hi}, high[2] = {x.lo ^ top, x.hi ^ top}, found[2];
-        for (int i = 0; i < 2; ++i) found[i] = simd::shuffle_bytes(piece(0), low[i]) ^ simd::shuffle_bytes(piece(8), high[i]);
+        for (int i = 0; i < 2; ++i)
+            found[i] = simd::shuffle_bytes(piece(0), low[i]) ^ simd::shuffle_bytes(piece(8), high[i]);
 #pragma GCC unroll 7
         for (int k = 1; k < 8; ++k) {
             for (int i = 0; i < 2; ++i) {
                 low[i] = simd::as<std::uint8_t>(simd::sub_saturate(simd::as<std::int8_t>(low[i]), less));
                 high[i] = simd::as<std::uint8_t>(simd::sub_saturate(simd::as<std::int8_t>(high[i]), less));
-                found[i] = found[i] ^ simd::shuffle_bytes(piece(k), low[i]) ^ simd::shuffle_bytes(piece(k + 8), high[i]);
+                found[i] =
+                    found[i] ^ simd::shuffle_bytes(piece(k), low[i]) ^ simd::shuffle_bytes(piece(k + 8), high[i]);
             }
         }
         return {found[0], found[1]};
@@ -70,8 +72,8 @@ ORV_INLINE void byte_row(const ByteTable& table, const std::uint8_t* src, std::u
 }
 #endif
 
-inline void lookup_bytes(const std::uint8_t* src, int srcStep, const std::uint8_t* table, std::uint8_t* dst, int dstStep, Size roi,
-                         int channels)
+inline void lookup_bytes(const std::uint8_t* src, int srcStep, const std::uint8_t* table, std::uint8_t* dst,
+                         int dstStep, Size roi, int channels)
 {
 #if ORV_HAVE_INT256
     const Rows rows(roi, channels, 1, srcStep, dstStep);

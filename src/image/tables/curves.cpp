@@ -2,6 +2,7 @@
 
 #include "core/float_control.h"
 #include "core/memory.h"
+#include "core/nan.h"
 #include "image/tables/byte_table.h"
 #include "image/tables/lookup_rows.h"
 #include "simd/conversion.h"
@@ -60,7 +61,8 @@ void fill_line(const Line& line, D* table)
     static const double places[8] = {0, 1, 2, 3, 4, 5, 6, 7};
     Pair place;
     simd::load_to(place, places);
-    const Doubles run = simd::splat<Doubles>(line.run), base = simd::splat<Doubles>(static_cast<double>(line.first) * line.run);
+    const Doubles run = simd::splat<Doubles>(line.run),
+                  base = simd::splat<Doubles>(static_cast<double>(line.first) * line.run);
     const Doubles rise = simd::splat<Doubles>(line.falls ? -static_cast<double>(line.rise) : line.rise);
     const auto eight_from = [&](uint32_t i) {
         const Doubles from = simd::splat<Doubles>(i);
@@ -170,7 +172,6 @@ Status curve_of_words(const uint16_t* src, int srcStep, const uint16_t* levels, 
 
 ORV_INLINE uint32_t bits_at(const float* p) { return get(reinterpret_cast<const uint32_t*>(p)); }
 ORV_INLINE bool is_finite(uint32_t bits) { return (bits & 0x7F800000) != 0x7F800000; }
-constexpr uint32_t kNan = 0x7FC00000;
 
 bool all_finite(const float* p, ptrdiff_t n)
 {
@@ -198,7 +199,7 @@ struct FloatCurve {
     {
         float x;
         __builtin_memcpy(&x, &bits, sizeof(x));
-        if (x != x) return kNan;
+        if (x != x) return kPlainNan;
         if (x < get(levels)) return bits_at(values);
         if (x >= get(levels + n - 1)) return bits_at(values + n - 1);
         const ptrdiff_t k = segment_of(levels, n, x);
@@ -250,9 +251,11 @@ private:
     {
         const Ints k = curve_.n <= 16 ? segment_by_counting(x) : segment_by_halving(x);
         const Pair above = simd::to_double(x) - simd::looked_up(start_, k), slope = simd::looked_up(slope_, k);
-        const Floats value = simd::to_float(simd::looked_up(first_, k) + Pair{slope.lo * above.lo, slope.hi * above.hi});
+        const Floats value =
+            simd::to_float(simd::looked_up(first_, k) + Pair{slope.lo * above.lo, slope.hi * above.hi});
         const float* const last_level = curve_.levels + curve_.n - 1;
-        const Floats to_end = simd::select(simd::greater_equal(x, splat(last_level)), splat(curve_.values + curve_.n - 1), value);
+        const Floats to_end =
+            simd::select(simd::greater_equal(x, splat(last_level)), splat(curve_.values + curve_.n - 1), value);
         const Floats bounded = simd::select(simd::greater(splat(curve_.levels), x), splat(curve_.values), to_end);
         return simd::select(simd::unordered(x, x), simd::splat<Floats>(__builtin_nanf("")), bounded);
     }
@@ -315,13 +318,13 @@ Status LUT_Linear_8u_C1(const uint8_t* src, int srcStep, const uint8_t* levels, 
     lookup_bytes(src, srcStep, table, dst, dstStep, roi, 1);
     return StatusOk;
 }
-Status LUT_Linear_16u_C1(const uint16_t* src, int srcStep, const uint16_t* levels, const uint16_t* values, int levelCount,
-                         uint16_t* dst, int dstStep, Size roi)
+Status LUT_Linear_16u_C1(const uint16_t* src, int srcStep, const uint16_t* levels, const uint16_t* values,
+                         int levelCount, uint16_t* dst, int dstStep, Size roi)
 {
     return curve_of_words(src, srcStep, levels, values, levelCount, dst, dstStep, roi);
 }
-Status LUT_Linear_16u8u_C1(const uint16_t* src, int srcStep, const uint16_t* levels, const uint8_t* values, int levelCount,
-                           uint8_t* dst, int dstStep, Size roi)
+Status LUT_Linear_16u8u_C1(const uint16_t* src, int srcStep, const uint16_t* levels, const uint8_t* values,
+                           int levelCount, uint8_t* dst, int dstStep, Size roi)
 {
     return curve_of_words(src, srcStep, levels, values, levelCount, dst, dstStep, roi);
 }

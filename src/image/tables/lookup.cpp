@@ -24,7 +24,8 @@ Status lookup(const From* src, int srcStep, const To* table, To* dst, int dstSte
 template <class From>
 Status lookup_float(const From* src, int srcStep, const float* table, float* dst, int dstStep, Size roi)
 {
-    return lookup(src, srcStep, reinterpret_cast<const uint32_t*>(table), reinterpret_cast<uint32_t*>(dst), dstStep, roi);
+    return lookup(src, srcStep, reinterpret_cast<const uint32_t*>(table), reinterpret_cast<uint32_t*>(dst), dstStep,
+                  roi);
 }
 
 // --- A table per channel --------------------------------------------------------------------------
@@ -52,7 +53,8 @@ void channel_rows(const uint8_t* src, int srcStep, const uint8_t* const* tables,
 }
 
 template <int Channels>
-Status lookup_channels(const uint8_t* src, int srcStep, const uint8_t* const* tables, uint8_t* dst, int dstStep, Size roi)
+Status lookup_channels(const uint8_t* src, int srcStep, const uint8_t* const* tables, uint8_t* dst, int dstStep,
+                       Size roi)
 {
     if (any_null(src, tables, dst)) return StatusNullPointer;
     bool equal = true;

@@ -7,8 +7,8 @@ namespace orv {
 
 template <class From, class To>
 using SrcTableDst = Status(const From* src, int srcStep, const To* table, To* dst, int dstStep, Size roi);
-using SrcTablesDst = Status(const unsigned char* src, int srcStep, const unsigned char* const* tables, unsigned char* dst,
-                            int dstStep, Size roi);
+using SrcTablesDst = Status(const unsigned char* src, int srcStep, const unsigned char* const* tables,
+                            unsigned char* dst, int dstStep, Size roi);
 using SrcPaletteDst = Status(const unsigned short* src, int srcStep, const unsigned* palette, int paletteSize,
                              unsigned* dst, int dstStep, Size roi);
 

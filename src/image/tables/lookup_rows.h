@@ -51,7 +51,8 @@ ORV_INLINE Rows rows_between(int srcStep, int dstStep, Size roi, int channels)
 }
 
 template <class From, class To>
-inline void lookup_plane(const From* src, int srcStep, const To* table, To* dst, int dstStep, Size roi, int channels = 1)
+inline void lookup_plane(const From* src, int srcStep, const To* table, To* dst, int dstStep, Size roi,
+                         int channels = 1)
 {
     const Rows rows = rows_between<From, To>(srcStep, dstStep, roi, channels);
     for (int y = 0; y < rows.count; ++y) {

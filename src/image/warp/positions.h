@@ -6,6 +6,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/nan.h"
 #include "simd/number.h"
 #include "image/warp/projection.h"
 #include "image/warp/turn.h"
@@ -146,13 +147,13 @@ struct Affinity {
 };
 
 // What lies on the horizon or beyond has no point: NaNs.
-ORV_INLINE double reciprocal_if_positive(double w) { return w > 0 ? 1 / w : from_bits_of(0x7FF8000000000000u); }
+ORV_INLINE double reciprocal_if_positive(double w) { return w > 0 ? 1 / w : from_bits_of(kPlainNan64); }
 #if ORV_HAVE_VECTORS
 ORV_INLINE Doubles reciprocal_if_positive(Doubles w)
 {
     const Doubles in_front = greater(w, of<Doubles>(0));
     return select(in_front, of<Doubles>(1) / select(in_front, w, of<Doubles>(1)),
-                  of<Doubles>(from_bits_of(0x7FF8000000000000u)));
+                  of<Doubles>(from_bits_of(kPlainNan64)));
 }
 #endif
 
