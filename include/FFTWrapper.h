@@ -42,7 +42,8 @@ public:
 
     /// Prepares for blocks of n samples, in place of whatever was prepared. Always true.
     bool Init(int n);
-    /// out[k] = |X[k]|^2 for k = 0 to len-1, X the spectrum of window * (signal - mean of signal); bins from 2^order on are 0. Always true.
+    /// out[k] = |X[k]|^2 for k = 0 to len-1, X the spectrum of window * (signal - mean of signal); bins from 2^order on
+    /// are 0. Always true.
     ///
     /// `len` must be the length that was prepared. With another length, without preparation and with a
     /// null pointer nothing is written. `out` may be `signal` or `window`.

@@ -26,8 +26,8 @@
 /// decomposition, a substitution or an inversion gives the same result then as with separate memory.
 /// Products and transpositions whose destination shares memory with a source work in a temporary matrix
 /// (false if memory runs out or the matrix would be 2^31 bytes or more, nothing written); so do decompositions of
-/// more than 32 rows, unless destination and source are the same elements in the same places. In sums, differences, products with a constant and
-/// copies the destination must be exactly a source or lie apart.
+/// more than 32 rows, unless destination and source are the same elements in the same places. In sums, differences,
+/// products with a constant and copies the destination must be exactly a source or lie apart.
 ///
 /// **Accuracy.** Sums of products run in the order of the inner index, every step rounded to the element
 /// type (Mul_mv_64f: four interleaved sums, added pairwise). Nothing is fused, so all processors and both
@@ -117,7 +117,8 @@ public:
     // Singular matrices, those whose pivots or determinant are not finite, and those whose inverse would hold
     // an infinity give false and write nothing.
 
-    /// dst = L (below the diagonal, which is 1 and not stored) and U of the row-exchanged src; dstIndex[k] = the row, counted from 0, that step k exchanged with row k
+    /// dst = L (below the diagonal, which is 1 and not stored) and U of the row-exchanged src; dstIndex[k] = the row,
+    /// counted from 0, that step k exchanged with row k
     static bool ORVANE_CALL LUDecomp_m_32f(const float* src, int srcStride1, int srcStride2, int* dstIndex, float* dst,
                                            int dstStride1, int dstStride2, int widthHeight);
     /// solves A * dstX = srcB with the factors and the index of A from LUDecomp_m_32f; srcIndex is only read

@@ -7,10 +7,8 @@ bad=0
 while read -r family; do
     room=${family%/*} name=${family##*/}
     for part in src/facade tests bench; do
-        if [ ! -e "$part/$room/$name.cpp" ] && [ ! -e "$part/$room/${name%_*}.cpp" ] && ! grep -qrw "$name" "$part/$room" 2> /dev/null; then
-            echo "$part/$room does not name $name"
-            bad=1
-        fi
+        [ -e "$part/$room/$name.cpp" ] || [ -e "$part/$room/${name%_*}.cpp" ] ||
+            grep -qrw "$name" "$part/$room" 2> /dev/null || { echo "$part/$room does not name $name"; bad=1; }
     done
 done < <(sed -n 's/^orvane_add_family(\([^ )]*\).*/\1/p' src/CMakeLists.txt)
 exit $bad

@@ -952,7 +952,8 @@ TEST(Matrices, TheCallersRoundingChangesNothing)
     const auto values = random_values<float>(8, 8, Fill::uniform, g);
     const float* const a = values.v.data();
     expect_control_kept<float>(128, [&](float* dst) {
-        return W::Mul_mm_32f(a, 32, 4, 8, 8, a, 32, 4, 8, 8, dst, 32, 4) && W::Invert_m_32f(a, 32, 4, dst + 64, 32, 4, 8);
+        return W::Mul_mm_32f(a, 32, 4, 8, 8, a, 32, 4, 8, 8, dst, 32, 4) &&
+               W::Invert_m_32f(a, 32, 4, dst + 64, 32, 4, 8);
     });
 }
 

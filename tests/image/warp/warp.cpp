@@ -673,7 +673,8 @@ TEST(Warp, HostsFloatControl)
             double bound[4];
             return W::Rotate_32f_C1(src, 40, 30, 160, 0, 0, 40, 30, dst, 256, 0, 0, 64, 25, 33.3, 5e-324, 20, code) &&
                    W::WarpPerspective_32f_C1(src, 40, 30, 160, 0, 0, 40, 30, dst, 256, 0, 25, 64, 20, h, code) &&
-                   W::Remap_32f_C1(src, 40, 30, 160, 0, 0, 40, 30, map, 256, map, 256, dst + 45 * 64, 256, 64, 5, code) &&
+                   W::Remap_32f_C1(src, 40, 30, 160, 0, 0, 40, 30, map, 256, map, 256, dst + 45 * 64, 256, 64, 5,
+                                   code) &&
                    W::GetRotateBound(1, 2, 3, 4, 5e-324, 6e-324, 7, bound);
         });
     }
