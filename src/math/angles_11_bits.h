@@ -164,6 +164,15 @@ ORV_INLINE bool both_below(ints n0, ints n1)
     return none_set((n0 ^ base) | (n1 ^ base), ints(~(2 * near - 1u)));
 }
 
+// x less the nearest multiple of half_turn pi, with inverse = 1 / (half_turn pi).
+template <int near>
+ORV_INLINE ReducedAngle reduced_to_nearest(floats x, float inverse, float half_turn)
+{
+    const floats shifted = shifted_product(x, inverse, kRoundShifted<near>);
+    const floats k = shifted - kRoundShifted<near>;
+    return {reduce_near(x, k, half_turn), k, bits(shifted)};
+}
+
 // For sine and cosine alone, which count half turns: even or odd multiples of a quarter turn.
 template <Multiples multiples>
 ORV_INLINE void replace_far_by_halves(const float* src, ReducedAngle* angle)
@@ -185,9 +194,7 @@ struct Sine {
 
     static ORV_INLINE ReducedAngle reduced(floats x)
     {
-        const floats shifted = shifted_product(x, 0x1.45f306p-2f, kRoundShifted<kNear>);
-        const floats k = shifted - kRoundShifted<kNear>;
-        return {reduce_near(x, k, kHalfTurn), k, bits(shifted)};
+        return reduced_to_nearest<kNear>(x, 0x1.45f306p-2f, kHalfTurn);
     }
     static ORV_INLINE void put(const ReducedAngle& angle, float* const* dst, int at)
     {
@@ -239,9 +246,7 @@ struct SineAndCosine {
 
     static ORV_INLINE ReducedAngle reduced(floats x)
     {
-        const floats shifted = shifted_product(x, 0x1.45f306p-1f, kRoundShifted<kNear>);
-        const floats k = shifted - kRoundShifted<kNear>;
-        return {reduce_near(x, k, kHalfTurn), k, bits(shifted)};
+        return reduced_to_nearest<kNear>(x, 0x1.45f306p-1f, kHalfTurn);
     }
     // For |r| <= pi/4 the sine to 2^-11.05 of itself, the cosine to 2^-16.
     static ORV_INLINE void put(const ReducedAngle& angle, float* const* dst, int at)
