@@ -146,6 +146,9 @@ public:
     static constexpr int kHalves = Floats::N / Doubles::N;
     static constexpr int kStep = kVectors * Floats::N;
     static constexpr int kMostSteps = 64;  // of a band: 64 times 16 bits still fit the float's 22
+    // The digits of a sum that its accumulator holds beside what it starts as; and where a band's sum ends, whose
+    // elements are below 2^(e + 1): below 2^(e + kBandBits).
+    static constexpr int kFloatDigits = 22, kDoubleDigits = 51, kBandBits = 7;
 
     // A row that is no longer than this stays within them.
     static constexpr ptrdiff_t kMostElements = ptrdiff_t{kMostSteps - kVectors / kPeriod} * kStep;
@@ -223,13 +226,13 @@ private:
         return most;
     }
 
-    // Elements in float accumulators, multiples of 2^(e + 7 - 22); the running sums must be multiples of
-    // 2^(total - 51), and that the finer of the two.
+    // Elements in float accumulators, multiples of q; the running sums must be multiples of 2^(total - kDoubleDigits),
+    // and that the finer of the two.
     static bool add_floats(const Band& band, int e, int total, RunningSums<channels>& sums)
     {
-        const int q = e + 7 - 22;
-        if (e < -100 || e > 100 || q < total - 51) return false;
-        const float start = static_cast<float>(power(q + 22) * 3);
+        const int q = e + kBandBits - kFloatDigits;
+        if (e < -100 || e > 100 || q < total - kDoubleDigits) return false;
+        const float start = static_cast<float>(power(q + kFloatDigits) * 3);
         Floats lanes[kVectors];
         bool exact = true;
         {
@@ -253,7 +256,7 @@ private:
         return add_exactly(joined, total, sums);
     }
 
-    // The same in double: multiples of 2^(total - 51).
+    // The same in double: multiples of 2^(total - kDoubleDigits).
     static bool add_doubles(const Band& band, int total, RunningSums<channels>& sums)
     {
         const double start = power(total) * 3;
