@@ -284,7 +284,7 @@ private:
         return add_exactly(joined, total, sums);
     }
 
-    // What the lanes hold goes to the running sums if those, too, are multiples of 2^(total - 51). Not if
+    // What the lanes hold goes to the running sums if those, too, are multiples of 2^(total - kDoubleDigits). Not if
     // there was a NaN.
     static bool add_exactly(const Doubles (&lanes)[kPeriod * kHalves], int total, RunningSums<channels>& sums)
     {
