@@ -1,6 +1,6 @@
 // Bitwise operations and shifts against OpenCV. It has no shifts: its columns there are the multiplication by a power
 // of two that gives the same.
-#include "image/peers.h"
+#include "image/rows.h"
 
 namespace bench {
 namespace {

@@ -1,5 +1,5 @@
 // Comparison to masks against OpenCV.
-#include "image/peers.h"
+#include "image/rows.h"
 
 namespace bench {
 namespace {

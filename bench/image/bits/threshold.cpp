@@ -1,7 +1,7 @@
 // Thresholding against OpenCV.
 #include <opencv2/imgproc.hpp>
 
-#include "image/peers.h"
+#include "image/rows.h"
 
 namespace bench {
 namespace {
