@@ -109,7 +109,9 @@ void fill(void* to, std::size_t bytes, Element e, Content content, Words& words)
     const bool any_word = e < e_f32 && content == near_one && bytes % 8 == 0;
     const std::size_t size = any_word || e == e_f64 ? 8 : e == e_u8 ? 1 : e == e_u16 || e == e_s16 ? 2 : 4;
     for (; bytes >= size; bytes -= size, p += size) {
-        std::uint64_t w = e == e_f64 ? double_bits(words, content) : e == e_f32 ? float_bits(words, content) : words.next();
+        std::uint64_t w = e == e_f64   ? double_bits(words, content)
+                          : e == e_f32 ? float_bits(words, content)
+                                       : words.next();
         // Integers near either end of the type.
         if (e < e_f32 && content == any_size) w = (w & 1) != 0 ? w >> 60 : ~(w >> 60);
         if (e < e_f32 && content == whole) w &= 15;
@@ -137,7 +139,8 @@ class Arguments {
 public:
     static constexpr int kStep = 1280, kMargin = 2 * kStep + 64;
 
-    Arguments(const std::string& name, Family family, int number) : name_(name), family_(family), number_(number), words_(static_cast<std::uint64_t>(number) + 1)
+    Arguments(const std::string& name, Family family, int number)
+        : name_(name), family_(family), number_(number), words_(static_cast<std::uint64_t>(number) + 1)
     {
         for (const char c : name) words_ = Words(words_.next() ^ static_cast<unsigned char>(c));
         roi_ = {1 + words_.below(67), family == vectors ? 1 : 1 + words_.below(3)};
@@ -153,7 +156,10 @@ public:
             const bool before_int = i + 1 < n && kinds[i + 1].what == Kind::value && kinds[i + 1].element == e_s32;
             const bool after_image = i > 0 && (kinds[i - 1].what == Kind::target || kinds[i - 1].what == Kind::source);
             switch (kinds[i].what) {
-                case Kind::source: slots[i].set<const void*>(before_int || family_ == vectors ? buffer(kinds[i].element) : constants(kinds[i].element)); break;
+                case Kind::source:
+                    slots[i].set<const void*>(before_int || family_ == vectors ? buffer(kinds[i].element)
+                                                                               : constants(kinds[i].element));
+                    break;
                 case Kind::target: slots[i].set<void*>(buffer(kinds[i].element)); break;
                 case Kind::memory: slots[i].set<void*>(work_.data()); break;  // its contents do not matter
                 case Kind::length: slots[i].set(Length{roi_.width}); break;
@@ -166,7 +172,8 @@ public:
                     else if (after_image && family_ == vectors) slots[i].set(roi_.width);
                     else if (after_image && (!sized || family_ == borders)) slots[i].set(kStep);
                     else slots[i].set(parameter(parameters++));
-                    if (kinds[i].element == e_u32 && name_.find("ShiftC") != std::string::npos) slots[i].set(words_.below(34));
+                    if (kinds[i].element == e_u32 && name_.find("ShiftC") != std::string::npos)
+                        slots[i].set(words_.below(34));
             }
         }
     }
@@ -197,12 +204,15 @@ private:
     int parameter(int which)
     {
         if (begins_with(name_.c_str(), "Mirror")) return number_ % 3;
-        if (begins_with(name_.c_str(), "FilterMedian")) return which == 0 ? 3 + number_ % 4 / 2 * 2 + number_ / 8 % 2 * 8 : 3 + number_ % 4 / 2 * 2;
+        if (begins_with(name_.c_str(), "FilterMedian"))
+            return which == 0 ? 3 + number_ % 4 / 2 * 2 + number_ / 8 % 2 * 8 : 3 + number_ % 4 / 2 * 2;
         if (begins_with(name_.c_str(), "Filter")) return which == 0 ? number_ % 2 * 22 + 33 : number_ / 2 % 2;
-        if (begins_with(name_.c_str(), "Histogram")) return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
+        if (begins_with(name_.c_str(), "Histogram"))
+            return which == 0 ? 2 + words_.below(200) : which == 1 ? words_.below(100) : 100 + words_.below(60000);
         if (begins_with(name_.c_str(), "Compare")) return number_ % 5;
         if (begins_with(name_.c_str(), "AlphaComp")) return number_ / 3 % 2;
-        if (name_.find("YCbCr") != std::string::npos || name_.find("YUV") != std::string::npos) return number_ / 3 % 5;  // 4 is refused
+        if (name_.find("YCbCr") != std::string::npos || name_.find("YUV") != std::string::npos)
+            return number_ / 3 % 5;  // 4 is refused
         if (begins_with(name_.c_str(), "Threshold")) return number_ % 2 * 4;
         if (family_ == borders) return 2 + which;
         return words_.below(number_ % 4 == 0 ? 1 : 20) - number_ % 4;
@@ -264,7 +274,8 @@ void hash_resize(Hashes& hashes, const char* name, int channels, Method method)
     for (const Size from : sizes) {
         for (const Size to : sizes) {
             const auto pixels = [&](Size s) { return static_cast<std::size_t>(s.width * s.height * channels); };
-            const auto src = values<T>(pixels(from), sizeof(T) == 4 ? near_one : any_size, static_cast<std::uint64_t>(to.width));
+            const auto src =
+                values<T>(pixels(from), sizeof(T) == 4 ? near_one : any_size, static_cast<std::uint64_t>(to.width));
             std::vector<T> dst(pixels(to));
             const int pixel = channels * static_cast<int>(sizeof(T));
             method(src.data(), from, from.width * pixel, dst.data(), to.width * pixel, to);
@@ -277,7 +288,9 @@ void hash_resize(Hashes& hashes, const char* name, int channels, Method method)
 void hash_resizes(Hashes& hashes)
 {
 #define PLAIN(method, T, channels) \
-    hash_resize<T>(hashes, #method, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to) { W::method(s, from.width, from.height, ss, d, ds, to.width, to.height, 1, 1); });
+    hash_resize<T>(hashes, #method, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to) { \
+        W::method(s, from.width, from.height, ss, d, ds, to.width, to.height, 1, 1); \
+    });
     PLAIN(ResizeNN_16u_C1R, u16, 1)
     PLAIN(ResizeNN_8u_C3R, u8, 3)
     PLAIN(ResizeNN_8u_C4R, u8, 4)
@@ -286,7 +299,8 @@ void hash_resizes(Hashes& hashes)
     PLAIN(ResizeCubic_8u_C4R, u8, 4)
 #undef PLAIN
     hash_resize<u16>(hashes, "ResizeCenterNN_16u_C1R", 1, [](const u16* s, Size from, int ss, u16* d, int ds, Size to) {
-        W::ResizeCenterNN_16u_C1R(s, from.width, from.height, ss, d, ds, to.width, to.height, 1, 1, to.width / 2 - 1, to.height / 2);
+        W::ResizeCenterNN_16u_C1R(s, from.width, from.height, ss, d, ds, to.width, to.height, 1, 1, to.width / 2 - 1,
+                                  to.height / 2);
     });
 #define ZOOM(method, T, channels)                                                                                    \
     hash_resize<T>(hashes, #method, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to) {             \
@@ -303,8 +317,10 @@ void hash_resizes(Hashes& hashes)
             int bytes = 0;
             W::ResizeGetBufSize(0, 0, from.width, from.height, 0, 0, to.width, to.height, 1, interpolation, &bytes);
             std::vector<unsigned char> work(static_cast<std::size_t>(bytes) + 64);
-            const double x = static_cast<double>(to.width) / from.width, y = static_cast<double>(to.height) / from.height;
-            W::ResizeSqrPixel_16u_C1R(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, x, y, 0.25, -0.5, interpolation, work.data());
+            const double x = static_cast<double>(to.width) / from.width,
+                         y = static_cast<double>(to.height) / from.height;
+            W::ResizeSqrPixel_16u_C1R(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0,
+                                      to.width, to.height, x, y, 0.25, -0.5, interpolation, work.data());
         });
     }
 }
@@ -340,7 +356,9 @@ void hash_tables(Hashes& hashes)
     static const u8* const tables[4] = {bytes.data(), bytes.data() + 256, bytes.data() + 512, bytes.data() + 768};
     constexpr int n = 70 * 3;
 #define TABLE(name, S, D, table) \
-    hash_table<S, D>(hashes, #name, n, [](const S* s, D* d, int) { return W::name(s, 70 * sizeof(S), table.data(), d, 70 * sizeof(D), 70, 3); });
+    hash_table<S, D>(hashes, #name, n, [](const S* s, D* d, int) { \
+        return W::name(s, 70 * sizeof(S), table.data(), d, 70 * sizeof(D), 70, 3); \
+    });
     TABLE(LUT_8u_C1, u8, u8, bytes)
     TABLE(LUT_8u16u_C1, u8, u16, words)
     TABLE(LUT_8u32f_C1, u8, float, floats)
@@ -348,15 +366,18 @@ void hash_tables(Hashes& hashes)
     TABLE(LUT_16u8u_C1, u16, u8, bytes)
     TABLE(LUT_16u32f_C1, u16, float, floats)
 #undef TABLE
-    hash_table<u8, u8>(hashes, "LUT_8u_C3", 3 * n, [](const u8* s, u8* d, int) { return W::LUT_8u_C3(s, 210, tables, d, 210, 70, 3); });
-    hash_table<u8, u8>(hashes, "LUT_8u_C4", 4 * n, [](const u8* s, u8* d, int) { return W::LUT_8u_C4(s, 280, tables, d, 280, 70, 3); });
+    hash_table<u8, u8>(hashes, "LUT_8u_C3", 3 * n,
+                       [](const u8* s, u8* d, int) { return W::LUT_8u_C3(s, 210, tables, d, 210, 70, 3); });
+    hash_table<u8, u8>(hashes, "LUT_8u_C4", 4 * n,
+                       [](const u8* s, u8* d, int) { return W::LUT_8u_C4(s, 280, tables, d, 280, 70, 3); });
     hash_table<u16, unsigned>(hashes, "LUTPalette_16u32u_C1R", n, [](const u16* s, unsigned* d, int) {
         return W::LUTPalette_16u32u_C1R(s, 140, colours.data(), 300, d, 280, 70, 3);
     });
-#define CURVE(name, S, D, all)                                                                                                    \
-    hash_table<S, D>(hashes, #name, n, [](const S* s, D* d, int content) {                                                        \
-        const int count = content == 0 ? 2 : content == 1 ? 8 : 60;                                                               \
-        return W::name(s, 70 * sizeof(S), ascending_levels<S>(count).data(), all.data() + content, count, d, 70 * sizeof(D), 70, 3); \
+#define CURVE(name, S, D, all) \
+    hash_table<S, D>(hashes, #name, n, [](const S* s, D* d, int content) { \
+        const int count = content == 0 ? 2 : content == 1 ? 8 : 60; \
+        return W::name(s, 70 * sizeof(S), ascending_levels<S>(count).data(), all.data() + content, count, d, \
+                       70 * sizeof(D), 70, 3); \
     });
     CURVE(LUT_Linear_8u_C1, u8, u8, bytes)
     CURVE(LUT_Linear_16u_C1, u16, u16, words)
@@ -447,7 +468,10 @@ void hash_packed(Hashes& hashes, const char* name, Method method)
             const auto content = static_cast<Content>((width + height) % contents);
             const auto a = values<From>(pixels, content, pixels), b = values<From>(pixels, content, pixels + 1);
             std::vector<To> dst(pixels);
-            hash.add(method(a.data(), b.data(), width * static_cast<int>(sizeof(From)), dst.data(), width * static_cast<int>(sizeof(To)), width, height) ? 1 : 0);
+            hash.add(method(a.data(), b.data(), width * static_cast<int>(sizeof(From)), dst.data(),
+                            width * static_cast<int>(sizeof(To)), width, height)
+                         ? 1
+                         : 0);
             hash.add(dst.data(), pixels * sizeof(To));
         }
     }
@@ -457,12 +481,16 @@ void hash_packed(Hashes& hashes, const char* name, Method method)
 void hash_packed_images(Hashes& hashes)
 {
 #define PRODUCT(name) \
-    hash_packed<float, float>(hashes, #name, [](auto* a, auto* b, int step, auto* d, int dstStep, int w, int h) { return W::name(a, step, b, step, d, dstStep, w, h); });
+    hash_packed<float, float>(hashes, #name, [](auto* a, auto* b, int step, auto* d, int dstStep, int w, int h) { \
+        return W::name(a, step, b, step, d, dstStep, w, h); \
+    });
     PRODUCT(MulPack_32f_C1R)
     PRODUCT(MulPackConj_32f_C1R)
 #undef PRODUCT
 #define IMAGE(name, From, To) \
-    hash_packed<From, To>(hashes, #name, [](auto* a, auto*, int step, auto* d, int dstStep, int w, int h) { return W::name(a, step, d, dstStep, w, h); });
+    hash_packed<From, To>(hashes, #name, [](auto* a, auto*, int step, auto* d, int dstStep, int w, int h) { \
+        return W::name(a, step, d, dstStep, w, h); \
+    });
     IMAGE(MagnitudePack_32f_C1R, float, float)
     IMAGE(PhasePack_32f_C1R, float, float)
     IMAGE(PackToCplxExtend_32f32fc_C1R, float, Complex32f)
@@ -500,7 +528,9 @@ void hash_warp(Hashes& hashes, const char* name, int channels, Method method)
     Hash hash;
     for (const int interpolation : {1, 2, 4, 5, 6, 7, 16}) {
         std::vector<T> dst(count(wide * high));
-        hash.add(method(src.data(), Size{w, h}, w * pixel, dst.data(), wide * pixel, Size{wide, high}, interpolation) ? 1 : 0);
+        hash.add(method(src.data(), Size{w, h}, w * pixel, dst.data(), wide * pixel, Size{wide, high}, interpolation)
+                     ? 1
+                     : 0);
         hash.add(dst.data(), dst.size() * sizeof(T));
     }
     hashes[name] = hash.value();
@@ -516,26 +546,34 @@ void hash_warps(Hashes& hashes)
         x[i] = static_cast<float>(i % 90) * 0.75f + xs[i] / 128;
         y[i] = static_cast<float>(i / 90) * 0.75f + ys[i] / 128;
     }
-#define WARPS(suffix, T, channels)                                                                                                              \
-    hash_warp<T>(hashes, "Rotate_" #suffix, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {                      \
-        return W::Rotate_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, 33, 4, 38, code); \
-    });                                                                                                                                         \
-    hash_warp<T>(hashes, "WarpPerspective_" #suffix, channels, [&](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {            \
-        return W::WarpPerspective_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, 0, 0, to.width, to.height, matrix, code); \
-    });                                                                                                                                         \
-    hash_warp<T>(hashes, "Remap_" #suffix, channels, [&](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {                      \
-        return W::Remap_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, x.data(), 4 * to.width, y.data(), 4 * to.width, d, ds, to.width, to.height, code); \
-    });
+#define WARPS(suffix, T, channels) \
+    hash_warp<T>(hashes, "Rotate_" #suffix, channels, \
+                 [](const T* s, Size from, int ss, T* d, int ds, Size to, int code) { \
+                     return W::Rotate_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, d, ds, \
+                                               0, 0, to.width, to.height, 33, 4, 38, code); \
+                 }); \
+    hash_warp<T>(hashes, "WarpPerspective_" #suffix, channels, \
+                 [&](const T* s, Size from, int ss, T* d, int ds, Size to, int code) { \
+                     return W::WarpPerspective_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, \
+                                                        d, ds, 0, 0, to.width, to.height, matrix, code); \
+                 }); \
+    hash_warp<T>(hashes, "Remap_" #suffix, channels, \
+                 [&](const T* s, Size from, int ss, T* d, int ds, Size to, int code) { \
+                     return W::Remap_##suffix(s, from.width, from.height, ss, 0, 0, from.width, from.height, x.data(), \
+                                              4 * to.width, y.data(), 4 * to.width, d, ds, to.width, to.height, code); \
+                 });
     WARPS(8u_C1, u8, 1)
     WARPS(8u_C3, u8, 3)
     WARPS(8u_C4, u8, 4)
     WARPS(16u_C1, u16, 1)
     WARPS(32f_C1, float, 1)
 #undef WARPS
-#define ABOUT(suffix, T, channels)                                                                                                  \
-    hash_warp<T>(hashes, "RotateCenter_" #suffix, channels, [](const T* s, Size from, int ss, T* d, int ds, Size to, int code) {    \
-        return W::RotateCenter_##suffix(s, from.width, from.height, ss, d, ds, to.width, to.height, -77.25, 20, 31, code);          \
-    });
+#define ABOUT(suffix, T, channels) \
+    hash_warp<T>(hashes, "RotateCenter_" #suffix, channels, \
+                 [](const T* s, Size from, int ss, T* d, int ds, Size to, int code) { \
+                     return W::RotateCenter_##suffix(s, from.width, from.height, ss, d, ds, to.width, to.height, \
+                                                     -77.25, 20, 31, code); \
+                 });
     ABOUT(8u_C3, u8, 3)
     ABOUT(8u_C4, u8, 4)
     ABOUT(16u_C1, u16, 1)
@@ -564,14 +602,18 @@ void hash_filters(Hashes& hashes)
     std::vector<float> dst(static_cast<std::size_t>(width * height));
     for (int number = 0; number < 12; ++number) {
         const int step = width + 2 * frame, w = 2 * (number % 8) + 1, h = 2 * (number * 3 % 8) + 1;
-        const auto src = values<float>(static_cast<std::size_t>(step * (height + 2 * frame)), static_cast<Content>(number % contents), 90);
+        const auto src = values<float>(static_cast<std::size_t>(step * (height + 2 * frame)),
+                                       static_cast<Content>(number % contents), 90);
         const float* const first = src.data() + frame * step + frame;
         double noise = number % 3 - 1;
         wiener.add(W::FilterWiener_32f_C1(first, 4 * step, dst.data(), 4 * width, width, height, w, h, &noise) ? 1 : 0);
         wiener.add(&noise, sizeof(noise));
         wiener.add(dst.data(), dst.size() * sizeof(float));
         const float sigma = static_cast<float>(number + 1) / 4;
-        gauss.add(W::FilterGaussBorder_32f_C1R(first, 4 * step, dst.data(), 4 * width, width, height, number * number + 1 - number % 2, sigma) ? 1 : 0);
+        gauss.add(W::FilterGaussBorder_32f_C1R(first, 4 * step, dst.data(), 4 * width, width, height,
+                                               number * number + 1 - number % 2, sigma)
+                      ? 1
+                      : 0);
         gauss.add(dst.data(), dst.size() * sizeof(float));
     }
     hashes["FilterWiener_32f_C1"] = wiener.value();
@@ -586,7 +628,10 @@ void hash_edges(Hashes& hashes)
         const auto n = static_cast<std::size_t>(w * h);
         const auto src = values<float>(n, static_cast<Content>(i % contents), static_cast<std::uint64_t>(i));
         std::vector<u8> dst(n);
-        edges.add(W::Canny_32f8u_C1(src.data(), 4 * w, dst.data(), w, w, h, static_cast<float>(i), static_cast<float>(40 * i)) ? 1 : 0);
+        edges.add(
+            W::Canny_32f8u_C1(src.data(), 4 * w, dst.data(), w, w, h, static_cast<float>(i), static_cast<float>(40 * i))
+                ? 1
+                : 0);
         edges.add(dst.data(), n);
         auto pixels = values<u8>(n, near_one, static_cast<std::uint64_t>(i));
         for (u8& p : pixels) p = p < 150 ? 1 : p < 250 ? 2 : 3;
@@ -607,16 +652,22 @@ void hash_convolution(Hashes& hashes, const char* name, int channels, Method met
     for (int number = 0; number < 12; ++number) {
         const Size roi = {70 - 5 * number, 1 + number % 4}, side = {1 + number % 9, 1 + number % 7};
         const int row = (roi.width + side.width - 1) * channels;
-        const auto src = values<From>(static_cast<std::size_t>(row * (roi.height + side.height - 1)), static_cast<Content>(number % contents), 7);
-        auto kernel = values<Weight>(static_cast<std::size_t>(side.width * side.height), number % 2 == 0 ? whole : near_one, 8);
+        const auto src = values<From>(static_cast<std::size_t>(row * (roi.height + side.height - 1)),
+                                      static_cast<Content>(number % contents), 7);
+        auto kernel =
+            values<Weight>(static_cast<std::size_t>(side.width * side.height), number % 2 == 0 ? whole : near_one, 8);
         for (std::size_t i = 0; number % 4 == 1 && i < kernel.size(); ++i) {
-            kernel[i] = static_cast<Weight>((1 + static_cast<int>(i) / side.width) * (static_cast<int>(i) % side.width - 2));
+            kernel[i] =
+                static_cast<Weight>((1 + static_cast<int>(i) / side.width) * (static_cast<int>(i) % side.width - 2));
         }
         const int x = number % side.width, y = number % side.height;
         const From* const first = src.data() + (side.height - 1 - y) * row + (side.width - 1 - x) * channels;
         std::vector<To> dst(static_cast<std::size_t>(roi.width * roi.height * channels));
         const int step = roi.width * channels * static_cast<int>(sizeof(To));
-        hash.add(method(first, row * static_cast<int>(sizeof(From)), dst.data(), step, roi, kernel.data(), side, x, y, 3 * number - 4) ? 1 : 0);
+        hash.add(method(first, row * static_cast<int>(sizeof(From)), dst.data(), step, roi, kernel.data(), side, x, y,
+                        3 * number - 4)
+                     ? 1
+                     : 0);
         hash.add(dst.data(), dst.size() * sizeof(To));
     }
     hashes[name] = hash.value();
@@ -624,10 +675,12 @@ void hash_convolution(Hashes& hashes, const char* name, int channels, Method met
 
 void hash_convolutions(Hashes& hashes)
 {
-#define INTEGERS(name, From, To, channels)                                                                                                        \
-    hash_convolution<From, To, int>(hashes, #name, channels, [](const From* s, int ss, To* d, int ds, Size roi, const int* k, Size side, int x, int y, int divisor) { \
-        return W::name(s, ss, d, ds, roi.width, roi.height, k, side.width, side.height, x, y, divisor);                                            \
-    });
+#define INTEGERS(name, From, To, channels) \
+    hash_convolution<From, To, int>( \
+        hashes, #name, channels, \
+        [](const From* s, int ss, To* d, int ds, Size roi, const int* k, Size side, int x, int y, int divisor) { \
+            return W::name(s, ss, d, ds, roi.width, roi.height, k, side.width, side.height, x, y, divisor); \
+        });
     INTEGERS(Filter_8u_C1R, u8, u8, 1)
     INTEGERS(Filter_8u_C3R, u8, u8, 3)
     INTEGERS(Filter_8u_C4R, u8, u8, 4)
@@ -635,10 +688,12 @@ void hash_convolutions(Hashes& hashes)
     INTEGERS(Filter_16s_C1R, short, short, 1)
     INTEGERS(Filter_8u16s_C1R, u8, short, 1)
 #undef INTEGERS
-#define FLOATS(name, From, channels)                                                                                                              \
-    hash_convolution<From, float, float>(hashes, #name, channels, [](const From* s, int ss, float* d, int ds, Size roi, const float* k, Size side, int x, int y, int) { \
-        return W::name(s, ss, d, ds, roi.width, roi.height, k, side.width, side.height, x, y);                                                     \
-    });
+#define FLOATS(name, From, channels) \
+    hash_convolution<From, float, float>( \
+        hashes, #name, channels, \
+        [](const From* s, int ss, float* d, int ds, Size roi, const float* k, Size side, int x, int y, int) { \
+            return W::name(s, ss, d, ds, roi.width, roi.height, k, side.width, side.height, x, y); \
+        });
     FLOATS(Filter_32f_C1R, float, 1)
     FLOATS(Filter_32f_C3R, float, 3)
     FLOATS(Filter_8u32f_C1R, u8, 1)
@@ -675,7 +730,9 @@ TEST(Hashes, AreWhatTheyWere)
         if (!options().hashes_file.empty()) {
             std::FILE* const file = std::fopen(options().hashes_file.c_str(), "w");
             ASSERT_NE(file, nullptr);
-            for (const auto& h : actual) std::fprintf(file, "HASH(\"%s\", 0x%016llXu)\n", h.first.c_str(), static_cast<unsigned long long>(h.second));
+            for (const auto& h : actual)
+                std::fprintf(file, "HASH(\"%s\", 0x%016llXu)\n", h.first.c_str(),
+                             static_cast<unsigned long long>(h.second));
             std::fclose(file);
             return;
         }

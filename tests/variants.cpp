@@ -39,7 +39,10 @@ public:
     T* block(std::ptrdiff_t count, Fill fill)
     {
         const auto n = static_cast<std::size_t>(count);
-        blocks_.push_back({std::make_unique<GuardedBlock>(n * sizeof(T) + (left_nan_wins() ? 0 : 64), uniform(g_, 0, 3) != 0), n * sizeof(T), {}});
+        blocks_.push_back(
+            {std::make_unique<GuardedBlock>(n * sizeof(T) + (left_nan_wins() ? 0 : 64), uniform(g_, 0, 3) != 0),
+             n * sizeof(T),
+             {}});
         T* const p = blocks_.back().memory->as<T>();
         auto&& pixels = generator_of_pixels(g_);
         for (std::size_t i = 0; i < n; ++i) p[i] = random_value<T>(pixels, fill);
@@ -90,12 +93,14 @@ template <class TrialType = TypedTrial, class... Args, class Make>
 void compare(const char* name, const Operation<Status(Args...)>& operation, Make make)
 {
     Kernel variant[orv::kLevels];
-    for (int level = 0; level < orv::kLevels; ++level) variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
+    for (int level = 0; level < orv::kLevels; ++level)
+        variant[level] = reinterpret_cast<Kernel>(operation.variant[level]);
     compare_levels(name, variant, [make](Generator& g, int) {
         auto trial = std::make_unique<TrialType>(g);
         TrialType& t = *trial;
         auto call = make(t, g);
-        return t.done(std::move(trial), [call](Kernel kernel) { return call(reinterpret_cast<Status (*)(Args...)>(kernel)); });
+        return t.done(std::move(trial),
+                      [call](Kernel kernel) { return call(reinterpret_cast<Status (*)(Args...)>(kernel)); });
     });
 }
 
@@ -112,7 +117,8 @@ struct Matrix {
         const int e = sizeof(T), gap = uniform(g, 0, 2) == 0 ? e * uniform(g, 1, 3) : 0;
         stride1 = e * width + gap, stride2 = e;
         if (uniform(g, 0, 3) == 0) stride1 = e, stride2 = e * height + gap;
-        base = t.block<T>(((height - 1) * std::ptrdiff_t{stride1} + (width - 1) * std::ptrdiff_t{stride2}) / e + 1, fill);
+        base =
+            t.block<T>(((height - 1) * std::ptrdiff_t{stride1} + (width - 1) * std::ptrdiff_t{stride2}) / e + 1, fill);
     }
 };
 int random_side(Generator& g) { return uniform(g, 0, 9) == 0 ? uniform(g, 20, 70) / kSmaller : uniform(g, 1, 19); }
@@ -124,7 +130,10 @@ void check(const char*, const char* name, const Operation<orv::MatrixMatrixDst<T
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int w = random_side(g), h = random_side(g);
         const Matrix<T> a(t, g, w, h), b(t, g, w, h), d(t, g, w, h);
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, b.base, b.stride1, b.stride2, d.base, d.stride1, d.stride2, w, h); };
+        return [=](auto* kernel) {
+            return kernel(a.base, a.stride1, a.stride2, b.base, b.stride1, b.stride2, d.base, d.stride1, d.stride2, w,
+                          h);
+        };
     });
 }
 template <class T>
@@ -134,7 +143,9 @@ void check(const char*, const char* name, const Operation<orv::MatrixValueDst<T>
         const int w = random_side(g), h = random_side(g);
         const Matrix<T> a(t, g, w, h), d(t, g, w, h);
         const T value = random_value<T>(g, Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, value, d.base, d.stride1, d.stride2, w, h); };
+        return [=](auto* kernel) {
+            return kernel(a.base, a.stride1, a.stride2, value, d.base, d.stride1, d.stride2, w, h);
+        };
     });
 }
 template <class T>
@@ -144,9 +155,11 @@ void check(const char*, const char* name, const Operation<orv::MatrixProduct<T>>
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const int inner = random_side(g), h = random_side(g), w = random_side(g);
         const Fill fill = random_number_fill(g);
-        const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h, fill), b(t, g, w, inner, fill), d(t, g, w, h);
+        const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h, fill), b(t, g, w, inner, fill),
+            d(t, g, w, h);
         return [=](auto* kernel) {
-            return kernel(a.base, a.stride1, a.stride2, a.width, a.height, b.base, b.stride1, b.stride2, b.width, b.height, d.base, d.stride1, d.stride2);
+            return kernel(a.base, a.stride1, a.stride2, a.width, a.height, b.base, b.stride1, b.stride2, b.width,
+                          b.height, d.base, d.stride1, d.stride2);
         };
     });
 }
@@ -155,7 +168,8 @@ void check(const char*, const char* name, const Operation<orv::MatrixVectorProdu
 {
     const bool transposed = contains(name, "_tv_");
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2, e = static_cast<int>(sizeof(T)) * gap;
+        const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2,
+                  e = static_cast<int>(sizeof(T)) * gap;
         const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h);
         const T* const x = t.block<T>((inner - 1) * gap + 1, Fill::uniform);
         T* const y = t.block<T>((h - 1) * gap + 1, Fill::uniform);
@@ -175,7 +189,8 @@ template <class T>
 void check(const char*, const char* name, const Operation<orv::MatricesDst<T>>& operation)
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T), apart = e * (w * h + uniform(g, 0, 2));
+        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T),
+                  apart = e * (w * h + uniform(g, 0, 2));
         T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
         return [=](auto* kernel) { return kernel(d, apart, e * w, e, w, h, count); };
     });
@@ -184,7 +199,8 @@ template <class T>
 void check(const char*, const char* name, const Operation<orv::MatricesSrcDst<T>>& operation)
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T), apart = e * (w * h + uniform(g, 0, 2));
+        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T),
+                  apart = e * (w * h + uniform(g, 0, 2));
         const T* const s = t.block<T>((count - 1) * apart / e + w * h, Fill::near_high);
         T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
         return [=](auto* kernel) { return kernel(s, apart, e * w, e, d, apart, e * w, e, w, h, count); };
@@ -197,7 +213,8 @@ void check(const char*, const char* name, const Operation<orv::Decomposition<T>>
         const int n = random_side(g);
         const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
         int* const index = t.block<int>(n, Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, index, d.base, d.stride1, d.stride2, n); };
+        return
+            [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, index, d.base, d.stride1, d.stride2, n); };
     });
 }
 template <class T>
@@ -219,8 +236,11 @@ void check(const char*, const char* name, const Operation<orv::Inversion<T>>& op
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const int n = random_side(g);
         const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
-        const auto work = std::make_shared<std::vector<T>>(static_cast<std::size_t>(n) * static_cast<std::size_t>(n + 1));
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, work->data(), d.base, d.stride1, d.stride2, n); };
+        const auto work =
+            std::make_shared<std::vector<T>>(static_cast<std::size_t>(n) * static_cast<std::size_t>(n + 1));
+        return [=](auto* kernel) {
+            return kernel(a.base, a.stride1, a.stride2, work->data(), d.base, d.stride1, d.stride2, n);
+        };
     });
 }
 
@@ -239,7 +259,8 @@ public:
             std::memcpy(&a, &actual[i], sizeof(T));
             std::memcpy(&b, &expected[i], sizeof(T));
             const double error = std::fabs(static_cast<double>(a) - static_cast<double>(b));
-            if (!(error <= tolerance * (1 + std::fabs(static_cast<double>(b)))) && std::memcmp(&a, &b, sizeof(T)) != 0) return false;
+            if (!(error <= tolerance * (1 + std::fabs(static_cast<double>(b)))) && std::memcmp(&a, &b, sizeof(T)) != 0)
+                return false;
         }
         return true;
     }
@@ -264,7 +285,8 @@ void check(const char*, const char* name, const Operation<orv::ProductUpdate<T>>
         T* const c = unit_block<T>(t, g, rows * columns);
         const bool ta = uniform(g, 0, 1) == 0, tb = uniform(g, 0, 1) == 0;
         return [=](auto* kernel) {
-            return kernel(rows, columns, inner, T{-1}, a, ta ? inner : 1, ta ? 1 : rows, b, tb ? columns : 1, tb ? 1 : inner, c, rows);
+            return kernel(rows, columns, inner, T{-1}, a, ta ? inner : 1, ta ? 1 : rows, b, tb ? columns : 1,
+                          tb ? 1 : inner, c, rows);
         };
     });
 }
@@ -341,7 +363,9 @@ void check(const char*, const char* name, const Operation<orv::TriangleSolution<
 Size random_size(Generator& g) { return {uniform(g, 1, 60 / kSmaller), uniform(g, 1, 40 / kSmaller)}; }
 int interpolation_of(const char* name)
 {
-    return contains(name, "Nearest") ? orv::kResizeNearest : contains(name, "Linear") ? orv::kResizeLinear : orv::kResizeCubic;
+    return contains(name, "Nearest")  ? orv::kResizeNearest
+           : contains(name, "Linear") ? orv::kResizeLinear
+                                      : orv::kResizeCubic;
 }
 int channels_of(const char* name) { return contains(name, "C3") ? 3 : contains(name, "C4") ? 4 : 1; }
 
@@ -361,7 +385,10 @@ std::shared_ptr<Bytes> buffer_for_all(const Operation<Status(Args...)>& size_of,
 // Sizes of a plan's memory; {0, 0} for a pair of sizes that it refuses.
 struct PlanBytes {
     int plan = 0, buffer = 0;
-    PlanBytes(Size from, Size to, int interpolation) { orv::orv_ResizeGetSize(from, to, interpolation, 0, &plan, &buffer); }
+    PlanBytes(Size from, Size to, int interpolation)
+    {
+        orv::orv_ResizeGetSize(from, to, interpolation, 0, &plan, &buffer);
+    }
 };
 unsigned char* plan_for(TypedTrial& t, Size from, Size to, int interpolation)
 {
@@ -378,7 +405,8 @@ void check(const char*, const char* name, const Operation<orv::PlanInit>& operat
 {
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size from = random_size(g), to = random_size(g);
-        unsigned char* const plan = t.block<unsigned char>(PlanBytes(from, to, interpolation_of(name)).plan + 64, Fill::uniform);
+        unsigned char* const plan =
+            t.block<unsigned char>(PlanBytes(from, to, interpolation_of(name)).plan + 64, Fill::uniform);
         return [=](auto* kernel) { return kernel(from, to, plan); };
     });
 }
@@ -436,7 +464,9 @@ void check(const char*, const char* name, const Operation<orv::ResizeApply<T>>& 
 {
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Applied<T> a(t, g, name);
-        return [=](auto* kernel) { return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, a.plan, a.buffer->data()); };
+        return [=](auto* kernel) {
+            return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, a.plan, a.buffer->data());
+        };
     });
 }
 template <class T>
@@ -445,7 +475,8 @@ void check(const char*, const char* name, const Operation<orv::ResizeApplyBorder
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Applied<T> a(t, g, name);
         return [=](auto* kernel) {
-            return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, orv::kBorderReplicate, nullptr, a.plan, a.buffer->data());
+            return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, orv::kBorderReplicate, nullptr,
+                          a.plan, a.buffer->data());
         };
     });
 }
@@ -479,12 +510,14 @@ void check(const char*, const char* name, const Operation<orv::Zoom>& operation)
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size from = random_size(g);
         const int width = uniform(g, 1, 100), x = uniform(g, -50, 50), y = uniform(g, -50, 50);
-        const float zoom = uniform(g, 0, 2) == 0 ? random_value<float>(g, Fill::special) : static_cast<float>(uniform(g, 1, 50)) / 8;
+        const float zoom =
+            uniform(g, 0, 2) == 0 ? random_value<float>(g, Fill::special) : static_cast<float>(uniform(g, 1, 50)) / 8;
         const bool smooth = uniform(g, 0, 1) == 0;
         return [=, &t](auto* kernel) {
             orv::SquareMapping mapping = {-1, -1, -1, -1};
             const Status status = kernel(from, width, zoom, x, y, smooth, &mapping);
-            t.report(mapping.factor), t.report(mapping.xShift), t.report(mapping.yShift), t.report(mapping.interpolation);
+            t.report(mapping.factor), t.report(mapping.xShift), t.report(mapping.yShift),
+                t.report(mapping.interpolation);
             return status;
         };
     });
@@ -495,7 +528,8 @@ void check(const char*, const char* name, const Operation<orv::Resample<T>>& ope
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const int pixel = channels_of(name), e = sizeof(T);
         const Size from = random_size(g), canvas = random_size(g);
-        const Rectangle srcRoi = random_rectangle(g), dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
+        const Rectangle srcRoi = random_rectangle(g),
+                        dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
         const T* const src = t.block<T>(from.width * from.height * pixel, Fill::uniform);
         T* const dst = t.block<T>((canvas.width + 3) * (canvas.height + 3) * pixel, Fill::uniform);
         const int srcStep = from.width * pixel * e, dstStep = (canvas.width + 3) * pixel * e;
@@ -505,7 +539,8 @@ void check(const char*, const char* name, const Operation<orv::Resample<T>>& ope
         const int interpolation = random_interpolation(g);
         const auto buffer = buffer_for_all(orv::orv_ResizeGetBufSize, srcRoi, dstRoi, pixel, interpolation);
         return [=](auto* kernel) {
-            return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation, buffer->data());
+            return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation,
+                          buffer->data());
         };
     });
 }
@@ -546,7 +581,8 @@ void check(const char*, const char* name, const Operation<orv::SrcTwistDst<unsig
 {
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
-        const Plane<unsigned char> a(t, g, roi.width * channels_of(name), roi.height), d(t, g, roi.width * channels_of(name), roi.height);
+        const Plane<unsigned char> a(t, g, roi.width * channels_of(name), roi.height),
+            d(t, g, roi.width * channels_of(name), roi.height);
         const float* const factors = t.block<float>(12, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
         return [=](auto* kernel) { return kernel(a.pixels, a.step, factors, d.pixels, d.step, roi); };
     });
@@ -557,7 +593,8 @@ void check(const char*, const char* name, const Operation<orv::SrcTablesDst>& op
         const Size roi = random_roi(g);
         const int row = roi.width * channels_of(name);
         const Plane<unsigned char> a(t, g, row, roi.height), d(t, g, row, roi.height);
-        const auto tables = std::make_shared<std::vector<const unsigned char*>>(4, t.block<unsigned char>(256, Fill::uniform));
+        const auto tables =
+            std::make_shared<std::vector<const unsigned char*>>(4, t.block<unsigned char>(256, Fill::uniform));
         if (uniform(g, 0, 3) != 0) (*tables)[1] = t.block<unsigned char>(256, Fill::uniform);
         return [=](auto* kernel) { return kernel(a.pixels, a.step, tables->data(), d.pixels, d.step, roi); };
     });
@@ -603,8 +640,11 @@ void check(const char*, const char* name, const Operation<orv::PlanesDstStandard
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const int w = (roi.width + 1) / 2, h = (roi.height + 1) / 2, code = uniform(g, 0, 3);
-        const Plane<unsigned char> y(t, g, roi.width, roi.height), u(t, g, w, h), v(t, g, w, h), d(t, g, 3 * roi.width, roi.height);
-        return [=](auto* kernel) { return kernel(y.pixels, y.step, u.pixels, u.step, v.pixels, v.step, d.pixels, d.step, roi, code); };
+        const Plane<unsigned char> y(t, g, roi.width, roi.height), u(t, g, w, h), v(t, g, w, h),
+            d(t, g, 3 * roi.width, roi.height);
+        return [=](auto* kernel) {
+            return kernel(y.pixels, y.step, u.pixels, u.step, v.pixels, v.step, d.pixels, d.step, roi, code);
+        };
     });
 }
 
@@ -616,7 +656,8 @@ void check(const char*, const char* name, const Operation<orv::SrcDstMaskNoise>&
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size roi = random_roi(g);
         const int w = 2 * uniform(g, 0, 4) + 1, h = 2 * uniform(g, 0, 3) + 1;
-        const Plane<float> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))), d(t, g, roi.width, roi.height);
+        const Plane<float> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))),
+            d(t, g, roi.width, roi.height);
         const float* const first = a.pixels + h / 2 * (a.step / 4) + w / 2;
         double* const noise = t.block<double>(1, Fill::uniform);
         return [=](auto* kernel) { return kernel(first, a.step, d.pixels, d.step, roi, w, h, noise); };
@@ -626,12 +667,16 @@ void check(const char*, const char* name, const Operation<orv::SrcDstSizeSigma>&
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size roi = {random_roi(g).width, uniform(g, 1, 12)};
-        const Plane<float> a(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))), d(t, g, roi.width, roi.height);
+        const Plane<float> a(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))),
+            d(t, g, roi.width, roi.height);
         float* const sigma = t.block<float>(1, Fill::near_high);
         if (uniform(g, 0, 9) != 0) *sigma = static_cast<float>(uniform(g, 1, 60)) / 8;
         const int size = 2 * uniform(g, 0, uniform(g, 0, 4) == 0 ? 40 : 5) + 1;
         const bool in_place = uniform(g, 0, 3) == 0;
-        return [=](auto* kernel) { return kernel(in_place ? d.pixels : a.pixels, in_place ? d.step : a.step, d.pixels, d.step, roi, size, sigma); };
+        return [=](auto* kernel) {
+            return kernel(in_place ? d.pixels : a.pixels, in_place ? d.step : a.step, d.pixels, d.step, roi, size,
+                          sigma);
+        };
     });
 }
 
@@ -649,13 +694,18 @@ struct Convolved {
     Weight* kernel;
 
     Convolved(TypedTrial& t, Generator& g, const char* name)
-        : roi(random_roi(g)), width(uniform(g, 1, uniform(g, 0, 3) == 0 ? 20 : 5)), height(uniform(g, 1, uniform(g, 0, 3) == 0 ? 20 : 5)),
-          anchorX(uniform(g, 0, width - 1)), anchorY(uniform(g, 0, height - 1))
+        : roi(random_roi(g)),
+          width(uniform(g, 1, uniform(g, 0, 3) == 0 ? 20 : 5)),
+          height(uniform(g, 1, uniform(g, 0, 3) == 0 ? 20 : 5)),
+          anchorX(uniform(g, 0, width - 1)),
+          anchorY(uniform(g, 0, height - 1))
     {
         const int channels = channels_of(name);
-        const Plane<From> a(t, g, (roi.width + width - 1) * channels, roi.height + height - 1, static_cast<Fill>(uniform(g, 0, 3)));
+        const Plane<From> a(t, g, (roi.width + width - 1) * channels, roi.height + height - 1,
+                            static_cast<Fill>(uniform(g, 0, 3)));
         const Plane<To> d(t, g, roi.width * channels, roi.height);
-        src = reinterpret_cast<const From*>(reinterpret_cast<const char*>(a.pixels) + (height - 1 - anchorY) * std::ptrdiff_t{a.step}) +
+        src = reinterpret_cast<const From*>(reinterpret_cast<const char*>(a.pixels) +
+                                            (height - 1 - anchorY) * std::ptrdiff_t{a.step}) +
               (width - 1 - anchorX) * channels;
         dst = d.pixels;
         srcStep = a.step, dstStep = d.step;
@@ -665,7 +715,9 @@ struct Convolved {
         for (int& w : row) w = uniform(g, -most, most);
         for (int& w : column) w = uniform(g, -9, 9);
         for (int i = 0; i < width * height; ++i) {
-            if (kind < 2) kernel[i] = static_cast<Weight>(row[static_cast<std::size_t>(i % width)] * column[static_cast<std::size_t>(i / width)]);
+            if (kind < 2)
+                kernel[i] = static_cast<Weight>(row[static_cast<std::size_t>(i % width)] *
+                                                column[static_cast<std::size_t>(i / width)]);
             if (kind == 2) kernel[i] = static_cast<Weight>(uniform(g, -3, 3));
             if (kind == 3) kernel[i] = static_cast<Weight>(uniform(g, -most, most));
             if (kind > 3 && uniform(g, 0, 2) == 0) kernel[i] = 0;
@@ -677,9 +729,11 @@ void check(const char*, const char* name, const Operation<orv::IntegerConvolutio
 {
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Convolved<From, To, int> c(t, g, name);
-        const int divisor = uniform(g, 0, 2) == 0 ? random_value<int>(g, Fill::special) : uniform(g, -1, 1) + (1 << uniform(g, 0, 30));
+        const int divisor =
+            uniform(g, 0, 2) == 0 ? random_value<int>(g, Fill::special) : uniform(g, -1, 1) + (1 << uniform(g, 0, 30));
         return [=](auto* kernel) {
-            return kernel(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY, divisor);
+            return kernel(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY,
+                          divisor);
         };
     });
 }
@@ -706,7 +760,10 @@ struct Warped {
     int srcStep, dstStep, interpolation;
 
     Warped(TypedTrial& t, Generator& g, const char* name)
-        : from(random_size(g)), canvas(random_size(g)), srcRoi(random_rectangle(g)), dstRoi({uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height})
+        : from(random_size(g)),
+          canvas(random_size(g)),
+          srcRoi(random_rectangle(g)),
+          dstRoi({uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height})
     {
         const int channels = channels_of(name), pixel = channels * static_cast<int>(sizeof(T));
         src = t.block<T>(from.width * from.height * channels, static_cast<Fill>(uniform(g, 0, 3)));
@@ -718,7 +775,10 @@ struct Warped {
         if (uniform(g, 0, 1) == 0) srcRoi = {0, 0, from.width, from.height};
     }
 };
-double random_angle(Generator& g) { return uniform(g, 0, 3) == 0 ? 90 * uniform(g, -9, 9) : uniform(g, -9999, 9999) / 7.0; }
+double random_angle(Generator& g)
+{
+    return uniform(g, 0, 3) == 0 ? 90 * uniform(g, -9, 9) : uniform(g, -9999, 9999) / 7.0;
+}
 double random_middle(Generator& g, int length) { return uniform(g, 0, 2 * length) / 2.0; }
 
 template <class T>
@@ -726,8 +786,12 @@ void check(const char*, const char* name, const Operation<orv::Rotating<T>>& ope
 {
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Warped<T> w(t, g, name);
-        const double angle = random_angle(g), x = random_middle(g, w.canvas.width), y = random_middle(g, w.canvas.height);
-        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, &angle, &x, &y, w.interpolation); };
+        const double angle = random_angle(g), x = random_middle(g, w.canvas.width),
+                     y = random_middle(g, w.canvas.height);
+        return [=](auto* kernel) {
+            return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, &angle, &x, &y,
+                          w.interpolation);
+        };
     });
 }
 template <class T>
@@ -736,7 +800,9 @@ void check(const char*, const char* name, const Operation<orv::RotatingAbout<T>>
     compare(name, operation, [=](TypedTrial& t, Generator& g) {
         const Warped<T> w(t, g, name);
         const double angle = random_angle(g), x = random_middle(g, w.from.width), y = random_middle(g, w.from.height);
-        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.dst, w.dstStep, w.canvas, &angle, &x, &y, w.interpolation); };
+        return [=](auto* kernel) {
+            return kernel(w.src, w.from, w.srcStep, w.dst, w.dstStep, w.canvas, &angle, &x, &y, w.interpolation);
+        };
     });
 }
 template <class T>
@@ -746,8 +812,15 @@ void check(const char*, const char* name, const Operation<orv::Projecting<T>>& o
         const Warped<T> w(t, g, name);
         double* const h = t.block<double>(9, Fill::uniform);
         const bool affine = uniform(g, 0, 2) == 0;
-        for (int i = 0; i < 9; ++i) h[i] = (i % 4 == 0 ? 1 : 0) + uniform(g, -9, 9) / (i < 6 ? 20.0 : affine ? 1e300 : 900.0) * (i % 3 == 2 ? 20 : 1);
-        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, h, w.interpolation); };
+        for (int i = 0; i < 9; ++i)
+            h[i] = (i % 4 == 0 ? 1 : 0) + uniform(g, -9, 9) /
+                                              (i < 6    ? 20.0
+                                               : affine ? 1e300
+                                                        : 900.0) *
+                                              (i % 3 == 2 ? 20 : 1);
+        return [=](auto* kernel) {
+            return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, h, w.interpolation);
+        };
     });
 }
 template <class T>
@@ -762,14 +835,18 @@ void check(const char*, const char* name, const Operation<orv::Remapping<T>>& op
             if (uniform(g, 0, 19) != 0) x[i] = static_cast<float>(i % w.canvas.width) * 0.9f - 1;
             if (uniform(g, 0, 19) != 0) y[i] = static_cast<float>(i / w.canvas.width) * 0.9f - 1;
         }
-        return [=](auto* kernel) { return kernel(w.src, w.from, w.srcStep, w.srcRoi, x, step, y, step, w.dst, w.dstStep, w.canvas, w.interpolation); };
+        return [=](auto* kernel) {
+            return kernel(w.src, w.from, w.srcStep, w.srcRoi, x, step, y, step, w.dst, w.dstStep, w.canvas,
+                          w.interpolation);
+        };
     });
 }
 void check(const char*, const char* name, const Operation<orv::RotationBound>& operation)
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Rectangle r = random_rectangle(g);
-        const double angle = random_value<double>(g, Fill::near_high), x = uniform(g, -99, 99) / 7.0, y = random_value<double>(g, Fill::special);
+        const double angle = random_value<double>(g, Fill::near_high), x = uniform(g, -99, 99) / 7.0,
+                     y = random_value<double>(g, Fill::special);
         double* const bound = t.block<double>(4, Fill::uniform);
         return [=](auto* kernel) { return kernel(r, &angle, &x, &y, bound); };
     });
@@ -777,7 +854,8 @@ void check(const char*, const char* name, const Operation<orv::RotationBound>& o
 void check(const char*, const char* name, const Operation<orv::RotationShift>& operation)
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const double angle = random_angle(g), x = uniform(g, -99, 99) / 7.0, y = uniform(g, 0, 3) == 0 ? 1.7e308 : uniform(g, -99, 99) * 1e100;
+        const double angle = random_angle(g), x = uniform(g, -99, 99) / 7.0,
+                     y = uniform(g, 0, 3) == 0 ? 1.7e308 : uniform(g, -99, 99) * 1e100;
         double* const shift = t.block<double>(2, Fill::uniform);
         return [=](auto* kernel) { return kernel(&x, &y, &angle, shift, shift + 1); };
     });
@@ -802,7 +880,8 @@ void check(const char*, const char* name, const Operation<orv::SrcDstSides<T>>& 
         static const int sides[] = {3, 3, 3, 5, 5, 1, 7, 9, 15, 4};
         const int w = sides[uniform(g, 0, 9)], h = uniform(g, 0, 1) == 0 ? w : sides[uniform(g, 0, 9)];
         const Size roi = {uniform(g, 1, uniform(g, 0, 19) == 0 ? 300 / kSmaller : 40), uniform(g, 1, 5)};
-        const Plane<T> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))), d(t, g, roi.width, roi.height);
+        const Plane<T> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))),
+            d(t, g, roi.width, roi.height);
         const T* const first = a.pixels + (h - 1) / 2 * (a.step / static_cast<int>(sizeof(T))) + (w - 1) / 2;
         return [=](auto* kernel) { return kernel(first, a.step, d.pixels, d.step, roi, w, h); };
     });
@@ -813,20 +892,25 @@ void check(const char*, const char* name, const Operation<orv::SrcDstSides<T>>& 
 void check(const char*, const char* name, const Operation<orv::EdgesBetween>& operation)
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 600) / kSmaller : uniform(g, 1, 130), uniform(g, 1, 20)};
+        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 600) / kSmaller : uniform(g, 1, 130),
+                          uniform(g, 1, 20)};
         const int gap = uniform(g, 0, 3), srcStep = 4 * (roi.width + gap), dstStep = roi.width + gap;
-        float* const src = t.block<float>((roi.width + gap) * (roi.height - 1) + roi.width, static_cast<Fill>(uniform(g, 0, 3)));
+        float* const src =
+            t.block<float>((roi.width + gap) * (roi.height - 1) + roi.width, static_cast<Fill>(uniform(g, 0, 3)));
         const auto threshold = [&] { return random_value<float>(g, static_cast<Fill>(uniform(g, 0, 3))); };
         const float a = std::fabs(threshold()), b = std::fabs(threshold()), low = b < a ? b : a, high = b < a ? a : b;
-        unsigned char* const dst = t.block<unsigned char>((roi.width + gap) * (roi.height - 1) + roi.width, Fill::uniform);
+        unsigned char* const dst =
+            t.block<unsigned char>((roi.width + gap) * (roi.height - 1) + roi.width, Fill::uniform);
         return [=](auto* kernel) { return kernel(src, srcStep, dst, dstStep, roi, &low, &high); };
     });
 }
 void check(const char*, const char* name, const Operation<orv::FillFromSeed>& operation)
 {
     compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 2000) / kSmaller : uniform(g, 1, 130), uniform(g, 1, 20)};
-        const int step = roi.width + uniform(g, 0, 3), n = step * (roi.height - 1) + roi.width, dense = uniform(g, 1, 5);
+        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 2000) / kSmaller : uniform(g, 1, 130),
+                          uniform(g, 1, 20)};
+        const int step = roi.width + uniform(g, 0, 3), n = step * (roi.height - 1) + roi.width,
+                  dense = uniform(g, 1, 5);
         unsigned char* const pixels = t.block<unsigned char>(n, Fill::uniform);
         for (int i = 0; i < n; ++i) pixels[i] = static_cast<unsigned char>(pixels[i] % (dense + 1) == 0 ? 1 : 0);
         const int x = uniform(g, -1, roi.width), y = uniform(g, 0, roi.height - 1), value = uniform(g, 0, 2);
@@ -859,7 +943,9 @@ void check(const char* family, const char* name, const Operation<orv::SrcSrcDst<
     if (!begins_with(family, "spectral_")) return compare_levels(subject(family, name, operation));
     compare(name, operation, [](TypedTrial& t, Generator& g) {
         const Size roi = {random_roi(g).width, uniform(g, 1, 20)};
-        const auto plane = [&] { return Plane<float>(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))); };
+        const auto plane = [&] {
+            return Plane<float>(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3)));
+        };
         const Plane<float> a = plane(), b = plane(), apart = plane();
         const int place = uniform(g, 0, 2);
         const Plane<float> d = place == 0 ? a : place == 1 ? b : apart;
@@ -931,7 +1017,8 @@ void check(const char*, const char* name, const Operation<orv::InitFft2>& operat
         return [=](auto* kernel) {
             orv::Fft2Spec* spec = nullptr;
             const Status status = kernel(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
-            if (status == orv::StatusOk) orv::orv_Fft2Forward_32f.variant[0](src, side.step, dst, side.step, spec, m.work->data());
+            if (status == orv::StatusOk)
+                orv::orv_Fft2Forward_32f.variant[0](src, side.step, dst, side.step, spec, m.work->data());
             return status;
         };
     });
@@ -946,7 +1033,9 @@ void check(const char*, const char* name, const Operation<orv::RunFft2>& operati
         orv::orv_Fft2Init(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
         float* const dst = t.block<float>(side.floats(), Fill::uniform);
         const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(side.floats(), Fill::uniform);
-        return [=](auto* kernel) { return static_cast<void>(m.spec), kernel(src, side.step, dst, side.step, spec, m.work->data()); };
+        return [=](auto* kernel) {
+            return static_cast<void>(m.spec), kernel(src, side.step, dst, side.step, spec, m.work->data());
+        };
     });
 }
 void check(const char*, const char* name, const Operation<orv::ExpandSpectrum>& operation)

@@ -16,7 +16,8 @@ void fill(const Image& image)
     unsigned state = 1;
     for (int y = 0; y < image.height(); ++y) {
         float* const row = image.row<float>(y);
-        for (int i = 0; i < image.row_bytes() / 4; ++i) row[i] = static_cast<float>(state = state * 1664525u + 1013904223u) * 0x1p-24f;
+        for (int i = 0; i < image.row_bytes() / 4; ++i)
+            row[i] = static_cast<float>(state = state * 1664525u + 1013904223u) * 0x1p-24f;
     }
 }
 

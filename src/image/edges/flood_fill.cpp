@@ -32,7 +32,8 @@ ORV_INLINE void replace_pixels(uint8_t* p, uint8_t old, uint8_t value)
 {
     for (int i = 0; i < kWordPixels; i += Bytes::N) {
         const Bytes pixels = simd::load<Bytes>(p + i);
-        simd::store(p + i, simd::select(simd::equal(pixels, simd::splat<Bytes>(old)), simd::splat<Bytes>(value), pixels));
+        simd::store(p + i,
+                    simd::select(simd::equal(pixels, simd::splat<Bytes>(old)), simd::splat<Bytes>(value), pixels));
     }
 }
 #else
@@ -77,7 +78,14 @@ ORV_INLINE int count_of(uint64_t bits)
 class EqualArea {
 public:
     EqualArea(uint8_t* pixels, int step, Size roi, uint8_t value, uint64_t* free, uint64_t* fresh, uint32_t* prepared)
-        : pixels_(pixels), step_(step), roi_(roi), value_(value), rows_(roi), free_(free), fresh_(fresh), prepared_(prepared)
+        : pixels_(pixels),
+          step_(step),
+          roi_(roi),
+          value_(value),
+          rows_(roi),
+          free_(free),
+          fresh_(fresh),
+          prepared_(prepared)
     {
     }
 
@@ -105,7 +113,10 @@ public:
     }
 
 private:
-    ORV_INLINE uint8_t* pixels_of(int y, ptrdiff_t word) const { return row_at(pixels_, step_, y) + word * kWordPixels; }
+    ORV_INLINE uint8_t* pixels_of(int y, ptrdiff_t word) const
+    {
+        return row_at(pixels_, step_, y) + word * kWordPixels;
+    }
     ORV_INLINE ptrdiff_t pixels_from(ptrdiff_t word) const { return roi_.width - word * kWordPixels; }
     ORV_INLINE ptrdiff_t end_of(ptrdiff_t block) const
     {
@@ -187,7 +198,8 @@ long long fill(uint8_t* pixels, int step, Size roi, int seedX, int seedY, uint8_
 
 // --- Kernel ---------------------------------------------------------------------------------------
 
-Status FloodFill_8Con_8u_C1IR(uint8_t* srcDst, int srcDstStep, Size roi, int seedX, int seedY, uint8_t value, int* count)
+Status FloodFill_8Con_8u_C1IR(uint8_t* srcDst, int srcDstStep, Size roi, int seedX, int seedY, uint8_t value,
+                              int* count)
 {
     if (const Status bad = check_image(roi, srcDst)) return bad;
     if (srcDstStep < 1) return StatusBadStep;

@@ -88,7 +88,8 @@ private:
         width_ = job.width;
         height_ = job.height;
         std::uint32_t divisor = 0;
-        for (int c = 0; c < width_; ++c) divisor = greatest_common_divisor(divisor, magnitude_of(get(job.weight(pivot, c))));
+        for (int c = 0; c < width_; ++c)
+            divisor = greatest_common_divisor(divisor, magnitude_of(get(job.weight(pivot, c))));
         if (divisor > INT32_MAX) return false;
         for (int c = 0; c < width_; ++c) {
             row[c] = get(job.weight(pivot, c)) / static_cast<int>(divisor);

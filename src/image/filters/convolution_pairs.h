@@ -23,7 +23,8 @@ struct WordPairs {
 
     static ORV_INLINE std::int32_t weights(int first, int second)
     {
-        return static_cast<std::int32_t>((static_cast<std::uint32_t>(first) & 0xFFFF) | static_cast<std::uint32_t>(second) << 16);
+        return static_cast<std::int32_t>((static_cast<std::uint32_t>(first) & 0xFFFF) |
+                                         static_cast<std::uint32_t>(second) << 16);
     }
     static ORV_INLINE Sums add_products(Sums sums, Pairs pairs, std::int32_t both)
     {
@@ -53,7 +54,8 @@ struct BytePairs {
 
     static ORV_INLINE std::int32_t weights(int first, int second)
     {
-        return static_cast<std::int32_t>((static_cast<std::uint32_t>(first) & 0xFF) | (static_cast<std::uint32_t>(second) & 0xFF) << 8);
+        return static_cast<std::int32_t>((static_cast<std::uint32_t>(first) & 0xFF) |
+                                         (static_cast<std::uint32_t>(second) & 0xFF) << 8);
     }
     static ORV_INLINE Sums add_products(Sums sums, Pairs pairs, std::int32_t both)
     {
@@ -75,7 +77,8 @@ void pair_up(const T* a, const T* b, typename Lanes::Element* pairs, std::ptrdif
     constexpr int N = Lanes::Pairs::N;
     std::ptrdiff_t i = 0;
     if (b != nullptr) {
-        for (; i + N <= n; i += N) simd::store(pairs + 2 * i, simd::zipped(Lanes::elements(a + i), Lanes::elements(b + i)));
+        for (; i + N <= n; i += N)
+            simd::store(pairs + 2 * i, simd::zipped(Lanes::elements(a + i), Lanes::elements(b + i)));
     }
     for (; i < n; ++i) {
         pairs[2 * i] = Lanes::element(get(a + i));
@@ -119,7 +122,8 @@ ORV_INLINE void sum_pairs(const PairTaps& kernel, const typename Lanes::Element*
         const auto* const p = rows[tap->row] + 2 * (x + tap->offset);
 #pragma GCC unroll 4
         for (int k = 0; k < vectors; ++k) {
-            sums[k] = Lanes::add_products(sums[k], simd::load<typename Lanes::Pairs>(p + 2 * k * Sums::N), tap->*weights);
+            sums[k] =
+                Lanes::add_products(sums[k], simd::load<typename Lanes::Pairs>(p + 2 * k * Sums::N), tap->*weights);
         }
     }
 }

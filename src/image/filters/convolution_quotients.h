@@ -22,7 +22,9 @@ template <class T> constexpr int kMost = T(-1) < T(0) ? -1 - kLeast<T> : (1 << (
 template <class To>
 To nearest_quotient(std::int64_t sum, int divisor)
 {
-    const auto magnitude = [](std::int64_t x) { return x < 0 ? 0 - static_cast<std::uint64_t>(x) : static_cast<std::uint64_t>(x); };
+    const auto magnitude = [](std::int64_t x) {
+        return x < 0 ? 0 - static_cast<std::uint64_t>(x) : static_cast<std::uint64_t>(x);
+    };
     const std::uint64_t numerator = magnitude(sum), denominator = magnitude(divisor);
     std::uint64_t quotient = numerator / denominator;
     const std::uint64_t twice_rest = 2 * (numerator - quotient * denominator);
@@ -76,7 +78,10 @@ struct WideQuotients {
     simd::vec<double, SumLanes::N / 2> factor;
 
     ORV_INLINE explicit WideQuotients(int divisor) : factor(double_factor(divisor)) {}
-    ORV_INLINE SumLanes many(SumLanes sums) const { return simd::round_to_int(cut_off(simd::to_double(sums) * factor)); }
+    ORV_INLINE SumLanes many(SumLanes sums) const
+    {
+        return simd::round_to_int(cut_off(simd::to_double(sums) * factor));
+    }
 };
 
 // Sums that are doubles, up to kMostForDoubles.
@@ -84,11 +89,15 @@ template <class To>
 struct DoubleQuotients {
     simd::vec<double, SumLanes::N / 2> factor, least, most;
 
-    ORV_INLINE explicit DoubleQuotients(int divisor) : factor(double_factor(divisor)), least(kLeast<To>), most(kMost<To>) {}
+    ORV_INLINE explicit DoubleQuotients(int divisor)
+        : factor(double_factor(divisor)), least(kLeast<To>), most(kMost<To>)
+    {
+    }
     ORV_INLINE SumLanes many(QuotientLanes sums) const
     {
         const QuotientLanes t = cut_off(sums * factor);
-        return simd::round_to_int(QuotientLanes{simd::min(simd::max(t.lo, least), most), simd::min(simd::max(t.hi, least), most)});
+        return simd::round_to_int(
+            QuotientLanes{simd::min(simd::max(t.lo, least), most), simd::min(simd::max(t.hi, least), most)});
     }
 };
 

@@ -20,7 +20,9 @@ using Bytes = Grid<u8>;
 std::set<Point> area(const Bytes& picture, Point seed)
 {
     const u8 value = picture.at(seed.first, seed.second);
-    return joined({seed}, [&](const Point& p) { return picture.contains(p.first, p.second) && picture.at(p.first, p.second) == value; });
+    return joined({seed}, [&](const Point& p) {
+        return picture.contains(p.first, p.second) && picture.at(p.first, p.second) == value;
+    });
 }
 
 // All around the region has the seed's value, too.
@@ -38,9 +40,12 @@ void check(const Bytes& picture, Point seed, u8 value, Placement where = {false,
     const auto before = image.bytes();
     at_every_level([&] {
         int count = -1;
-        ASSERT_TRUE(W::FloodFill_8Con_8u_C1IR(image.row(0), image.step(), picture.width, picture.height, seed.first, seed.second, value, &count));
+        ASSERT_TRUE(W::FloodFill_8Con_8u_C1IR(image.row(0), image.step(), picture.width, picture.height, seed.first,
+                                              seed.second, value, &count));
         EXPECT_EQ(count, static_cast<int>(reached.size()));
-        expect_pixels<u8>(image, before, [&](int y, int x) { return reached.count({x, y}) != 0 ? value : picture.at(x, y); });
+        expect_pixels<u8>(image, before, [&](int y, int x) {
+            return reached.count({x, y}) != 0 ? value : picture.at(x, y);
+        });
     });
 }
 
@@ -79,7 +84,8 @@ TEST(FloodFill, LinesAndChequers)
     const int sides[][2] = {{70, 50}, {257, 40}, {64, 64}, {5, 130}, {130, 5}, {600, 3}};
     for (const auto& side : sides) {
         const int width = side[0], height = side[1];
-        for (const Path& path : {spiral(width, height, 2), serpentine(width, height, 2), turned(serpentine(height, width, 2))}) {
+        for (const Path& path :
+             {spiral(width, height, 2), serpentine(width, height, 2), turned(serpentine(height, width, 2))}) {
             Bytes lines(width, height, 9);
             lines.draw(path, 200);
             for (const Point& seed : {path.front(), path[path.size() / 2], path.back()}) check(lines, seed, 255);
@@ -111,7 +117,8 @@ TEST(FloodFill, LongRegions)
         for (const bool tall : {false, true}) {
             const int width = tall ? 3 : length, height = tall ? length : 3;
             Bytes picture(width, height, 0);
-            for (int i = 0; i < length; i += 2) picture.at(tall ? 1 : i, tall ? i : 1) = 3;  // leaves both sides and every other pixel
+            for (int i = 0; i < length; i += 2)
+                picture.at(tall ? 1 : i, tall ? i : 1) = 3;  // leaves both sides and every other pixel
             check(picture, {width - 1, height - 1}, 1);
             Bytes line(width, height, 0);
             for (int i = 5; i < length; ++i) line.at(tall ? i / 9 % 3 : i, tall ? i : i / 9 % 3) = 3;
@@ -148,10 +155,13 @@ TEST(FloodFill, ChecksInTheirOrder)
     struct Row { u8* pixels; int step; orv::Size roi; int x, y, status; };
     u8* const p = image.row(0);
     const Row rows[] = {
-        {nullptr, 0, {0, 0}, -1, 9, -8}, {p, 0, {0, 6}, -1, 2, -6}, {p, 0, {40, 0}, -1, 2, -6}, {p, 0, {least, least}, -1, 2, -6},
-        {p, 0, {40, 6}, -1, 9, -14}, {p, least, {40, 6}, 40, 2, -14}, {p, step, {40, 6}, -1, 2, -11}, {p, step, {40, 6}, 40, 2, -11},
-        {p, step, {40, 6}, 3, -1, -11}, {p, step, {40, 6}, 3, 6, -11}, {p, step, {40, 6}, most, least, -11}, {p, step, {40, 6}, 3, 2, -9},
-        {p, step, {most, 6}, 3, 2, -9}, {p, step, {most, most}, 3, 2, -9},
+        {nullptr, 0, {0, 0}, -1, 9, -8},      {p, 0, {0, 6}, -1, 2, -6},
+        {p, 0, {40, 0}, -1, 2, -6},           {p, 0, {least, least}, -1, 2, -6},
+        {p, 0, {40, 6}, -1, 9, -14},          {p, least, {40, 6}, 40, 2, -14},
+        {p, step, {40, 6}, -1, 2, -11},       {p, step, {40, 6}, 40, 2, -11},
+        {p, step, {40, 6}, 3, -1, -11},       {p, step, {40, 6}, 3, 6, -11},
+        {p, step, {40, 6}, most, least, -11}, {p, step, {40, 6}, 3, 2, -9},
+        {p, step, {most, 6}, 3, 2, -9},       {p, step, {most, most}, 3, 2, -9},
     };
     at_every_level([&] {
         const AllocationFailure none(0);
@@ -175,7 +185,8 @@ TEST(FloodFill, ChecksInTheirOrder)
 
 TEST(FloodFill, MemoryIsBounded)
 {
-    const int sides[][2] = {{1, 1}, {1, 5000}, {5000, 1}, {65, 3000}, {3000, 65}, {513, 513}, {1, 70}, {64, 64}, {8193, 20}};
+    const int sides[][2] = {{1, 1},     {1, 5000}, {5000, 1}, {65, 3000}, {3000, 65},
+                            {513, 513}, {1, 70},   {64, 64},  {8193, 20}};
     for (const auto& side : sides) {
         const int width = side[0], height = side[1];
         std::vector<u8> pixels(static_cast<std::size_t>(width * height));
@@ -183,7 +194,8 @@ TEST(FloodFill, MemoryIsBounded)
         at_every_level([&] {
             std::fill(pixels.begin(), pixels.end(), u8{0});
             memory.start();
-            ASSERT_TRUE(W::FloodFill_8Con_8u_C1IR(pixels.data(), width, width, height, width / 2, height / 2, 1, nullptr));
+            ASSERT_TRUE(
+                W::FloodFill_8Con_8u_C1IR(pixels.data(), width, width, height, width / 2, height / 2, 1, nullptr));
             EXPECT_LE(memory.bytes(), width * height / 4 + 64 * (width + height) + 4096) << width << " x " << height;
         });
     }

@@ -77,9 +77,15 @@ template <class T>
 struct Grid {
     int width, height;
     std::vector<T> pixels;
-    Grid(int w, int h, T value = T{}) : width(w), height(h), pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h), value) {}
+    Grid(int w, int h, T value = T{})
+        : width(w), height(h), pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h), value)
+    {
+    }
     bool contains(int x, int y) const { return x >= 0 && x < width && y >= 0 && y < height; }
-    T& at(int x, int y) { return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]; }
+    T& at(int x, int y)
+    {
+        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
+    }
     T at(int x, int y) const { return const_cast<Grid*>(this)->at(x, y); }
     void draw(const Path& path, T value)
     {

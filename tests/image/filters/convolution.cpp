@@ -54,7 +54,8 @@ To expected(const Source<From>& src, const Kernel<int>& k, int divisor, int x, i
     long long low = 0, high = 0;
     for (int j = 0; j < k.height; ++j) {
         for (int i = 0; i < k.width; ++i) {
-            const long long weight = k.at(i, j), part = weight & 0xFFFF, pixel = src(x + k.anchorX - i, y + k.anchorY - j);
+            const long long weight = k.at(i, j), part = weight & 0xFFFF,
+                            pixel = src(x + k.anchorX - i, y + k.anchorY - j);
             low += part * pixel;
             high += (weight - part) / 65536 * pixel;
         }
@@ -70,7 +71,8 @@ std::uint32_t expected(const Source<From>& src, const Kernel<float>& k, int x, i
     for (int j = k.height - 1; j >= 0; --j) {
         for (int i = k.width - 1; i >= 0; --i) {
             if (k.at(i, j) == 0) continue;
-            const Quad product = static_cast<Quad>(k.at(i, j)) * static_cast<Quad>(src(x + k.anchorX - i, y + k.anchorY - j));
+            const Quad product =
+                static_cast<Quad>(k.at(i, j)) * static_cast<Quad>(src(x + k.anchorX - i, y + k.anchorY - j));
             volatile double next = static_cast<double>(first ? product : static_cast<Quad>(sum) + product);
             sum = next;
             first = false;
@@ -97,7 +99,8 @@ struct IntegerFilter {
     {
         return method(s, ss, d, ds, w, h, k.weights.data(), k.width, k.height, k.anchorX, k.anchorY, divisor);
     }
-    orv::Status status(const From* s, int ss, To* d, int ds, orv::Size roi, const int* k, int kw, int kh, int ax, int ay) const
+    orv::Status status(const From* s, int ss, To* d, int ds, orv::Size roi, const int* k, int kw, int kh, int ax,
+                       int ay) const
     {
         return (*operation)(s, ss, d, ds, roi, k, kw, kh, ax, ay, 0);
     }
@@ -116,7 +119,8 @@ struct FloatFilter {
     {
         return method(s, ss, d, ds, w, h, k.weights.data(), k.width, k.height, k.anchorX, k.anchorY);
     }
-    orv::Status status(const From* s, int ss, float* d, int ds, orv::Size roi, const float* k, int kw, int kh, int ax, int ay) const
+    orv::Status status(const From* s, int ss, float* d, int ds, orv::Size roi, const float* k, int kw, int kh, int ax,
+                       int ay) const
     {
         return (*operation)(s, ss, d, ds, roi, k, kw, kh, ax, ay);
     }
@@ -180,10 +184,12 @@ std::uint32_t expected_of(const FloatFilter<From>&, const Source<From>& s, const
 }
 
 template <class Filter>
-void check_filter(const Filter& f, orv::Size roi, const Kernel<typename Filter::Weight>& k, int divisor, std::mt19937& g)
+void check_filter(const Filter& f, orv::Size roi, const Kernel<typename Filter::Weight>& k, int divisor,
+                  std::mt19937& g)
 {
-    SCOPED_TRACE(std::string(f.name) + " " + std::to_string(roi.width) + " x " + std::to_string(roi.height) + ", kernel " +
-                 std::to_string(k.width) + " x " + std::to_string(k.height) + ", divisor " + std::to_string(divisor));
+    SCOPED_TRACE(std::string(f.name) + " " + std::to_string(roi.width) + " x " + std::to_string(roi.height) +
+                 ", kernel " + std::to_string(k.width) + " x " + std::to_string(k.height) + ", divisor " +
+                 std::to_string(divisor));
     using From = typename Filter::From;
     using To = typename Filter::To;
     Framed<From> src(roi, k, f.channels, g);
@@ -198,8 +204,11 @@ void check_filter(const Filter& f, orv::Size roi, const Kernel<typename Filter::
     const auto source = src.image.bytes(), before = dst.bytes();
     const auto row = static_cast<std::size_t>(roi.width * f.channels);
     at_every_level([&] {
-        ASSERT_TRUE(f.call(src.region(), src.image.step(), dst.template pixels<To>(), dst.step(), roi.width, roi.height, k, divisor));
-        expect_pixels<Bits>(dst, before, [&](int y, int i) { return want[static_cast<std::size_t>(y) * row + static_cast<std::size_t>(i)]; });
+        ASSERT_TRUE(f.call(src.region(), src.image.step(), dst.template pixels<To>(), dst.step(), roi.width, roi.height,
+                           k, divisor));
+        expect_pixels<Bits>(dst, before, [&](int y, int i) {
+            return want[static_cast<std::size_t>(y) * row + static_cast<std::size_t>(i)];
+        });
         ASSERT_EQ(src.image.bytes(), source);
     });
 }
@@ -210,7 +219,8 @@ orv::Size random_region(std::mt19937& g, int number)
     if (number % 16 == 15) return {wide[number / 16 % 4], uniform(g, 1, 3)};
     return {1 + number % 70, uniform(g, 1, 6)};
 }
-const std::pair<int, int> kSides[] = {{1, 1}, {1, 5}, {5, 1}, {2, 3}, {4, 4}, {3, 3}, {5, 5}, {3, 2}, {7, 7}, {6, 1}, {9, 4}, {15, 15}, {31, 2}, {1, 40}};
+const std::pair<int, int> kSides[] = {{1, 1}, {1, 5}, {5, 1}, {2, 3}, {4, 4},   {3, 3},  {5, 5},
+                                      {3, 2}, {7, 7}, {6, 1}, {9, 4}, {15, 15}, {31, 2}, {1, 40}};
 
 // --- Integers -------------------------------------------------------------------------------------
 
@@ -224,7 +234,8 @@ Kernel<int> random_integer_kernel(int kind, int width, int height, std::mt19937&
     };
     const bool product = kind >= 5;
     static const int row_sizes[] = {2, 20, 60000}, column_sizes[] = {3, 300, 30000};
-    const std::vector<int> row = vector(width, row_sizes[kind % 3]), column = vector(height, column_sizes[(kind + kind / 7) % 3]);
+    const std::vector<int> row = vector(width, row_sizes[kind % 3]),
+                           column = vector(height, column_sizes[(kind + kind / 7) % 3]);
     const int small = std::max(1, 128 / (width * height));
     return kernel_of<int>(width, height, g, [&](int i, int j) {
         if (product) return row[static_cast<std::size_t>(i)] * column[static_cast<std::size_t>(j)];
@@ -241,7 +252,8 @@ int random_divisor(const Kernel<int>& k, std::mt19937& g)
     long long sum = 0;
     for (const int w : k.weights) sum += std::abs(static_cast<long long>(w));
     const int number = uniform(g, 0, 29);
-    return number < 15 ? list[number] : static_cast<int>(std::min<long long>(std::max<long long>(sum / uniform(g, 1, 9), 1), INT_MAX));
+    return number < 15 ? list[number]
+                       : static_cast<int>(std::min<long long>(std::max<long long>(sum / uniform(g, 1, 9), 1), INT_MAX));
 }
 
 TEST(Convolution, Integers)
@@ -267,8 +279,10 @@ TEST(Convolution, FactorsAtTheirBounds)
             const auto weight = [&](int i, int j) { return row[i] * (j + 1) * (shape >= 8 ? 8191 : 1); };
             Kernel<int> k = kernel_of<int>(5, 4, g, weight);
             if (shape == 4) k.weights[7] += 1;
-            check_filter(IntegerFilter<u8, u8>{"Filter_8u_C3R", W::Filter_8u_C3R, nullptr, 3}, {70, 3}, k, magnitudes, g);
-            check_filter(IntegerFilter<u8, short>{"Filter_8u16s_C1R", W::Filter_8u16s_C1R, nullptr, 1}, {70, 3}, k, 1, g);
+            check_filter(IntegerFilter<u8, u8>{"Filter_8u_C3R", W::Filter_8u_C3R, nullptr, 3}, {70, 3}, k, magnitudes,
+                         g);
+            check_filter(IntegerFilter<u8, short>{"Filter_8u16s_C1R", W::Filter_8u16s_C1R, nullptr, 1}, {70, 3}, k, 1,
+                         g);
         }
     }
 }
@@ -288,9 +302,13 @@ TEST(Convolution, QuotientsAtTies)
             u16 src[2 * n];
             int weights[2] = {1, factor};  // turned: the first pixel meets the factor
             for (int x = 0; x < n; ++x) {
-                const double tie = std::min(65535.0, most / std::abs(static_cast<double>(divisor))) * uniform(g, 0, 1000) / 1000;
-                const auto half = static_cast<long long>((2 * std::floor(tie) + 1) * std::abs(static_cast<double>(divisor)) / 2) + x % 5 - 2;
-                const long long p = std::min<long long>(65535, std::max<long long>(0, half / std::abs(static_cast<long long>(factor))));
+                const double tie =
+                    std::min(65535.0, most / std::abs(static_cast<double>(divisor))) * uniform(g, 0, 1000) / 1000;
+                const auto half =
+                    static_cast<long long>((2 * std::floor(tie) + 1) * std::abs(static_cast<double>(divisor)) / 2) +
+                    x % 5 - 2;
+                const long long p =
+                    std::min<long long>(65535, std::max<long long>(0, half / std::abs(static_cast<long long>(factor))));
                 const long long q = factor < 0 ? 0 : half - p * factor;
                 src[2 * x] = static_cast<u16>(p);
                 src[2 * x + 1] = static_cast<u16>(std::min<long long>(65535, std::max<long long>(0, q)));
@@ -298,7 +316,8 @@ TEST(Convolution, QuotientsAtTies)
             const Kernel<int> k = {2, 1, 0, 0, {weights[0], weights[1]}};
             at_every_level([&] {
                 u16 dst[2 * n];
-                ASSERT_TRUE(W::Filter_16u_C1R(src + 1, 4 * n, dst, 4 * n, 2 * n - 1, 1, k.weights.data(), 2, 1, 0, 0, divisor));
+                ASSERT_TRUE(
+                    W::Filter_16u_C1R(src + 1, 4 * n, dst, 4 * n, 2 * n - 1, 1, k.weights.data(), 2, 1, 0, 0, divisor));
                 for (int x = 0; x < 2 * n - 1; ++x) {
                     const Source<u16> s = [&](int i, int) { return src[1 + i]; };
                     ASSERT_EQ(dst[x], expected<u16>(s, k, divisor, x, 0)) << factor << " / " << divisor << " at " << x;
@@ -313,9 +332,11 @@ TEST(Convolution, EveryPixel)
 {
     std::vector<short> src(65536), dst(65536);
     for (int i = 0; i < 65536; ++i) src[static_cast<std::size_t>(i)] = static_cast<short>(i);
-    for (const auto& c : {std::make_pair(1, 1), {1, 2}, {1, -2}, {-1, 6}, {3, 2}, {3, 10}, {8, -16}, {INT_MIN, 32768}, {INT_MIN, INT_MIN}}) {
+    for (const auto& c : {std::make_pair(1, 1), {1, 2}, {1, -2}, {-1, 6}, {3, 2}, {3, 10}, {8, -16}, {INT_MIN, 32768},
+                          {INT_MIN, INT_MIN}}) {
         std::vector<short> want;
-        for (const short pixel : src) want.push_back(expected_scaled<short>(static_cast<Quad>(c.first) * pixel, c.second, 0));
+        for (const short pixel : src)
+            want.push_back(expected_scaled<short>(static_cast<Quad>(c.first) * pixel, c.second, 0));
         at_every_level([&] {
             ASSERT_TRUE(W::Filter_16s_C1R(src.data(), 512, dst.data(), 512, 256, 256, &c.first, 1, 1, 0, 0, c.second));
             ASSERT_EQ(dst, want) << c.first << " / " << c.second;
@@ -335,7 +356,8 @@ TEST(Convolution, LargestSums)
             at_every_level([&] {
                 u16 dst[6] = {};
                 const u16* const first = src.data() + 257 * k.above() + k.left();
-                ASSERT_TRUE(W::Filter_16u_C1R(first, 514, dst, 6, 3, 2, k.weights.data(), 255, 255, k.anchorX, k.anchorY, divisor));
+                ASSERT_TRUE(W::Filter_16u_C1R(first, 514, dst, 6, 3, 2, k.weights.data(), 255, 255, k.anchorX,
+                                              k.anchorY, divisor));
                 EXPECT_THAT(dst, testing::Each(want)) << weight << " by " << divisor;
             });
         }
@@ -400,7 +422,8 @@ TEST(Convolution, OrderAndZeros)
                 const int w = upright ? 1 : 3, h = upright ? 3 : 1, pixels = upright ? n : 1;
                 const float* const first = upright ? src.data() + n : src.data() + 1;
                 ASSERT_TRUE(W::Filter_32f_C1R(first, 4 * n, dst, 4 * n, pixels, 1, c.kernel, w, h, w / 2, h / 2));
-                for (int x = 0; x < pixels; ++x) ASSERT_EQ(bits_of(dst[x]), c.want) << &c - cases << (upright ? " upright" : "");
+                for (int x = 0; x < pixels; ++x)
+                    ASSERT_EQ(bits_of(dst[x]), c.want) << &c - cases << (upright ? " upright" : "");
             });
         }
     }
@@ -417,7 +440,8 @@ void check_delta(const Filter& f)
     using Weight = typename Filter::Weight;
     std::mt19937 g = make_generator("delta");
     for (const std::pair<int, int>& side : {std::make_pair(1, 1), {1, 5}, {5, 1}, {2, 3}, {4, 4}}) {
-        Kernel<Weight> k = kernel_of<Weight>(side.first, side.second, g, [&](int i, int j) { return static_cast<Weight>(1 + i + 5 * j); });
+        Kernel<Weight> k = kernel_of<Weight>(side.first, side.second, g,
+                                             [&](int i, int j) { return static_cast<Weight>(1 + i + 5 * j); });
         const int w = k.width, h = k.height, wide = 3 * w - 2, high = 3 * h - 2, c = f.channels;
         std::vector<From> src(static_cast<std::size_t>(wide * high * c));
         const int x1 = wide / 2, y1 = high / 2;
@@ -428,9 +452,11 @@ void check_delta(const Filter& f)
                 // The region where the kernel appears begins at the pixel, less the anchor.
                 const From* const first = src.data() + ((y1 - k.anchorY) * wide + x1 - k.anchorX) * c;
                 at_every_level([&] {
-                    ASSERT_TRUE(f.call(first, wide * c * static_cast<int>(sizeof(From)), dst.data(), w * c * static_cast<int>(sizeof(To)), w, h, k, 1));
+                    ASSERT_TRUE(f.call(first, wide * c * static_cast<int>(sizeof(From)), dst.data(),
+                                       w * c * static_cast<int>(sizeof(To)), w, h, k, 1));
                     for (std::size_t i = 0; i < dst.size(); ++i) {
-                        ASSERT_EQ(dst[i], static_cast<To>(k.weights[i / static_cast<std::size_t>(c)])) << f.name << " " << w << " x " << h << " at " << i;
+                        ASSERT_EQ(dst[i], static_cast<To>(k.weights[i / static_cast<std::size_t>(c)]))
+                            << f.name << " " << w << " x " << h << " at " << i;
                     }
                 });
             }
@@ -456,9 +482,11 @@ TEST(Convolution, FrameBetweenGuards)
                 return static_cast<Weight>(product ? (i + 1) * (number % 3 == 0 ? 1 : 1000) : uniform(g, 0, 3 + j));
             });
             const int width = uniform(g, 1, 70), height = uniform(g, 1, 5);
-            const int row = (width + k.width - 1) * f.channels * static_cast<int>(sizeof(From)), rows = height + k.height - 1;
+            const int row = (width + k.width - 1) * f.channels * static_cast<int>(sizeof(From)),
+                      rows = height + k.height - 1;
             const GuardedBlock src(static_cast<std::size_t>(row * rows), number % 4 < 2);
-            const auto* const first = reinterpret_cast<const From*>(src.template as<>() + k.above() * row) + k.left() * f.channels;
+            const auto* const first =
+                reinterpret_cast<const From*>(src.template as<>() + k.above() * row) + k.left() * f.channels;
             std::vector<To> dst(static_cast<std::size_t>(width * height * f.channels));
             const int dst_row = width * f.channels * static_cast<int>(sizeof(To));
             at_every_level([&] { ASSERT_TRUE(f.call(first, row, dst.data(), dst_row, width, height, k, 7)); });
@@ -497,7 +525,8 @@ TEST(Convolution, OrderOfChecks)
                 EXPECT_EQ(f.status(s, 12, dst, 4, {1, 1}, k, 3, 3, bad, 0), orv::StatusBadMaskSize);
                 EXPECT_EQ(f.status(s, 12, dst, 4, {1, 1}, k, 3, 3, 0, bad), orv::StatusBadMaskSize);
             }
-            EXPECT_EQ(f.status(s, 12, dst, 4, {1, 1}, k, 3, 3, 1, 1), divides ? orv::StatusDivideByZeroError : orv::StatusNoMemory);
+            EXPECT_EQ(f.status(s, 12, dst, 4, {1, 1}, k, 3, 3, 1, 1),
+                      divides ? orv::StatusDivideByZeroError : orv::StatusNoMemory);
             EXPECT_THAT(dst, testing::Each(7));
         });
     });
@@ -513,7 +542,8 @@ TEST(Convolution, WithoutMemory)
         using Weight = typename std::decay_t<decltype(f)>::Weight;
         for (int kind = 0; kind < 11; ++kind) {
             const Kernel<int> like = random_integer_kernel(kind, 5, 4, g);
-            const Kernel<Weight> k = kernel_of<Weight>(5, 4, g, [&](int i, int j) { return static_cast<Weight>(like.at(i, j)); });
+            const Kernel<Weight> k =
+                kernel_of<Weight>(5, 4, g, [&](int i, int j) { return static_cast<Weight>(like.at(i, j)); });
             const std::vector<From> src(40 * 12 * 4, From{5});
             const std::vector<To> before(32 * 4 * 4, To{7});
             std::vector<To> dst = before;
@@ -554,7 +584,8 @@ TEST(Convolution, HostsFloatControl)
         for (int kind = 0; kind < 11; ++kind) {
             const Kernel<int> like = random_integer_kernel(kind, 4, 3, g);
             kernels.push_back(kernel_of<Weight>(4, 3, g, [&](int i, int j) {
-                return std::is_same<Weight, int>::value ? static_cast<Weight>(like.at(i, j)) : random_value<Weight>(g, Fill::special);
+                return std::is_same<Weight, int>::value ? static_cast<Weight>(like.at(i, j))
+                                                        : random_value<Weight>(g, Fill::special);
             }));
         }
         for (const Kernel<Weight>& k : kernels) {

@@ -68,11 +68,14 @@ std::vector<std::uint32_t> expected(const FramedFloats& s, int size, float sigma
     std::vector<float> rows;
     std::vector<std::uint32_t> result;
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) rows.push_back(weighted(w, [&](int i) { return s.value(clamped(x + i, width), y); }));
+        for (int x = 0; x < width; ++x)
+            rows.push_back(weighted(w, [&](int i) { return s.value(clamped(x + i, width), y); }));
     }
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const float value = weighted(w, [&](int j) { return static_cast<double>(rows[static_cast<std::size_t>(clamped(y + j, height) * width + x)]); });
+            const float value = weighted(w, [&](int j) {
+                return static_cast<double>(rows[static_cast<std::size_t>(clamped(y + j, height) * width + x)]);
+            });
             result.push_back(std::isnan(value) ? 0xFFFFFFFFu : bits_of(value));
         }
     }
@@ -111,13 +114,15 @@ TEST(Gauss, FollowsTheFormula)
             at_every_level([&] {
                 FramedFloats dst(c.width, c.height, 0, 0, gap, !ends), place(c.width, c.height, 0, 0, gap, ends);
                 place.fill([&](int x, int y) { return from_bits<float>(src.bits(x, y)); });
-                for (int i = 0; i < c.width * c.height; ++i) place.set_bits(i % c.width, i / c.width, src.bits(i % c.width, i / c.width));
+                for (int i = 0; i < c.width * c.height; ++i)
+                    place.set_bits(i % c.width, i / c.width, src.bits(i % c.width, i / c.width));
                 ASSERT_TRUE(filter(src, dst, c.size, c.sigma));
                 ASSERT_TRUE(filter(place, place, c.size, c.sigma));
                 for (int y = 0; y < c.height; ++y) {
                     for (int x = 0; x < c.width; ++x) {
                         const auto value = want[static_cast<std::size_t>(y * c.width + x)];
-                        ASSERT_EQ(dst.bits(x, y), value) << c.width << " x " << c.height << ", " << c.size << " at " << x << ", " << y;
+                        ASSERT_EQ(dst.bits(x, y), value)
+                            << c.width << " x " << c.height << ", " << c.size << " at " << x << ", " << y;
                         ASSERT_EQ(place.bits(x, y), value) << "in place";
                     }
                 }
@@ -144,7 +149,9 @@ TEST(Gauss, HasTheWeightsOfAGaussian)
                 }
                 double sum = 0;
                 for (int i = 0; i <= 4 * r; ++i) {
-                    ASSERT_NEAR(dst.value(i, 0), static_cast<double>(g[static_cast<std::size_t>(i)] / whole), 6 * 0x1p-24) << r << ", " << sigma << " at " << i;
+                    ASSERT_NEAR(dst.value(i, 0), static_cast<double>(g[static_cast<std::size_t>(i)] / whole),
+                                6 * 0x1p-24)
+                        << r << ", " << sigma << " at " << i;
                     sum += dst.value(i, 0);
                 }
                 EXPECT_NEAR(sum, 1, 6 * 0x1p-24);
@@ -162,11 +169,13 @@ TEST(Gauss, KeepsConstantsAndRamps)
                 for (const float value : {255.0f, 0.1f, -1.0f / 3, 1e-44f, 3.4e38f, -65535.0f, 1e-20f, -0.0f}) {
                     src.fill([=](int, int) { return value; });
                     ASSERT_TRUE(filter(src, dst, size, sigma));
-                    for (int i = 0; i < 246; ++i) ASSERT_EQ(dst.bits(i % 41, i / 41), bits_of(value)) << value << ", " << size << ", " << sigma;
+                    for (int i = 0; i < 246; ++i)
+                        ASSERT_EQ(dst.bits(i % 41, i / 41), bits_of(value)) << value << ", " << size << ", " << sigma;
                 }
                 src.fill([](int x, int) { return static_cast<float>(3 * x - 50); });
                 ASSERT_TRUE(filter(src, dst, size, sigma));
-                for (int x = size / 2; x < 41 - size / 2; ++x) ASSERT_NEAR(dst.value(x, 2), 3 * x - 50, 73 * 6 * 0x1p-24);
+                for (int x = size / 2; x < 41 - size / 2; ++x)
+                    ASSERT_NEAR(dst.value(x, 2), 3 * x - 50, 73 * 6 * 0x1p-24);
             }
         }
     });
@@ -179,7 +188,8 @@ TEST(Gauss, NarrowAndWideLimits)
     src.fill_at_random(g, Fill::uniform);
     at_every_level([&] {
         ASSERT_TRUE(filter(src, dst, 9, 1e-30f));
-        for (int i = 0; i < 1000; ++i) ASSERT_EQ(dst.bits(i % 50, i / 50), src.bits(i % 50, i / 50)) << "no neighbour has a weight";
+        for (int i = 0; i < 1000; ++i)
+            ASSERT_EQ(dst.bits(i % 50, i / 50), src.bits(i % 50, i / 50)) << "no neighbour has a weight";
         ASSERT_TRUE(filter(src, dst, 3, 1e30f));
         for (int i = 0; i < 1000; ++i) {
             const int x = i % 50, y = i / 50;
@@ -219,13 +229,17 @@ TEST(Gauss, RefusalsWriteNothing)
         {
             const AllocationFailure none_left(0);
             for (const Case& c : cases) {
-                EXPECT_EQ(orv_FilterGaussBorder_32f_C1R(c.src, c.srcStep, d, c.dstStep, {c.width, c.height}, c.size, &c.sigma), c.status);
-                EXPECT_FALSE(W::FilterGaussBorder_32f_C1R(c.src, c.srcStep, d, c.dstStep, c.width, c.height, c.size, c.sigma));
+                EXPECT_EQ(orv_FilterGaussBorder_32f_C1R(c.src, c.srcStep, d, c.dstStep, {c.width, c.height}, c.size,
+                                                        &c.sigma),
+                          c.status);
+                EXPECT_FALSE(
+                    W::FilterGaussBorder_32f_C1R(c.src, c.srcStep, d, c.dstStep, c.width, c.height, c.size, c.sigma));
             }
             EXPECT_FALSE(W::FilterGaussBorder_32f_C1R(s, 32, nullptr, 32, 8, 8, 3, 1));
         }
         const float sigma = 1;
-        EXPECT_EQ(orv_FilterGaussBorder_32f_C1R(s, 32, d, 32, {0x7FFFFFFF, 4}, 3, &sigma), StatusNoMemory) << "rows larger than any memory";
+        EXPECT_EQ(orv_FilterGaussBorder_32f_C1R(s, 32, d, 32, {0x7FFFFFFF, 4}, 3, &sigma), StatusNoMemory)
+            << "rows larger than any memory";
         for (int i = 0; i < 64; ++i) ASSERT_EQ(dst.value(i % 8, i / 8), 7);
     });
 }

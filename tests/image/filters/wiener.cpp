@@ -76,7 +76,8 @@ struct Expected {
 
 bool filter(const FramedFloats& s, FramedFloats& d, Mask mask, double* noise)
 {
-    return W::FilterWiener_32f_C1(s.pixels(), s.step(), d.pixels(), d.step(), s.width(), s.height(), mask.width, mask.height, noise);
+    return W::FilterWiener_32f_C1(s.pixels(), s.step(), d.pixels(), d.step(), s.width(), s.height(), mask.width,
+                                  mask.height, noise);
 }
 
 // --- Tests ----------------------------------------------------------------------------------------
@@ -111,8 +112,11 @@ TEST(Wiener, FollowsTheFormula)
                     ASSERT_EQ(bits_of(used), bits_of(noise)) << "noise";
                     for (int y = 0; y < c.height; ++y) {
                         for (int x = 0; x < c.width; ++x) {
-                            ASSERT_EQ(dst.bits(x, y), expected(src.value(x, y), want.locals[static_cast<std::size_t>(y * c.width + x)], noise))
-                                << c.width << " x " << c.height << ", " << c.mask.width << " x " << c.mask.height << " at " << x << ", " << y;
+                            ASSERT_EQ(dst.bits(x, y),
+                                      expected(src.value(x, y), want.locals[static_cast<std::size_t>(y * c.width + x)],
+                                               noise))
+                                << c.width << " x " << c.height << ", " << c.mask.width << " x " << c.mask.height
+                                << " at " << x << ", " << y;
                         }
                     }
                 });
@@ -149,7 +153,8 @@ TEST(Wiener, LeavesPixelsOrTakesMeans)
         ASSERT_TRUE(filter(src, dst, {5, 3}, &none));
         for (int i = 0; i < w * h; ++i) ASSERT_NEAR(dst.value(i % w, i / w), src.value(i % w, i / w), 1e-4);
         ASSERT_TRUE(filter(src, dst, {5, 3}, &all));
-        for (int i = 0; i < w * h; ++i) ASSERT_NEAR(dst.value(i % w, i / w), static_cast<double>(means[static_cast<std::size_t>(i)]), 1e-4);
+        for (int i = 0; i < w * h; ++i)
+            ASSERT_NEAR(dst.value(i % w, i / w), static_cast<double>(means[static_cast<std::size_t>(i)]), 1e-4);
     });
 }
 
@@ -216,8 +221,11 @@ TEST(Wiener, RefusalsWriteNothing)
         const AllocationFailure none_left(0);
         for (const Case& c : cases) {
             double noise = c.noise;
-            EXPECT_EQ(orv_FilterWiener_32f_C1(c.src, c.srcStep, d, c.dstStep, {c.width, c.height}, c.maskWidth, c.maskHeight, &noise), c.status);
-            EXPECT_FALSE(W::FilterWiener_32f_C1(c.src, c.srcStep, d, c.dstStep, c.width, c.height, c.maskWidth, c.maskHeight, &noise));
+            EXPECT_EQ(orv_FilterWiener_32f_C1(c.src, c.srcStep, d, c.dstStep, {c.width, c.height}, c.maskWidth,
+                                              c.maskHeight, &noise),
+                      c.status);
+            EXPECT_FALSE(W::FilterWiener_32f_C1(c.src, c.srcStep, d, c.dstStep, c.width, c.height, c.maskWidth,
+                                                c.maskHeight, &noise));
             EXPECT_EQ(bits_of(noise), bits_of(c.noise));
         }
         double noise = -1;

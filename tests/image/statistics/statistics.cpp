@@ -55,7 +55,8 @@ struct Region {
     int width, height, channels, step;
     std::vector<u8> memory;
 
-    Region(int w, int h, int c, int padding) : width(w), height(h), channels(c), step(w * c * static_cast<int>(sizeof(T)) + padding)
+    Region(int w, int h, int c, int padding)
+        : width(w), height(h), channels(c), step(w * c * static_cast<int>(sizeof(T)) + padding)
     {
         memory.resize(static_cast<std::size_t>(step) * static_cast<std::size_t>(h));
     }
@@ -87,7 +88,8 @@ struct Region {
 private:
     std::size_t offset(int x, int y, int c) const
     {
-        return static_cast<std::size_t>(step) * static_cast<std::size_t>(y) + static_cast<std::size_t>(x * channels + c) * sizeof(T);
+        return static_cast<std::size_t>(step) * static_cast<std::size_t>(y) +
+               static_cast<std::size_t>(x * channels + c) * sizeof(T);
     }
 };
 
@@ -95,7 +97,8 @@ struct Shape {
     int width, height, padding;
 };
 // Rows shorter and longer than vectors, steps with and without gaps, blocks of every accumulator filled.
-const Shape kShapes[] = {{1, 1, 0}, {3, 5, 1}, {15, 4, 0}, {33, 3, 3}, {64, 64, 0}, {97, 31, 7}, {256, 40, 0}, {1023, 5, 1}, {5000, 9, 0}, {70001, 2, 0}};
+const Shape kShapes[] = {{1, 1, 0},   {3, 5, 1},    {15, 4, 0},   {33, 3, 3},   {64, 64, 0},
+                         {97, 31, 7}, {256, 40, 0}, {1023, 5, 1}, {5000, 9, 0}, {70001, 2, 0}};
 
 // --- Integer sums -----------------------------------------------------------------------------------
 
@@ -169,7 +172,8 @@ void check_deviation(bool (*operation)(const T*, int, int, int, double*, double*
                 squares += std::uint64_t{v} * v;
             });
             const double n = static_cast<double>(s.width) * s.height;
-            const double mean = stored(static_cast<double>(sum) / n), mean_square = stored(static_cast<double>(squares) / n);
+            const double mean = stored(static_cast<double>(sum) / n),
+                         mean_square = stored(static_cast<double>(squares) / n);
             const double variance = stored(mean_square - stored(mean * mean));
             const double deviation = stored(std::sqrt(std::fabs(variance)));
             at_every_level([&] {
@@ -224,7 +228,9 @@ std::vector<double> ordered_sums(const Region<float>& region)
     std::vector<double> sums;
     for (int c = 0; c < region.channels; ++c) {
         double even = 0, odd = 0;
-        region.each(c, [&](float v, int x, int) { (x % 2 == 0 ? even : odd) = stored((x % 2 == 0 ? even : odd) + static_cast<double>(v)); });
+        region.each(c, [&](float v, int x, int) {
+            (x % 2 == 0 ? even : odd) = stored((x % 2 == 0 ? even : odd) + static_cast<double>(v));
+        });
         sums.push_back(stored(odd + even));
     }
     return sums;
@@ -255,16 +261,21 @@ TEST(Statistics, FloatSumsKeepTheirOrder)
                 Region<float> region(s.width, s.height, channels, s.padding);
                 region.fill(kinds[k]);
                 // One stray value: the way of adding changes within the image.
-                if (g() % 2 == 0) region.set(static_cast<int>(g() % static_cast<unsigned>(s.width)), static_cast<int>(g() % static_cast<unsigned>(s.height)), 0, kinds[g() % kinds.size()]());
+                if (g() % 2 == 0)
+                    region.set(static_cast<int>(g() % static_cast<unsigned>(s.width)),
+                               static_cast<int>(g() % static_cast<unsigned>(s.height)), 0, kinds[g() % kinds.size()]());
                 const std::vector<double> want = ordered_sums(region);
-                const FloatSum sum = channels == 1 ? W::Sum_32f_C1R : W::Sum_32f_C3R, mean = channels == 1 ? W::Mean_32f_C1R : W::Mean_32f_C3R;
+                const FloatSum sum = channels == 1 ? W::Sum_32f_C1R : W::Sum_32f_C3R,
+                               mean = channels == 1 ? W::Mean_32f_C1R : W::Mean_32f_C3R;
                 at_every_level([&] {
                     double got[3], means[3];
                     ASSERT_TRUE(sum(region.data(), region.step, s.width, s.height, got, g() % 2 == 0));
                     ASSERT_TRUE(mean(region.data(), region.step, s.width, s.height, means, g() % 2 == 0));
                     for (int c = 0; c < channels; ++c) {
-                        ASSERT_EQ(bits(got[c]), bits(want[static_cast<std::size_t>(c)])) << s.width << " x " << s.height << " kind " << k;
-                        ASSERT_EQ(bits(means[c]), bits(stored(want[static_cast<std::size_t>(c)] / (static_cast<double>(s.width) * s.height))));
+                        ASSERT_EQ(bits(got[c]), bits(want[static_cast<std::size_t>(c)]))
+                            << s.width << " x " << s.height << " kind " << k;
+                        ASSERT_EQ(bits(means[c]), bits(stored(want[static_cast<std::size_t>(c)] /
+                                                              (static_cast<double>(s.width) * s.height))));
                     }
                 });
             }
@@ -295,7 +306,8 @@ TEST(Statistics, FloatSumsNoticeStrayValues)
         region.set(x, y, 0, before);
     }
     // Infinities of both signs and NaNs of any kind: one NaN.
-    for (const auto& pair : std::vector<std::vector<float>>{{inf, -inf}, {-nan, 1}, {std::numeric_limits<float>::signaling_NaN(), -nan}}) {
+    for (const auto& pair :
+         std::vector<std::vector<float>>{{inf, -inf}, {-nan, 1}, {std::numeric_limits<float>::signaling_NaN(), -nan}}) {
         at_every_level([&] {
             double got;
             ASSERT_TRUE(W::Sum_32f_C1R(pair.data(), 8, 2, 1, &got, false));
@@ -363,11 +375,14 @@ void check_extremes(int channels, Results<T> min, Results<T> max, TwoResults<T> 
                 region.fill([&] { return random_value<T>(g, static_cast<Fill>(kind)); });
             } else {
                 // All alike but a few: each lane gets its turn to hold the extreme.
-                const T value = kind == 7 && std::is_floating_point<T>::value ? std::numeric_limits<T>::quiet_NaN() : static_cast<T>(100 * (kind - 4));
+                const T value = kind == 7 && std::is_floating_point<T>::value ? std::numeric_limits<T>::quiet_NaN()
+                                                                              : static_cast<T>(100 * (kind - 4));
                 region.fill([&] { return value; });
                 for (int i = 0; i < 3; ++i) {
-                    region.set(static_cast<int>(g() % static_cast<unsigned>(s.width)), static_cast<int>(g() % static_cast<unsigned>(s.height)),
-                               static_cast<int>(g() % static_cast<unsigned>(channels)), static_cast<T>(99 + static_cast<int>(g() % 3)));
+                    region.set(static_cast<int>(g() % static_cast<unsigned>(s.width)),
+                               static_cast<int>(g() % static_cast<unsigned>(s.height)),
+                               static_cast<int>(g() % static_cast<unsigned>(channels)),
+                               static_cast<T>(99 + static_cast<int>(g() % 3)));
                 }
             }
             T low[4], high[4];
@@ -379,11 +394,13 @@ void check_extremes(int channels, Results<T> min, Results<T> max, TwoResults<T> 
                 T got[4], got_high[4];
                 if (min != nullptr) {
                     ASSERT_TRUE(min(region.data(), region.step, s.width, s.height, got));
-                    for (int c = 0; c < channels; ++c) ASSERT_EQ(bits(got[c]), bits(low[c])) << s.width << " x " << s.height << " kind " << kind;
+                    for (int c = 0; c < channels; ++c)
+                        ASSERT_EQ(bits(got[c]), bits(low[c])) << s.width << " x " << s.height << " kind " << kind;
                 }
                 if (max != nullptr) {
                     ASSERT_TRUE(max(region.data(), region.step, s.width, s.height, got));
-                    for (int c = 0; c < channels; ++c) ASSERT_EQ(bits(got[c]), bits(high[c])) << s.width << " x " << s.height << " kind " << kind;
+                    for (int c = 0; c < channels; ++c)
+                        ASSERT_EQ(bits(got[c]), bits(high[c])) << s.width << " x " << s.height << " kind " << kind;
                 }
                 ASSERT_TRUE(min_max(region.data(), region.step, s.width, s.height, got, got_high));
                 for (int c = 0; c < channels; ++c) {
@@ -424,9 +441,11 @@ void check_positions(Position<T> min, Position<T> max)
                 T value;
                 int column, row;
                 ASSERT_TRUE(min(region.data(), region.step, s.width, s.height, &value, &column, &row));
-                ASSERT_THAT((std::vector<int>{value, column, row}), testing::ElementsAreArray(low)) << s.width << " x " << s.height << " kind " << kind;
+                ASSERT_THAT((std::vector<int>{value, column, row}), testing::ElementsAreArray(low))
+                    << s.width << " x " << s.height << " kind " << kind;
                 ASSERT_TRUE(max(region.data(), region.step, s.width, s.height, &value, &column, &row));
-                ASSERT_THAT((std::vector<int>{value, column, row}), testing::ElementsAreArray(high)) << s.width << " x " << s.height << " kind " << kind;
+                ASSERT_THAT((std::vector<int>{value, column, row}), testing::ElementsAreArray(high))
+                    << s.width << " x " << s.height << " kind " << kind;
             });
         }
     }
@@ -443,10 +462,23 @@ TEST(Statistics, Positions)
 struct Spread {
     int count, lower, upper;
 };
-const Spread kSpreads[] = {{257, 0, 256},     {4, 0, 10},         {2, 0, 256},           {65537, 0, 65536},  {2, INT_MIN, INT_MAX}, {300, INT_MIN, INT_MAX},
-                           {2, INT_MAX, INT_MIN}, {300, INT_MAX, INT_MIN}, {257, 256, 0}, {7, 100, 80},       {20, 3, 3},            {100, 10, 40},
-                           {5, -1000, 70},    {5, 200, 1000},     {9, -50, 0},           {9, 256, 300},      {9, 65536, 99999},     {1000, 17, 60017},
-                           {1000, -7, 70000}, {40000, 100, 60000}, {3, 255, 256},        {65538, -1, 65536}, {2, 65535, 65536},     {30000, 5, 65000}};
+const Spread kSpreads[] = {{257, 0, 256},
+                           {4, 0, 10},
+                           {2, 0, 256},
+                           {65537, 0, 65536},
+                           {2, INT_MIN, INT_MAX},
+                           {300, INT_MIN, INT_MAX},
+                           {2, INT_MAX, INT_MIN},
+                           {300, INT_MAX, INT_MIN}, {257, 256, 0}, {7, 100, 80}, {20, 3, 3}, {100, 10, 40},
+                           {5, -1000, 70}, {5, 200, 1000}, {9, -50, 0}, {9, 256, 300},
+                           {9, 65536, 99999},
+                           {1000, 17, 60017},
+                           {1000, -7, 70000},
+                           {40000, 100, 60000},
+                           {3, 255, 256},
+                           {65538, -1, 65536},
+                           {2, 65535, 65536},
+                           {30000, 5, 65000}};
 
 template <class T>
 void check_histogram(Histogram<T> operation)
@@ -474,21 +506,25 @@ void check_histogram(Histogram<T> operation)
             std::vector<int> of_value(65536);
             region.each(0, [&](T v, int, int) { ++of_value[v]; });
             for (std::size_t k = 0; k + 1 < n; ++k) {
-                for (int v = std::max(levels[k], 0); v < std::min(levels[k + 1], 65536); ++v) bins[k] += of_value[static_cast<std::size_t>(v)];
+                for (int v = std::max(levels[k], 0); v < std::min(levels[k + 1], 65536); ++v)
+                    bins[k] += of_value[static_cast<std::size_t>(v)];
             }
             // All levels share one kernel.
             std::vector<int> got(n, -1), got_levels(n + 1, -1);
-            ASSERT_TRUE(operation(region.data(), region.step, s.width, s.height, got.data(), got_levels.data(), spread.count, spread.lower, spread.upper));
+            ASSERT_TRUE(operation(region.data(), region.step, s.width, s.height, got.data(), got_levels.data(),
+                                  spread.count, spread.lower, spread.upper));
             ASSERT_EQ(got_levels.back(), -1);
             ASSERT_EQ(got.back(), -1);
             got_levels.pop_back();
             got.pop_back();
             ASSERT_EQ(got_levels, levels);
-            ASSERT_EQ(got, bins) << spread.count << " levels from " << spread.lower << " to " << spread.upper << ", " << s.width << " x " << s.height;
+            ASSERT_EQ(got, bins) << spread.count << " levels from " << spread.lower << " to " << spread.upper << ", "
+                                 << s.width << " x " << s.height;
             // Without memory for its tables it counts more slowly.
             const AllocationFailure none_left(0);
             got.assign(n, -1);
-            ASSERT_TRUE(operation(region.data(), region.step, s.width, s.height, got.data(), got_levels.data(), spread.count, spread.lower, spread.upper));
+            ASSERT_TRUE(operation(region.data(), region.step, s.width, s.height, got.data(), got_levels.data(),
+                                  spread.count, spread.lower, spread.upper));
             ASSERT_EQ(got.back(), -1);
             got.pop_back();
             ASSERT_EQ(got, bins);
@@ -521,15 +557,29 @@ void check_refusals(Call call)
 
 TEST(Statistics, RefusalsWriteNothing)
 {
-#define REFUSALS(name, T, R) check_refusals<T, R>([](const T* p, int w, int h, R* r) { return W::name(p, 16, w, h, r); });
-#define HINTED(name) check_refusals<float, double>([](const float* p, int w, int h, double* r) { return W::name(p, 32, w, h, r, true); });
+#define REFUSALS(name, T, R) \
+    check_refusals<T, R>([](const T* p, int w, int h, R* r) { return W::name(p, 16, w, h, r); });
+#define HINTED(name) \
+    check_refusals<float, double>( \
+        [](const float* p, int w, int h, double* r) { return W::name(p, 32, w, h, r, true); });
 #define EITHER(name, T)                                                                                         \
     check_refusals<T, T>([](const T* p, int w, int h, T* r) { T other[4]; return W::name(p, 16, w, h, r, other); }); \
     check_refusals<T, T>([](const T* p, int w, int h, T* r) { T other[4]; return W::name(p, 16, w, h, other, r); });
-#define PLACED(name, T)                                                                                                           \
-    check_refusals<T, T>([](const T* p, int w, int h, T* r) { int x, y; return W::name(p, 16, w, h, r, &x, &y); });               \
-    check_refusals<T, int>([](const T* p, int w, int h, int* r) { T v; int y; return W::name(p, 16, w, h, &v, r, &y); });         \
-    check_refusals<T, int>([](const T* p, int w, int h, int* r) { T v; int x; return W::name(p, 16, w, h, &v, &x, r); });
+#define PLACED(name, T) \
+    check_refusals<T, T>([](const T* p, int w, int h, T* r) { \
+        int x, y; \
+        return W::name(p, 16, w, h, r, &x, &y); \
+    }); \
+    check_refusals<T, int>([](const T* p, int w, int h, int* r) { \
+        T v; \
+        int y; \
+        return W::name(p, 16, w, h, &v, r, &y); \
+    }); \
+    check_refusals<T, int>([](const T* p, int w, int h, int* r) { \
+        T v; \
+        int x; \
+        return W::name(p, 16, w, h, &v, &x, r); \
+    });
     at_every_level([] {
         REFUSALS(Sum_8u_C1R, u8, double) REFUSALS(Sum_8u_C3R, u8, double) REFUSALS(Sum_8u_C4R, u8, double)
         REFUSALS(Sum_16u_C1R, u16, double) REFUSALS(Sum_16s_C1R, s16, double)
@@ -551,7 +601,9 @@ TEST(Statistics, RefusalsWriteNothing)
 
     const std::vector<u16> pixels(64, 3);
     std::vector<int> bins(9, 77), levels(9, 77);
-    const auto refused = [&](const u16* p, int step, int w, int h, int* b, int* l, int n) { return !W::HistogramEven_16u_C1(p, step, w, h, b, l, n, 0, 9); };
+    const auto refused = [&](const u16* p, int step, int w, int h, int* b, int* l, int n) {
+        return !W::HistogramEven_16u_C1(p, step, w, h, b, l, n, 0, 9);
+    };
     EXPECT_TRUE(refused(nullptr, 16, 4, 4, bins.data(), levels.data(), 9));
     EXPECT_TRUE(refused(pixels.data(), 16, 4, 4, nullptr, levels.data(), 9));
     EXPECT_TRUE(refused(pixels.data(), 16, 4, 4, bins.data(), nullptr, 9));
@@ -561,7 +613,8 @@ TEST(Statistics, RefusalsWriteNothing)
         EXPECT_TRUE(refused(pixels.data(), bad, 4, 4, bins.data(), levels.data(), 9));
     }
     EXPECT_TRUE(refused(pixels.data(), 7, 4, 4, bins.data(), levels.data(), 9)) << "a step shorter than a row";
-    for (const int few : {1, 0, -5, INT_MIN}) EXPECT_TRUE(refused(pixels.data(), 16, 4, 4, bins.data(), levels.data(), few));
+    for (const int few : {1, 0, -5, INT_MIN})
+        EXPECT_TRUE(refused(pixels.data(), 16, 4, 4, bins.data(), levels.data(), few));
     EXPECT_THAT(bins, testing::Each(77));
     EXPECT_THAT(levels, testing::Each(77));
 }
