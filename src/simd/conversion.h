@@ -1,7 +1,10 @@
 // Conversions between lane types in memory order, for loops whose source and destination differ in
-// width. (widen() and narrow() of the vector layer are cheaper but keep the order only in pairs.)
+// width. (widen() and narrow() are cheaper but keep the order only in pairs.)
+//
+// load_as<V>::from(p) widens what lies at p. store_as(p, v) narrows: to integers saturated, to floats rounded.
 #pragma once
 
+#include "core/nan.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -27,47 +30,88 @@ ORV_INLINE void store(float* p, vec<double, 1> a)
 }
 
 #if ORV_HAVE_VECTORS
+// 4 or 8 bytes in the lowest lanes of a register.
+ORV_INLINE __m128i load_32(const void* p)
+{
+    s32 four;
+    std::memcpy(&four, p, sizeof(four));
+    return _mm_cvtsi32_si128(four);
+}
+ORV_INLINE __m128i load_64(const void* p) { return _mm_loadl_epi64(static_cast<const __m128i*>(p)); }
+
 template <>
 struct load_as<vec<double, 2>> {
-    static ORV_INLINE vec<double, 2> from(const float* p)
+    static ORV_INLINE vec<double, 2> from(const float* p) { return {_mm_cvtps_pd(_mm_castsi128_ps(load_64(p)))}; }
+};
+template <>
+struct load_as<twice<vec<double, 2>>> {
+    static ORV_INLINE twice<vec<double, 2>> from(const float* p)
     {
-        return {_mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))))};
+        twice<vec<double, 2>> r;
+        load_to(r, p);
+        return r;
     }
 };
-
 template <>
 struct load_as<vec<u16, 8>> {
-    static ORV_INLINE vec<u16, 8> from(const u8* p)
+    static ORV_INLINE vec<u16, 8> from(const u8* p) { return {_mm_unpacklo_epi8(load_64(p), _mm_setzero_si128())}; }
+};
+template <>
+struct load_as<vec<s32, 4>> {
+    static ORV_INLINE vec<s32, 4> from(const u8* p)
     {
-        return {_mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)), _mm_setzero_si128())};
+        const __m128i none = _mm_setzero_si128(), words = _mm_unpacklo_epi8(load_32(p), none);
+        return {_mm_unpacklo_epi16(words, none)};
+    }
+    static ORV_INLINE vec<s32, 4> from(const u16* p) { return {_mm_unpacklo_epi16(load_64(p), _mm_setzero_si128())}; }
+    static ORV_INLINE vec<s32, 4> from(const s16* p)
+    {
+        const __m128i words = load_64(p);
+        return {_mm_srai_epi32(_mm_unpacklo_epi16(words, words), 16)};
     }
 };
-
 template <>
 struct load_as<vec<float, 4>> {
-    static ORV_INLINE vec<float, 4> from(const u8* p)
+    template <class T> static ORV_INLINE vec<float, 4> from(const T* p)
     {
-        s32 four;
-        std::memcpy(&four, p, sizeof(four));
-        const __m128i none = _mm_setzero_si128();
-        const __m128i words = _mm_unpacklo_epi8(_mm_cvtsi32_si128(four), none);
-        return {_mm_cvtepi32_ps(_mm_unpacklo_epi16(words, none))};
-    }
-    static ORV_INLINE vec<float, 4> from(const u16* p)
-    {
-        const __m128i words = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
-        return {_mm_cvtepi32_ps(_mm_unpacklo_epi16(words, _mm_setzero_si128()))};
+        return to_float(load_as<vec<s32, 4>>::from(p));
     }
 };
+#endif
 
+#if ORV_HAVE_FLOAT256
+using four_doubles = vec<double, 4>;
+#elif ORV_HAVE_VECTORS
+using four_doubles = twice<vec<double, 2>>;
 #endif
 #if ORV_HAVE_FLOAT256
 template <>
 struct load_as<vec<double, 4>> {
     static ORV_INLINE vec<double, 4> from(const float* p) { return {_mm256_cvtps_pd(_mm_loadu_ps(p))}; }
-};
-
+#if ORV_HAVE_INT256
+    static ORV_INLINE vec<double, 4> from(const u8* p) { return {_mm256_cvtepi32_pd(_mm_cvtepu8_epi32(load_32(p)))}; }
+    static ORV_INLINE vec<double, 4> from(const u16* p) { return {_mm256_cvtepi32_pd(_mm_cvtepu16_epi32(load_64(p)))}; }
 #endif
+};
+ORV_INLINE vec<float, 4> to_float(vec<double, 4> a) { return {_mm256_cvtpd_ps(a.v)}; }
+// Rounded to the digits and the range of floats.
+ORV_INLINE vec<double, 4> to_single(vec<double, 4> a) { return {_mm256_cvtps_pd(_mm256_cvtpd_ps(a.v))}; }
+#endif
+
+#if ORV_HAVE_VECTORS
+// 2^52 + n has the integer n in its lower half.
+ORV_INLINE four_doubles to_four_doubles(vec<u32, 4> a)
+{
+    const twice<vec<u64, 2>> raised = interleave(a, vec<u32, 4>{_mm_set1_epi32(0x43300000)});
+#if ORV_HAVE_FLOAT256
+    const __m256i both = _mm256_insertf128_si256(_mm256_castsi128_si256(raised.lo.v), raised.hi.v, 1);
+    return vec<double, 4>{_mm256_castsi256_pd(both)} - splat<vec<double, 4>>(0x1p52);
+#else
+    return from_bits(raised) - four_doubles(0x1p52);
+#endif
+}
+#endif
+
 #if ORV_HAVE_INT256
 template <>
 struct load_as<vec<u16, 16>> {
@@ -76,16 +120,36 @@ struct load_as<vec<u16, 16>> {
         return {_mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)))};
     }
 };
-
+template <>
+struct load_as<vec<s32, 8>> {
+    static ORV_INLINE vec<s32, 8> from(const u8* p) { return {_mm256_cvtepu8_epi32(load_64(p))}; }
+    static ORV_INLINE vec<s32, 8> from(const u16* p)
+    {
+        return {_mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)))};
+    }
+    static ORV_INLINE vec<s32, 8> from(const s16* p)
+    {
+        return {_mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)))};
+    }
+};
 template <>
 struct load_as<vec<float, 8>> {
-    static ORV_INLINE vec<float, 8> from(const u8* p)
+    template <class T> static ORV_INLINE vec<float, 8> from(const T* p)
     {
-        return {_mm256_cvtepi32_ps(_mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))))};
+        return to_float(load_as<vec<s32, 8>>::from(p));
     }
-    static ORV_INLINE vec<float, 8> from(const u16* p)
+};
+template <>
+struct load_as<twice<vec<double, 4>>> {
+    template <class T> static ORV_INLINE twice<vec<double, 4>> from(const T* p)
     {
-        return {_mm256_cvtepi32_ps(_mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))))};
+        return to_double(load_as<vec<s32, 8>>::from(p));
+    }
+    static ORV_INLINE twice<vec<double, 4>> from(const float* p)
+    {
+        twice<vec<double, 4>> r;
+        load_to(r, p);
+        return r;
     }
 };
 #endif
@@ -100,24 +164,31 @@ ORV_INLINE void store(float* p, vec<double, 2> a)
 ORV_INLINE void store(float* p, vec<double, 4> a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a.v)); }
 #endif
 
+// Bytes that two narrow()s have made of four vectors, in memory order.
+ORV_INLINE vec<u8, 16> narrowed_twice(vec<u8, 16> a) { return a; }
+#if ORV_HAVE_INT256
+ORV_INLINE vec<u8, 32> narrowed_twice(vec<u8, 32> a)
+{
+    return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
+}
+#endif
+
 // 32-bit lanes from 0 to the most of the narrower type, packed in memory order.
 ORV_INLINE vec<u16, 8> pack(vec<s32, 4> a, vec<s32, 4> b)
 {
     return narrow(pair<vec<u32, 4>>{{a.v}, {b.v}});
 }
-ORV_INLINE vec<u8, 16> pack(vec<s32, 4> a, vec<s32, 4> b, vec<s32, 4> c, vec<s32, 4> d)
+template <int N>
+ORV_INLINE vec<u8, 4 * N> pack(vec<s32, N> a, vec<s32, N> b, vec<s32, N> c, vec<s32, N> d)
 {
-    return {_mm_packus_epi16(_mm_packs_epi32(a.v, b.v), _mm_packs_epi32(c.v, d.v))};
+    using Words = vec<s16, 2 * N>;
+    const Words low = narrow(pair<vec<s32, N>>{a, b}), high = narrow(pair<vec<s32, N>>{c, d});
+    return narrowed_twice(narrow(pair<vec<u16, 2 * N>>{{low.v}, {high.v}}));
 }
 #if ORV_HAVE_INT256
 ORV_INLINE vec<u16, 16> pack(vec<s32, 8> a, vec<s32, 8> b)
 {
     return {_mm256_permute4x64_epi64(_mm256_packus_epi32(a.v, b.v), 0xD8)};
-}
-ORV_INLINE vec<u8, 32> pack(vec<s32, 8> a, vec<s32, 8> b, vec<s32, 8> c, vec<s32, 8> d)
-{
-    const __m256i packed = _mm256_packus_epi16(_mm256_packs_epi32(a.v, b.v), _mm256_packs_epi32(c.v, d.v));
-    return {_mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
 }
 #endif
 
@@ -141,10 +212,59 @@ ORV_INLINE vec<u8, 32> pack_masks(vec<T, 32 / sizeof(T)> a, vec<T, 32 / sizeof(T
 }
 ORV_INLINE vec<u8, 32> pack_masks(vec<s32, 8> a, vec<s32, 8> b, vec<s32, 8> c, vec<s32, 8> d)
 {
-    const __m256i packed = _mm256_packs_epi16(_mm256_packs_epi32(a.v, b.v), _mm256_packs_epi32(c.v, d.v));
-    return {_mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
+    const vec<u8, 32> packed = {_mm256_packs_epi16(_mm256_packs_epi32(a.v, b.v), _mm256_packs_epi32(c.v, d.v))};
+    return narrowed_twice(packed);
 }
 #endif
+#endif
+
+// --- Results ----------------------------------------------------------------------------------------
+
+#if ORV_HAVE_INT256
+// One NaN for all.
+ORV_INLINE vec<float, 8> with_one_nan(vec<float, 8> a)
+{
+    return {_mm256_blendv_ps(a.v, _mm256_castsi256_ps(_mm256_set1_epi32(kPlainNan)), unordered(a).v)};
+}
+ORV_INLINE vec<float, 4> with_one_nan(vec<float, 4> a)
+{
+    return {_mm_blendv_ps(a.v, _mm_castsi128_ps(_mm_set1_epi32(kPlainNan)), unordered(a).v)};
+}
+
+// In one register, in memory order.
+ORV_INLINE vec<u8, 16> narrowed(vec<u16, 16> a)
+{
+    return {_mm_packus_epi16(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1))};
+}
+ORV_INLINE void store_as(u8* p, vec<s32, 8> a)
+{
+    const __m128i words = _mm_packs_epi32(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi16(words, words));
+}
+ORV_INLINE void store_as(u16* p, vec<s32, 8> a)
+{
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p),
+                     _mm_packus_epi32(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1)));
+}
+// To the nearest integers, ties to even under FloatControl; as floats, one NaN for all.
+ORV_INLINE void store_as(u8* p, vec<double, 4> a)
+{
+    const __m128i integers = _mm256_cvtpd_epi32(a.v);
+    const s32 four = _mm_cvtsi128_si32(_mm_packus_epi16(_mm_packs_epi32(integers, integers), integers));
+    std::memcpy(p, &four, sizeof(four));
+}
+ORV_INLINE void store_as(u16* p, vec<double, 4> a)
+{
+    const __m128i integers = _mm256_cvtpd_epi32(a.v);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi32(integers, integers));
+}
+ORV_INLINE void store_as(float* p, vec<double, 4> a) { store(p, with_one_nan(to_float(a))); }
+ORV_INLINE void store_as(u16* p, twice<vec<double, 4>> a)
+{
+    const __m128i packed = _mm_packus_epi32(_mm256_cvtpd_epi32(a.lo.v), _mm256_cvtpd_epi32(a.hi.v));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), packed);
+}
+ORV_INLINE void store_as(float* p, twice<vec<double, 4>> a) { store(p, with_one_nan(to_float(a))); }
 #endif
 
 }  // namespace ORV_LEVEL

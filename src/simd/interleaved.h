@@ -1,6 +1,8 @@
-// Floats that lie in another order in memory than in vectors: numbers of two parts, and squares to be transposed.
+// Numbers of two parts, which lie in another order in memory than in vectors.
 #pragma once
 
+#include "simd/partial.h"
+#include "simd/shuffles.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -44,35 +46,9 @@ template <> struct interleaved<vec<float, 4>> {
         _mm_storeu_ps(p - 6, _mm_shuffle_ps(high, high, 0x4E));
     }
 };
-
-// The lanes in reversed order; and two by two, each pair as it is.
-ORV_INLINE vec<float, 4> reversed(vec<float, 4> a) { return _mm_shuffle_ps(a.v, a.v, 0x1B); }
-ORV_INLINE vec<float, 4> reversed_pairs(vec<float, 4> a) { return _mm_shuffle_ps(a.v, a.v, 0x4E); }
-
-// Four vectors as the rows of a square become its columns (within each 16 bytes).
-ORV_INLINE void transpose(vec<float, 4>& a, vec<float, 4>& b, vec<float, 4>& c, vec<float, 4>& d)
-{
-    const __m128 t0 = _mm_unpacklo_ps(a.v, b.v), t1 = _mm_unpackhi_ps(a.v, b.v);
-    const __m128 t2 = _mm_unpacklo_ps(c.v, d.v), t3 = _mm_unpackhi_ps(c.v, d.v);
-    a.v = _mm_shuffle_ps(t0, t2, 0x44);
-    b.v = _mm_shuffle_ps(t0, t2, 0xEE);
-    c.v = _mm_shuffle_ps(t1, t3, 0x44);
-    d.v = _mm_shuffle_ps(t1, t3, 0xEE);
-}
 #endif
 
 #if ORV_HAVE_FLOAT256
-// A vector of two halves that lie apart.
-ORV_INLINE vec<float, 8> load_halves(const float* low, const float* high)
-{
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(low)), _mm_loadu_ps(high), 1);
-}
-ORV_INLINE void store_halves(float* low, float* high, vec<float, 8> a)
-{
-    _mm_storeu_ps(low, _mm256_castps256_ps128(a.v));
-    _mm_storeu_ps(high, _mm256_extractf128_ps(a.v, 1));
-}
-
 template <> struct interleaved<vec<float, 8>> {
     using V = vec<float, 8>;
     static ORV_INLINE twice<V> load(const float* p)
@@ -98,20 +74,6 @@ template <> struct interleaved<vec<float, 8>> {
         _mm256_storeu_ps(p - 14, _mm256_permute_ps(_mm256_permute2f128_ps(low, high, 0x13), 0x4E));
     }
 };
-
-ORV_INLINE vec<float, 8> exchanged_halves(vec<float, 8> a) { return _mm256_permute2f128_ps(a.v, a.v, 1); }
-ORV_INLINE vec<float, 8> reversed(vec<float, 8> a) { return _mm256_permute_ps(exchanged_halves(a).v, 0x1B); }
-ORV_INLINE vec<float, 8> reversed_pairs(vec<float, 8> a) { return _mm256_permute_ps(exchanged_halves(a).v, 0x4E); }
-
-ORV_INLINE void transpose(vec<float, 8>& a, vec<float, 8>& b, vec<float, 8>& c, vec<float, 8>& d)
-{
-    const __m256 t0 = _mm256_unpacklo_ps(a.v, b.v), t1 = _mm256_unpackhi_ps(a.v, b.v);
-    const __m256 t2 = _mm256_unpacklo_ps(c.v, d.v), t3 = _mm256_unpackhi_ps(c.v, d.v);
-    a.v = _mm256_shuffle_ps(t0, t2, 0x44);
-    b.v = _mm256_shuffle_ps(t0, t2, 0xEE);
-    c.v = _mm256_shuffle_ps(t1, t3, 0x44);
-    d.v = _mm256_shuffle_ps(t1, t3, 0xEE);
-}
 #endif
 
 }  // namespace ORV_LEVEL

@@ -118,17 +118,10 @@ ORV_INLINE doubles lookup(const double* table, words index) { return table[stati
 // --- Bits -----------------------------------------------------------------------------------------
 
 #if ORV_HAVE_INT256
-ORV_INLINE bool none_set(ints a, ints mask) { return _mm256_testz_si256(a.v, mask.v) != 0; }
-ORV_INLINE mask32 less_signed(ints a, ints b) { return _mm256_castsi256_ps(_mm256_cmpgt_epi32(b.v, a.v)); }
-#elif ORV_HAVE_FLOAT256
-ORV_INLINE bool none_set(ints a, ints mask)
+ORV_INLINE mask32 less_signed(ints a, ints b)
 {
-    return _mm_testz_si128(a.v.lo, mask.v.lo) != 0 && _mm_testz_si128(a.v.hi, mask.v.hi) != 0;
+    return from_bits(simd::as<std::uint32_t>(greater(simd::as<simd::s32>(b), simd::as<simd::s32>(a))));
 }
-#elif ORV_HAVE_VECTORS
-ORV_INLINE bool none_set(ints a, ints mask) { return all(equal(a & mask, ints(0))); }
-#else
-ORV_INLINE bool none_set(ints a, ints mask) { return (a.v & mask.v) == 0; }
 #endif
 
 // The sign bit where this bit, 0 or 1, is set.
@@ -146,7 +139,7 @@ ORV_INLINE ints sign_if(ints a)
 
 // Toward minus infinity; NaNs become quiet.
 #if ORV_HAVE_FLOAT256
-ORV_INLINE floats floor(floats a) { return _mm256_floor_ps(a.v); }
+using simd::floor;
 #elif ORV_HAVE_VECTORS
 ORV_INLINE floats floor(floats a)
 {

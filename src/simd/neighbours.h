@@ -47,6 +47,11 @@ ORV_INLINE vec<double, 4> odd_twice(vec<double, 4> a) { return {_mm256_unpackhi_
 ORV_INLINE vec<double, 4> exchanged(vec<double, 4> a) { return {_mm256_permute_pd(a.v, 5)}; }
 ORV_INLINE vec<double, 4> even_of(vec<double, 4> a, vec<double, 4> b) { return {_mm256_unpacklo_pd(a.v, b.v)}; }
 ORV_INLINE vec<double, 4> odd_of(vec<double, 4> a, vec<double, 4> b) { return {_mm256_unpackhi_pd(a.v, b.v)}; }
+// The sums of two neighbours: those of a in even lanes, those of b in odd ones. Of two NaNs the result is either.
+ORV_INLINE vec<double, 4> neighbour_sums(vec<double, 4> a, vec<double, 4> b)
+{
+    return vec<double, 4>{_mm256_blend_pd(a.v, b.v, 0xA)} + vec<double, 4>{_mm256_shuffle_pd(a.v, b.v, 0x5)};
+}
 template <>
 ORV_INLINE vec<double, 4> splat_two(double first, double second)
 {

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "core/level.h"
-#include "simd/positions.h"
+#include "simd/vec.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {

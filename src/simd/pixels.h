@@ -1,6 +1,9 @@
 // Steps that loops over pixels of several bytes need: parts of blocks side by side, fixed shifts, rounded products.
 #pragma once
 
+#include "simd/partial.h"
+#include "simd/reductions.h"
+#include "simd/shuffles.h"
 #include "simd/vec.h"
 
 #if ORV_HAVE_VECTORS
@@ -19,22 +22,43 @@ ORV_INLINE vec<s32, 4> odd_lanes(vec<s32, 4> a, vec<s32, 4> b)
     return {_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.v), _mm_castsi128_ps(b.v), 0xDD))};
 }
 
-// The even lanes of a and the odd ones of b.
-ORV_INLINE vec<s16, 8> alternate(vec<s16, 8> a, vec<s16, 8> b)
-{
-#if ORV_HAVE_SSE41
-    return {_mm_blend_epi16(a.v, b.v, 0xAA)};
-#else
-    return select(vec<s16, 8>{_mm_set1_epi32(0xFFFF)}, a, b);
-#endif
-}
-
 #if ORV_HAVE_BYTE_SHUFFLE
 // a b / 2^15, rounded half up.
 ORV_INLINE vec<s16, 8> mul_rounded(vec<s16, 8> a, vec<s16, 8> b) { return {_mm_mulhrs_epi16(a.v, b.v)}; }
-// The bytes from `skipped` on of low, then those of high (within each 128-bit half).
+#endif
+// The bytes from `skipped` on of low, then those of high (within each part).
 template <int skipped>
-ORV_INLINE vec<u8, 16> joined(vec<u8, 16> low, vec<u8, 16> high) { return {_mm_alignr_epi8(high.v, low.v, skipped)}; }
+ORV_INLINE vec<u8, 16> joined(vec<u8, 16> low, vec<u8, 16> high)
+{
+#if ORV_HAVE_BYTE_SHUFFLE
+    return {_mm_alignr_epi8(high.v, low.v, skipped)};
+#else
+    return {_mm_or_si128(_mm_srli_si128(low.v, skipped), _mm_slli_si128(high.v, 16 - skipped))};
+#endif
+}
+
+// Four groups of three bytes from the one with the number `first` on (of each part), each in four bytes, the last 0.
+#if ORV_HAVE_BYTE_SHUFFLE
+template <int first, class V>
+ORV_INLINE V spread_triples(V a)
+{
+    constexpr u8 n = first, none = 0x80;
+    static const u8 from[16] = {n,     n + 1, n + 2, none, n + 3, n + 4,  n + 5,  none,
+                                n + 6, n + 7, n + 8, none, n + 9, n + 10, n + 11, none};
+    return shuffle_bytes(a, load_repeated<V>(from));
+}
+#else
+template <int first>
+ORV_INLINE vec<u8, 16> spread_triples(vec<u8, 16> all)
+{
+    const __m128i a = first == 0 ? all.v : _mm_srli_si128(all.v, first);
+    const __m128i lane0 = _mm_setr_epi32(0xFFFFFF, 0, 0, 0), lane1 = _mm_slli_si128(lane0, 4);
+    const __m128i lane2 = _mm_slli_si128(lane0, 8), lane3 = _mm_slli_si128(lane0, 12);
+    const __m128i lower = _mm_or_si128(_mm_and_si128(a, lane0), _mm_and_si128(_mm_slli_si128(a, 1), lane1));
+    const __m128i third = _mm_and_si128(_mm_slli_si128(a, 2), lane2), fourth = _mm_and_si128(_mm_slli_si128(a, 3), lane3);
+    const __m128i upper = _mm_or_si128(third, fourth);
+    return {_mm_or_si128(lower, upper)};
+}
 #endif
 
 // The lower and the upper halves of a and b (within each 128-bit half).
@@ -49,11 +73,6 @@ ORV_INLINE vec<u16, 8> load_raised(const u8* p)
     return {_mm_unpacklo_epi8(_mm_setzero_si128(), _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)))};
 }
 
-// 16 bytes from p and, where the register has two halves, 16 from p + distance.
-template <class V, int distance> ORV_INLINE V load_parts(const u8* p);
-template <int distance> ORV_INLINE void load_parts_to(vec<u8, 16>& r, const u8* p) { load_to(r, p); }
-template <int distance> ORV_INLINE void store_parts(u8* p, vec<u8, 16> v) { store(p, v); }
-
 #if ORV_HAVE_INT256
 ORV_INLINE vec<s8, 32> sub_saturate(vec<s8, 32> a, vec<s8, 32> b) { return {_mm256_subs_epi8(a.v, b.v)}; }
 ORV_INLINE vec<s32, 8> even_lanes(vec<s32, 8> a, vec<s32, 8> b)
@@ -64,7 +83,6 @@ ORV_INLINE vec<s32, 8> odd_lanes(vec<s32, 8> a, vec<s32, 8> b)
 {
     return {_mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))};
 }
-ORV_INLINE vec<s16, 16> alternate(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_blend_epi16(a.v, b.v, 0xAA)}; }
 ORV_INLINE vec<s16, 16> mul_rounded(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_mulhrs_epi16(a.v, b.v)}; }
 template <int skipped>
 ORV_INLINE vec<u8, 32> joined(vec<u8, 32> low, vec<u8, 32> high) { return {_mm256_alignr_epi8(high.v, low.v, skipped)}; }
@@ -75,27 +93,7 @@ ORV_INLINE vec<u16, 16> load_raised(const u8* p)
 {
     return {_mm256_slli_epi16(_mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))), 8)};
 }
-template <int distance>
-ORV_INLINE void load_parts_to(vec<u8, 32>& r, const u8* p)
-{
-    const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    r.v = _mm256_inserti128_si256(_mm256_castsi128_si256(lower), _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + distance)), 1);
-}
-template <int distance>
-ORV_INLINE void store_parts(u8* p, vec<u8, 32> v)
-{
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_castsi256_si128(v.v));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p + distance), _mm256_extracti128_si256(v.v, 1));
-}
 #endif
-
-template <class V, int distance>
-ORV_INLINE V load_parts(const u8* p)
-{
-    V r;
-    load_parts_to<distance>(r, p);
-    return r;
-}
 
 // --- Floats of three channels ---------------------------------------------------------------------
 //
@@ -117,33 +115,30 @@ constexpr int lanes_of_channel(int vector, int channel)
     return mask;
 }
 
-// Lanes of b where the mask has a bit, else of a.
-template <int mask>
-ORV_INLINE vec<float, 4> blended(vec<float, 4> a, vec<float, 4> b)
-{
-#if ORV_HAVE_SSE41
-    return {_mm_blend_ps(a.v, b.v, mask)};
-#else
-    const __m128i bits = _mm_setr_epi32(-(mask & 1), -(mask >> 1 & 1), -(mask >> 2 & 1), -(mask >> 3 & 1));
-    const __m128 m = _mm_castsi128_ps(bits);
-    return {_mm_or_ps(_mm_and_ps(m, b.v), _mm_andnot_ps(m, a.v))};
-#endif
-}
 // Lane i takes what lane i + by holds.
 template <int by>
 ORV_INLINE vec<float, 4> rotated(vec<float, 4> a)
 {
-    return {_mm_shuffle_ps(a.v, a.v, _MM_SHUFFLE((by + 3) % 4, (by + 2) % 4, (by + 1) % 4, by % 4))};
+    return permuted<by % 4, (by + 1) % 4, (by + 2) % 4, (by + 3) % 4>(a);
 }
 #if ORV_HAVE_INT256
-template <int mask>
-ORV_INLINE vec<float, 8> blended(vec<float, 8> a, vec<float, 8> b) { return {_mm256_blend_ps(a.v, b.v, mask)}; }
 template <int by>
 ORV_INLINE vec<float, 8> rotated(vec<float, 8> a)
 {
     const __m256i from = _mm256_setr_epi32(by % 8, (by + 1) % 8, (by + 2) % 8, (by + 3) % 8, (by + 4) % 8, (by + 5) % 8,
                                            (by + 6) % 8, (by + 7) % 8);
-    return {_mm256_permutevar8x32_ps(a.v, from)};
+    return permuted(a, vec<s32, 8>{from});
+}
+#endif
+
+// Three vectors in a row become three whose lower parts have the first half of the row, the upper ones the second.
+ORV_INLINE three<vec<u8, 16>> in_parts(three<vec<u8, 16>> row) { return row; }
+#if ORV_HAVE_INT256
+ORV_INLINE three<vec<u8, 32>> in_parts(three<vec<u8, 32>> row)
+{
+    return {{_mm256_blend_epi32(row.a.v, row.b.v, 0xF0)},
+            {_mm256_permute2x128_si256(row.a.v, row.c.v, 0x21)},
+            {_mm256_blend_epi32(row.b.v, row.c.v, 0xF0)}};
 }
 #endif
 

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "simd/conversion.h"
+#include "simd/partial.h"
+#include "simd/pixels.h"
 #include "simd/reductions.h"
+#include "simd/shuffles.h"
 #include "simd/vec.h"
 
 #if ORV_HAVE_VECTORS
@@ -30,42 +33,12 @@ ORV_INLINE words256 to_words(doubles256 a, double power)
     const __m256d sum = add_exact_product(a, splat<doubles256>(power), doubles256{shift}).v;
     return {_mm256_xor_si256(_mm256_castpd_si256(sum), _mm256_castpd_si256(shift))};
 }
-ORV_INLINE floats256 floor(floats256 a) { return {_mm256_round_ps(a.v, _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC)}; }
 // Whole numbers up to 2^51 in magnitude.
 ORV_INLINE words256 to_signed_words(doubles256 whole)
 {
     const __m256d shift = _mm256_set1_pd(0x1.8p52);
     return {_mm256_sub_epi64(_mm256_castpd_si256(_mm256_add_pd(whole.v, shift)), _mm256_castpd_si256(shift))};
 }
-// Rounded once or twice: for estimates only.
-ORV_INLINE doubles256 estimate_product_sum(doubles256 a, doubles256 b, doubles256 c)
-{
-    return {_mm256_fmadd_pd(a.v, b.v, c.v)};
-}
-ORV_INLINE floats256 estimate_product_sum(floats256 a, floats256 b, floats256 c)
-{
-    return {_mm256_fmadd_ps(a.v, b.v, c.v)};
-}
-
-ORV_INLINE words256 splat_words(s64 value) { return {_mm256_set1_epi64x(value)}; }
-template <int bits>
-ORV_INLINE words256 shift_right(words256 a)
-{
-    return {_mm256_srli_epi64(a.v, bits)};
-}
-template <int bits>
-ORV_INLINE vec<s32, 8> shift_left(vec<s32, 8> a)
-{
-    return {_mm256_slli_epi32(a.v, bits)};
-}
-// Of lanes from 0 on.
-template <int bits>
-ORV_INLINE vec<s32, 8> shift_right(vec<s32, 8> a)
-{
-    return {_mm256_srli_epi32(a.v, bits)};
-}
-// The lower words of the lanes of a, the upper ones of b.
-ORV_INLINE vec<s32, 8> odd_words(vec<s32, 8> a, vec<s32, 8> b) { return {_mm256_blend_epi16(a.v, b.v, 0xAA)}; }
 // Products of the lower halves, signed.
 ORV_INLINE words256 mul_lower(words256 a, words256 b) { return {_mm256_mul_epi32(a.v, b.v)}; }
 // The lower halves of a, then those of b.
@@ -89,14 +62,6 @@ ORV_INLINE const T* displaced(const T* base, s64 bytes)
 {
     return reinterpret_cast<const T*>(reinterpret_cast<std::size_t>(base) + static_cast<std::size_t>(bytes));
 }
-ORV_INLINE __m128i load_32(const void* p)
-{
-    s32 four;
-    std::memcpy(&four, p, sizeof(four));
-    return _mm_cvtsi32_si128(four);
-}
-ORV_INLINE __m128i load_64(const void* p) { return _mm_loadl_epi64(static_cast<const __m128i*>(p)); }
-
 ORV_INLINE vec<s32, 4> four_dwords_at(const void* base, const s64* at)
 {
     const char* const p = static_cast<const char*>(base);
@@ -177,18 +142,13 @@ ORV_INLINE void four_in_a_row(const float* base, const s64* at, doubles256* taps
 // In each half its own lane of a: those of lanes n and n + 1.
 ORV_INLINE vec<s32, 8> splat_halves(vec<s32, 8> a, int n)
 {
-    return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(n, n, n, n, n + 1, n + 1, n + 1, n + 1))};
+    return permuted(a, vec<s32, 8>{_mm256_setr_epi32(n, n, n, n, n + 1, n + 1, n + 1, n + 1)});
 }
 // Likewise from memory.
 ORV_INLINE floats256 splat_halves(const float* p, const float* q)
 {
     return {_mm256_blend_ps(_mm256_broadcast_ss(p), _mm256_broadcast_ss(q), 0xF0)};
 }
-ORV_INLINE floats256 splat_at(const float* p) { return {_mm256_broadcast_ss(p)}; }
-ORV_INLINE doubles256 splat_at(const double* p) { return {_mm256_broadcast_sd(p)}; }
-// Four bytes.
-ORV_INLINE doubles256 doubles_of_bytes(const u8* p) { return {_mm256_cvtepi32_pd(_mm_cvtepu8_epi32(load_32(p)))}; }
-
 // --- Pixels of four channels as floats ----------------------------------------------------------------
 
 // Sixteen bytes as two vectors.
@@ -201,16 +161,9 @@ ORV_INLINE twice<floats256> to_floats(vec<u8, 16> a)
 template <int channels>
 ORV_INLINE vec<u8, 16> four_pixels(const u8* p)
 {
-    const __m128i row = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    if (channels == 4) return {row};
-    return {_mm_shuffle_epi8(row, _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1))};
+    const auto row = load<vec<u8, 16>>(p);
+    return channels == 4 ? row : spread_triples<0>(row);
 }
-// The sums of the halves of a, then those of b.
-ORV_INLINE floats256 sums_of_halves(floats256 a, floats256 b)
-{
-    return {_mm256_add_ps(_mm256_permute2f128_ps(a.v, b.v, 0x20), _mm256_permute2f128_ps(a.v, b.v, 0x31))};
-}
-
 // --- Results ----------------------------------------------------------------------------------------
 
 // Two quadruples of pixels of four bytes as six times four bytes: without their fourth ones.
@@ -225,43 +178,6 @@ ORV_INLINE void store_triples(u8* p, vec<u8, 32> a)
     const s32 last = _mm_extract_epi32(high, 2);
     std::memcpy(p + 20, &last, sizeof(last));
 }
-// Integers, to the nearest, ties to even under FloatControl; clamped to the type.
-ORV_INLINE void store_as(u8* p, vec<s32, 8> a)
-{
-    const __m128i words = _mm_packs_epi32(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1));
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi16(words, words));
-}
-ORV_INLINE void store_as(u16* p, vec<s32, 8> a)
-{
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p),
-                     _mm_packus_epi32(_mm256_castsi256_si128(a.v), _mm256_extracti128_si256(a.v, 1)));
-}
-// One NaN for all.
-ORV_INLINE floats256 with_one_nan(floats256 a)
-{
-    return {_mm256_blendv_ps(a.v, _mm256_castsi256_ps(_mm256_set1_epi32(0x7FC00000)),
-                             _mm256_cmp_ps(a.v, a.v, _CMP_UNORD_Q))};
-}
-ORV_INLINE void store_as(u8* p, doubles256 a)
-{
-    const __m128i integers = _mm256_cvtpd_epi32(a.v);
-    const s32 four = _mm_cvtsi128_si32(_mm_packus_epi16(_mm_packs_epi32(integers, integers), integers));
-    std::memcpy(p, &four, sizeof(four));
-}
-ORV_INLINE void store_as(u16* p, doubles256 a)
-{
-    const __m128i integers = _mm256_cvtpd_epi32(a.v);
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi32(integers, integers));
-}
-ORV_INLINE void store_as(float* p, doubles256 a)
-{
-    const __m128 floats = _mm256_cvtpd_ps(a.v);
-    _mm_storeu_ps(p,
-                  _mm_blendv_ps(floats, _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000)), _mm_cmpunord_ps(floats, floats)));
-}
-// Rounded to the digits and the range of floats.
-ORV_INLINE doubles256 to_single(doubles256 a) { return {_mm256_cvtps_pd(_mm256_cvtpd_ps(a.v))}; }
-
 #endif
 
 }  // namespace ORV_LEVEL

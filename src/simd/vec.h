@@ -11,8 +11,8 @@
 //     recast<T, V>   the vector of T as wide as V
 //
 // The same names serve every lane type and every width; what a level lacks is put together from what it has, with
-// the same result. load<V>, store, splat<V>, arithmetic, comparisons and select are here; conversion.h has loads
-// and stores that change the lane type, halves.h steps on lanes of 8 and 16 bits, reductions.h sums over lanes.
+// the same result. The basics are here; conversion.h has loads and stores that change the lane type, partial.h those of
+// less than a vector, shuffles.h moves lanes, halves.h has steps on 8 and 16 bits, reductions.h sums over lanes.
 // Steps that mix neighbours work within each 16 bytes, as the instructions do, where they do not say otherwise;
 // a lone lane has zeros for neighbours.
 //
@@ -225,6 +225,9 @@ ORV_INLINE V splat(typename V::lane value)
     splat_to(r, value);
     return r;
 }
+template <class T, int N> ORV_INLINE vec<T, N>& operator+=(vec<T, N>& a, vec<T, N> b) { return a = a + b; }
+template <class T, int N> ORV_INLINE vec<T, N>& operator-=(vec<T, N>& a, vec<T, N> b) { return a = a - b; }
+template <class T, int N> ORV_INLINE vec<T, N>& operator/=(vec<T, N>& a, vec<T, N> b) { return a = a / b; }
 template <class V>
 ORV_INLINE V zero()
 {

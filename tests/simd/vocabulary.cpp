@@ -1,6 +1,7 @@
 // Every operation of the vector vocabulary, at every width of every level, against its meaning on single numbers.
 #include "vocabulary.h"
 
+#include <array>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -149,7 +150,7 @@ struct Words {
     {
         checks[{name, lane}] = [=](const Entry& entry) {
             const Operands<T>& o = operands<T>();
-            const int n = o.count();
+            const int n = o.count() / entry.lanes * entry.lanes;
             std::vector<R> got(static_cast<std::size_t>(4 * n)), expected(got.size());
             entry.run(o.a.data(), o.b.data(), o.c.data(), got.data(), n);
             int made = 0;
@@ -297,6 +298,9 @@ void add_floats(Words& words, Lane lane)
     words.each<F>("Magnitude", lane, [](F a, F, F) { return std::abs(a); }, any_nan);
     words.each<F>("Less", lane, [](F a, F b, F c) { return a < b ? a : c; });
     words.each<F>("LessEqual", lane, [](F a, F b, F c) { return a <= b ? a : c; });
+    words.each<F>("Unlike", lane, [](F a, F b, F c) { return a != b ? a : c; });
+    words.each<F>("Compounded", lane, [](F a, F b, F c) { return rounded<F>(Quad{rounded<F>(Quad{a} + b)} - c); }, any_nan);
+    words.each<F>("Quotient", lane, [](F a, F b, F) { return rounded<F>(Quad{a} / b); }, of_product);
     words.each<F>("NotEqual", lane, [](F a, F b, F c) { return a == b ? c : a; });
     words.add<F, F>("LanesOf", lane, [](const F* a, const F* b, const F*, F* r, int lanes) {
         unsigned bits = 0;
@@ -347,6 +351,123 @@ void add_floats(Words& words, Lane lane)
     words.each<F>("MultiplyOrdered", lane, [=](F a, F b, F) { return first_nan(a, b, Quad{a} * b); }, ordered);
 }
 
+// Lanes in other places: from(i, lanes) is where in a, and behind it in b, the result's lane i stands, or negative for 0.
+template <class T, class From>
+void add_move(Words& words, const char* name, Lane lane, From from)
+{
+    words.add<T, T>(name, lane, [from](const T* a, const T* b, const T*, T* r, int lanes) {
+        for (int i = 0; i < lanes; ++i) {
+            const int at = from(i, lanes);
+            r[i] = at < 0 ? T{0} : at < lanes ? a[at] : b[at - lanes];
+        }
+        return lanes;
+    }, any_nan);
+}
+// Likewise among the lanes of each 16 bytes; b stands behind them.
+template <class T, class From>
+void add_move_in_parts(Words& words, const char* name, Lane lane, From from)
+{
+    constexpr int part = 16 / static_cast<int>(sizeof(T));
+    add_move<T>(words, name, lane, [from](int i, int lanes) {
+        const int at = from(i % part), first = i - i % part;
+        return at < 0 ? at : at < part ? first + at : lanes + first + at - part;
+    });
+}
+
+template <class T>
+void add_moves_of(Words& words, Lane lane)
+{
+    constexpr int part = 16 / static_cast<int>(sizeof(T));
+    add_move<T>(words, "Reversed", lane, [](int i, int n) { return n - 1 - i; });
+    add_move<T>(words, "Alternate", lane, [](int i, int n) { return i % 2 == 0 ? i : n + i; });
+    add_move<T>(words, "ExchangedParts", lane, [](int i, int n) { return (i + (n > part ? part : 0)) % n; });
+    add_move<T>(words, "LowerParts", lane, [](int i, int n) { return i < n / 2 ? i : n + i - n / 2; });
+    add_move<T>(words, "UpperParts", lane, [](int i, int n) { return i < n / 2 ? n / 2 + i : n + i; });
+    add_move<T>(words, "PartsApart", lane, [](int i, int n) { return i < n / 2 ? n / 2 + i : n + i - n / 2; });
+    add_move<T>(words, "HalvesLoaded", lane, [](int i, int n) { return (i + n / 2) % n; });
+    add_move<T>(words, "HalvesStored", lane, [](int i, int n) { return (i + n / 2) % n; });
+    add_move<T>(words, "Repeated", lane, [](int i, int) { return i % part; });
+    add_move<T>(words, "Splat", lane, [](int, int) { return 1; });
+    const auto bytes_from = [&](const char* name, int first, int count) {
+        constexpr int size = static_cast<int>(sizeof(T));
+        add_move<T>(words, name, lane, [=](int i, int) { return i < count / size ? i + first / size : -1; });
+    };
+    bytes_from("LowerLoaded", 0, 8);
+    bytes_from("First4", 0, 4);
+    bytes_from("First8", 0, 8);
+    bytes_from("First12", 0, 12);
+    bytes_from("First16", 0, 16);
+    bytes_from("Last4", 12, 4);
+    bytes_from("Last8", 8, 8);
+    // The first 1, 2 ... lanes, all but one at most.
+    for (const char* const name : {"PartLoaded", "PartStored"}) {
+        words.add<T, T>(name, lane, [](const T* a, const T*, const T*, T* r, int lanes) {
+            const auto vector = static_cast<int>(a - operands<T>().a.data()) / lanes;
+            for (int i = 0; i < lanes; ++i) r[i] = i < 1 + vector % (lanes - 1) ? a[i] : T{0};
+            return lanes;
+        }, any_nan);
+    }
+    add_move_in_parts<T>(words, "Permuted", lane, [](int i) { return std::array{2, 0, 3, 1}[static_cast<std::size_t>(i % 4)]; });
+    add_move_in_parts<T>(words, "EvenLanes", lane, [](int i) { return 2 * i; });
+    add_move_in_parts<T>(words, "OddLanes", lane, [](int i) { return 2 * i + 1; });
+    add_move_in_parts<T>(words, "LowerHalves", lane, [](int i) { return i < part / 2 ? i : part / 2 + i; });
+    add_move_in_parts<T>(words, "UpperHalves", lane, [](int i) { return i < part / 2 ? part / 2 + i : part + i; });
+    words.add<T, T>("Square", lane, [](const T* a, const T*, const T*, T* r, int lanes) {
+        const int side = lanes == 4 ? 2 : lanes == 16 ? 4 : 8;
+        for (int i = 0; i < lanes; ++i) r[i] = a[i % side * side + i / side];
+        return lanes;
+    }, any_nan);
+}
+
+void add_moves(Words& words)
+{
+    add_moves_of<u8>(words, Lane::u8);
+    add_moves_of<u16>(words, Lane::u16);
+    add_moves_of<s16>(words, Lane::s16);
+    add_moves_of<u32>(words, Lane::u32);
+    add_moves_of<s32>(words, Lane::s32);
+    add_moves_of<float>(words, Lane::f32);
+    add_moves_of<double>(words, Lane::f64);
+    const int order[] = {7, 3, 0, 0, 6, 1, 2, 5};
+    const auto by_order = [order](int i, int) { return order[i]; };
+    add_move<s32>(words, "PermutedBy", Lane::s32, by_order);
+    add_move<float>(words, "PermutedBy", Lane::f32, by_order);
+    add_move<float>(words, "Blended", Lane::f32, [](int i, int n) { return 0x5A >> i & 1 ? n + i : i; });
+    add_move<float>(words, "Rotated", Lane::f32, [](int i, int n) { return (i + 3) % n; });
+    add_move_in_parts<u8>(words, "Joined", Lane::u8, [](int i) { return i + 5; });
+    add_move_in_parts<u8>(words, "SpreadTriples", Lane::u8, [](int i) { return i % 4 == 3 ? -1 : i / 4 * 3 + i % 4; });
+    add_move_in_parts<u8>(words, "SpreadLaterTriples", Lane::u8, [](int i) { return i % 4 == 3 ? -1 : 4 + i / 4 * 3 + i % 4; });
+    add_move<u8>(words, "PartsLoaded", Lane::u8, [](int i, int) { return i < 16 ? i : i - 4; });
+    add_move<u8>(words, "PartsStored", Lane::u8, [](int i, int) { return i; });
+    // Three vectors: the result's lower parts are the first half of the row.
+    add_move<u8>(words, "InParts", Lane::u8, [](int i, int n) {
+        const int vector = i / (n / 3), at = i % (n / 3);
+        return n == 48 ? i : at < 16 ? 16 * vector + at : n / 2 + 16 * vector + at - 16;
+    });
+    // Channel c of pixel p: the pixels of each channel are in an order of their own, those of all in the same place.
+    words.add<float, float>("Separated", Lane::f32, [](const float* a, const float*, const float*, float* r, int lanes) {
+        const int n = lanes / 3;
+        const auto place = [n](int vector, int lane) { return (n * vector + lane) % 3; };
+        for (int c = 0; c < 3; ++c) {
+            for (int i = 0; i < n; ++i) {
+                const int from = (i + c) % n;
+                for (int vector = 0; vector < 3; ++vector) {
+                    if (place(vector, from) == c) r[c * n + i] = a[vector * n + from];
+                }
+            }
+        }
+        return lanes;
+    }, any_nan);
+    words.add<float, float>("SideBySide", Lane::f32, [](const float* a, const float*, const float*, float* r, int lanes) {
+        const int n = lanes / 3;
+        for (int k = 0; k < lanes; ++k) {
+            const int c = k % 3, from = k % n;  // the channel's lane before its vector was rotated
+            r[k] = a[c * n + (from + n - c) % n];
+        }
+        return lanes;
+    }, any_nan);
+}
+
 s32 to_int(double v) { return v > -0x1p31 && v < 0x1p31 ? static_cast<s32>(v) : INT32_MIN; }
 
 Words make_words()
@@ -367,6 +488,16 @@ Words make_words()
     add_floats<float>(words, Lane::f32);
     add_floats<double>(words, Lane::f64);
 
+    add_moves(words);
+    const auto ascending = [&](auto sample, Lane lane) {
+        using F = decltype(sample);
+        words.add<F, F>("Ascending", lane, [](const F* a, const F*, const F*, F* r, int lanes) {
+            for (int i = 0; i < lanes; ++i) r[i] = rounded<F>(test::Quad{a[i]} + i);
+            return lanes;
+        }, any_nan);
+    };
+    ascending(float{}, Lane::f32);
+    ascending(double{}, Lane::f64);
     words.each<u64>("Upper", Lane::u64, [](u64 a, u64, u64) { return a >> 32; });
     words.each<u64>("AddWide", Lane::u64, [](u64 a, u64 b, u64) { return a + b; });
     words.each<u64>("Add", Lane::u64, [](u64 a, u64 b, u64) { return a + b; });
@@ -397,7 +528,6 @@ Words make_words()
     parts("Parts", [](int i, int n) { return i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1; });
     parts("PartsMirrored", [](int i, int n) { return i < n / 2 ? n - 2 - 2 * i : 2 * n - 1 - 2 * i; });
     parts("PartsStored", [](int i, int) { return i; });
-    parts("Reversed", [](int i, int n) { return n - 1 - i; });
     parts("ReversedPairs", [](int i, int n) { return n - 2 - i / 2 * 2 + i % 2; });
     // Squares of four, one in every 16 bytes of the four vectors.
     parts("Transpose", [](int i, int n) {
@@ -415,6 +545,121 @@ Words make_words()
     words.each<u8, u16>("LoadAs", Lane::u8, [](u8 a, u8, u8) { return a; });
     words.each<u8, float>("LoadAsFloat", Lane::u8, [](u8 a, u8, u8) { return static_cast<float>(a); });
     words.each<u16, float>("LoadAsFloat", Lane::u16, [](u16 a, u16, u16) { return static_cast<float>(a); });
+    words.each<u16, s32>("LoadAsInt", Lane::u16, [](u16 a, u16, u16) { return a; });
+    words.each<u8, s32>("LoadAsInt", Lane::u8, [](u8 a, u8, u8) { return a; });
+    words.each<u16, double>("LoadAsDouble", Lane::u16, [](u16 a, u16, u16) { return a; });
+    words.each<u8, double>("LoadAsDouble", Lane::u8, [](u8 a, u8, u8) { return a; });
+    words.each<float, double>("LoadAsDouble", Lane::f32, [](float a, float, float) { return static_cast<double>(a); }, any_nan);
+    words.each<u32, float>("UnsignedInDouble", Lane::u32, [](u32 a, u32, u32) { return static_cast<float>(a); });
+    words.each<s32, u8>("StoredInBytes", Lane::s32, [](s32 a, s32, s32) { return clamped<u8>(a); });
+    words.each<s32, u16>("StoredInWords", Lane::s32, [](s32 a, s32, s32) { return clamped<u16>(a); });
+    words.each<double, u8>("StoredInBytes", Lane::f64, [](double a, double, double) { return clamped<u8>(to_int(std::nearbyint(a))); });
+    words.each<double, u16>("StoredInWords", Lane::f64, [](double a, double, double) { return clamped<u16>(to_int(std::nearbyint(a))); });
+    const float nan = value_of<float>(0x7FC00000);
+    words.each<double, float>("StoredInFloats", Lane::f64, [nan](double a, double, double) { return std::isnan(a) ? nan : rounded<float>(test::Quad{a}); });
+    words.each<float>("OneNan", Lane::f32, [nan](float a, float, float) { return std::isnan(a) ? nan : a; });
+    words.add<u16, u8>("Narrowed", Lane::u16, [](const u16* a, const u16*, const u16*, u8* r, int lanes) {
+        for (int i = 0; i < lanes; ++i) r[i] = static_cast<u8>(clamped<u8>(static_cast<s16>(a[i])));
+        return lanes;
+    });
+    words.add<u8, s16>("WeightedBytes", Lane::u8, [](const u8* a, const u8* b, const u8*, s16* r, int lanes) {
+        for (int i = 0; i < lanes; i += 2) r[i / 2] = static_cast<s16>(clamped<s16>(a[i] * static_cast<signed char>(b[i]) + a[i + 1] * static_cast<signed char>(b[i + 1])));
+        return lanes / 2;
+    });
+    words.add<u8, u8>("EqualBytes", Lane::u8, [](const u8* a, const u8* b, const u8*, u8* r, int lanes) {
+        int bits = 0;
+        for (int i = 0; i < 8; ++i) bits |= (a[i] == b[i] ? 1 : 0) << i;
+        for (int i = 0; i < lanes; ++i) r[i] = static_cast<u8>(bits);
+        return lanes;
+    });
+    words.each<s16>("MultiplyRounded", Lane::s16, [](s16 a, s16 b, s16) { return (a * b + 16384) >> 15; });
+    words.each<u32>("MultiplyHighBy", Lane::u32, [](u32 a, u32, u32) { return u64{a} * 3141592653u >> 32; });
+    words.each<u64>("LowerProducts", Lane::u64, [](u64 a, u64 b, u64) { return s64{static_cast<s32>(a)} * static_cast<s32>(b); });
+    words.add<u64, s32>("LowerDwords", Lane::u64, [](const u64* a, const u64* b, const u64*, s32* r, int lanes) {
+        for (int i = 0; i < 2 * lanes; ++i) r[i] = static_cast<s32>(i < lanes ? a[i] : b[i - lanes]);
+        return 2 * lanes;
+    });
+    words.add<u32, u64>("Pairs", Lane::u32, [](const u32* a, const u32* b, const u32*, u64* r, int lanes) {
+        // The lower halves of all parts, then the upper ones.
+        for (int i = 0; i < lanes; ++i) {
+            const int at = i % (lanes / 2) / 2 * 4 + i / (lanes / 2) * 2 + i % 2;
+            r[i] = a[at] | u64{b[at]} << 32;
+        }
+        return lanes;
+    });
+    words.add<u32, u32>("FourLanes", Lane::u32, [](const u32* a, const u32* b, const u32* c, u32* r, int lanes) {
+        const u32 all[] = {a[0], b[0], c[0], a[0]};
+        for (int i = 0; i < lanes; ++i) r[i] = all[i];
+        return lanes;
+    });
+    words.each<s32>("ProductWrapped", Lane::s32, [](s32 a, s32 b, s32) { return static_cast<s32>(s64{a} * b); });
+    words.add<s32, s32>("ProductsFit", Lane::s32, [](const s32* a, const s32* b, const s32*, s32* r, int lanes) {
+        bool fit = true;
+        for (int i = 0; i < lanes; ++i) fit = fit && s64{a[i]} * b[i] == clamped<s32>(s64{a[i]} * b[i]);
+        for (int i = 0; i < lanes; ++i) r[i] = fit ? 1 : 0;
+        return lanes;
+    });
+    words.add<s32, s32>("SignsOfLanes", Lane::s32, [](const s32* a, const s32*, const s32*, s32* r, int lanes) {
+        int bits = 0;
+        for (int i = 0; i < lanes; ++i) bits |= (a[i] < 0 ? 1 : 0) << i;
+        for (int i = 0; i < lanes; ++i) r[i] = bits;
+        return lanes;
+    });
+    const auto none_set = [&](auto sample, Lane lane) {
+        using T = decltype(sample);
+        words.add<T, T>("NoneSet", lane, [](const T* a, const T* b, const T*, T* r, int lanes) {
+            bool none = true;
+            for (int i = 0; i < lanes; ++i) none = none && (a[i] & b[i] & 2) == 0;
+            for (int i = 0; i < lanes; ++i) r[i] = none ? 1 : 0;
+            return lanes;
+        });
+    };
+    none_set(u8{}, Lane::u8);
+    none_set(u32{}, Lane::u32);
+    const auto largest = [&](auto sample, Lane lane) {
+        using T = decltype(sample);
+        words.add<T, T>("LargestLane", lane, [](const T* a, const T*, const T*, T* r, int lanes) {
+            T most = a[0];
+            for (int i = 1; i < lanes; ++i) most = a[i] > most ? a[i] : most;
+            for (int i = 0; i < lanes; ++i) r[i] = most;
+            return lanes;
+        });
+    };
+    largest(s32{}, Lane::s32);
+    const auto sums_of_parts = [&](auto sample, Lane lane) {
+        using F = decltype(sample);
+        words.add<F, F>("SumsOfParts", lane, [](const F* a, const F* b, const F*, F* r, int lanes) {
+            for (int i = 0; i < lanes; ++i) {
+                const F* const p = i < lanes / 2 ? a + i : b + i - lanes / 2;
+                r[i] = rounded<F>(test::Quad{p[0]} + p[lanes / 2]);
+            }
+            return lanes;
+        }, any_nan);
+    };
+    sums_of_parts(float{}, Lane::f32);
+    sums_of_parts(double{}, Lane::f64);
+    words.add<double, double>("NeighbourSums", Lane::f64, [](const double* a, const double* b, const double*, double* r, int lanes) {
+        for (int i = 0; i < lanes; ++i) r[i] = rounded<double>(i % 2 == 0 ? test::Quad{a[i]} + a[i + 1] : test::Quad{b[i - 1]} + b[i]);
+        return lanes;
+    }, any_nan);
+    words.add<double, double>("HalvesPermutedBy", Lane::f64, [](const double* a, const double*, const double*, double* r, int lanes) {
+        const int order[] = {7, 3, 0, 0, 6, 1, 2, 5};
+        u32 halves[8], permuted[8];
+        std::memcpy(halves, a, sizeof(halves));
+        for (int i = 0; i < 8; ++i) permuted[i] = halves[order[i]];
+        std::memcpy(r, permuted, sizeof(permuted));
+        return lanes;
+    }, any_nan);
+    words.each<double>("InSingle", Lane::f64, [](double a, double, double) { return static_cast<double>(rounded<float>(test::Quad{a})); }, any_nan);
+    words.each<float>("Floor", Lane::f32, [](float a, float, float) { return std::floor(a); }, any_nan);
+    words.each<double>("WholePart", Lane::f64, [](double a, double, double) { return std::trunc(a); }, any_nan);
+    words.each<double, u64>("InWords", Lane::f64, [](double a, double, double) {
+        const double size = std::abs(a);
+        return static_cast<u64>(std::nearbyint((size < 0x1p40 ? size : 3.0) * 16));
+    });
+    words.each<double, u64>("InSignedWords", Lane::f64, [](double a, double, double) {
+        return static_cast<u64>(static_cast<s64>(std::trunc(std::abs(a) < 0x1p51 ? a : -3.0)));
+    });
     words.packed<s32, u16>("PackTwo", Lane::s32, 2, [](int of, s32 a, s32 b, s32) { return (of == 0 ? a : b) & 65535; });
     words.packed<s32, u8>("PackFour", Lane::s32, 4, [](int of, s32 a, s32 b, s32 c) { return (of == 1 ? b : of == 2 ? c : a) & 255; });
     words.packed<s16, u8>("PackMasks", Lane::s16, 2, [](int of, s16 a, s16 b, s16 c) { return a == (of == 0 ? b : c) ? 255 : 0; });

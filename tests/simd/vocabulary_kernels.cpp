@@ -3,10 +3,16 @@
 
 #include "core/float_control.h"
 #include "simd/conversion.h"
+#include "simd/gathers.h"
 #include "simd/halves.h"
 #include "simd/interleaved.h"
+#include "simd/lanes.h"
 #include "simd/neighbours.h"
+#include "simd/partial.h"
+#include "simd/pixels.h"
+#include "simd/positions.h"
 #include "simd/reductions.h"
+#include "simd/shuffles.h"
 #include "simd/vec.h"
 #include "vocabulary.h"
 
@@ -26,6 +32,8 @@ template <> constexpr Lane lane_of<s32> = Lane::s32;
 template <> constexpr Lane lane_of<u64> = Lane::u64;
 template <> constexpr Lane lane_of<float> = Lane::f32;
 template <> constexpr Lane lane_of<double> = Lane::f64;
+using EightFloats = vec<float, 8>;
+using FourDoubles = vec<double, 4>;
 
 template <class Op, class V>
 void run(const void* a, const void* b, const void* c, void* results, int n)
@@ -141,6 +149,132 @@ OPERATION(PackFourMasks, pack_masks(equal(a, b), equal(a, c), equal(b, c), equal
 OPERATION(ShuffleBytes, shuffle_bytes(a, b))
 #endif
 
+OPERATION(Unlike, select(not_equal(a, b), a, c))
+OPERATION(SignsOfLanes, splat<V>(static_cast<typename V::lane>(lanes_of(a))))
+OPERATION(NoneSet, splat<V>(static_cast<typename V::lane>(none_set(a & splat<V>(3), b & splat<V>(6)) ? 1 : 0)))
+OPERATION(Alternate, alternate(a, b))
+OPERATION(MultiplyHighBy, mul_high(a, 3141592653u))
+OPERATION(ProductWrapped, low_halves(mul_wide(a, b)))
+OPERATION(ProductsFit, splat<V>(all_fit(beyond_lanes(mul_wide(a, b))) ? 1 : 0))
+OPERATION(Compounded, ([&] { V r = a; r += b; r -= c; return r; }()))
+OPERATION(Quotient, ([&] { V r = a; return r /= b; }()))
+
+#if ORV_HAVE_VECTORS
+OPERATION(Pairs, interleave(a, b))
+OPERATION(Permuted, (permuted<2, 0, 3, 1>(a)))
+OPERATION(Reversed, reversed(a))
+OPERATION(ExchangedParts, exchanged_parts(a))
+OPERATION(Blended, (blended<0x5A & ((1 << V::N) - 1)>(a, b)))
+OPERATION(EvenLanes, even_lanes(a, b))
+OPERATION(OddLanes, odd_lanes(a, b))
+OPERATION(LowerHalves, lower_halves(a, b))
+OPERATION(UpperHalves, upper_halves(a, b))
+OPERATION(Joined, joined<5>(a, b))
+OPERATION(SpreadTriples, spread_triples<0>(a))
+OPERATION(SpreadLaterTriples, spread_triples<4>(a))
+OPERATION(Rotated, rotated<3>(a))
+OPERATION(Ascending, a + ascending<V>())
+OPERATION(FourLanes, (of_lanes(first_lane(a), first_lane(b), first_lane(c), first_lane(a))))
+OPERATION(EqualBytes, splat<V>(static_cast<u8>(equal_bytes(a, b) & 255)))
+
+// Words on memory: `from` has V::N lanes, and so has `to`, of which those that are not written hold 0.
+template <class Op, class V>
+void run_in_memory(const void* a, const void*, const void*, void* results, int n)
+{
+    using T = typename V::lane;
+    for (int i = 0; i < n; i += V::N) {
+        T* const to = static_cast<T*>(results) + i;
+        for (int k = 0; k < V::N; ++k) to[k] = 0;
+        Op::template of<V>(static_cast<const T*>(a) + i, to, 1 + i / V::N % (V::N - 1));
+    }
+}
+#define IN_MEMORY(name, statement) \
+    struct name { template <class V> static ORV_INLINE void of([[maybe_unused]] const typename V::lane* from, [[maybe_unused]] typename V::lane* to, [[maybe_unused]] int some) { statement; } };
+IN_MEMORY(PartLoaded, store(to, load_part<V>(from, some)))
+IN_MEMORY(PartStored, store_part(to, load<V>(from), some))
+IN_MEMORY(Splat, store(to, splat_at<V>(from + 1)))
+IN_MEMORY(LowerLoaded, store(to, load_lower<V>(from)))
+IN_MEMORY(First4, store_first<4>(to, load<V>(from)))
+IN_MEMORY(First8, store_first<8>(to, load<V>(from)))
+IN_MEMORY(First12, store_first<12>(to, load<V>(from)))
+IN_MEMORY(First16, store_first<16>(to, load<V>(from)))
+IN_MEMORY(Last4, store_last<4>(to, load<V>(from)))
+IN_MEMORY(Last8, store_last<8>(to, load<V>(from)))
+IN_MEMORY(Repeated, store(to, load_repeated<V>(from)))
+IN_MEMORY(PartsLoaded, store(to, load_parts<V, 12>(from)))
+IN_MEMORY(PartsStored, store_parts<16>(to, load<V>(from)))
+#define MEMORY(V, name, T) {#name, lane_of<T>, V::N, run_in_memory<name, V>}
+
+// Three vectors of `a` become three.
+template <class Op, class V>
+void run_three(const void* a, const void*, const void*, void* results, int n)
+{
+    using T = typename V::lane;
+    for (int i = 0; i + 3 * V::N <= n; i += 3 * V::N) {
+        const T* const p = static_cast<const T*>(a) + i;
+        T* const to = static_cast<T*>(results) + i;
+        const three<V> r = Op::of(three<V>{load<V>(p), load<V>(p + V::N), load<V>(p + 2 * V::N)});
+        store(to, r.a);
+        store(to + V::N, r.b);
+        store(to + 2 * V::N, r.c);
+    }
+}
+#define ON_THREE(name, expression) struct name { template <class V> static ORV_INLINE three<V> of(three<V> p) { return expression; } };
+ON_THREE(InParts, in_parts(p))
+ON_THREE(Separated, separated(p))
+ON_THREE(SideBySide, side_by_side(p))
+#define THREE(V, name, T) {#name, lane_of<T>, 3 * V::N, run_three<name, V>}
+
+template <class V>
+void run_square(const void* a, const void*, const void*, void* results, int n)
+{
+    using T = typename V::lane;
+    for (int i = 0; i < n; i += V::N * V::N) {
+        V row[V::N];
+        for (int k = 0; k < V::N; ++k) row[k] = load<V>(static_cast<const T*>(a) + i + k * V::N);
+        transpose(row);
+        for (int k = 0; k < V::N; ++k) store(static_cast<T*>(results) + i + k * V::N, row[k]);
+    }
+}
+#define SQUARE(V, T) {"Square", lane_of<T>, V::N * V::N, run_square<V>}
+
+OPERATION(UnsignedInDouble, to_float(to_four_doubles(a)))
+template <class V, class To>
+void run_store_as(const void* a, const void*, const void*, void* results, int n)
+{
+    const orv::FloatControl control;
+    for (int i = 0; i < n; i += V::N) store_as(static_cast<To*>(results) + i, load<V>(static_cast<const typename V::lane*>(a) + i));
+}
+#define STORED(V, name, T, To) {#name, lane_of<T>, V::N, run_store_as<V, To>}
+#endif
+
+#if ORV_HAVE_FLOAT256
+OPERATION(LowerParts, lower_parts(a, b))
+OPERATION(UpperParts, upper_parts(a, b))
+OPERATION(SumsOfParts, sums_of_parts(a, b))
+OPERATION(NeighbourSums, neighbour_sums(a, b))
+OPERATION(Floor, floor(a))
+OPERATION(PartsApart, of_parts(upper_part(a), lower_part(b)))
+OPERATION(InSingle, to_single(a))
+IN_MEMORY(HalvesLoaded, store(to, load_halves(from + V::N / 2, from)))
+IN_MEMORY(HalvesStored, store_halves(to + V::N / 2, to, load<V>(from)))
+#endif
+#if ORV_HAVE_INT256
+constexpr s32 kOrder[] = {7, 3, 0, 0, 6, 1, 2, 5};
+OPERATION(MultiplyRounded, mul_rounded(a, b))
+OPERATION(PermutedBy, permuted(a, load<vec<s32, 8>>(kOrder)))
+OPERATION(HalvesPermutedBy, permuted(a, load<vec<s32, 8>>(kOrder)))
+OPERATION(LargestLane, largest_lane(a))
+OPERATION(OneNan, with_one_nan(a))
+OPERATION(Narrowed, narrowed(a))
+OPERATION(WeightedBytes, sum_of_products(a, as<s8>(b)))
+OPERATION(WholePart, whole_part(a))
+OPERATION(LowerProducts, mul_lower(a, b))
+OPERATION(LowerDwords, lower_halves(a, b))
+OPERATION(InWords, to_words(select(less(magnitude(a), splat<V>(0x1p40)), magnitude(a), splat<V>(3)), 16))
+OPERATION(InSignedWords, to_signed_words(whole_part(select(less(magnitude(a), splat<V>(0x1p51)), a, splat<V>(-3)))))
+#endif
+
 // From narrower lanes in memory: a has them.
 template <class V, class From>
 void run_load_as(const void* a, const void*, const void*, void* results, int n)
@@ -185,7 +319,6 @@ void run_transpose(const void* a, const void*, const void*, void* results, int n
         for (int k = 0; k < 4; ++k) store(static_cast<float*>(results) + i + k * V::N, row[k]);
     }
 }
-OPERATION(Reversed, reversed(a))
 OPERATION(ReversedPairs, reversed_pairs(a))
 #endif
 
@@ -258,11 +391,52 @@ const Entry all_entries[] = {
     SINGLE(Upper, u16), SINGLE(Upper, u32), SINGLE(Upper, u64), SINGLE(AddWide, u64),
     SINGLE(SumOfBytes, u8), SINGLE(SumOfProducts, s16), SINGLE(ProductNarrowed, s32), SINGLE(ProductScaledDown, s32),
     SINGLE(InRegister, u8), PARTS(half<float>), PARTS(widest<float>),
+    SINGLE(Unlike, float), SINGLE(Unlike, double), SINGLE(SignsOfLanes, s32), SINGLE(NoneSet, u8), SINGLE(NoneSet, u32), BESIDE(NoneSet, u32),
+    SINGLE(MultiplyHighBy, u32), SINGLE(ProductWrapped, s32), SINGLE(ProductsFit, s32),
+    SINGLE(Compounded, float), SINGLE(Compounded, double), SINGLE(Quotient, float),
 #if ORV_HAVE_VECTORS
     {"Transpose", Lane::f32, 16, run_transpose<half<float>>},
+    REGISTERS(Alternate, s16), REGISTERS(Alternate, s32), REGISTERS(Pairs, u32), REGISTERS(Permuted, s32), REGISTERS(Permuted, float),
+    REGISTERS(Reversed, u16), REGISTERS(Reversed, u32), REGISTERS(ExchangedParts, u8), REGISTERS(Blended, float), REGISTERS(EvenLanes, s32), REGISTERS(OddLanes, s32),
+    REGISTERS(LowerHalves, u16), REGISTERS(UpperHalves, u16), REGISTERS(Joined, u8), REGISTERS(SpreadTriples, u8), REGISTERS(SpreadLaterTriples, u8),
+    AT(half<float>, Rotated, float), REGISTERS(Ascending, float), REGISTERS(Ascending, double), AT(half<u32>, FourLanes, u32), REGISTERS(EqualBytes, u8),
+    MEMORY(half<float>, PartLoaded, float), MEMORY(half<float>, PartStored, float), MEMORY(half<double>, PartLoaded, double),
+    MEMORY(half<double>, PartStored, double), MEMORY(widest<float>, PartLoaded, float), MEMORY(widest<float>, PartStored, float),
+    MEMORY(widest<double>, PartLoaded, double), MEMORY(widest<double>, PartStored, double), MEMORY(half<float>, Splat, float),
+    MEMORY(half<double>, Splat, double), MEMORY(widest<float>, Splat, float), MEMORY(widest<double>, Splat, double),
+    MEMORY(half<u16>, LowerLoaded, u16), MEMORY(half<u8>, First4, u8), MEMORY(half<u8>, First8, u8), MEMORY(half<u8>, First12, u8),
+    MEMORY(half<u8>, First16, u8), MEMORY(half<double>, First8, double), MEMORY(half<u8>, Last4, u8), MEMORY(half<u8>, Last8, u8),
+    MEMORY(half<double>, Last8, double), MEMORY(half<u8>, Repeated, u8), MEMORY(widest<u8>, Repeated, u8), MEMORY(widest<float>, Repeated, float),
+    MEMORY(half<u8>, PartsLoaded, u8), MEMORY(widest<u8>, PartsLoaded, u8), MEMORY(half<u8>, PartsStored, u8), MEMORY(widest<u8>, PartsStored, u8),
+    THREE(half<u8>, InParts, u8), THREE(widest<u8>, InParts, u8), THREE(half<float>, Separated, float), THREE(half<float>, SideBySide, float),
+    SQUARE(half<float>, float), SQUARE(half<double>, double), SQUARE(widest<float>, float), SQUARE(widest<double>, double),
+    AT(half<u32>, UnsignedInDouble, u32),
 #endif
 #if ORV_HAVE_FLOAT256
     {"Transpose", Lane::f32, 32, run_transpose<vec<float, 8>>},
+    AT(EightFloats, LowerParts, float), AT(FourDoubles, LowerParts, double), AT(EightFloats, UpperParts, float),
+    AT(FourDoubles, UpperParts, double), AT(EightFloats, SumsOfParts, float), AT(FourDoubles, SumsOfParts, double),
+    AT(FourDoubles, NeighbourSums, double), AT(EightFloats, Floor, float), AT(FourDoubles, PartsApart, double),
+    AT(FourDoubles, InSingle, double), MEMORY(EightFloats, HalvesLoaded, float), MEMORY(FourDoubles, HalvesLoaded, double),
+    MEMORY(EightFloats, HalvesStored, float),
+#endif
+#if ORV_HAVE_INT256
+    AT(widest<float>, Rotated, float), AT(widest<s16>, MultiplyRounded, s16), AT(half<s16>, MultiplyRounded, s16), AT(widest<float>, PermutedBy, float), AT(widest<s32>, PermutedBy, s32),
+    AT(widest<double>, HalvesPermutedBy, double), AT(widest<s32>, LargestLane, s32),
+    AT(widest<float>, OneNan, float), AT(half<float>, OneNan, float), AT(widest<u16>, Narrowed, u16), AT(widest<u8>, WeightedBytes, u8),
+    AT(widest<double>, WholePart, double), AT(widest<u64>, LowerProducts, u64), AT(widest<u64>, LowerDwords, u64), AT(widest<double>, InWords, double),
+    AT(widest<double>, InSignedWords, double), THREE(widest<float>, Separated, float), THREE(widest<float>, SideBySide, float),
+    STORED(widest<s32>, StoredInBytes, s32, u8), STORED(widest<s32>, StoredInWords, s32, u16), STORED(widest<double>, StoredInBytes, double, u8),
+    STORED(widest<double>, StoredInWords, double, u16), STORED(widest<double>, StoredInFloats, double, float),
+    STORED(twice<widest<double>>, StoredInWords, double, u16), STORED(twice<widest<double>>, StoredInFloats, double, float),
+    {"LoadAsInt", Lane::u8, 1, run_load_as<widest<s32>, u8>}, {"LoadAsInt", Lane::u16, 1, run_load_as<widest<s32>, u16>},
+    {"LoadAsDouble", Lane::u8, 1, run_load_as<widest<double>, u8>}, {"LoadAsDouble", Lane::u16, 1, run_load_as<widest<double>, u16>},
+    {"LoadAsDouble", Lane::u8, 1, run_load_as<twice<widest<double>>, u8>}, {"LoadAsDouble", Lane::u16, 1, run_load_as<twice<widest<double>>, u16>},
+    {"LoadAsDouble", Lane::f32, 1, run_load_as<twice<widest<double>>, float>},
+#endif
+#if ORV_HAVE_VECTORS
+    {"LoadAsDouble", Lane::f32, 1, run_load_as<half<double>, float>}, {"LoadAsDouble", Lane::f32, 1, run_load_as<widest<double>, float>},
+    {"LoadAsDouble", Lane::f32, 1, run_load_as<four_doubles, float>},
 #endif
 #if ORV_HAVE_VECTORS
     AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),

@@ -17,6 +17,13 @@ using simd::words256;
 using Dwords = simd::vec<simd::s32, 8>;
 using simd::s64;
 
+// Of lanes that have no sign.
+template <int bits>
+ORV_INLINE Dwords shifted_out(Dwords a)
+{
+    return simd::as<simd::s32>(simd::shifted_right<bits>(simd::as<simd::u32>(a)));
+}
+
 // Calls with the first of each `step` pixels; the last of them may overlap those before. The run is not shorter.
 template <int step, class Visit>
 ORV_INLINE void for_each_step(int begin, int end, Visit visit)
@@ -33,7 +40,8 @@ template <int PixelBytes>
 struct Strides {
     doubles256 step;
     words256 step_words;
-    ORV_INLINE explicit Strides(int bytes) : step(simd::splat<doubles256>(bytes)), step_words(simd::splat_words(bytes))
+    ORV_INLINE explicit Strides(int bytes)
+        : step(simd::splat<doubles256>(bytes)), step_words(simd::splat<words256>(static_cast<simd::u64>(bytes)))
     {
     }
 
@@ -44,8 +52,8 @@ struct Strides {
     }
     ORV_INLINE void store_offset(words256 i, words256 j, s64* at) const
     {
-        const words256 column = PixelBytes == 1 ? i : mul_lower(i, simd::splat_words(PixelBytes));
-        put(add_wide(mul_lower(j, step_words), column), at);
+        const words256 column = PixelBytes == 1 ? i : mul_lower(i, simd::splat<words256>(simd::u64{PixelBytes}));
+        put(mul_lower(j, step_words) + column, at);
     }
 
 private:
@@ -155,7 +163,7 @@ struct FixedPlaces {
         for (int half = 0; half < 2; ++half) {
             x[half] = to_words(simd::load<doubles256>(chunk.x + k + 4 * half), 16384);
             y[half] = to_words(simd::load<doubles256>(chunk.y + k + 4 * half), 16384);
-            strides.store_offset(simd::shift_right<14>(x[half]), simd::shift_right<14>(y[half]), at + 4 * half);
+            strides.store_offset(simd::shifted_right<14>(x[half]), simd::shifted_right<14>(y[half]), at + 4 * half);
         }
         simd::in_memory(at);
         f = weights(lower_halves(x[0], x[1]));
@@ -166,7 +174,7 @@ private:
     static ORV_INLINE Dwords weights(Dwords position)
     {
         const Dwords fraction = position & simd::splat<Dwords>(16383);
-        return (simd::splat<Dwords>(16384) - fraction) | simd::shift_left<16>(fraction);
+        return (simd::splat<Dwords>(16384) - fraction) | simd::shifted_left<16>(fraction);
     }
 };
 
@@ -180,11 +188,12 @@ ORV_INLINE Dwords weighted(Dwords pairs, Dwords weights)
 ORV_INLINE Dwords interpolated(Dwords upper, Dwords lower, Dwords f, Dwords g)
 {
     const Dwords half = simd::splat<Dwords>(64);
-    const Dwords top = simd::shift_right<7>(weighted(upper, f) + half),
-                 bottom = simd::shift_left<9>(weighted(lower, f) + half);
-    const Dwords sum = weighted(simd::odd_words(top, bottom), g);
-    const Dwords odd = simd::shift_right<21>(sum) & simd::splat<Dwords>(1);
-    return simd::shift_right<21>(sum + simd::splat<Dwords>((1 << 20) - 1) + odd);
+    const Dwords top = shifted_out<7>(weighted(upper, f) + half),
+                 bottom = simd::shifted_left<9>(weighted(lower, f) + half);
+    const auto words = alternate(simd::as<simd::s16>(top), simd::as<simd::s16>(bottom));
+    const Dwords sum = weighted(simd::as<simd::s32>(words), g);
+    const Dwords odd = shifted_out<21>(sum) & simd::splat<Dwords>(1);
+    return shifted_out<21>(sum + simd::splat<Dwords>((1 << 20) - 1) + odd);
 }
 
 ORV_INLINE void many_of_one_channel(const Linear<std::uint8_t, 1>&, const Source<std::uint8_t, 1>& source,
@@ -259,7 +268,7 @@ struct FloatPlaces {
 ORV_INLINE simd::twice<floats256> neighbours_at(const std::uint16_t* image, const s64* at)
 {
     const Dwords both = simd::dwords_at(image, at);
-    return {to_float(both & simd::splat<Dwords>(0xFFFF)), to_float(simd::shift_right<16>(both))};
+    return {to_float(both & simd::splat<Dwords>(0xFFFF)), to_float(shifted_out<16>(both))};
 }
 ORV_INLINE simd::twice<floats256> neighbours_at(const float* image, const s64* at)
 {
@@ -374,9 +383,9 @@ struct CubicEstimate {
     ORV_INLINE void weights(floats256 f, floats256* w) const
     {
         for (int k = 0; k < 4; ++k) {
-            floats256 sum = estimate_product_sum(simd::splat_at(&c[k][0]), f, simd::splat_at(&c[k][1]));
-            sum = estimate_product_sum(sum, f, simd::splat_at(&c[k][2]));
-            w[k] = estimate_product_sum(sum, f, simd::splat_at(&c[k][3]));
+            floats256 sum = fused(simd::splat_at<floats256>(&c[k][0]), f, simd::splat_at<floats256>(&c[k][1]));
+            sum = fused(sum, f, simd::splat_at<floats256>(&c[k][2]));
+            w[k] = fused(sum, f, simd::splat_at<floats256>(&c[k][3]));
         }
     }
     static ORV_INLINE unsigned unsure(floats256 value, Dwords nearest)
@@ -421,10 +430,10 @@ ORV_INLINE void many_of_one_channel(const Cubic<std::uint8_t, 1>& cubic, const S
             const Dwords taps = simd::dwords_at(row_of(first, source.step, row), e.places.at),
                          byte = simd::splat<Dwords>(0xFF);
             floats256 h = e.w[0] * to_float(taps & byte);
-            h = estimate_product_sum(e.w[1], to_float(simd::shift_right<8>(taps) & byte), h);
-            h = estimate_product_sum(e.w[2], to_float(simd::shift_right<16>(taps) & byte), h);
-            h = estimate_product_sum(e.w[3], to_float(simd::shift_right<24>(taps)), h);
-            sum = estimate_product_sum(e.v[row], h, sum);
+            h = fused(e.w[1], to_float(shifted_out<8>(taps) & byte), h);
+            h = fused(e.w[2], to_float(shifted_out<16>(taps) & byte), h);
+            h = fused(e.w[3], to_float(shifted_out<24>(taps)), h);
+            sum = fused(e.v[row], h, sum);
         }
         const Dwords nearest = round_to_int(sum);
         simd::store_as(dst + k, nearest);
@@ -446,12 +455,12 @@ ORV_INLINE floats256 estimated_pixel(const std::uint8_t* top, int step, const fl
 {
     floats256 left = simd::splat<floats256>(0), right = left;
     for (int row = 0; row < 4; ++row) {
-        const floats256 weight = simd::splat_at(v + 8 * row);
+        const floats256 weight = simd::splat_at<floats256>(v + 8 * row);
         const simd::twice<floats256> taps = simd::to_floats(simd::four_pixels<Channels>(row_of(top, step, row)));
-        left = estimate_product_sum(weight, taps.lo, left);
-        right = estimate_product_sum(weight, taps.hi, right);
+        left = fused(weight, taps.lo, left);
+        right = fused(weight, taps.hi, right);
     }
-    return estimate_product_sum(simd::splat_halves(w + 16, w + 24), right, simd::splat_halves(w, w + 8) * left);
+    return fused(simd::splat_halves(w + 16, w + 24), right, simd::splat_halves(w, w + 8) * left);
 }
 
 template <int Channels>
@@ -477,7 +486,7 @@ ORV_INLINE void many_of_channels(const Cubic<std::uint8_t, Channels>& cubic,
                 return estimated_pixel<Channels>(simd::displaced(first, e.places.at[i]), source.step, &w[0][i],
                                                  &v[0][i]);
             };
-            const floats256 sum = simd::sums_of_halves(pixel(n), pixel(n + 1));
+            const floats256 sum = simd::sums_of_parts(pixel(n), pixel(n + 1));
             const Dwords nearest = round_to_int(sum);
             unsure |= CubicEstimate::unsure(sum, nearest) << 4 * n;
             return nearest;
@@ -556,9 +565,11 @@ ORV_INLINE doubles256 lanczos_pixel(const std::uint8_t* top, int step, const dou
     doubles256 sum;
     for (int row = 0; row < 6; ++row) {
         const std::uint8_t* const p = row_of(top, step, row);
-        doubles256 h = simd::doubles_of_bytes(p) * simd::splat_at(w);
-        for (int k = 1; k < 6; ++k) h = h + simd::doubles_of_bytes(p + k * Channels) * simd::splat_at(w + 4 * k);
-        const doubles256 term = h * simd::splat_at(v + 4 * row);
+        doubles256 h = simd::load_as<doubles256>::from(p) * simd::splat_at<doubles256>(w);
+        for (int k = 1; k < 6; ++k) {
+            h = h + simd::load_as<doubles256>::from(p + k * Channels) * simd::splat_at<doubles256>(w + 4 * k);
+        }
+        const doubles256 term = h * simd::splat_at<doubles256>(v + 4 * row);
         sum = row == 0 ? term : sum + term;
     }
     return sum;

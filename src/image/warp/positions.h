@@ -8,6 +8,7 @@
 #include "core/float_control.h"
 #include "core/nan.h"
 #include "simd/number.h"
+#include "simd/positions.h"
 #include "image/warp/projection.h"
 #include "image/warp/turn.h"
 
