@@ -8,11 +8,10 @@
 #include "linalg/elimination.h"
 
 #include <cstdint>
-#include <type_traits>
 
 #include "core/float_control.h"
 #include "linalg/lane_decomposition.h"
-#include "linalg/packs.h"
+#include "linalg/vector_rows.h"
 #include "linalg/views.h"
 
 namespace orv {
@@ -59,13 +58,11 @@ template <class T>
 ORV_INLINE void copy_square(View<const T> src, View<T> dst, ptrdiff_t n)
 {
     for (ptrdiff_t i = 0; i < n; ++i) {
-#if ORV_HAVE_VECTORS
-        if (src.has_dense_rows() && dst.has_dense_rows()) {
+        if (kVectors && src.has_dense_rows() && dst.has_dense_rows()) {
             const T* const row = src.at(i, 0);
-            for_packs(n, dst.at(i, 0), [row](auto load) { return load(row); });
+            for_vectors(n, dst.at(i, 0), [row](auto load) { return load(row); });
             continue;
         }
-#endif
         for (ptrdiff_t j = 0; j < n; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
     }
 }
@@ -90,21 +87,19 @@ ORV_INLINE bool move_square(View<const float> src, View<float> dst, ptrdiff_t n)
 template <class T>
 ORV_INLINE void fill_buffer(View<const T> src, View<T> buffer, ptrdiff_t n)
 {
-#if ORV_HAVE_VECTORS
-    if (src.has_dense_rows()) {
-        using P = WidePack<T>;
+    if (kVectors && src.has_dense_rows()) {
+        using V = simd::widest<T>;
         const ptrdiff_t stride = Buffer<T>::stride(n);
         for (ptrdiff_t i = 0; i < n; ++i) {
             const T* const from = src.at(i, 0);
             T* const to = buffer.at(i, 0);
             ptrdiff_t j = 0;
-            for (; j + P::N <= n; j += P::N) P::store(to + j, P::load(from + j));
-            if (j < n) P::store(to + j, load_part(P(), from + j, static_cast<int>(n - j)));
-            for (j += P::N; j < stride; j += P::N) P::store(to + j, typename P::V{});
+            for (; j + V::N <= n; j += V::N) simd::store(to + j, simd::load<V>(from + j));
+            if (j < n) simd::store(to + j, simd::load_part<V>(from + j, static_cast<int>(n - j)));
+            for (j += V::N; j < stride; j += V::N) simd::store(to + j, V{});
         }
         return;
     }
-#endif
     Buffer<T>::clear(buffer, n);
     copy_square(src, buffer, n);
 }
@@ -115,77 +110,65 @@ ORV_INLINE void fill_buffer(View<const T> src, View<T> buffer, ptrdiff_t n)
 template <class T>
 ORV_INLINE void subtract_row(View<T> m, ptrdiff_t target, T factor, ptrdiff_t source, ptrdiff_t first, ptrdiff_t n)
 {
-#if ORV_HAVE_VECTORS
-    if (m.has_dense_rows()) {
+    if (kVectors && m.has_dense_rows()) {
         T* const to = m.at(target, first);
         const T* const from = m.at(source, first);
-        const auto f = WidePack<T>::splat(factor);
-        for_packs(n - first, to, [=](auto load) { return load(to) - f * load(from); });
+        const auto f = simd::splat<simd::widest<T>>(factor);
+        for_vectors(n - first, to, [=](auto load) { return load(to) - f * load(from); });
         return;
     }
-#endif
     for (ptrdiff_t j = first; j < n; ++j) {
         put(m.at(target, j), rounded(get(m.at(target, j)) - rounded(factor * get(m.at(source, j)))));
     }
 }
 
-#if ORV_HAVE_VECTORS
 // One step of the decomposition in a buffer: the factors of all later rows, and what those rows lose.
 // Registers are loaded and stored whole; in the one where the remaining columns begin, a mask keeps the
 // lanes before them, and the factor takes its place there without a store of its own.
 template <class T>
 ORV_INLINE void eliminate_in_buffer(View<T> m, ptrdiff_t k, ptrdiff_t n)
 {
-    using P = WidePack<T>;
-    using V = typename P::V;
-    using B = std::conditional_t<sizeof(T) == 4, std::int32_t, std::int64_t>;
-    using Mask = typename Pack<B, sizeof(V)>::V;
-    const ptrdiff_t first = k / P::N * P::N, stride = Buffer<T>::stride(n);
-    Mask lane, is_factor, is_later;
-    for (int i = 0; i < P::N; ++i) lane[i] = i;
-    const Mask at = lane - lane + static_cast<B>(k - first);
-    is_factor = lane == at;
-    is_later = lane > at;
+    using V = simd::widest<T>;
+    const ptrdiff_t first = k / V::N * V::N, stride = Buffer<T>::stride(n);
+    const V lane = simd::ascending<V>(), at = simd::splat<V>(static_cast<T>(k - first));
+    const simd::mask_of<V> is_factor = equal(lane, at), is_later = greater(lane, at);
     const T pivot = get(m.at(k, k));
     const T* const source = m.at(k, first);
-    const V head = P::load(source);
+    const V head = simd::load<V>(source);
     for (ptrdiff_t i = k + 1; i < n; ++i) {
         T* const target = m.at(i, first);
         const T factor = get(target + (k - first)) / pivot;
-        const V f = P::splat(factor);
-        const V old = P::load(target);
-        P::store(target, is_later ? old - f * head : (is_factor ? f : old));
-        for (ptrdiff_t j = P::N; j < stride - first; j += P::N) {
-            P::store(target + j, P::load(target + j) - f * P::load(source + j));
+        const V f = simd::splat<V>(factor);
+        const V old = simd::load<V>(target);
+        simd::store(target, select(is_later, old - f * head, select(is_factor, f, old)));
+        for (ptrdiff_t j = V::N; j < stride - first; j += V::N) {
+            simd::store(target + j, simd::load<V>(target + j) - f * simd::load<V>(source + j));
         }
     }
 }
-#endif
 
 template <class T>
 ORV_INLINE void exchange_rows(View<T> m, ptrdiff_t a, ptrdiff_t b, ptrdiff_t n)
 {
     using B = typename BitsOf<T>::type;
-#if ORV_HAVE_VECTORS
-    if (m.has_dense_rows()) {
+    if (kVectors && m.has_dense_rows()) {
         T* const row_a = m.at(a, 0);
         T* const row_b = m.at(b, 0);
-        using P = WidePack<T>;
+        using V = simd::widest<T>;
         ptrdiff_t j = 0;
-        for (; j + P::N <= n; j += P::N) {
-            const auto x = P::load(row_a + j), y = P::load(row_b + j);
-            P::store(row_a + j, y);
-            P::store(row_b + j, x);
+        for (; j + V::N <= n; j += V::N) {
+            const auto x = simd::load<V>(row_a + j), y = simd::load<V>(row_b + j);
+            simd::store(row_a + j, y);
+            simd::store(row_b + j, x);
         }
         if (j < n) {
             const int rest = static_cast<int>(n - j);
-            const auto x = load_part(P(), row_a + j, rest), y = load_part(P(), row_b + j, rest);
-            store_part(P(), row_a + j, y, rest);
-            store_part(P(), row_b + j, x, rest);
+            const auto x = simd::load_part<V>(row_a + j, rest), y = simd::load_part<V>(row_b + j, rest);
+            simd::store_part(row_a + j, y, rest);
+            simd::store_part(row_b + j, x, rest);
         }
         return;
     }
-#endif
     for (ptrdiff_t j = 0; j < n; ++j) {
         B* const p = reinterpret_cast<B*>(m.at(a, j));
         B* const q = reinterpret_cast<B*>(m.at(b, j));
@@ -222,12 +205,10 @@ ORV_INLINE bool decompose(View<T> m, ptrdiff_t n, int* index, Accept accept)
         put(index + k, static_cast<int>(row));
         if (row != k) exchange_rows(m, row, k, width);
         if (!accept(k)) return false;
-#if ORV_HAVE_VECTORS
-        if (in_buffer) {
+        if (kVectors && in_buffer) {
             eliminate_in_buffer(m, k, n);
             continue;
         }
-#endif
         const T pivot = get(m.at(k, k));
         for (ptrdiff_t i = k + 1; i < n; ++i) {
             const T factor = rounded(get(m.at(i, k)) / pivot);
@@ -333,16 +314,15 @@ ORV_INLINE T limit_of_sums(ptrdiff_t n)
 // The sums of |m(i, j)| over the rows of a matrix in a buffer, a register of columns from j on; rows end at the
 // diagonal when `upper`.
 template <bool upper, class T>
-ORV_INLINE typename WidePack<T>::V column_sums(View<T> m, ptrdiff_t j, ptrdiff_t n)
+ORV_INLINE simd::widest<T> column_sums(View<T> m, ptrdiff_t j, ptrdiff_t n)
 {
-    using P = WidePack<T>;
-    using V = typename P::V;
-    V lane, sum = {};
-    for (int i = 0; i < P::N; ++i) lane[i] = static_cast<T>(i);
-    for (ptrdiff_t i = 0; i < n && (!upper || i < j + P::N); ++i) {
-        const V v = P::load(m.at(i, j)), magnitudes = v < 0 ? -v : v;
+    using V = simd::widest<T>;
+    const V lane = simd::ascending<V>();
+    V sum = simd::zero<V>();
+    for (ptrdiff_t i = 0; i < n && (!upper || i < j + V::N); ++i) {
+        const V magnitudes = magnitude(simd::load<V>(m.at(i, j)));
         if (!upper || i <= j) sum += magnitudes;
-        else sum += lane >= P::splat(static_cast<T>(i - j)) ? magnitudes : V{};
+        else sum += greater_equal(lane, simd::splat<V>(static_cast<T>(i - j))) & magnitudes;
     }
     return sum;
 }
@@ -350,21 +330,15 @@ ORV_INLINE typename WidePack<T>::V column_sums(View<T> m, ptrdiff_t j, ptrdiff_t
 template <class T>
 ORV_INLINE bool is_clearly_regular(View<T> lu, View<T> x, ptrdiff_t n)
 {
-    using P = WidePack<T>;
-    using V = typename P::V;
-    V largest = {};
-    for (ptrdiff_t j = 0; j < n; j += P::N) {
-        const V sums = column_sums<true>(lu, j, n);
-        largest = sums > largest ? sums : largest;
-    }
-    T most = 0;
-    for (int i = 0; i < P::N; ++i) most = largest[i] > most ? largest[i] : most;
-    const V factor = P::splat(most), limit = P::splat(limit_of_sums<T>(n));
-    for (ptrdiff_t j = 0; j < n; j += P::N) {
-        const auto within = factor * column_sums<false>(x, j, n) <= limit;
-        for (int i = 0; i < P::N; ++i) {
-            if (!within[i]) return false;
-        }
+    using V = simd::widest<T>;
+    V largest = simd::zero<V>();
+    for (ptrdiff_t j = 0; j < n; j += V::N) largest = max(column_sums<true>(lu, j, n), largest);
+    T lanes[V::N], most = 0;
+    simd::store(lanes, largest);
+    for (const T lane : lanes) most = lane > most ? lane : most;
+    const V factor = simd::splat<V>(most), limit = simd::splat<V>(limit_of_sums<T>(n));
+    for (ptrdiff_t j = 0; j < n; j += V::N) {
+        if (!all(less_equal(factor * column_sums<false>(x, j, n), limit))) return false;
     }
     return true;
 }
@@ -405,32 +379,30 @@ ORV_INLINE void eliminate_row(View<T> lu, View<T> x, ptrdiff_t k, ptrdiff_t from
                               ptrdiff_t n, bool divide)
 {
     const T pivot = get(lu.at(k, k));
-#if ORV_HAVE_VECTORS
-    if (x.has_dense_rows()) {
-        using P = WidePack<T>;
-        const auto p = P::splat(pivot);
+    if (kVectors && x.has_dense_rows()) {
+        using V = simd::widest<T>;
+        const auto p = simd::splat<V>(pivot);
         T* const row = x.at(k, 0);
         ptrdiff_t c = 0;
-        for (; c + 4 * P::N <= n; c += 4 * P::N) {
-            typename P::V v[4];
-            for (int r = 0; r < 4; ++r) v[r] = P::load(row + c + r * P::N);
+        for (; c + 4 * V::N <= n; c += 4 * V::N) {
+            V v[4];
+            for (int r = 0; r < 4; ++r) v[r] = simd::load<V>(row + c + r * V::N);
             for (ptrdiff_t t = 0, j = from; t < count; ++t, j += step) {
-                const auto f = P::splat(get(lu.at(k, j)));
-                for (int r = 0; r < 4; ++r) v[r] -= f * P::load(x.at(j, c) + r * P::N);
+                const auto f = simd::splat<V>(get(lu.at(k, j)));
+                for (int r = 0; r < 4; ++r) v[r] -= f * simd::load<V>(x.at(j, c) + r * V::N);
             }
-            for (int r = 0; r < 4; ++r) P::store(row + c + r * P::N, divide ? v[r] / p : v[r]);
+            for (int r = 0; r < 4; ++r) simd::store(row + c + r * V::N, divide ? v[r] / p : v[r]);
         }
         T* const tail = row + c;
-        for_packs(n - c, tail, [&](auto load) {
+        for_vectors(n - c, tail, [&](auto load) {
             auto v = load(tail);
             for (ptrdiff_t t = 0, j = from; t < count; ++t, j += step) {
-                v -= P::splat(get(lu.at(k, j))) * load(x.at(j, c));
+                v -= simd::splat<V>(get(lu.at(k, j))) * load(x.at(j, c));
             }
             return divide ? v / p : v;
         });
         return;
     }
-#endif
     for (ptrdiff_t c = 0; c < n; ++c) {
         T v = get(x.at(k, c));
         for (ptrdiff_t t = 0, j = from; t < count; ++t, j += step) {
@@ -461,14 +433,15 @@ ORV_INLINE bool decompose_for_inversion(View<T> lu, ptrdiff_t n, int* index)
 }
 
 #if ORV_HAVE_INT256
+using EightFloats = simd::vec<float, 8>;
 // solve() for eight rows of floats, which stay in registers.
 template <int k, int j>
-ORV_INLINE void lose(const float* lu, __m256 (&x)[8])
+ORV_INLINE void lose(const float* lu, EightFloats (&x)[8])
 {
-    x[k] -= Pack<float, 32>::broadcast(lu + 8 * k + j) * x[j];
+    x[k] -= simd::splat_at<EightFloats>(lu + 8 * k + j) * x[j];
 }
 template <int k, int j = 0>
-ORV_INLINE void solve_downward(const float* lu, __m256 (&x)[8])
+ORV_INLINE void solve_downward(const float* lu, EightFloats (&x)[8])
 {
     if constexpr (j < k) {
         lose<k, j>(lu, x);
@@ -478,66 +451,62 @@ ORV_INLINE void solve_downward(const float* lu, __m256 (&x)[8])
     }
 }
 template <int k, int j = 7>
-ORV_INLINE void solve_upward(const float* lu, __m256 (&x)[8])
+ORV_INLINE void solve_upward(const float* lu, EightFloats (&x)[8])
 {
     if constexpr (j > k) {
         lose<k, j>(lu, x);
         solve_upward<k, j - 1>(lu, x);
     } else {
-        x[k] /= Pack<float, 32>::broadcast(lu + 9 * k);
+        x[k] /= simd::splat_at<EightFloats>(lu + 9 * k);
         if constexpr (k > 0) solve_upward<k - 1>(lu, x);
     }
 }
 
 // is_clearly_regular() for them.
 template <int k = 0>
-ORV_INLINE void add_magnitudes(const float* lu, const __m256 (&x)[8], __m256& u_sums, __m256& x_sums)
+ORV_INLINE void add_magnitudes(const float* lu, const EightFloats (&x)[8], EightFloats& u_sums, EightFloats& x_sums)
 {
     if constexpr (k < 8) {
-        const __m256 no_sign = _mm256_castsi256_ps(_mm256_set1_epi32(0x7FFFFFFF));
-        const __m256 upper = _mm256_blend_ps(_mm256_setzero_ps(), no_sign, 0xFF << k & 0xFF);
-        u_sums += _mm256_and_ps(upper, _mm256_loadu_ps(lu + 8 * k));
-        x_sums += _mm256_and_ps(no_sign, x[k]);
+        const EightFloats row = simd::load<EightFloats>(lu + 8 * k), none = simd::zero<EightFloats>();
+        u_sums += magnitude(simd::blended<(0xFF << k & 0xFF)>(none, row));
+        x_sums += magnitude(x[k]);
         add_magnitudes<k + 1>(lu, x, u_sums, x_sums);
     }
 }
-ORV_INLINE bool is_clearly_regular(const float* lu, const __m256 (&x)[8])
+ORV_INLINE bool is_clearly_regular(const float* lu, const EightFloats (&x)[8])
 {
-    __m256 largest = {}, x_sums = {};
+    EightFloats largest = simd::zero<EightFloats>(), x_sums = largest;
     add_magnitudes(lu, x, largest, x_sums);
-    largest = _mm256_max_ps(largest, _mm256_permute2f128_ps(largest, largest, 1));
-    largest = _mm256_max_ps(largest, _mm256_permute_ps(largest, 0x4E));
-    largest = _mm256_max_ps(largest, _mm256_permute_ps(largest, 0xB1));
-    const __m256 limit = _mm256_set1_ps(limit_of_sums<float>(8));
-    return _mm256_movemask_ps(_mm256_cmp_ps(largest * x_sums, limit, _CMP_LE_OQ)) == 0xFF;
+    largest = simd::largest_lane(largest);
+    return all(less_equal(largest * x_sums, limit_of_sums<float>(8)));
 }
 
 Status invert_8x8(View<const float> src, View<float> dst)
 {
-    using P = Pack<float, 32>;
     alignas(32) float elements[64];
     int index[8], order[8];
     const View<float> lu = {elements, 8 * sizeof(float), sizeof(float)};
     fill_buffer(src, lu, 8);
     if (!LaneDecomposition::run(elements, 8, index, 1, order)) return StatusSingularMatrix;
-    const __m256i lanes = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
-    __m256 x[8];
+    using Lanes = simd::vec<std::int32_t, 8>;
+    const Lanes lanes = simd::ascending<Lanes>();
+    EightFloats x[8];
     for (int k = 0; k < 8; ++k) {
-        const __m256 one = _mm256_castsi256_ps(_mm256_cmpeq_epi32(lanes, _mm256_set1_epi32(order[k])));
-        x[k] = _mm256_and_ps(one, P::splat(1));
+        const Lanes one = equal(lanes, simd::splat<Lanes>(order[k]));
+        x[k] = from_bits(simd::as<std::uint32_t>(one)) & simd::splat<EightFloats>(1);
     }
     solve_downward<1>(elements, x);
     solve_upward<7>(elements, x);
     if (!is_clearly_regular(elements, x)) {
         alignas(32) float inverse[64];
         double weights[16];
-        for (int k = 0; k < 8; ++k) P::store(inverse + 8 * k, x[k]);
+        for (int k = 0; k < 8; ++k) simd::store(inverse + 8 * k, x[k]);
         if (!is_regular(lu, {inverse, lu.row, lu.column}, 8, weights)) return StatusSingularMatrix;
     }
     if (dst.has_dense_rows()) {
-        for (int k = 0; k < 8; ++k) P::store(dst.at(k, 0), x[k]);
+        for (int k = 0; k < 8; ++k) simd::store(dst.at(k, 0), x[k]);
     } else {
-        for (int k = 0; k < 8; ++k) P::store(elements + 8 * k, x[k]);
+        for (int k = 0; k < 8; ++k) simd::store(elements + 8 * k, x[k]);
         copy_square<float>({elements, lu.row, lu.column}, dst, 8);
     }
     return StatusOk;

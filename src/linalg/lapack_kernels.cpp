@@ -45,7 +45,7 @@ ORV_INLINE void solve_block(const T* l, ptrdiff_t ldl, T* b, ptrdiff_t ldb, ptrd
     for (int top = 0; top < n; top += R::N) {
         V part[R::N];
         for (int i = 0; i < R::N; ++i) part[i] = R::load(column[i] + top);
-        transpose(R(), part);
+        transpose(part);
         for (int i = 0; i < R::N; ++i) row[top + i] = part[i];
     }
     for (int k = 0; k < n; ++k) {
@@ -54,7 +54,7 @@ ORV_INLINE void solve_block(const T* l, ptrdiff_t ldl, T* b, ptrdiff_t ldb, ptrd
     for (int top = 0; top < n; top += R::N) {
         V part[R::N];
         for (int i = 0; i < R::N; ++i) part[i] = row[top + i];
-        transpose(R(), part);
+        transpose(part);
         for (int i = 0; i < R::N; ++i) R::store(column[i] + top, part[i]);
     }
 }
@@ -79,8 +79,7 @@ ORV_INLINE ptrdiff_t largest(const T* x, ptrdiff_t n)
     ptrdiff_t i = 0;
     for (; i + 4 * R::N <= n; i += 4 * R::N) {
         for (int r = 0; r < 4; ++r) {
-            const V v = R::load(x + i + r * R::N), magnitude = v < 0 ? -v : v;
-            best[r] = magnitude > best[r] ? magnitude : best[r];
+            best[r] = R::larger(best[r], R::load(x + i + r * R::N));
         }
     }
     T lanes[4 * R::N], most = 0;

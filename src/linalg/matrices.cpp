@@ -3,8 +3,9 @@
 #include <cstdint>
 
 #include "core/float_control.h"
-#include "linalg/packs.h"
+#include "linalg/vector_rows.h"
 #include "linalg/views.h"
+#include "simd/neighbours.h"
 
 namespace orv {
 namespace matrices {
@@ -26,8 +27,7 @@ struct Difference {
 template <class T, class Op>
 ORV_INLINE void elementwise(View<const T> a, View<const T> b, View<T> dst, ptrdiff_t width, ptrdiff_t height, Op op)
 {
-#if ORV_HAVE_VECTORS
-    if (a.has_dense_rows() && b.has_dense_rows() && dst.has_dense_rows()) {
+    if (kVectors && a.has_dense_rows() && b.has_dense_rows() && dst.has_dense_rows()) {
         const ptrdiff_t row_bytes = width * static_cast<ptrdiff_t>(sizeof(T));
         if (a.row == row_bytes && b.row == row_bytes && dst.row == row_bytes) {
             width *= height;
@@ -36,11 +36,10 @@ ORV_INLINE void elementwise(View<const T> a, View<const T> b, View<T> dst, ptrdi
         for (ptrdiff_t i = 0; i < height; ++i) {
             const T* const row_a = a.at(i, 0);
             const T* const row_b = b.at(i, 0);
-            for_packs(width, dst.at(i, 0), [=](auto load) { return op(load(row_a), load(row_b)); });
+            for_vectors(width, dst.at(i, 0), [=](auto load) { return op(load(row_a), load(row_b)); });
         }
         return;
     }
-#endif
     for (ptrdiff_t i = 0; i < height; ++i) {
         for (ptrdiff_t j = 0; j < width; ++j) put(dst.at(i, j), rounded(op(get(a.at(i, j)), get(b.at(i, j)))));
     }
@@ -92,15 +91,13 @@ void product_by_elements(const Product<T>& p)
     }
 }
 
-#if ORV_HAVE_VECTORS
 
 // Rows x Columns registers of the destination from (i, j) on. The last register has `part` lanes, or all
 // for 0; Inner is the inner size where it is known beforehand, else 0. Nothing is stored before all is
 // computed.
-template <class P, int Rows, int Columns, int Inner, class T>
+template <class V, int Rows, int Columns, int Inner, class T>
 ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
 {
-    using V = typename P::V;
     V sum[Rows][Columns];
     const ptrdiff_t inner = Inner != 0 ? Inner : p.inner;
     View<const T> a = {p.a.at(i, 0), p.a.row, p.a.column}, b = {p.b.at(0, j), p.b.row, p.b.column};
@@ -114,12 +111,12 @@ ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
     const auto step = [&](bool first) __attribute__((always_inline)) {
         V row[Columns];
         for (int c = 0; c < Columns; ++c) {
-            const T* const from = b.base + c * P::N;
-            row[c] = part != 0 && c == Columns - 1 ? load_part(P(), from, part) : P::load(from);
-            if (Rows > 1) __asm__("" : "+x"(row[c]));  // loaded once, not for every row
+            const T* const from = b.base + c * V::N;
+            row[c] = part != 0 && c == Columns - 1 ? simd::load_part<V>(from, part) : simd::load<V>(from);
+            if (Rows > 1) row[c] = simd::in_register(row[c]);  // loaded once, not for every row
         }
         for (int r = 0; r < Rows; ++r) {
-            const V x = P::broadcast(View<const T>{a.base, row_at[r], 0}.at(1, 0));
+            const V x = simd::splat_at<V>(View<const T>{a.base, row_at[r], 0}.at(1, 0));
             for (int c = 0; c < Columns; ++c) sum[r][c] = first ? x * row[c] : sum[r][c] + x * row[c];
         }
         a.base = a.at(0, 1);
@@ -130,42 +127,42 @@ ORV_INLINE void tile(const Product<T>& p, ptrdiff_t i, ptrdiff_t j, int part)
     for (int r = 0; r < Rows; ++r) {
         T* const row = dst.at(r, 0);
         for (int c = 0; c < Columns; ++c) {
-            if (part != 0 && c == Columns - 1) store_part(P(), row + c * P::N, sum[r][c], part);
-            else P::store(row + c * P::N, sum[r][c]);
+            if (part != 0 && c == Columns - 1) simd::store_part(row + c * V::N, sum[r][c], part);
+            else simd::store(row + c * V::N, sum[r][c]);
         }
     }
 }
 
 // A strip of the destination, Columns registers wide.
-template <class P, int Columns, class T>
+template <class V, int Columns, class T>
 ORV_INLINE void strip(const Product<T>& p, ptrdiff_t j, int part)
 {
     ptrdiff_t i = 0;
-    for (; i + 4 <= p.rows; i += 4) tile<P, 4, Columns, 0>(p, i, j, part);
-    for (; i + 2 <= p.rows; i += 2) tile<P, 2, Columns, 0>(p, i, j, part);
-    if (i < p.rows) tile<P, 1, Columns, 0>(p, i, j, part);
+    for (; i + 4 <= p.rows; i += 4) tile<V, 4, Columns, 0>(p, i, j, part);
+    for (; i + 2 <= p.rows; i += 2) tile<V, 2, Columns, 0>(p, i, j, part);
+    if (i < p.rows) tile<V, 1, Columns, 0>(p, i, j, part);
 }
 
 // A destination of one row.
-template <class P, class T>
+template <class V, class T>
 ORV_INLINE void one_row(const Product<T>& p)
 {
     ptrdiff_t j = 0;
-    for (; j + 8 * P::N <= p.columns; j += 8 * P::N) tile<P, 1, 8, 0>(p, 0, j, 0);
-    for (; j + 4 * P::N <= p.columns; j += 4 * P::N) tile<P, 1, 4, 0>(p, 0, j, 0);
-    for (; j + 2 * P::N <= p.columns; j += 2 * P::N) tile<P, 1, 2, 0>(p, 0, j, 0);
-    for (; j + P::N <= p.columns; j += P::N) tile<P, 1, 1, 0>(p, 0, j, 0);
-    if (j < p.columns) tile<P, 1, 1, 0>(p, 0, j, static_cast<int>(p.columns - j));
+    for (; j + 8 * V::N <= p.columns; j += 8 * V::N) tile<V, 1, 8, 0>(p, 0, j, 0);
+    for (; j + 4 * V::N <= p.columns; j += 4 * V::N) tile<V, 1, 4, 0>(p, 0, j, 0);
+    for (; j + 2 * V::N <= p.columns; j += 2 * V::N) tile<V, 1, 2, 0>(p, 0, j, 0);
+    for (; j + V::N <= p.columns; j += V::N) tile<V, 1, 1, 0>(p, 0, j, 0);
+    if (j < p.columns) tile<V, 1, 1, 0>(p, 0, j, static_cast<int>(p.columns - j));
 }
 
-template <class P, class T>
+template <class V, class T>
 ORV_INLINE void strips(const Product<T>& p)
 {
-    if (p.rows == 1) return one_row<P>(p);
+    if (p.rows == 1) return one_row<V>(p);
     ptrdiff_t j = 0;
-    for (; j + 2 * P::N <= p.columns; j += 2 * P::N) strip<P, 2>(p, j, 0);
-    for (; j + P::N <= p.columns; j += P::N) strip<P, 1>(p, j, 0);
-    if (j < p.columns) strip<P, 1>(p, j, static_cast<int>(p.columns - j));
+    for (; j + 2 * V::N <= p.columns; j += 2 * V::N) strip<V, 2>(p, j, 0);
+    for (; j + V::N <= p.columns; j += V::N) strip<V, 1>(p, j, 0);
+    if (j < p.columns) strip<V, 1>(p, j, static_cast<int>(p.columns - j));
 }
 
 #if ORV_HAVE_FLOAT256
@@ -176,36 +173,27 @@ __attribute__((noinline)) void product_8x8(const float* a, ptrdiff_t a_row, ptrd
     ptrdiff_t inner = 8;
     __asm__("" : "+r"(inner));  // a loop: unrolled, all broadcasts would be made first and not fit into registers
     const Product<float> p = {{a, a_row, a_column}, {b, b_row, sizeof(float)}, {dst, dst_row, sizeof(float)}, 8, 8, inner};
-    tile<WidePack<float>, 8, 1, 0>(p, 0, 0, 0);
+    tile<simd::widest<float>, 8, 1, 0>(p, 0, 0, 0);
 }
 
-// Rows i and i + 1 of four elements in one register.
-ORV_INLINE __m256 two_rows(View<const float> v, ptrdiff_t i)
-{
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(v.at(i, 0))), _mm_loadu_ps(v.at(i + 1, 0)), 1);
-}
+using TwoRows = simd::vec<float, 8>;  // of four elements
 template <int k, class Splat>
-ORV_INLINE void add_products(__m256 (&sum)[2], const __m256 (&a)[2], Splat b)
+ORV_INLINE void add_products(TwoRows (&sum)[2], const TwoRows (&a)[2], Splat b)
 {
     if constexpr (k < 4) {
-        const __m256 row = b(k);
-        sum[0] = sum[0] + _mm256_permute_ps(a[0], 0x55 * k) * row;
-        sum[1] = sum[1] + _mm256_permute_ps(a[1], 0x55 * k) * row;
+        const TwoRows row = b(k);
+        sum[0] += simd::permuted<k, k, k, k>(a[0]) * row;
+        sum[1] += simd::permuted<k, k, k, k>(a[1]) * row;
         add_products<k + 1>(sum, a, b);
     }
 }
 ORV_INLINE void product_4x4(View<const float> a, View<const float> b, View<float> dst)
 {
-    const auto b_row = [b](int k) __attribute__((always_inline)) {
-        return _mm256_broadcast_ps(reinterpret_cast<const __m128*>(b.at(k, 0)));
-    };
-    const __m256 rows[2] = {two_rows(a, 0), two_rows(a, 2)};
-    __m256 sum[2] = {_mm256_permute_ps(rows[0], 0) * b_row(0), _mm256_permute_ps(rows[1], 0) * b_row(0)};
+    const auto b_row = [b](int k) __attribute__((always_inline)) { return simd::load_repeated<TwoRows>(b.at(k, 0)); };
+    const TwoRows rows[2] = {simd::load_halves(a.at(0, 0), a.at(1, 0)), simd::load_halves(a.at(2, 0), a.at(3, 0))};
+    TwoRows sum[2] = {simd::permuted<0, 0, 0, 0>(rows[0]) * b_row(0), simd::permuted<0, 0, 0, 0>(rows[1]) * b_row(0)};
     add_products<1>(sum, rows, b_row);
-    for (int i = 0; i < 2; ++i) {
-        _mm_storeu_ps(dst.at(2 * i, 0), _mm256_castps256_ps128(sum[i]));
-        _mm_storeu_ps(dst.at(2 * i + 1, 0), _mm256_extractf128_ps(sum[i], 1));
-    }
+    for (int i = 0; i < 2; ++i) simd::store_halves(dst.at(2 * i, 0), dst.at(2 * i + 1, 0), sum[i]);
 }
 #endif
 
@@ -223,13 +211,13 @@ ORV_INLINE bool product_of_usual_size(const Product<T>& p)
             }
         }
 #endif
-        if constexpr (sizeof(T) == 4) tile<Pack<T, 16>, 4, 1, 4>(p, 0, 0, 0);
-        else tile<WidePack<T>, 4, 4 / WidePack<T>::N, 4>(p, 0, 0, 0);
+        if constexpr (sizeof(T) == 4) tile<simd::half<T>, 4, 1, 4>(p, 0, 0, 0);
+        else tile<simd::widest<T>, 4, 4 / simd::widest<T>::N, 4>(p, 0, 0, 0);
         return true;
     }
     if (p.rows == 3) {
-        if constexpr (sizeof(T) == 4) tile<Pack<T, 16>, 3, 1, 3>(p, 0, 0, 3);
-        else tile<WidePack<T>, 3, (3 + WidePack<T>::N - 1) / WidePack<T>::N, 3>(p, 0, 0, 3 % WidePack<T>::N);
+        if constexpr (sizeof(T) == 4) tile<simd::half<T>, 3, 1, 3>(p, 0, 0, 3);
+        else tile<simd::widest<T>, 3, (simd::widest<T>::N + 2) / simd::widest<T>::N, 3>(p, 0, 0, 3 % simd::widest<T>::N);
         return true;
     }
 #if ORV_HAVE_FLOAT256
@@ -244,21 +232,18 @@ ORV_INLINE bool product_of_usual_size(const Product<T>& p)
 }
 
 template <class T>
-void product_by_packs(const Product<T>& p)
+void product_by_vectors(const Product<T>& p)
 {
-    if (sizeof(T) == 4 && p.columns <= 4) strips<Pack<T, 16>>(p);
-    else strips<WidePack<T>>(p);
+    if (sizeof(T) == 4 && p.columns <= 4) strips<simd::half<T>>(p);
+    else strips<simd::widest<T>>(p);
 }
 
-#endif  // ORV_HAVE_VECTORS
 
 template <class T>
 void product_apart(const Product<T>& p)
 {
-#if ORV_HAVE_VECTORS
-    if (p.b.has_dense_rows() && p.dst.has_dense_rows()) return product_by_packs(p);
-    if (p.a.has_dense_columns() && p.dst.has_dense_columns()) return product_by_packs(p.transposed());
-#endif
+    if (kVectors && p.b.has_dense_rows() && p.dst.has_dense_rows()) return product_by_vectors(p);
+    if (kVectors && p.a.has_dense_columns() && p.dst.has_dense_columns()) return product_by_vectors(p.transposed());
     product_by_elements(p);
 }
 
@@ -302,9 +287,7 @@ template <class T>
 ORV_INLINE Status product(const Product<T>& p)
 {
     const FloatControl control;
-#if ORV_HAVE_VECTORS
-    if (p.b.has_dense_rows() && p.dst.has_dense_rows() && product_of_usual_size(p)) return StatusOk;
-#endif
+    if (kVectors && p.b.has_dense_rows() && p.dst.has_dense_rows() && product_of_usual_size(p)) return StatusOk;
     // A copy: those of usual size keep theirs in registers.
     const Product<T> any = {{p.a.base, p.a.row, p.a.column}, {p.b.base, p.b.row, p.b.column},
                             {p.dst.base, p.dst.row, p.dst.column}, p.rows, p.columns, p.inner};
@@ -326,6 +309,7 @@ ORV_INLINE T row_by_elements(View<const T> a, View<const T> v, ptrdiff_t i, ptrd
     }
     return rounded(rounded(sum[0] + sum[1]) + rounded(sum[2] + sum[3]));
 }
+
 
 #if ORV_HAVE_VECTORS
 
@@ -352,39 +336,39 @@ struct RowsInStep {
 // Four sums of a row, in the registers of the level.
 template <int Rows>
 struct FourSums {
-    using P = WidePack<double>;
-    static constexpr int kRegisters = 4 / P::N;
-    P::V sum[Rows + Rows % 2][kRegisters] = {};
+    using V = simd::widest<double>;
+    static constexpr int kRegisters = 4 / V::N;
+    V sum[Rows + Rows % 2][kRegisters] = {};
 
     ORV_INLINE void add(const RowsInStep<Rows>& a, const double* v)
     {
         for (int c = 0; c < kRegisters; ++c) {
-            const P::V x = P::load(v + c * P::N);
-            for (int r = 0; r < Rows; ++r) sum[r][c] += P::load(a.row(r) + c * P::N) * x;
+            const V x = simd::load<V>(v + c * V::N);
+            for (int r = 0; r < Rows; ++r) sum[r][c] += simd::load<V>(a.row(r) + c * V::N) * x;
         }
     }
     ORV_INLINE void add_rest(const RowsInStep<Rows>& a, const double* v, int rest)
     {
-        for (int c = 0; c < kRegisters && rest > 0; ++c, rest -= P::N) {
-            const bool whole = rest >= P::N;
-            const P::V x = whole ? P::load(v + c * P::N) : load_part(P(), v + c * P::N, rest);
+        for (int c = 0; c < kRegisters && rest > 0; ++c, rest -= V::N) {
+            const bool whole = rest >= V::N;
+            const V x = whole ? simd::load<V>(v + c * V::N) : simd::load_part<V>(v + c * V::N, rest);
             for (int r = 0; r < Rows; ++r) {
-                const double* const row = a.row(r) + c * P::N;
-                sum[r][c] += (whole ? P::load(row) : load_part(P(), row, rest)) * x;
+                const double* const row = a.row(r) + c * V::N;
+                sum[r][c] += (whole ? simd::load<V>(row) : simd::load_part<V>(row, rest)) * x;
             }
         }
     }
     // (first + second) + (third + fourth) of rows r and r + 1.
-    ORV_INLINE Pack<double, 16>::V totals(int r) const
+    ORV_INLINE simd::half<double> totals(int r) const
     {
-#if ORV_HAVE_FLOAT256
-        const __m256d pairs = _mm256_hadd_pd(sum[r][0], sum[r + 1][0]);
-        return _mm256_castpd256_pd128(pairs) + _mm256_extractf128_pd(pairs, 1);
-#else
-        const auto pair = [this, r](int c) __attribute__((always_inline)) {
-            return _mm_unpacklo_pd(sum[r][c], sum[r + 1][c]) + _mm_unpackhi_pd(sum[r][c], sum[r + 1][c]);
+        const auto pairs = [this, r](int c) __attribute__((always_inline)) {
+            return even_of(sum[r][c], sum[r + 1][c]) + odd_of(sum[r][c], sum[r + 1][c]);
         };
-        return pair(0) + pair(kRegisters - 1);
+#if ORV_HAVE_FLOAT256
+        const V both = pairs(0);
+        return lower_part(both) + upper_part(both);
+#else
+        return pairs(0) + pairs(1);
 #endif
     }
 };
@@ -398,11 +382,12 @@ ORV_INLINE void rows_times_vector(View<const double> a, const double* v, View<do
     for (; left >= 4; left -= 4, v += 4, rows.advance(4)) sums.add(rows, v);
     if (left > 0) sums.add_rest(rows, v, static_cast<int>(left));
     for (int r = 0; r < Rows; r += 2) {
-        const Pack<double, 16>::V totals = sums.totals(r);
-        _mm_store_sd(dst.at(0, i + r), totals);
-        if (r + 1 < Rows) _mm_storeh_pd(dst.at(0, i + r + 1), totals);
+        const simd::half<double> totals = sums.totals(r);
+        simd::store_first<8>(dst.at(0, i + r), totals);
+        if (r + 1 < Rows) simd::store_last<8>(dst.at(0, i + r + 1), totals);
     }
 }
+
 
 #endif
 
@@ -427,17 +412,15 @@ ORV_INLINE void matrix_times_vector(View<const double> a, View<const double> v, 
 
 using Bits = std::uint32_t;
 
-#if ORV_HAVE_VECTORS
 // A square of as many rows as a register has lanes.
-template <class P>
+template <class V>
 ORV_INLINE void transpose_square(View<const float> src, View<float> dst)
 {
-    typename P::V v[P::N];
-    for (int i = 0; i < P::N; ++i) v[i] = P::load(src.at(i, 0));
-    transpose(P(), v);
-    for (int i = 0; i < P::N; ++i) P::store(dst.at(i, 0), v[i]);
+    V v[V::N];
+    for (int i = 0; i < V::N; ++i) v[i] = simd::load<V>(src.at(i, 0));
+    transpose(v);
+    for (int i = 0; i < V::N; ++i) simd::store(dst.at(i, 0), v[i]);
 }
-#endif
 
 ORV_INLINE void transpose_by_elements(View<const Bits> src, View<Bits> dst, ptrdiff_t width, ptrdiff_t height)
 {
@@ -452,20 +435,19 @@ ORV_INLINE void transpose_apart(View<const float> src, View<float> dst, ptrdiff_
         transpose_by_elements({reinterpret_cast<const Bits*>(src.at(i, j)), src.row, src.column},
                               {reinterpret_cast<Bits*>(dst.at(j, i)), dst.row, dst.column}, columns, rows);
     };
-#if ORV_HAVE_VECTORS
-    if (src.has_dense_rows() && dst.has_dense_rows()) {
+    if (kVectors && src.has_dense_rows() && dst.has_dense_rows()) {
         const ptrdiff_t whole_rows = height & ~ptrdiff_t{3}, whole_columns = width & ~ptrdiff_t{3};
-        constexpr ptrdiff_t wide = WidePack<float>::N;
+        constexpr ptrdiff_t wide = simd::widest<float>::N;
         const auto square = [&](auto pack, ptrdiff_t i, ptrdiff_t j) __attribute__((always_inline)) {
             transpose_square<decltype(pack)>({src.at(i, j), src.row, src.column}, {dst.at(j, i), dst.row, dst.column});
         };
         for (ptrdiff_t i = 0; i < whole_rows;) {
             const bool tall = i + wide <= whole_rows;
             ptrdiff_t j = 0;
-            for (; tall && j + wide <= whole_columns; j += wide) square(WidePack<float>(), i, j);
+            for (; tall && j + wide <= whole_columns; j += wide) square(simd::widest<float>(), i, j);
             const ptrdiff_t rows = tall ? wide : 4;
             for (; j < whole_columns; j += 4) {
-                for (ptrdiff_t r = 0; r < rows; r += 4) square(Pack<float, 16>(), i + r, j);
+                for (ptrdiff_t r = 0; r < rows; r += 4) square(simd::half<float>(), i + r, j);
             }
             i += rows;
         }
@@ -473,7 +455,6 @@ ORV_INLINE void transpose_apart(View<const float> src, View<float> dst, ptrdiff_
         if (whole_rows < height) elements(whole_rows, 0, width, height - whole_rows);
         return;
     }
-#endif
     elements(0, 0, width, height);
 }
 
@@ -481,13 +462,11 @@ template <class T>
 void copy_elements(View<const T> src, View<T> dst, ptrdiff_t width, ptrdiff_t height)
 {
     for (ptrdiff_t i = 0; i < height; ++i) {
-#if ORV_HAVE_VECTORS
-        if (src.has_dense_rows() && dst.has_dense_rows()) {
+        if (kVectors && src.has_dense_rows() && dst.has_dense_rows()) {
             const T* const row = src.at(i, 0);
-            for_packs(width, dst.at(i, 0), [row](auto load) { return load(row); });
+            for_vectors(width, dst.at(i, 0), [row](auto load) { return load(row); });
             continue;
         }
-#endif
         for (ptrdiff_t j = 0; j < width; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
     }
 }
@@ -589,12 +568,10 @@ Status Mul_tv_64f(const double* src1, int src1Stride1, int src1Stride2, int src1
     const Product<double> p = {{src2, 0, src2Stride2}, {src1, src1Stride1, src1Stride2}, {dst, 0, dstStride2}, 1,
                                src1Width, src1Height};
     const FloatControl control;
-#if ORV_HAVE_VECTORS
-    if (p.b.has_dense_rows() && p.dst.has_dense_rows() && !touches_sources(p)) {
-        one_row<WidePack<double>>(p);
+    if (kVectors && p.b.has_dense_rows() && p.dst.has_dense_rows() && !touches_sources(p)) {
+        one_row<simd::widest<double>>(p);
         return StatusOk;
     }
-#endif
     return product_of_any_size(p);
 }
 

@@ -74,15 +74,15 @@ public:
         std::ptrdiff_t k = 0;
         for (; k + N <= pairs; k += N) {
             for (int l = 0; l < N; ++l) rows[l] = R::load(column_[l] + k + 1);
-            transpose(R(), rows);
+            transpose(rows);
             for (int i = 0; i < N; ++i) rows[i] = down(R::splat(c[k + i]), R::splat(s[k + i]), carried, rows[i]);
-            transpose(R(), rows);
+            transpose(rows);
             for (int l = 0; l < N; ++l) R::store(column_[l] + k, rows[l]);
         }
         const int rest = static_cast<int>(pairs - k);
         if (rest > 0) {
-            for (int l = 0; l < N; ++l) rows[l] = load_part(R(), column_[l] + k + 1, rest);
-            transpose(R(), rows);
+            for (int l = 0; l < N; ++l) rows[l] = R::load_part(column_[l] + k + 1, rest);
+            transpose(rows);
             for (int i = 0; i < rest; ++i) rows[i] = down(R::splat(c[k + i]), R::splat(s[k + i]), carried, rows[i]);
         }
         for (int i = rest; i < N; ++i) rows[i] = carried;
@@ -96,16 +96,16 @@ public:
         for (; k >= N; k -= N) {
             const std::ptrdiff_t top = k - N;
             for (int l = 0; l < N; ++l) rows[l] = R::load(column_[l] + top);
-            transpose(R(), rows);
+            transpose(rows);
             for (int i = N - 1; i >= 0; --i) rows[i] = up(R::splat(c[top + i]), R::splat(s[top + i]), carried, rows[i]);
-            transpose(R(), rows);
+            transpose(rows);
             for (int l = 0; l < N; ++l) R::store(column_[l] + top + 1, rows[l]);
         }
         const int rest = static_cast<int>(k);
         V last[N];
         if (rest > 0) {
-            for (int l = 0; l < N; ++l) rows[l] = load_part(R(), column_[l], rest);
-            transpose(R(), rows);
+            for (int l = 0; l < N; ++l) rows[l] = R::load_part(column_[l], rest);
+            transpose(rows);
             for (int i = rest - 1; i >= 0; --i) last[i + 1] = up(R::splat(c[i]), R::splat(s[i]), carried, rows[i]);
         }
         for (int i = rest + 1; i < N; ++i) last[i] = carried;
@@ -122,10 +122,10 @@ private:
     }
     void store_rows(std::ptrdiff_t first, int count, V (&rows)[N]) const
     {
-        transpose(R(), rows);
+        transpose(rows);
         for (int l = 0; l < N; ++l) {
             if (count == N) R::store(column_[l] + first, rows[l]);
-            else store_part(R(), column_[l] + first, rows[l], count);
+            else R::store_part(column_[l] + first, rows[l], count);
         }
     }
     // What becomes of the upper row of a pair, the carried one, or of its lower row.
