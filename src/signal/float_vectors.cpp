@@ -95,7 +95,6 @@ ORV_INLINE Doubles load_doubles(const float* p)
     return r;
 }
 
-#if ORV_HAVE_VECTORS
 ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
 {
     sum.lo = simd::add_exact_product(a.lo, b.lo, sum.lo);
@@ -105,7 +104,6 @@ ORV_INLINE Floats accumulated(Doubles a, Doubles b, Doubles sum)
     if (__builtin_expect(!simd::any(nan), true)) return result;
     return simd::select(nan, simd::splat<Floats>(value_of<float>(Bits<float>::kNan)), result);
 }
-#endif
 
 // The vector or the constant that the other one is multiplied with.
 struct Elements {
@@ -128,13 +126,11 @@ void accumulate(const float* src, Factor factor, float* srcDst, std::ptrdiff_t n
 {
     const Elements other = {src};
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
     constexpr int N = Floats::N;
     const auto at = [&](std::ptrdiff_t k) {
         return accumulated(other.many(k), factor.many(k), load_doubles(srcDst + k));
     };
-    if (n >= N) return full_vectors<N>(n, at, [&](std::ptrdiff_t k, Floats v) { simd::store(srcDst + k, v); });
-#endif
+    if (N > 1 && n >= N) return full_vectors<N>(n, at, [&](std::ptrdiff_t k, Floats v) { simd::store(srcDst + k, v); });
     std::uint32_t* const bits = reinterpret_cast<std::uint32_t*>(srcDst);
     for (; i < n; ++i) put(bits + i, accumulated(other.one(i), factor.one(i), static_cast<double>(get(srcDst + i))));
 }

@@ -53,12 +53,7 @@ struct ScaledInDouble {
 };
 
 // Saturated without scaling. Overflow is rare: a branch, one for two vectors, leaves it to the longer way.
-#if ORV_HAVE_VECTORS
-ORV_INLINE bool any_sign(__m128i v) { return _mm_movemask_ps(_mm_castsi128_ps(v)) != 0; }
-#if ORV_HAVE_INT256
-ORV_INLINE bool any_sign(__m256i v) { return _mm256_movemask_ps(_mm256_castsi256_ps(v)) != 0; }
-#endif
-#endif
+template <class V> ORV_INLINE bool any_sign(V v) { return lanes_of(v) != 0; }
 
 // Sums and differences in 32-bit lanes: overflow() has the sign where wrapped() overflows.
 template <class Kind> struct InWords;
@@ -91,14 +86,14 @@ struct SaturatedWords {
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         const V result = Form::wrapped(a, b);
-        if (__builtin_expect(any_sign(Form::overflow(a, b, result).v), false)) return Form::saturated(a, b);
+        if (__builtin_expect(any_sign(Form::overflow(a, b, result)), false)) return Form::saturated(a, b);
         return result;
     }
     template <class V> ORV_INLINE simd::twice<V> many(const V (&a)[2], const V (&b)[2]) const
     {
         const V first = Form::wrapped(a[0], b[0]), second = Form::wrapped(a[1], b[1]);
         const V any = Form::overflow(a[0], b[0], first) | Form::overflow(a[1], b[1], second);
-        if (__builtin_expect(any_sign(any.v), false)) return {Form::saturated(a[0], b[0]), Form::saturated(a[1], b[1])};
+        if (__builtin_expect(any_sign(any), false)) return {Form::saturated(a[0], b[0]), Form::saturated(a[1], b[1])};
         return {first, second};
     }
 };
@@ -151,30 +146,17 @@ struct ProductSaturated {
     ORV_INLINE Words many(Words a, Words b) const
     {
         const Products p = simd::mul_wide(a, b);
-        return all_fit(beyond(p)) ? low_halves(p) : simd::narrow(p);
+        return fit(simd::beyond_lanes(p)) ? simd::low_halves(p) : simd::narrow(p);
     }
     ORV_INLINE simd::twice<Words> many(const Words (&a)[2], const Words (&b)[2]) const
     {
         const Products p = simd::mul_wide(a[0], b[0]), q = simd::mul_wide(a[1], b[1]);
-        if (all_fit(_mm256_or_si256(beyond(p), beyond(q)))) return {low_halves(p), low_halves(q)};
+        if (fit(simd::beyond_lanes(p) | simd::beyond_lanes(q))) return {simd::low_halves(p), simd::low_halves(q)};
         return {simd::narrow(p), simd::narrow(q)};
     }
 
 private:
-    // Not zero in the upper half of a 64-bit lane where a product is not within 32 bits.
-    static ORV_INLINE __m256i beyond(Products p)
-    {
-        const __m256i half = _mm256_set1_epi64x(0x80000000);
-        return _mm256_or_si256(_mm256_add_epi64(p.even, half), _mm256_add_epi64(p.odd, half));
-    }
-    static ORV_INLINE bool all_fit(__m256i v)
-    {
-        return __builtin_expect(_mm256_testz_si256(v, _mm256_set1_epi64x(static_cast<long long>(0xFFFFFFFF00000000))), 1) != 0;
-    }
-    static ORV_INLINE Words low_halves(Products p)
-    {
-        return {_mm256_blend_epi32(p.even, _mm256_shuffle_epi32(p.odd, 0xA0), 0xAA)};
-    }
+    template <class V> static ORV_INLINE bool fit(V beyond) { return __builtin_expect(simd::all_fit(beyond), 1) != 0; }
 #endif
 };
 struct ProductScaledDown {

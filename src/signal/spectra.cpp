@@ -82,11 +82,13 @@ Status RealToCplx_32f(const float* re, const float* im, Complex32f* dst, Length 
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
     using V = simd::half<uint32_t>;
-    const auto load = [](const uint32_t* p, std::ptrdiff_t k) { return p != nullptr ? simd::load<V>(p + k).v : _mm_setzero_si128(); };
+    const auto load = [](const uint32_t* p, std::ptrdiff_t k) {
+        return p != nullptr ? simd::load<V>(p + k) : simd::zero<V>();
+    };
     for (; i + V::N <= n; i += V::N) {
-        const __m128i a = load(real, i), b = load(imaginary, i);
-        simd::store(parts + 2 * i, V{_mm_unpacklo_epi32(a, b)});
-        simd::store(parts + 2 * i + V::N, V{_mm_unpackhi_epi32(a, b)});
+        const auto both = interleave(load(real, i), load(imaginary, i));
+        simd::store(parts + 2 * i, simd::as<uint32_t>(both.lo));
+        simd::store(parts + 2 * i + V::N, simd::as<uint32_t>(both.hi));
     }
 #endif
     for (; i < n; ++i) {

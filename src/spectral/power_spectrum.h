@@ -1,6 +1,9 @@
 // What the power spectrum does before and after its transform.
 #pragma once
 
+#include "simd/conversion.h"
+#include "simd/neighbours.h"
+#include "simd/shuffles.h"
 #include "spectral/lanes.h"
 
 namespace orv {
@@ -13,28 +16,27 @@ constexpr int kSums = 32;
 
 ORV_INLINE float mean_of(const float* x, std::ptrdiff_t n)
 {
+    using V = simd::widest<double>;
     alignas(64) double sums[kSums] = {};
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_FLOAT256
-    __m256d acc[kSums / 4];
-    ORV_UNROLL
-    for (int j = 0; j < kSums / 4; ++j) acc[j] = _mm256_setzero_pd();
-    for (; i + kSums <= n; i += kSums) {
+    if (V::N > 1) {
+        V acc[kSums / V::N];
         ORV_UNROLL
-        for (int j = 0; j < kSums / 4; ++j) acc[j] = _mm256_add_pd(acc[j], _mm256_cvtps_pd(_mm_loadu_ps(x + i + 4 * j)));
+        for (V& sum : acc) sum = simd::zero<V>();
+        for (; i + kSums <= n; i += kSums) {
+            ORV_UNROLL
+            for (int j = 0; j < kSums / V::N; ++j) acc[j] = acc[j] + simd::load_as<V>::from(x + i + V::N * j);
+        }
+        ORV_UNROLL
+        for (int j = 0; j < kSums / V::N; ++j) simd::store(sums + V::N * j, acc[j]);
     }
-    ORV_UNROLL
-    for (int j = 0; j < kSums / 4; ++j) _mm256_store_pd(sums + 4 * j, acc[j]);
-#endif
     for (; i < n; ++i) sums[i % kSums] = rounded(sums[i % kSums] + static_cast<double>(get(x + i)));
     int width = kSums / 2;
-#if ORV_HAVE_FLOAT256
-    for (; width >= 4; width /= 2) {
-        for (int j = 0; j < width; j += 4) {
-            _mm256_store_pd(sums + j, _mm256_add_pd(_mm256_load_pd(sums + j), _mm256_load_pd(sums + j + width)));
+    for (; V::N > 1 && width >= V::N; width /= 2) {
+        for (int j = 0; j < width; j += V::N) {
+            simd::store(sums + j, simd::load<V>(sums + j) + simd::load<V>(sums + j + width));
         }
     }
-#endif
     for (; width > 0; width /= 2) {
         for (int j = 0; j < width; ++j) sums[j] = rounded(sums[j] + sums[j + width]);
     }
@@ -42,14 +44,11 @@ ORV_INLINE float mean_of(const float* x, std::ptrdiff_t n)
 }
 
 // One NaN for all: of two that meet, compilers may take either.
-ORV_INLINE One same_nan(One a) { return a.v == a.v ? a : One{-__builtin_nanf("")}; }
-#if ORV_HAVE_VECTORS
 template <class V>
 ORV_INLINE V same_nan(V a)
 {
-    return simd::select(simd::unordered(a, a), simd::splat<V>(-__builtin_nanf("")), a);
+    return select(unordered(a), simd::splat<V>(-__builtin_nanf("")), a);
 }
-#endif
 
 template <class V>
 ORV_INLINE void center_and_window_at(const float* signal, const float* window, float* windowed, float mean)
@@ -75,24 +74,18 @@ ORV_INLINE float power_of(const float* p)
 
 #if ORV_HAVE_VECTORS
 // Of four values.
-ORV_INLINE __m128 powers_of_four(const float* p)
+ORV_INLINE Narrow powers_of_four(const float* p)
 {
+    const auto squares = [p](int i) {
+        const auto v = simd::load_as<simd::widest<double>>::from(p + i);
+        return v * v;
+    };
 #if ORV_HAVE_FLOAT256
-    const __m256d a = _mm256_cvtps_pd(_mm_loadu_ps(p)), b = _mm256_cvtps_pd(_mm_loadu_ps(p + 4));
-    const __m256d aa = _mm256_mul_pd(a, a), bb = _mm256_mul_pd(b, b);
-    const __m128 even_odd = _mm256_cvtpd_ps(_mm256_add_pd(_mm256_unpacklo_pd(aa, bb), _mm256_unpackhi_pd(aa, bb)));
-    return _mm_shuffle_ps(even_odd, even_odd, 0xD8);  // 0 2 1 3 -> 0 1 2 3
+    const simd::four_doubles a = squares(0), b = squares(4);
+    return simd::permuted<0, 2, 1, 3>(to_float(even_of(a, b) + odd_of(a, b)));
 #else
-    const __m128 x = _mm_loadu_ps(p), y = _mm_loadu_ps(p + 4);
-    __m128d a = _mm_cvtps_pd(x), b = _mm_cvtps_pd(_mm_movehl_ps(x, x));
-    __m128d c = _mm_cvtps_pd(y), d = _mm_cvtps_pd(_mm_movehl_ps(y, y));
-    a = _mm_mul_pd(a, a);
-    b = _mm_mul_pd(b, b);
-    c = _mm_mul_pd(c, c);
-    d = _mm_mul_pd(d, d);
-    const __m128 low = _mm_cvtpd_ps(_mm_add_pd(_mm_unpacklo_pd(a, b), _mm_unpackhi_pd(a, b)));
-    const __m128 high = _mm_cvtpd_ps(_mm_add_pd(_mm_unpacklo_pd(c, d), _mm_unpackhi_pd(c, d)));
-    return _mm_movelh_ps(low, high);
+    const auto a = squares(0), b = squares(2), c = squares(4), d = squares(6);
+    return to_float(simd::four_doubles{even_of(a, b) + odd_of(a, b), even_of(c, d) + odd_of(c, d)});
 #endif
 }
 #endif
@@ -105,9 +98,9 @@ inline void mirrored_power(const float* spectrum, float* out, std::ptrdiff_t cou
     std::ptrdiff_t k = 1;
 #if ORV_HAVE_VECTORS
     for (; k + 4 <= half; k += 4) {
-        const __m128 powers = powers_of_four(spectrum + 2 * k);
-        _mm_storeu_ps(out + k, powers);
-        _mm_storeu_ps(out + count - k - 3, _mm_shuffle_ps(powers, powers, 0x1B));
+        const Narrow powers = powers_of_four(spectrum + 2 * k);
+        simd::store(out + k, powers);
+        simd::store(out + count - k - 3, simd::permuted<3, 2, 1, 0>(powers));
     }
 #endif
     for (; k < half; ++k) {

@@ -8,6 +8,8 @@
 #include "core/overlap.h"
 #include "elementwise/forms.h"
 #include "elementwise/rows.h"
+#include "simd/conversion.h"
+#include "simd/partial.h"
 
 namespace orv {
 namespace float_arithmetic {
@@ -127,30 +129,14 @@ ORV_INLINE uint32_t accumulated(uint16_t a, uint16_t b, uint32_t sum)
 }
 
 #if ORV_HAVE_VECTORS
-// Four accumulated products. a and b hold four 16-bit values in their lower halves.
-ORV_INLINE __m128 accumulated(__m128i a, __m128i b, __m128 sum)
+using Four = simd::half<float>;
+// Four accumulated products.
+ORV_INLINE Four accumulated(const uint16_t* a, const uint16_t* b, const float* sum)
 {
-    // 2^52 + n has the integer n in its lower half.
-    const __m128i high = _mm_set1_epi32(0x43300000);
-    const __m128i products = _mm_unpacklo_epi16(_mm_mullo_epi16(a, b), _mm_mulhi_epu16(a, b));
-#if ORV_HAVE_FLOAT256
-    const __m256d raised = _mm256_castsi256_pd(_mm256_insertf128_si256(
-        _mm256_castsi128_si256(_mm_unpacklo_epi32(products, high)), _mm_unpackhi_epi32(products, high), 1));
-    const __m256d product = _mm256_sub_pd(raised, _mm256_set1_pd(4503599627370496.0));
-    return _mm256_cvtpd_ps(_mm256_add_pd(_mm256_cvtps_pd(sum), product));
-#else
-    const __m128d offset = _mm_set1_pd(4503599627370496.0);
-    const __m128d low = _mm_sub_pd(_mm_castsi128_pd(_mm_unpacklo_epi32(products, high)), offset);
-    const __m128d up = _mm_sub_pd(_mm_castsi128_pd(_mm_unpackhi_epi32(products, high)), offset);
-    return _mm_movelh_ps(_mm_cvtpd_ps(_mm_add_pd(_mm_cvtps_pd(sum), low)),
-                         _mm_cvtpd_ps(_mm_add_pd(_mm_cvtps_pd(_mm_movehl_ps(sum, sum)), up)));
-#endif
-}
-
-ORV_INLINE __m128 accumulated(const uint16_t* a, const uint16_t* b, const float* sum)
-{
-    return accumulated(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(a)),
-                       _mm_loadl_epi64(reinterpret_cast<const __m128i*>(b)), _mm_loadu_ps(sum));
+    using Values = simd::half<uint16_t>;
+    const Values x = simd::load_lower<Values>(a), y = simd::load_lower<Values>(b);
+    const simd::half<uint32_t> products = interleave(simd::mul_low(x, y), simd::mul_high(x, y)).lo;
+    return to_float(simd::load_as<simd::four_doubles>::from(sum) + simd::to_four_doubles(products));
 }
 #endif
 
@@ -159,7 +145,7 @@ ORV_INLINE void accumulate_row(const uint16_t* a, const uint16_t* b, float* sum,
     std::ptrdiff_t i = 0;
 #if ORV_HAVE_VECTORS
     const auto at = [=](std::ptrdiff_t k) { return accumulated(a + k, b + k, sum + k); };
-    if (n >= 4) return full_vectors<4>(n, at, [=](std::ptrdiff_t k, __m128 v) { _mm_storeu_ps(sum + k, v); });
+    if (n >= 4) return full_vectors<4>(n, at, [=](std::ptrdiff_t k, Four v) { simd::store(sum + k, v); });
 #endif
     uint32_t* const bits = reinterpret_cast<uint32_t*>(sum);
     for (; i < n; ++i) put(bits + i, accumulated(get(a + i), get(b + i), get(bits + i)));

@@ -14,6 +14,7 @@
 
 #include "elementwise/rows.h"
 #include "simd/conversion.h"
+#include "simd/pixels.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -58,58 +59,20 @@ struct ConstantOperand {
 // Bytes that are 0 where a channel is fine, three or four vectors of them, become a mask of pixels.
 
 #if ORV_HAVE_VECTORS
-using Bytes128 = simd::half<std::uint8_t>;
-
-// Four groups of three bytes, each at the bottom of a 32-bit lane of its own.
-ORV_INLINE __m128i spread3(__m128i a)
-{
-#if ORV_HAVE_BYTE_SHUFFLE
-    return _mm_shuffle_epi8(a, _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1));
-#else
-    const __m128i lane0 = _mm_setr_epi32(0xFFFFFF, 0, 0, 0), lane1 = _mm_slli_si128(lane0, 4);
-    const __m128i lane2 = _mm_slli_si128(lane0, 8), lane3 = _mm_slli_si128(lane0, 12);
-    const __m128i lower = _mm_or_si128(_mm_and_si128(a, lane0), _mm_and_si128(_mm_slli_si128(a, 1), lane1));
-    const __m128i upper = _mm_or_si128(_mm_and_si128(_mm_slli_si128(a, 2), lane2), _mm_and_si128(_mm_slli_si128(a, 3), lane3));
-    return _mm_or_si128(lower, upper);
-#endif
-}
-// The 16 bytes that begin `skipped` bytes into a.
-template <int skipped>
-ORV_INLINE __m128i across(__m128i a, __m128i next)
-{
-#if ORV_HAVE_BYTE_SHUFFLE
-    return _mm_alignr_epi8(next, a, skipped);
-#else
-    return _mm_or_si128(_mm_srli_si128(a, skipped), _mm_slli_si128(next, 16 - skipped));
-#endif
-}
-
 // Lanes hold 24 bits, so narrowing may saturate them but never to 0.
-ORV_INLINE Bytes128 fine_pixels3(Bytes128 f0, Bytes128 f1, Bytes128 f2)
+template <class V>
+ORV_INLINE V fine_pixels3(V f0, V f1, V f2)
 {
-    const __m128i a = spread3(f0.v), b = spread3(across<12>(f0.v, f1.v));
-    const __m128i c = spread3(across<8>(f1.v, f2.v)), d = spread3(_mm_srli_si128(f2.v, 4));
-    const __m128i failures = _mm_packus_epi16(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d));
-    return {_mm_cmpeq_epi8(failures, _mm_setzero_si128())};
+    using Pixels = simd::twice<simd::recast<std::int32_t, V>>;
+    using Words = simd::twice<simd::recast<std::uint16_t, V>>;
+    const auto in_words = [](V low, V high) {
+        return simd::as<std::uint16_t>(narrow(Pixels{simd::as<std::int32_t>(low), simd::as<std::int32_t>(high)}));
+    };
+    const simd::three<V> f = in_parts(simd::three<V>{f0, f1, f2});
+    const auto low = in_words(simd::spread_triples<0>(f.a), simd::spread_triples<0>(simd::joined<12>(f.a, f.b)));
+    const auto high = in_words(simd::spread_triples<0>(simd::joined<8>(f.b, f.c)), simd::spread_triples<4>(f.c));
+    return equal(narrow(Words{low, high}), simd::zero<V>());
 }
-
-#if ORV_HAVE_INT256
-using Bytes256 = simd::widest<std::uint8_t>;
-
-ORV_INLINE Bytes256 fine_pixels3(Bytes256 f0, Bytes256 f1, Bytes256 f2)
-{
-    // Sixteen pixels to each half.
-    const __m256i x = _mm256_blend_epi32(f0.v, f1.v, 0xF0), y = _mm256_permute2x128_si256(f0.v, f2.v, 0x21);
-    const __m256i z = _mm256_blend_epi32(f1.v, f2.v, 0xF0);
-    const __m256i spread = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1,
-                                            0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
-    const __m256i spread_upper = _mm256_add_epi8(spread, _mm256_set1_epi32(0x00040404));
-    const __m256i a = _mm256_shuffle_epi8(x, spread), b = _mm256_shuffle_epi8(_mm256_alignr_epi8(y, x, 12), spread);
-    const __m256i c = _mm256_shuffle_epi8(_mm256_alignr_epi8(z, y, 8), spread), d = _mm256_shuffle_epi8(z, spread_upper);
-    const __m256i failures = _mm256_packus_epi16(_mm256_packs_epi32(a, b), _mm256_packs_epi32(c, d));
-    return {_mm256_cmpeq_epi8(failures, _mm256_setzero_si256())};
-}
-#endif
 
 template <class V>
 ORV_INLINE V fine_pixels4(V f0, V f1, V f2, V f3)

@@ -25,7 +25,6 @@ ORV_INLINE uint32_t smaller(uint32_t a, uint32_t b) { return a < b ? a : b; }
 // `kept` what the destination held.
 ORV_INLINE uint32_t channel(uint32_t pixel, int c) { return pixel >> (8 * c) & 255; }
 
-#if ORV_HAVE_VECTORS
 // The same of 16-bit lanes; 257 / 2^16 does both steps. And 2^8 times it, with lower bits left to be cleared.
 template <class U>
 ORV_INLINE U lanes_over_255(U n)
@@ -61,10 +60,8 @@ template <class V> ORV_INLINE V with_alpha_of(V colour, V kept)
     const V alpha = simd::splat<V>(0xFF000000);
     return simd::and_not(alpha, colour) | (kept & alpha);
 }
-#endif
 
 struct OverOpaque {
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b, V kept) const
     {
         const auto alpha = alphas(b), rest = rest_of(alpha);
@@ -73,7 +70,6 @@ struct OverOpaque {
         const V second = simd::as<uint32_t>(raised_over_255(odd)) & simd::splat<V>(0x0000FF00);
         return simd::as<uint32_t>(lanes_over_255(even)) | second | (kept & simd::splat<V>(0xFF000000));
     }
-#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t kept) const
     {
         const uint32_t alpha = channel(b, 3);
@@ -92,7 +88,6 @@ ORV_INLINE uint32_t premultiplied_over(uint32_t a, uint32_t b)
     }
     return pixel;
 }
-#if ORV_HAVE_VECTORS
 template <class V>
 ORV_INLINE V premultiplied_over_lanes(V a, V b)
 {
@@ -102,23 +97,18 @@ ORV_INLINE V premultiplied_over_lanes(V a, V b)
         simd::as<uint32_t>(raised_over_255(simd::mul_low(rest, odd_channels(a)))) & simd::splat<V>(0xFF00FF00);
     return simd::as<uint32_t>(simd::add_saturate(simd::as<uint8_t>(b), simd::as<uint8_t>(even | odd)));
 }
-#endif
 struct PremultipliedOverOpaque {
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b, V kept) const
     {
         return with_alpha_of(premultiplied_over_lanes(a, b), kept);
     }
-#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t kept) const
     {
         return (premultiplied_over(a, b) & 0xFFFFFF) | (kept & 0xFF000000);
     }
 };
 struct PremultipliedOver {
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b, V) const { return premultiplied_over_lanes(a, b); }
-#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t) const { return premultiplied_over(a, b); }
 };
 
@@ -129,7 +119,6 @@ ORV_INLINE uint32_t nearest_quotient(uint32_t numerator, uint32_t divisor)
     return whole + (twice_rest > divisor || (twice_rest == divisor && (whole & 1) != 0) ? 1 : 0);
 }
 struct Over {
-#if ORV_HAVE_VECTORS
     // In floats: products and sums stay below 2^24, so they are exact, and no quotient that is not a half itself comes
     // as near to one as the rounding of the division reaches.
     template <class V> ORV_INLINE V many(V a, V b, V) const
@@ -155,7 +144,6 @@ struct Over {
         const V lowest = channel == 0 ? pixels : simd::shifted_right<8 * channel>(pixels);
         return simd::to_float(simd::as<std::int32_t>(channel == 3 ? lowest : lowest & simd::splat<V>(255)));
     }
-#endif
     ORV_INLINE uint32_t one(uint32_t a, uint32_t b, uint32_t) const
     {
         const uint32_t upper = 255 * channel(b, 3), lower = (255 - channel(b, 3)) * channel(a, 3), sum = upper + lower;
@@ -174,7 +162,6 @@ struct FromThree {
     const uint32_t* b;
     const uint32_t* kept;
     ORV_INLINE uint32_t one(ptrdiff_t i) const { return Op().one(get(a + i), get(b + i), get(kept + i)); }
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V at(ptrdiff_t i) const
     {
         return Op().many(simd::load<V>(a + i), simd::load<V>(b + i), simd::load<V>(kept + i));
@@ -184,7 +171,6 @@ struct FromThree {
         return Op().many(simd::load_ends<V, Bytes>(a, n), simd::load_ends<V, Bytes>(b, n),
                          simd::load_ends<V, Bytes>(kept, n));
     }
-#endif
 };
 
 template <class Op>
@@ -204,7 +190,6 @@ Status compose(const uint8_t* src1, int src1Step, const uint8_t* src2, int src2S
 // Both by the same weights: those of a constant.
 struct Blend {
     uint8_t alpha;
-#if ORV_HAVE_VECTORS
     template <class V> ORV_INLINE V many(V a, V b) const
     {
         using U = LanesOf<V>;
@@ -216,7 +201,6 @@ struct Blend {
             simd::mul_low(upper, simd::shifted_right<8>(b2)) + simd::mul_low(lower, simd::shifted_right<8>(a2));
         return simd::as<uint8_t>(lanes_over_255(even) | simd::and_not(low_byte, raised_over_255(odd)));
     }
-#endif
     ORV_INLINE uint8_t one(uint8_t a, uint8_t b) const
     {
         return static_cast<uint8_t>(over_255(uint32_t{alpha} * b + (255u - alpha) * a));

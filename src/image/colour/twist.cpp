@@ -24,14 +24,12 @@ struct Twist {
         const float first = rounded(rounded(row[c][0] * p[0]) + rounded(row[c][1] * p[1]));
         return rounded(rounded(first + rounded(row[c][2] * p[2])) + row[c][3]);
     }
-#if ORV_HAVE_VECTORS
     template <class V>
     ORV_INLINE V many(int c, V p0, V p1, V p2) const
     {
         using simd::splat;
         return ((splat<V>(row[c][0]) * p0 + splat<V>(row[c][1]) * p1) + splat<V>(row[c][2]) * p2) + splat<V>(row[c][3]);
     }
-#endif
 };
 
 // The nearest byte, ties to even; a NaN gives 0.

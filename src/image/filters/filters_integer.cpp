@@ -5,6 +5,9 @@
 #include "core/float_control.h"
 #include "core/memory.h"
 #include "elementwise/scaling.h"
+#include "simd/pixels.h"
+#include "simd/reductions.h"
+#include "simd/vec.h"
 #include "image/filters/filters_common.h"
 #include "simd/vec.h"
 
@@ -58,7 +61,10 @@ struct Mean {
         using V = simd::vec<uint16_t, N>;
 #if ORV_HAVE_INT256
         // One instruction that rounds, where its 15 bits are enough.
-        if constexpr (Radius == 1) return {_mm256_mulhrs_epi16(sum.v, _mm256_set1_epi16(kRoundingFactor))};
+        if constexpr (Radius == 1) {
+            const auto factor = simd::splat<simd::vec<int16_t, N>>(kRoundingFactor);
+            return simd::as<uint16_t>(simd::mul_rounded(simd::as<int16_t>(sum), factor));
+        }
 #endif
         const V q = simd::mul_high(sum + simd::splat<V>(kCount / 2), simd::splat<V>(static_cast<uint16_t>(kFactor)));
         if constexpr (kShift == 0) return q;
@@ -86,36 +92,6 @@ struct Sixteenth {
     }
 };
 
-#if ORV_HAVE_VECTORS
-// The upper halves of the 64-bit products of 32-bit lanes with a factor; and the sums of neighbouring
-// products of signed 16-bit lanes.
-#if ORV_HAVE_INT256
-ORV_INLINE simd::widest<uint32_t> product_high(simd::widest<uint32_t> a, uint32_t factor)
-{
-    const __m256i f = _mm256_set1_epi32(static_cast<int>(factor));
-    const __m256i even = _mm256_srli_epi64(_mm256_mul_epu32(a.v, f), 32);
-    const __m256i odd = _mm256_mul_epu32(_mm256_srli_epi64(a.v, 32), f);
-    return {_mm256_blend_epi32(even, odd, 0xAA)};
-}
-ORV_INLINE simd::widest<uint32_t> multiply_pairs(simd::widest<uint16_t> a, simd::widest<uint16_t> b)
-{
-    return {_mm256_madd_epi16(a.v, b.v)};
-}
-#else
-ORV_INLINE simd::half<uint32_t> product_high(simd::half<uint32_t> a, uint32_t factor)
-{
-    const __m128i f = _mm_set1_epi32(static_cast<int>(factor));
-    const __m128i even = _mm_srli_epi64(_mm_mul_epu32(a.v, f), 32);
-    const __m128i odd = _mm_mul_epu32(_mm_srli_epi64(a.v, 32), f);
-    return {_mm_or_si128(even, _mm_and_si128(odd, _mm_set_epi32(-1, 0, -1, 0)))};
-}
-ORV_INLINE simd::half<uint32_t> multiply_pairs(simd::half<uint16_t> a, simd::half<uint16_t> b)
-{
-    return {_mm_madd_epi16(a.v, b.v)};
-}
-#endif
-#endif
-
 // One 571st in fixed point: rounded to nearest, as long as the quotient is a 16-bit number.
 struct Part571 {
     static constexpr uint32_t kHalf = 286;
@@ -126,7 +102,7 @@ struct Part571 {
     }
     template <int N> static ORV_INLINE simd::vec<uint32_t, N> many(simd::vec<uint32_t, N> sum)
     {
-        return product_high(sum + simd::splat<simd::vec<uint32_t, N>>(kHalf), kFactor);
+        return simd::mul_high(sum + simd::splat<simd::vec<uint32_t, N>>(kHalf), kFactor);
     }
 };
 
@@ -377,14 +353,18 @@ public:
             const uint16_t* const row = row_at(s, srcStep, j - 2) - 2;
             unrolled<3>([&](int k) __attribute__((always_inline)) {
                 const Pixels pixels = simd::load<Pixels>(row + 2 * k) ^ simd::splat<Pixels>(32768);
-                sum.even = sum.even + multiply_pairs(pixels, even_[distance(j - 2)][k]);
-                sum.odd = sum.odd + multiply_pairs(pixels, odd_[distance(j - 2)][k]);
+                sum.even = sum.even + sums_of_pairs(pixels, even_[distance(j - 2)][k]);
+                sum.odd = sum.odd + sums_of_pairs(pixels, odd_[distance(j - 2)][k]);
             });
         });
         return S{Part571::many(sum.even), Part571::many(sum.odd)}.merged();
     }
 
 private:
+    static ORV_INLINE S::V sums_of_pairs(Pixels a, Pixels weights)
+    {
+        return simd::as<uint32_t>(sum_of_products(simd::as<int16_t>(a), simd::as<int16_t>(weights)));
+    }
     static ORV_INLINE Pixels pairs(int first, int second)
     {
         return simd::as<uint16_t>(simd::splat<S::V>(static_cast<uint32_t>(first) | static_cast<uint32_t>(second) << 16));

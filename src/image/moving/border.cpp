@@ -7,6 +7,7 @@
 #include "core/memory.h"
 #include "core/overlap.h"
 #include "core/sizes.h"
+#include "simd/vec.h"
 
 namespace orv {
 namespace border {
@@ -24,7 +25,8 @@ using std::uint8_t;
 #if ORV_HAVE_VECTORS
 // A pixel of 1, 2, 3, 4 or 12 bytes over and over, in three vectors that follow each other. Those of 3
 // and of 12 bytes come around after three vectors, the others after each. Any piece of the run that
-// ends with a pixel is also the end of the third vector.
+// ends with a pixel is also the end of the third vector. In bare registers: as the vocabulary's vectors, which
+// compilers copy whole, borders of a pixel or two take 4 to 20 % longer.
 template <int Bytes>
 struct Run {
     __m128i v[3];

@@ -11,6 +11,8 @@
 #include "core/overlap.h"
 #include "elementwise/rows.h"
 #include "simd/conversion.h"
+#include "simd/partial.h"
+#include "simd/shuffles.h"
 
 namespace orv {
 namespace data_movement {
@@ -233,44 +235,18 @@ struct Groups3 {
 };
 
 // The groups of kPixels pixels from p on: one, or two whose vectors lie side by side.
-template <class V> ORV_INLINE V load_part(const uint8_t* p);
-template <>
-ORV_INLINE simd::half<uint8_t> load_part(const uint8_t* p)
-{
-    return simd::load<simd::half<uint8_t>>(p);
-}
-ORV_INLINE void store_part(uint8_t* p, simd::half<uint8_t> v) { simd::store(p, v); }
-ORV_INLINE simd::half<uint8_t> swap_halves(simd::half<uint8_t> a) { return a; }
-#if ORV_HAVE_INT256
-template <>
-ORV_INLINE simd::widest<uint8_t> load_part(const uint8_t* p)
-{
-    const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 48));
-    const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    return {_mm256_inserti128_si256(_mm256_castsi128_si256(lower), upper, 1)};
-}
-ORV_INLINE void store_part(uint8_t* p, simd::widest<uint8_t> v)
-{
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm256_castsi256_si128(v.v));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p + 48), _mm256_extracti128_si256(v.v, 1));
-}
-ORV_INLINE simd::widest<uint8_t> swap_halves(simd::widest<uint8_t> a)
-{
-    return {_mm256_permute2x128_si256(a.v, a.v, 1)};
-}
-#endif
-
 template <class V>
 ORV_INLINE Group3<V> load_group(const uint8_t* p)
 {
-    return {load_part<V>(p), load_part<V>(p + 16), load_part<V>(p + 32)};
+    const auto load = [p](int at) { return simd::load_parts<V, 48>(p + at); };
+    return {load(0), load(16), load(32)};
 }
 template <class V>
 ORV_INLINE void store_group(uint8_t* p, Group3<V> g)
 {
-    store_part(p, g.first);
-    store_part(p + 16, g.second);
-    store_part(p + 32, g.third);
+    simd::store_parts<48>(p, g.first);
+    simd::store_parts<48>(p + 16, g.second);
+    simd::store_parts<48>(p + 32, g.third);
 }
 // With its pixels in the order that `groups` has, which for mirrored ones starts from the other end.
 template <class V, bool mirrored>
@@ -278,7 +254,7 @@ ORV_INLINE auto fetch_group(const Groups3<V, mirrored>& groups, const uint8_t* p
 {
     const Group3<V> g = load_group<V>(p);
     if (!mirrored) return groups.shuffled(g);
-    return groups.shuffled(Group3<V>{swap_halves(g.third), swap_halves(g.second), swap_halves(g.first)});
+    return groups.shuffled(Group3<V>{exchanged_parts(g.third), exchanged_parts(g.second), exchanged_parts(g.first)});
 }
 
 // Rows of pixels, reordered within the pixels.
@@ -386,35 +362,6 @@ void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size r
 
 // --- Mirror ---------------------------------------------------------------------------------------
 
-// Pixels back to front, 2 or 4 bytes each.
-template <int Bytes>
-struct BackToFront {
-    using P = Pixel<Bytes>;
-#if ORV_HAVE_BYTE_SHUFFLE
-    static ORV_INLINE simd::half<P> reverse(simd::half<P> a)
-    {
-        if (Bytes == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
-        return {_mm_shuffle_epi8(a.v, _mm_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1))};
-    }
-#elif ORV_HAVE_VECTORS
-    static ORV_INLINE simd::half<P> reverse(simd::half<P> a)
-    {
-        if (Bytes == 4) return {_mm_shuffle_epi32(a.v, 0x1B)};
-        return {_mm_shuffle_epi32(_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0x1B), 0x1B), 0x4E)};
-    }
-#endif
-#if ORV_HAVE_INT256
-    static ORV_INLINE simd::widest<P> reverse(simd::widest<P> a)
-    {
-        if (Bytes == 4) return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
-        const __m256i in_halves = _mm256_shuffle_epi8(
-            a.v, _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1,
-                                  14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1));
-        return {_mm256_permute4x64_epi64(in_halves, 0x4E)};
-    }
-#endif
-};
-
 // What is stored of a moved pixel: all of it, or all but the alpha of the destination.
 struct WholePixel {
     template <class P> static ORV_INLINE P merge(P moved, const P*) { return moved; }
@@ -447,7 +394,7 @@ struct PixelMoves {
     template <class V> ORV_INLINE V fetch(const P* p) const
     {
         const V v = simd::load<V>(p);
-        if constexpr (mirrored) return BackToFront<Bytes>::reverse(v);
+        if constexpr (mirrored) return reversed(v);
         return v;
     }
     template <class V> ORV_INLINE void store(P* p, V v) const { simd::store(p, Keep::merge_many(v, p)); }
@@ -590,47 +537,40 @@ ORV_INLINE void transpose_plain(const Word* src, int srcStep, Word* dst, int dst
     }
 }
 
+#if ORV_HAVE_VECTORS
+using WordsOfBlock = simd::recast<float, simd::widest<uint32_t>>;
+constexpr int kBlock = WordsOfBlock::N;
+// A source row; where vectors have two parts, those of four rows and of the four below them lie side by side, so that
+// columns come out in memory order, without a crossing of the parts.
+ORV_INLINE simd::half<float> block_row(simd::half<float>, const float* row, int)
+{
+    return simd::load<simd::half<float>>(row);
+}
 #if ORV_HAVE_INT256
-constexpr int kBlock = 8;
-// Four source rows and the four below them, side by side: columns come out in memory order, without a
-// crossing of the halves.
-ORV_INLINE __m256 two_rows(const Word* src, int srcStep, int row)
+ORV_INLINE WordsOfBlock block_row(WordsOfBlock, const float* row, int step)
 {
-    const float* const upper = reinterpret_cast<const float*>(row_at(src, srcStep, row));
-    const float* const lower = reinterpret_cast<const float*>(row_at(src, srcStep, row + 4));
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(upper)), _mm_loadu_ps(lower), 1);
+    return simd::load_halves(row, row_at(row, step, 4));
 }
-ORV_INLINE void transpose_half_block(const Word* src, int srcStep, Word* dst, int dstStep)
+#endif
+// Four columns of the source.
+ORV_INLINE void transpose_strip(const Word* src, int srcStep, Word* dst, int dstStep)
 {
-    const __m256 r0 = two_rows(src, srcStep, 0), r1 = two_rows(src, srcStep, 1);
-    const __m256 r2 = two_rows(src, srcStep, 2), r3 = two_rows(src, srcStep, 3);
-    const __m256 a = _mm256_unpacklo_ps(r0, r1), b = _mm256_unpackhi_ps(r0, r1);
-    const __m256 c = _mm256_unpacklo_ps(r2, r3), d = _mm256_unpackhi_ps(r2, r3);
-    const auto store_column = [=](int column, __m256 v) {
-        _mm256_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, column)), v);
+    using V = WordsOfBlock;
+    const auto row = [=](int i) {
+        return block_row(V(), reinterpret_cast<const float*>(row_at(src, srcStep, i)), srcStep);
     };
-    store_column(0, _mm256_shuffle_ps(a, c, 0x44));
-    store_column(1, _mm256_shuffle_ps(a, c, 0xEE));
-    store_column(2, _mm256_shuffle_ps(b, d, 0x44));
-    store_column(3, _mm256_shuffle_ps(b, d, 0xEE));
-}
-ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
-{
-    transpose_half_block(src, srcStep, dst, dstStep);
-    transpose_half_block(src + 4, srcStep, row_at(dst, dstStep, 4), dstStep);
-}
-#elif ORV_HAVE_VECTORS
-constexpr int kBlock = 4;
-ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
-{
-    const auto row = [=](int i) { return _mm_loadu_ps(reinterpret_cast<const float*>(row_at(src, srcStep, i))); };
-    __m128 r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
-    _MM_TRANSPOSE4_PS(r0, r1, r2, r3);
-    const auto store_column = [=](int i, __m128 v) { _mm_storeu_ps(reinterpret_cast<float*>(row_at(dst, dstStep, i)), v); };
+    const auto store_column = [=](int i, V v) { simd::store(reinterpret_cast<float*>(row_at(dst, dstStep, i)), v); };
+    V r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
+    transpose(r0, r1, r2, r3);
     store_column(0, r0);
     store_column(1, r1);
     store_column(2, r2);
     store_column(3, r3);
+}
+ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dstStep)
+{
+    transpose_strip(src, srcStep, dst, dstStep);
+    if (kBlock == 8) transpose_strip(src + 4, srcStep, row_at(dst, dstStep, 4), dstStep);
 }
 #endif
 

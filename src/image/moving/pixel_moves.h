@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/checks.h"
+#include "simd/shuffles.h"
 #include "simd/vec.h"
 #include "image/resize/resize_layout.h"
 
@@ -106,18 +107,21 @@ private:
     ORV_INLINE void pick_words(const char* from, char* to) const
     {
         const auto picked_words = [&](const Block& block) {
-            const __m256i index = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(block.from));
-            const __m256i first = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + block.start[0])), index);
+            using V = simd::vec<std::int32_t, 8>;
+            const auto load = [](const void* p) { return simd::load<V>(static_cast<const std::int32_t*>(p)); };
+            const V index = load(block.from), first = permuted(load(from + block.start[0]), index);
             if constexpr (Windows == 1) return first;
-            const __m256i second = _mm256_permutevar8x32_epi32(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + block.start[1])), index);
-            return _mm256_castps_si256(_mm256_blendv_ps(_mm256_castsi256_ps(first), _mm256_castsi256_ps(second), _mm256_castsi256_ps(index)));
+            return select_by_sign(index, permuted(load(from + block.start[1]), index), first);
+        };
+        const auto store = [to](std::ptrdiff_t at, const auto& words) {
+            simd::store(reinterpret_cast<std::int32_t*>(to + at), words);
         };
         const std::int64_t last = block_count(width_) - 1;
         const Block* const blocks = blocks_;
         for (std::int64_t b = 0; b < last; ++b) {
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + static_cast<std::ptrdiff_t>(b) * kBlockBytes), picked_words(blocks[b]));
+            store(static_cast<std::ptrdiff_t>(b) * kBlockBytes, picked_words(blocks[b]));
         }
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + std::ptrdiff_t{first_of(last)} * kPixelBytes), picked_words(blocks[last]));
+        store(std::ptrdiff_t{first_of(last)} * kPixelBytes, picked_words(blocks[last]));
     }
 #endif
 

@@ -10,6 +10,7 @@
 #include "core/checks.h"
 #include "core/float_control.h"
 #include "image/cubic_family.h"
+#include "simd/conversion.h"
 #include "simd/vec.h"
 #include "image/resize/pixel_rounding.h"
 #include "image/resize/resize_layout.h"
@@ -87,13 +88,11 @@ ORV_INLINE void fetch_row(const FourTapsJob<T>& job, int row, Real* out)
 #if ORV_HAVE_INT256
     if constexpr (sizeof(T) == 1 && sizeof(Real) == 4) {
         for (; i + 8 <= samples; i += 8) {
-            const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(from + i));
-            _mm256_storeu_ps(out + i, _mm256_cvtepi32_ps(_mm256_cvtepu8_epi32(bytes)));
+            simd::store(out + i, simd::load_as<simd::widest<Real>>::from(from + i));
         }
     } else if constexpr (sizeof(T) == 2) {
         for (; i + 4 <= samples; i += 4) {
-            const __m128i words = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(from + i));
-            _mm256_storeu_pd(out + i, _mm256_cvtepi32_pd(_mm_cvtepu16_epi32(words)));
+            simd::store(out + i, simd::load_as<simd::widest<Real>>::from(from + i));
         }
     }
 #endif

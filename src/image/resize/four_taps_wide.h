@@ -16,6 +16,10 @@
 #include <cstdint>
 #include <climits>
 
+#include "simd/conversion.h"
+#include "simd/neighbours.h"
+#include "simd/shuffles.h"
+
 namespace orv {
 inline namespace ORV_LEVEL {
 
@@ -23,6 +27,7 @@ inline namespace ORV_LEVEL {
 
 template <class T>
 struct FourTapsOfDoubles {
+    using V = simd::vec<double, 4>;
     const FourTapsJob<T>& job;
     FourTapsBuffers& buffers;
 
@@ -45,7 +50,7 @@ struct FourTapsOfDoubles {
         uses_blocks = make_blocks();
         if (uses_blocks) return;
         for (std::ptrdiff_t x = 0; x < job.size.width; ++x) {
-            _mm256_store_pd(column_weights() + 4 * x, _mm256_cvtps_pd(_mm_loadu_ps(job.columns.weights + 4 * x)));
+            simd::store(column_weights() + 4 * x, simd::load_as<V>::from(job.columns.weights + 4 * x));
         }
     }
 
@@ -80,67 +85,51 @@ struct FourTapsOfDoubles {
         const double* const source = buffers.source - (job.first_column() + 1);
         const std::ptrdiff_t count = block_count();
         for (std::ptrdiff_t b = 0; b < count; ++b) {
-            const __m256i lane = _mm256_load_si256(reinterpret_cast<const __m256i*>(block[b].lane));
+            const auto lane = simd::load<simd::vec<simd::s32, 8>>(block[b].lane);
             const double* const t = source + job.columns.index[4 * b];
-            const auto tap = [&](int k) {
-                const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(t + k));
-                return _mm256_castsi256_pd(_mm256_permutevar8x32_epi32(pixels, lane));
-            };
-            const auto weight = [&](int k) { return _mm256_load_pd(block[b].weights[k]); };
-            const __m256d left = _mm256_fmadd_pd(tap(1), weight(1), _mm256_mul_pd(tap(0), weight(0)));
-            const __m256d right = _mm256_fmadd_pd(tap(3), weight(3), _mm256_mul_pd(tap(2), weight(2)));
-            _mm256_store_pd(sums + 4 * b, _mm256_add_pd(left, right));
+            const auto tap = [&](int k) { return permuted(simd::load<V>(t + k), lane); };
+            const auto weight = [&](int k) { return simd::load<V>(block[b].weights[k]); };
+            const V left = add_exact_product(tap(1), weight(1), tap(0) * weight(0));
+            const V right = add_exact_product(tap(3), weight(3), tap(2) * weight(2));
+            simd::store(sums + 4 * b, left + right);
         }
     }
 
-    ORV_INLINE __m256d taps(std::ptrdiff_t x) const
+    ORV_INLINE V taps(std::ptrdiff_t x) const
     {
         const double* const t = buffers.source + (std::ptrdiff_t{job.columns.index[x]} - 1 - job.first_column());
-        return _mm256_mul_pd(_mm256_loadu_pd(t), _mm256_load_pd(column_weights() + 4 * x));
+        return simd::load<V>(t) * simd::load<V>(column_weights() + 4 * x);
     }
 
     // The four products of a pixel stand in one vector, and four pixels are summed across their vectors.
     ORV_INLINE void sum_pixels(double* sums) const
     {
         const std::ptrdiff_t width = job.size.width;
-        const auto pairs = [](__m256d a, __m256d b) {
-            return _mm256_add_pd(_mm256_blend_pd(a, b, 0xA), _mm256_shuffle_pd(a, b, 0x5));
-        };
         for (std::ptrdiff_t x = 0; x < width; x += 4) {
-            const __m256d a = pairs(taps(x), taps(position(x + 1))), b = pairs(taps(position(x + 2)), taps(position(x + 3)));
-            _mm256_store_pd(sums + x, _mm256_add_pd(_mm256_blend_pd(a, b, 0xC), _mm256_permute2f128_pd(a, b, 0x21)));
+            const V a = neighbour_sums(taps(x), taps(position(x + 1)));
+            const V b = neighbour_sums(taps(position(x + 2)), taps(position(x + 3)));
+            simd::store(sums + x, sums_of_parts(a, b));
         }
     }
 
     struct Rows {
-        __m256d w0, w1, w2, w3;
+        V w0, w1, w2, w3;
         const double *s0, *s1, *s2, *s3;
-        ORV_INLINE __m256d at(std::ptrdiff_t i) const
+        ORV_INLINE V at(std::ptrdiff_t i) const
         {
-            const __m256d a = _mm256_add_pd(_mm256_mul_pd(_mm256_load_pd(s0 + i), w0), _mm256_mul_pd(_mm256_load_pd(s1 + i), w1));
-            const __m256d b = _mm256_add_pd(_mm256_mul_pd(_mm256_load_pd(s2 + i), w2), _mm256_mul_pd(_mm256_load_pd(s3 + i), w3));
-            return _mm256_add_pd(a, b);
+            const V a = simd::load<V>(s0 + i) * w0 + simd::load<V>(s1 + i) * w1;
+            const V b = simd::load<V>(s2 + i) * w2 + simd::load<V>(s3 + i) * w3;
+            return a + b;
         }
-        // Eight pixels as they are stored. Sums stay below 2^17; the packing clamps them.
-        ORV_INLINE void eight(std::ptrdiff_t i, std::uint16_t* pixels) const
-        {
-            const __m128i packed = _mm_packus_epi32(_mm256_cvtpd_epi32(at(i)), _mm256_cvtpd_epi32(at(i + 4)));
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), packed);
-        }
-        ORV_INLINE void eight(std::ptrdiff_t i, float* pixels) const
-        {
-            const __m256 both = _mm256_set_m128(_mm256_cvtpd_ps(at(i + 4)), _mm256_cvtpd_ps(at(i)));
-            const __m256 nan = _mm256_castsi256_ps(_mm256_set1_epi32(0x7FC00000));
-            _mm256_storeu_ps(pixels, _mm256_blendv_ps(both, nan, _mm256_cmp_ps(both, both, _CMP_UNORD_Q)));
-        }
+        // Eight pixels as they are stored. Sums stay below 2^17, so that integers are clamped.
+        ORV_INLINE void eight(std::ptrdiff_t i, T* pixels) const { store_as(pixels, simd::twice<V>{at(i), at(i + 4)}); }
     };
 
     ORV_INLINE void join_rows(const double* const sums[4], int y, T* dst)
     {
         const float* const w = job.rows.weights + 4 * std::ptrdiff_t{y};
-        const Rows rows = {_mm256_set1_pd(static_cast<double>(w[0])), _mm256_set1_pd(static_cast<double>(w[1])),
-                           _mm256_set1_pd(static_cast<double>(w[2])), _mm256_set1_pd(static_cast<double>(w[3])),
-                           sums[0], sums[1], sums[2], sums[3]};
+        const auto weight = [w](int k) { return simd::splat<V>(static_cast<double>(w[k])); };
+        const Rows rows = {weight(0), weight(1), weight(2), weight(3), sums[0], sums[1], sums[2], sums[3]};
         const std::ptrdiff_t width = job.size.width;
         std::ptrdiff_t i = 0;
         for (; i + 8 <= width; i += 8) rows.eight(i, dst + i);
@@ -155,6 +144,8 @@ struct FourTapsOfDoubles {
 
 template <class T, int Channels>
 struct FourTapsOfBytes {
+    using V = simd::vec<float, 8>;
+    using Bytes = simd::vec<T, 32>;
     const FourTapsJob<T>& job;
     FourTapsBuffers& buffers;
 
@@ -174,13 +165,14 @@ struct FourTapsOfBytes {
 
     static ORV_INLINE bool are_coarse(const float* weights, std::ptrdiff_t positions)
     {
-        const __m128 steps = _mm_set1_ps(128.f);
-        __m128 fractions = _mm_setzero_ps();
+        using Four = simd::half<float>;
+        const Four steps = simd::splat<Four>(128.f);
+        Four fractions = simd::zero<Four>();
         for (std::ptrdiff_t i = 0; i < positions; ++i) {
-            const __m128 scaled = _mm_mul_ps(_mm_loadu_ps(weights + 4 * i), steps);
-            fractions = _mm_or_ps(fractions, _mm_cmpneq_ps(scaled, _mm_cvtepi32_ps(_mm_cvttps_epi32(scaled))));
+            const Four scaled = simd::load<Four>(weights + 4 * i) * steps;
+            fractions = fractions | not_equal(scaled, to_float(truncate(scaled)));
         }
-        return _mm_movemask_ps(fractions) == 0;
+        return !any(fractions);
     }
 
     ORV_INLINE void prepare()
@@ -236,14 +228,14 @@ struct FourTapsOfBytes {
         const int* const start = starts();
         const float* const from = source();
         for (std::ptrdiff_t b = 0; b < count; ++b) {
-            const __m256i lane = _mm256_load_si256(reinterpret_cast<const __m256i*>(block[b].lane));
+            const auto lane = simd::load<simd::vec<simd::s32, 8>>(block[b].lane);
             const float* const t = from + start[b];
-            const auto tap = [&](int k) { return _mm256_permutevar8x32_ps(_mm256_loadu_ps(t + k * Channels), lane); };
-            __m256 sum = _mm256_mul_ps(tap(0), _mm256_load_ps(block[b].weights[0]));
-            sum = _mm256_fmadd_ps(tap(1), _mm256_load_ps(block[b].weights[1]), sum);
-            sum = _mm256_fmadd_ps(tap(2), _mm256_load_ps(block[b].weights[2]), sum);
-            sum = _mm256_fmadd_ps(tap(3), _mm256_load_ps(block[b].weights[3]), sum);
-            _mm256_store_ps(sums + 8 * b, sum);
+            const auto tap = [&](int k) { return permuted(simd::load<V>(t + k * Channels), lane); };
+            const auto weight = [&](int k) { return simd::load<V>(block[b].weights[k]); };
+            V sum = tap(0) * weight(0);
+            sum = fused(tap(1), weight(1), sum);
+            sum = fused(tap(2), weight(2), sum);
+            simd::store(sums + 8 * b, fused(tap(3), weight(3), sum));
         }
     }
 
@@ -254,11 +246,13 @@ struct FourTapsOfBytes {
         for (std::ptrdiff_t x = 0; x < job.size.width; ++x) {
             const float* const t = source() + (std::ptrdiff_t{job.columns.index[x]} - 1 - first) * Channels;
             const float* const w = job.columns.weights + 4 * x;
-            __m128 sum = _mm_mul_ps(_mm_loadu_ps(t), _mm_set1_ps(w[0]));
-            sum = _mm_fmadd_ps(_mm_loadu_ps(t + Channels), _mm_set1_ps(w[1]), sum);
-            sum = _mm_fmadd_ps(_mm_loadu_ps(t + 2 * Channels), _mm_set1_ps(w[2]), sum);
-            sum = _mm_fmadd_ps(_mm_loadu_ps(t + 3 * Channels), _mm_set1_ps(w[3]), sum);
-            _mm_storeu_ps(sums + x * Channels, sum);
+            using Pixel = simd::half<float>;
+            const auto tap = [t](int k) { return simd::load<Pixel>(t + k * Channels); };
+            const auto weight = [w](int k) { return simd::splat<Pixel>(w[k]); };
+            Pixel sum = tap(0) * weight(0);
+            sum = fused(tap(1), weight(1), sum);
+            sum = fused(tap(2), weight(2), sum);
+            simd::store(sums + x * Channels, fused(tap(3), weight(3), sum));
         }
     }
 
@@ -281,28 +275,22 @@ struct FourTapsOfBytes {
     }
 
     struct Rows {
-        __m256 w0, w1, w2, w3;
+        V w0, w1, w2, w3;
         const float *s0, *s1, *s2, *s3;
-        ORV_INLINE __m256 at(std::ptrdiff_t i) const
+        ORV_INLINE V at(std::ptrdiff_t i) const
         {
-            __m256 sum = _mm256_mul_ps(_mm256_load_ps(s0 + i), w0);
-            sum = _mm256_fmadd_ps(_mm256_load_ps(s1 + i), w1, sum);
-            sum = _mm256_fmadd_ps(_mm256_load_ps(s2 + i), w2, sum);
-            return _mm256_fmadd_ps(_mm256_load_ps(s3 + i), w3, sum);
+            V sum = simd::load<V>(s0 + i) * w0;
+            sum = fused(simd::load<V>(s1 + i), w1, sum);
+            sum = fused(simd::load<V>(s2 + i), w2, sum);
+            return fused(simd::load<V>(s3 + i), w3, sum);
         }
     };
 
-    static ORV_INLINE __m256i in_order(__m256i packed)
-    {
-        return _mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
-    }
-
     // 32 samples without a guard.
-    static ORV_INLINE __m256i exact_bytes(const Rows& rows, std::ptrdiff_t i)
+    static ORV_INLINE Bytes exact_bytes(const Rows& rows, std::ptrdiff_t i)
     {
-        const __m256i a = _mm256_packs_epi32(_mm256_cvtps_epi32(rows.at(i)), _mm256_cvtps_epi32(rows.at(i + 8)));
-        const __m256i b = _mm256_packs_epi32(_mm256_cvtps_epi32(rows.at(i + 16)), _mm256_cvtps_epi32(rows.at(i + 24)));
-        return in_order(_mm256_packus_epi16(a, b));
+        return pack(round_to_int(rows.at(i)), round_to_int(rows.at(i + 8)), round_to_int(rows.at(i + 16)),
+                    round_to_int(rows.at(i + 24)));
     }
 
     // Samples times 256, from which sixteen bits are kept: those nearest to a middle have 128 in the low byte.
@@ -312,58 +300,59 @@ struct FourTapsOfBytes {
     {
         const float* const w = job.rows.weights + 4 * std::ptrdiff_t{y};
         const float scale = exact ? 1.f : 256.f;
-        const Rows rows = {_mm256_set1_ps(scale * w[0]), _mm256_set1_ps(scale * w[1]), _mm256_set1_ps(scale * w[2]), _mm256_set1_ps(scale * w[3]),
+        const auto weight = [w, scale](int k) { return simd::splat<V>(scale * w[k]); };
+        const Rows rows = {weight(0), weight(1), weight(2), weight(3),
                            reinterpret_cast<const float*>(sums[0]), reinterpret_cast<const float*>(sums[1]),
                            reinterpret_cast<const float*>(sums[2]), reinterpret_cast<const float*>(sums[3])};
         const std::ptrdiff_t n = samples();
         std::ptrdiff_t i = 0;
         for (; i + 32 <= n; i += 32) {
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(dst + i), exact ? exact_bytes(rows, i) : guarded_bytes(rows, i, y));
+            simd::store(dst + i, exact ? exact_bytes(rows, i) : guarded_bytes(rows, i, y));
         }
         if (i == n) return;
         alignas(32) T tail[32];
-        _mm256_store_si256(reinterpret_cast<__m256i*>(tail), exact ? exact_bytes(rows, i) : guarded_bytes(rows, i, y));
+        simd::store(tail, exact ? exact_bytes(rows, i) : guarded_bytes(rows, i, y));
         __builtin_memcpy(dst + i, tail, static_cast<std::size_t>(n - i));
     }
 
-    ORV_INLINE __m256i guarded_bytes(const Rows& rows, std::ptrdiff_t i, int y) const
+    static ORV_INLINE simd::vec<simd::u32, 8> rounded(V v) { return simd::as<simd::u32>(round_to_int(v)); }
+
+    ORV_INLINE Bytes guarded_bytes(const Rows& rows, std::ptrdiff_t i, int y) const
     {
-        const __m256 v0 = rows.at(i), v1 = rows.at(i + 8), v2 = rows.at(i + 16), v3 = rows.at(i + 24);
-        const __m256i a = _mm256_packus_epi32(_mm256_cvtps_epi32(v0), _mm256_cvtps_epi32(v1));
-        const __m256i b = _mm256_packus_epi32(_mm256_cvtps_epi32(v2), _mm256_cvtps_epi32(v3));
-        const __m256i low = _mm256_set1_epi16(255), middle = _mm256_set1_epi16(128);
-        const __m256i near = _mm256_or_si256(_mm256_cmpeq_epi16(_mm256_and_si256(a, low), middle),
-                                             _mm256_cmpeq_epi16(_mm256_and_si256(b, low), middle));
-        if (__builtin_expect(!_mm256_testz_si256(near, near), 0)) return careful_bytes(v0, v1, v2, v3, i, y);
-        return in_order(_mm256_packus_epi16(_mm256_srli_epi16(_mm256_adds_epu16(a, middle), 8),
-                                            _mm256_srli_epi16(_mm256_adds_epu16(b, middle), 8)));
+        using Words = simd::vec<simd::u16, 16>;
+        using Pair = simd::twice<simd::vec<simd::u32, 8>>;
+        const V v0 = rows.at(i), v1 = rows.at(i + 8), v2 = rows.at(i + 16), v3 = rows.at(i + 24);
+        const Words a = narrow(Pair{rounded(v0), rounded(v1)}), b = narrow(Pair{rounded(v2), rounded(v3)});
+        const Words low = simd::splat<Words>(255), middle = simd::splat<Words>(128);
+        const Words near = equal(a & low, middle) | equal(b & low, middle);
+        if (__builtin_expect(!none_set(near, near), 0)) return careful_bytes(v0, v1, v2, v3, i, y);
+        const auto pixels = [=](Words v) { return simd::shifted_right<8>(add_saturate(v, middle)); };
+        return narrowed_twice(narrow(simd::twice<Words>{pixels(a), pixels(b)}));
     }
 
     // Lanes within the guard of a middle.
-    static ORV_INLINE unsigned doubtful(__m256 v)
+    static ORV_INLINE unsigned doubtful(V v)
     {
         // The distance to the next lower integer, in 1/256.
-        const __m256 pixel = _mm256_mul_ps(v, _mm256_set1_ps(1.f / 256));
-        const __m256 rest = _mm256_sub_ps(v, _mm256_mul_ps(_mm256_floor_ps(pixel), _mm256_set1_ps(256.f)));
-        const __m256 distance = _mm256_andnot_ps(_mm256_set1_ps(-0.f), _mm256_sub_ps(rest, _mm256_set1_ps(128.f)));
-        return static_cast<unsigned>(_mm256_movemask_ps(_mm256_cmp_ps(distance, _mm256_set1_ps(kGuard), _CMP_LT_OQ)));
+        const V rest = v - floor(v * (1.f / 256)) * 256.f;
+        return lanes_of(less(magnitude(rest - 128.f), kGuard));
     }
-    static ORV_INLINE __m256i nearest(__m256 v) { return _mm256_cvtps_epi32(_mm256_mul_ps(v, _mm256_set1_ps(1.f / 256))); }
+    static ORV_INLINE simd::vec<simd::s32, 8> nearest(V v) { return round_to_int(v * (1.f / 256)); }
 
-    __attribute__((noinline)) __m256i careful_bytes(__m256 v0, __m256 v1, __m256 v2, __m256 v3, std::ptrdiff_t i, int y) const
+    __attribute__((noinline)) Bytes careful_bytes(V v0, V v1, V v2, V v3, std::ptrdiff_t i, int y) const
     {
-        __m256i bytes = in_order(_mm256_packus_epi16(_mm256_packs_epi32(nearest(v0), nearest(v1)), _mm256_packs_epi32(nearest(v2), nearest(v3))));
+        const Bytes bytes = pack(nearest(v0), nearest(v1), nearest(v2), nearest(v3));
         unsigned doubts = doubtful(v0) | doubtful(v1) << 8 | doubtful(v2) << 16 | doubtful(v3) << 24;
         const std::ptrdiff_t left = samples() - i;
         if (left < 32) doubts &= (1u << left) - 1;
         if (doubts == 0) return bytes;
         alignas(32) T lanes[32];
-        _mm256_store_si256(reinterpret_cast<__m256i*>(lanes), bytes);
+        simd::store(lanes, bytes);
         for (; doubts != 0; doubts &= doubts - 1) {
             const int lane = __builtin_ctz(doubts);
             lanes[lane] = in_double(y, i + lane);
         }
-        return _mm256_load_si256(reinterpret_cast<const __m256i*>(lanes));
+        return simd::load<Bytes>(lanes);
     }
 };
 

@@ -7,7 +7,11 @@
 #include <type_traits>
 
 #include "core/checks.h"
-#include "simd/vec.h"
+#include "simd/conversion.h"
+#include "simd/neighbours.h"
+#include "simd/partial.h"
+#include "simd/reductions.h"
+#include "simd/shuffles.h"
 #include "image/resize/pixel_rounding.h"
 
 namespace orv {
@@ -22,50 +26,50 @@ ORV_INLINE float quarter(double sum) { return to_pixel<float>(sum * 0.25); }
 template <int Channels>
 class HalveBytes {
 public:
-    static constexpr int kSource = Channels == 3 ? 12 : 16;  // bytes used of each 128-bit half
+    static constexpr int kSource = Channels == 3 ? 12 : 16;  // bytes used of each part
     static constexpr int kPixels = 4;                        // of the destination, per step
     static constexpr int kReads = Channels == 3 ? 28 : 32;   // bytes read from each row per step
 
     ORV_INLINE void step(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* dst) const
     {
-        const __m256i ones = _mm256_set1_epi8(1);
-        const __m256i sum = _mm256_add_epi16(_mm256_maddubs_epi16(_mm256_shuffle_epi8(load(a), pairs_), ones),
-                                             _mm256_maddubs_epi16(_mm256_shuffle_epi8(load(b), pairs_), ones));
-        const __m256i one = _mm256_set1_epi16(1);
-        const __m256i odd = _mm256_and_si256(_mm256_srli_epi16(sum, 2), one);
-        const __m256i mean = _mm256_srli_epi16(_mm256_add_epi16(_mm256_add_epi16(sum, one), odd), 2);
-        const __m128i low = _mm256_castsi256_si128(mean), high = _mm256_extracti128_si256(mean, 1);
+        const auto ones = simd::splat<simd::vec<simd::s8, 32>>(1);
+        const Words sum = simd::as<simd::u16>(sum_of_products(pairs(a), ones) + sum_of_products(pairs(b), ones));
+        const Words one = simd::splat<Words>(1), odd = simd::shifted_right<2>(sum) & one;
+        const auto bytes = simd::narrowed(simd::shifted_right<2>(sum + one + odd));
         if constexpr (Channels == 4) {
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(dst), _mm_packus_epi16(low, high));
+            simd::store(dst, bytes);
         } else {
             // Six bytes of each half, behind each other.
-            const __m128i bytes = _mm_shuffle_epi8(_mm_packus_epi16(low, high), _mm_setr_epi8(0, 1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, -1, -1, -1, -1));
-            _mm_storel_epi64(reinterpret_cast<__m128i*>(dst), bytes);
-            const int rest = _mm_extract_epi32(bytes, 2);
-            __builtin_memcpy(dst + 8, &rest, 4);
+            static const std::uint8_t used[16] = {0, 1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, 0x80, 0x80, 0x80, 0x80};
+            simd::store_first<12>(dst, shuffle_bytes(bytes, simd::load<simd::half<std::uint8_t>>(used)));
         }
     }
 
 private:
-    static ORV_INLINE __m256i load(const std::uint8_t* p)
+    using Bytes = simd::vec<std::uint8_t, 32>;
+    using Words = simd::vec<std::uint16_t, 16>;
+    // A sample and that of the next pixel side by side.
+    ORV_INLINE Bytes pairs(const std::uint8_t* p) const
     {
-        if constexpr (Channels == 4) return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-        const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-        return _mm256_inserti128_si256(_mm256_castsi128_si256(low), _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 12)), 1);
+        return shuffle_bytes(Channels == 4 ? simd::load<Bytes>(p) : simd::load_parts<Bytes, kSource>(p), pairs_);
     }
-    const __m256i pairs_ = Channels == 4
-                               ? _mm256_setr_epi8(0, 4, 1, 5, 2, 6, 3, 7, 8, 12, 9, 13, 10, 14, 11, 15, 0, 4, 1, 5, 2, 6, 3, 7, 8, 12, 9, 13, 10, 14, 11, 15)
-                               : _mm256_setr_epi8(0, 3, 1, 4, 2, 5, 6, 9, 7, 10, 8, 11, -1, -1, -1, -1, 0, 3, 1, 4, 2, 5, 6, 9, 7, 10, 8, 11, -1, -1, -1, -1);
+    static ORV_INLINE Bytes order()
+    {
+        static const std::uint8_t of_four[16] = {0, 4, 1, 5, 2, 6, 3, 7, 8, 12, 9, 13, 10, 14, 11, 15};
+        static const std::uint8_t of_three[16] = {0, 3, 1, 4, 2, 5, 6, 9, 7, 10, 8, 11, 0x80, 0x80, 0x80, 0x80};
+        return simd::load_repeated<Bytes>(Channels == 4 ? of_four : of_three);
+    }
+    const Bytes pairs_ = order();
 };
 
 struct HalveFloats {
     static constexpr int kPixels = 8;
     ORV_INLINE void step(const float* a, const float* b, float* dst) const
     {
-        const __m128 low = four(a, b), high = four(a + 8, b + 8);
-        if (__builtin_expect(_mm_movemask_ps(_mm_cmpunord_ps(low, high)) != 0, 0)) {
-            store(dst, one_nan(low));
-            store(dst + 4, one_nan(high));
+        const Four low = four(a, b), high = four(a + 8, b + 8);
+        if (__builtin_expect(any(unordered(low, high)), 0)) {
+            store(dst, with_one_nan(low));
+            store(dst + 4, with_one_nan(high));
             return;
         }
         store(dst, low);
@@ -73,19 +77,17 @@ struct HalveFloats {
     }
 
 private:
+    using Four = simd::half<float>;
     // Pixels 0, 2, 1, 3.
-    static ORV_INLINE __m128 four(const float* a, const float* b)
+    static ORV_INLINE Four four(const float* a, const float* b)
     {
-        const auto column_sums = [&](int i) { return _mm256_add_pd(_mm256_cvtps_pd(_mm_loadu_ps(a + i)), _mm256_cvtps_pd(_mm_loadu_ps(b + i))); };
-        const __m256d left = column_sums(0), right = column_sums(4);
-        const __m256d sums = _mm256_add_pd(_mm256_blend_pd(left, right, 0xA), _mm256_shuffle_pd(left, right, 0x5));
-        return _mm256_cvtpd_ps(_mm256_mul_pd(sums, _mm256_set1_pd(0.25)));
+        using Sums = simd::vec<double, 4>;
+        const auto column_sums = [&](int i) {
+            return simd::load_as<Sums>::from(a + i) + simd::load_as<Sums>::from(b + i);
+        };
+        return to_float(neighbour_sums(column_sums(0), column_sums(4)) * 0.25);
     }
-    static ORV_INLINE __m128 one_nan(__m128 v)
-    {
-        return _mm_blendv_ps(v, _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000)), _mm_cmpunord_ps(v, v));
-    }
-    static ORV_INLINE void store(float* p, __m128 v) { _mm_storeu_ps(p, _mm_permute_ps(v, 0xD8)); }
+    static ORV_INLINE void store(float* p, Four v) { simd::store(p, simd::permuted<0, 2, 1, 3>(v)); }
 };
 
 struct HalveWords {
@@ -93,14 +95,15 @@ struct HalveWords {
     ORV_INLINE void step(const std::uint16_t* a, const std::uint16_t* b, std::uint16_t* dst) const
     {
         // Multiply-and-add takes its operands for signed: each is 32768 too low.
-        const __m256i top = _mm256_set1_epi16(-32768), ones = _mm256_set1_epi16(1), one = _mm256_set1_epi32(1);
+        using Words = simd::vec<std::uint16_t, 16>;
+        using Sums = simd::vec<std::int32_t, 8>;
+        const auto ones = simd::splat<simd::vec<std::int16_t, 16>>(1);
         const auto pairs = [&](const std::uint16_t* p) {
-            return _mm256_madd_epi16(_mm256_xor_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)), top), ones);
+            return sum_of_products(simd::as<std::int16_t>(simd::load<Words>(p) ^ simd::splat<Words>(0x8000)), ones);
         };
-        const __m256i sum = _mm256_add_epi32(_mm256_add_epi32(pairs(a), pairs(b)), _mm256_set1_epi32(4 * 32768));
-        const __m256i odd = _mm256_and_si256(_mm256_srli_epi32(sum, 2), one);
-        const __m256i mean = _mm256_srli_epi32(_mm256_add_epi32(_mm256_add_epi32(sum, one), odd), 2);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(dst), _mm_packus_epi32(_mm256_castsi256_si128(mean), _mm256_extracti128_si256(mean, 1)));
+        const Sums sum = pairs(a) + pairs(b) + simd::splat<Sums>(4 * 32768), one = simd::splat<Sums>(1);
+        const Sums odd = simd::shifted_right<2>(sum) & one;
+        simd::store_as(dst, simd::shifted_right<2>(sum + one + odd));
     }
 };
 #endif

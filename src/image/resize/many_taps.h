@@ -5,6 +5,9 @@
 #include <cstdint>
 
 #include "core/checks.h"
+#include "simd/conversion.h"
+#include "simd/partial.h"
+#include "simd/shuffles.h"
 #include "simd/vec.h"
 #include "image/resize/pixel_rounding.h"
 #include "image/resize/square_axis.h"
@@ -70,18 +73,12 @@ public:
         std::ptrdiff_t i = 0;
 #if ORV_HAVE_INT256
         for (; i + 8 <= samples; i += 8) {
-            __m256d low, high;
-            load(top + i, low, high);
-            __m256d factor = _mm256_broadcast_sd(w);
-            __m256d a = _mm256_mul_pd(low, factor), b = _mm256_mul_pd(high, factor);
+            using Eight = simd::twice<Four>;
+            Eight sum = simd::load_as<Eight>::from(top + i) * simd::splat_at<Four>(w);
             for (int k = 1; k < taps; ++k) {
-                load(row_at(top, srcStep, k) + i, low, high);
-                factor = _mm256_broadcast_sd(w + k);
-                a = _mm256_add_pd(a, _mm256_mul_pd(low, factor));
-                b = _mm256_add_pd(b, _mm256_mul_pd(high, factor));
+                sum = sum + simd::load_as<Eight>::from(row_at(top, srcStep, k) + i) * simd::splat_at<Four>(w + k);
             }
-            _mm256_storeu_pd(sums + i, a);
-            _mm256_storeu_pd(sums + i + 4, b);
+            simd::store(sums + i, sum);
         }
 #endif
         for (; i < samples; ++i) {
@@ -98,13 +95,10 @@ public:
     {
         const std::ptrdiff_t samples = end_column - first_column;
         for (std::ptrdiff_t i = 0; i < samples; i += 4) {
-            const __m256d r0 = _mm256_loadu_pd(rows_of_sums + i), r1 = _mm256_loadu_pd(rows_of_sums + stride + i);
-            const __m256d r2 = _mm256_loadu_pd(rows_of_sums + 2 * stride + i), r3 = _mm256_loadu_pd(rows_of_sums + 3 * stride + i);
-            const __m256d a = _mm256_unpacklo_pd(r0, r1), b = _mm256_unpackhi_pd(r0, r1), c = _mm256_unpacklo_pd(r2, r3), d = _mm256_unpackhi_pd(r2, r3);
-            _mm256_storeu_pd(quads + 4 * i, _mm256_permute2f128_pd(a, c, 0x20));
-            _mm256_storeu_pd(quads + 4 * i + 4, _mm256_permute2f128_pd(b, d, 0x20));
-            _mm256_storeu_pd(quads + 4 * i + 8, _mm256_permute2f128_pd(a, c, 0x31));
-            _mm256_storeu_pd(quads + 4 * i + 12, _mm256_permute2f128_pd(b, d, 0x31));
+            Four rows_of_four[4];
+            for (int r = 0; r < 4; ++r) rows_of_four[r] = simd::load<Four>(rows_of_sums + r * stride + i);
+            transpose(rows_of_four);
+            for (int r = 0; r < 4; ++r) simd::store(quads + 4 * (i + r), rows_of_four[r]);
         }
     }
 
@@ -114,12 +108,8 @@ public:
             const double* const w = columns.weights + columns.start[x];
             const int taps = columns.start[x + 1] - columns.start[x];
             const double* const t = quads + 4 * (std::ptrdiff_t{columns.first[x]} - first_column);
-            __m256d sum = _mm256_mul_pd(_mm256_loadu_pd(t), _mm256_broadcast_sd(w));
-            for (int k = 1; k < taps; ++k) {
-                sum = _mm256_add_pd(sum, _mm256_mul_pd(_mm256_loadu_pd(t + 4 * std::ptrdiff_t{k}), _mm256_broadcast_sd(w + k)));
-            }
             T pixels[4];
-            to_pixels(sum, pixels);
+            simd::store_as(pixels, sum_of_taps<4>(t, w, taps));
             for (int r = 0; r < 4; ++r) put(dst[r] + x, pixels[r]);
         }
     }
@@ -136,17 +126,26 @@ public:
     }
 
 private:
+    using Four = simd::vec<double, 4>;
+#if ORV_HAVE_INT256
+    // Of four samples side by side.
+    template <int distance>
+    static ORV_INLINE Four sum_of_taps(const double* t, const double* w, int taps)
+    {
+        Four sum = simd::load<Four>(t) * simd::splat_at<Four>(w);
+        for (int k = 1; k < taps; ++k) {
+            sum = sum + simd::load<Four>(t + std::ptrdiff_t{k} * distance) * simd::splat_at<Four>(w + k);
+        }
+        return sum;
+    }
+#endif
     static ORV_INLINE void pixel(const double* t, const double* w, int taps, T* dst)
     {
 #if ORV_HAVE_INT256
         if constexpr (Channels > 1) {
             // Three channels read one more; there is room behind the sums.
-            __m256d sum = _mm256_mul_pd(_mm256_loadu_pd(t), _mm256_broadcast_sd(w));
-            for (int k = 1; k < taps; ++k) {
-                sum = _mm256_add_pd(sum, _mm256_mul_pd(_mm256_loadu_pd(t + std::ptrdiff_t{k} * Channels), _mm256_broadcast_sd(w + k)));
-            }
             T pixels[4];
-            to_pixels(sum, pixels);
+            simd::store_as(pixels, sum_of_taps<Channels>(t, w, taps));
             __builtin_memcpy(dst, pixels, Channels);
             return;
         }
@@ -158,43 +157,6 @@ private:
         }
     }
 
-#if ORV_HAVE_INT256
-    static ORV_INLINE void to_pixels(__m256d sum, std::uint8_t* pixels)
-    {
-        const __m128i integers = _mm256_cvtpd_epi32(sum);
-        const int four = _mm_cvtsi128_si32(_mm_packus_epi16(_mm_packs_epi32(integers, integers), integers));
-        __builtin_memcpy(pixels, &four, 4);
-    }
-    static ORV_INLINE void to_pixels(__m256d sum, std::uint16_t* pixels)
-    {
-        const __m128i integers = _mm256_cvtpd_epi32(sum);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels), _mm_packus_epi32(integers, integers));
-    }
-    static ORV_INLINE void to_pixels(__m256d sum, float* pixels)
-    {
-        const __m128 floats = _mm256_cvtpd_ps(sum);
-        const __m128 nan = _mm_castsi128_ps(_mm_set1_epi32(0x7FC00000));
-        _mm_storeu_ps(pixels, _mm_blendv_ps(floats, nan, _mm_cmpunord_ps(floats, floats)));
-    }
-
-    static ORV_INLINE void load(const std::uint8_t* p, __m256d& low, __m256d& high)
-    {
-        const __m256i words = _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));
-        low = _mm256_cvtepi32_pd(_mm256_castsi256_si128(words));
-        high = _mm256_cvtepi32_pd(_mm256_extracti128_si256(words, 1));
-    }
-    static ORV_INLINE void load(const std::uint16_t* p, __m256d& low, __m256d& high)
-    {
-        const __m256i words = _mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
-        low = _mm256_cvtepi32_pd(_mm256_castsi256_si128(words));
-        high = _mm256_cvtepi32_pd(_mm256_extracti128_si256(words, 1));
-    }
-    static ORV_INLINE void load(const float* p, __m256d& low, __m256d& high)
-    {
-        low = _mm256_cvtps_pd(_mm_loadu_ps(p));
-        high = _mm256_cvtps_pd(_mm_loadu_ps(p + 4));
-    }
-#endif
 };
 
 }  // namespace ORV_LEVEL

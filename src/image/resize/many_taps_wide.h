@@ -9,6 +9,8 @@
 // Included by many_taps.h where there are 256-bit integers.
 #pragma once
 
+#include "simd/conversion.h"
+
 namespace orv {
 inline namespace ORV_LEVEL {
 
@@ -43,27 +45,28 @@ public:
     }
 
 private:
+    using V = simd::vec<float, 8>;
+    using Pixel = simd::half<float>;
+
     ORV_INLINE void sum_rows(int y) const
     {
         const std::ptrdiff_t samples = exact.samples();
         const T* const top = exact.top_of(y);
         const float* const w = row_weights + exact.rows.start[y];
         const int taps = exact.rows.start[y + 1] - exact.rows.start[y];
-        const auto values = [](const T* p) {
-            return _mm256_cvtepi32_ps(_mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
-        };
+        const auto values = [](const T* p) { return simd::load_as<V>::from(p); };
         std::ptrdiff_t i = 0;
         for (; i + 16 <= samples; i += 16) {
-            __m256 factor = _mm256_set1_ps(w[0]);
-            __m256 a = _mm256_mul_ps(values(top + i), factor), b = _mm256_mul_ps(values(top + i + 8), factor);
+            V factor = w[0];
+            V a = values(top + i) * factor, b = values(top + i + 8) * factor;
             for (int k = 1; k < taps; ++k) {
                 const T* const line = row_at(top, exact.srcStep, k) + i;
-                factor = _mm256_set1_ps(w[k]);
-                a = _mm256_fmadd_ps(values(line), factor, a);
-                b = _mm256_fmadd_ps(values(line + 8), factor, b);
+                factor = w[k];
+                a = fused(values(line), factor, a);
+                b = fused(values(line + 8), factor, b);
             }
-            _mm256_storeu_ps(sums + i, a);
-            _mm256_storeu_ps(sums + i + 8, b);
+            simd::store(sums + i, a);
+            simd::store(sums + i + 8, b);
         }
         for (; i < samples; ++i) {
             float sum = 0;
@@ -80,28 +83,26 @@ private:
             const float* const w = column_weights + columns.start[x];
             const int taps = columns.start[x + 1] - columns.start[x];
             const float* const t = sums + std::ptrdiff_t{columns.first[x] - exact.first_column} * Channels;
-            __m128 sum = _mm_mul_ps(_mm_loadu_ps(t), _mm_set1_ps(w[0]));
+            Pixel sum = simd::load<Pixel>(t) * w[0];
             for (int k = 1; k < taps; ++k) {
-                sum = _mm_fmadd_ps(_mm_loadu_ps(t + std::ptrdiff_t{k} * Channels), _mm_set1_ps(w[k]), sum);
+                sum = fused(simd::load<Pixel>(t + std::ptrdiff_t{k} * Channels), w[k], sum);
             }
-            _mm_storeu_ps(pixels + x * Channels, sum);
+            simd::store(pixels + x * Channels, sum);
         }
     }
 
     ORV_INLINE void round_row(int y, T* dst) const
     {
         const int taps = exact.rows.start[y + 1] - exact.rows.start[y] + exact.most_columns;
-        const __m256 sure = _mm256_set1_ps(0.5f - 4e-5f * static_cast<float>(taps + 2));
+        const V sure = 0.5f - 4e-5f * static_cast<float>(taps + 2);
         const std::ptrdiff_t samples = std::ptrdiff_t{exact.width} * Channels;
         std::ptrdiff_t i = 0;
         for (; i < samples; i += 8) {
-            const __m256 v = _mm256_loadu_ps(pixels + i);
-            const __m256i nearest = _mm256_cvtps_epi32(v);
-            const __m256 off = _mm256_andnot_ps(_mm256_set1_ps(-0.f), _mm256_sub_ps(v, _mm256_cvtepi32_ps(nearest)));
-            unsigned doubts = static_cast<unsigned>(_mm256_movemask_ps(_mm256_cmp_ps(off, sure, _CMP_NLT_UQ)));
-            const __m128i words = _mm_packs_epi32(_mm256_castsi256_si128(nearest), _mm256_extracti128_si256(nearest, 1));
+            const V v = simd::load<V>(pixels + i);
+            const auto nearest = round_to_int(v);
+            unsigned doubts = lanes_of(greater_equal(magnitude(v - to_float(nearest)), sure));
             T bytes[8];
-            _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes), _mm_packus_epi16(words, words));
+            simd::store_as(bytes, nearest);
             const std::ptrdiff_t left = samples - i;
             if (left < 8) doubts &= (1u << left) - 1;
             for (; __builtin_expect(doubts != 0, 0); doubts &= doubts - 1) {

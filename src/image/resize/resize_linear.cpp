@@ -4,7 +4,9 @@
 #include <climits>
 
 #include "core/float_control.h"
-#include "simd/vec.h"
+#include "simd/conversion.h"
+#include "simd/neighbours.h"
+#include "simd/partial.h"
 #include "image/resize/linear_rows.h"
 #include "image/resize/pixel_rounding.h"
 #include "image/resize/resize_layout.h"
@@ -15,6 +17,7 @@ namespace ORV_LEVEL {
 namespace {
 
 using std::uint16_t;
+using Four = simd::vec<double, 4>;
 
 // The source row as doubles, from column `first` on; columns outside the limits repeat the nearest.
 void fetch_line(const uint16_t* line, int first, std::ptrdiff_t span, int low, int high, double* out)
@@ -25,8 +28,7 @@ void fetch_line(const uint16_t* line, int first, std::ptrdiff_t span, int low, i
     const std::ptrdiff_t inner = to_edge < span ? static_cast<std::ptrdiff_t>(to_edge) : span;
 #if ORV_HAVE_INT256
     for (; i + 4 <= inner; i += 4) {
-        const __m128i words = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(line + first + i));
-        _mm256_storeu_pd(out + i, _mm256_cvtepi32_pd(_mm_cvtepu16_epi32(words)));
+        simd::store(out + i, simd::load_as<Four>::from(line + first + i));
     }
 #endif
     for (; i < inner; ++i) out[i] = static_cast<double>(get(line + first + i));
@@ -40,11 +42,10 @@ void blend_columns(const double* row, const int* index, const float* fractions, 
 #if ORV_HAVE_INT256
     const double* const at = row - first;
     for (; x + 4 <= width; x += 4) {
-        const __m256d p02 = _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(at + index[x])), _mm_loadu_pd(at + index[x + 2]), 1);
-        const __m256d p13 = _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(at + index[x + 1])), _mm_loadu_pd(at + index[x + 3]), 1);
-        const __m256d a = _mm256_unpacklo_pd(p02, p13), b = _mm256_unpackhi_pd(p02, p13);
-        const __m256d f = _mm256_cvtps_pd(_mm_loadu_ps(fractions + x));
-        _mm256_storeu_pd(out + x, _mm256_add_pd(a, _mm256_mul_pd(_mm256_sub_pd(b, a), f)));
+        const Four p02 = simd::load_halves(at + index[x], at + index[x + 2]);
+        const Four p13 = simd::load_halves(at + index[x + 1], at + index[x + 3]);
+        const Four a = even_of(p02, p13), b = odd_of(p02, p13);
+        simd::store(out + x, a + (b - a) * simd::load_as<Four>::from(fractions + x));
     }
 #endif
     for (; x < width; ++x) {
@@ -58,15 +59,11 @@ void blend_rows(const double* upper, const double* lower, double f, std::ptrdiff
     std::ptrdiff_t x = 0;
 #if ORV_HAVE_INT256
     // Between pixels of 16 bits lies nothing that would have to be clamped.
-    const __m256d factor = _mm256_set1_pd(f);
     const auto four = [&](std::ptrdiff_t i) {
-        const __m256d a = _mm256_loadu_pd(upper + i);
-        return _mm256_cvtpd_epi32(_mm256_add_pd(a, _mm256_mul_pd(_mm256_sub_pd(_mm256_loadu_pd(lower + i), a), factor)));
+        const Four a = simd::load<Four>(upper + i);
+        return a + (simd::load<Four>(lower + i) - a) * f;
     };
-    for (; x + 8 <= width; x += 8) {
-        const __m128i low = four(x), high = four(x + 4);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(dst + x), _mm_packus_epi32(low, high));
-    }
+    for (; x + 8 <= width; x += 8) simd::store_as(dst + x, simd::twice<Four>{four(x), four(x + 4)});
 #endif
     for (; x < width; ++x) put(dst + x, to_pixel<uint16_t>(upper[x] + (lower[x] - upper[x]) * f));
 }
