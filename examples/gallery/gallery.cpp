@@ -21,6 +21,7 @@ int main(int argc, char** argv)
         show_colour(photo, page);
         show_statistics(photo, page);
         show_filters(photo, page);
+        show_rank(photo, page);
         show_resize(photo, page);
         show_warp(photo, page);
         show_spectra(photo, argc > 3 ? argv[3] : "", page);

@@ -22,6 +22,10 @@ ELIMINATION = "src/linalg/elimination.cpp"
 RANDOM = "src/spectral/random/random_numbers.cpp"
 PSD = "src/spectral/psd_object.cpp"
 NEAREST = "src/image/resize/resize_nearest.cpp"
+MORPHOLOGY = "src/image/rank/morphology.cpp"
+RANK_ORDER = "src/image/rank/order.h"
+RANKED_TILE = "src/image/rank/ranked_tile.h"
+SMALL_MEDIANS = "src/image/rank/small_medians.h"
 FEATURES = "src/core/features.cpp"
 MEMORY = "src/core/memory.cpp"
 INTEGER = "src/image/arithmetic/integer_arithmetic.cpp"
@@ -100,6 +104,11 @@ FAULTS = [
      "fraction = position & simd::splat<Dwords>(16382);", "Warp*"),
     ("estimates that are not checked", WARP_MANY, "kUnsure = 1.f / 512", "kUnsure = 0", "Warp*"),
     ("the last pixels of a run left out", WARP_MANY, "if (k < end) visit(end - step);", "", "Warp*"),
+    # Rank filters.
+    ("NaNs with a sign in front", RANK_ORDER, "return turned(bits) - simd::splat<V>(kSignedNans);", "return turned(bits);", "Rank*:Morphology*"),
+    ("the row above, overwritten", MORPHOLOGY, "y == 0 ? src : keeps ? kept : row_at(src, srcStep, y - 1)",
+     "y == 0 ? src : row_at(src, srcStep, y - 1)", "Morphology*"),
+    ("a window that forgets what left below", RANKED_TILE, "below -= flip(leaving[i * apart]);", "flip(leaving[i * apart]);", "RankMedian*"),
     # Convolution.
     ("a sum that starts as +0", CONVOLUTION_SUMS, "kernel.count == 0 ? 0.0 : -0.0", "0.0", "Convolution*"),
     ("a row beyond the frame", CONVOLUTION, "job.source(y < last ? y : last)", "job.source(y)", "Convolution*:" + VARIANTS),
