@@ -23,10 +23,27 @@ constexpr int kTogether = 4;
 // Those of the taps from the first to the last, of which the outermost ones that are 0 are left out.
 struct Weights {
     int radius;
-    double tap[kMostTaps + 1];
 
     ORV_INLINE int taps() const { return 2 * radius + 1; }
+    template <class V>
+    ORV_INLINE V tap(int i) const
+    {
+        return simd::load<V>(lanes_ + i * ManyDoubles::N);
+    }
+    void set_tap(int i, double weight) { store(lanes_ + i * ManyDoubles::N, ManyDoubles(weight)); }
+
+private:
+    // As often as a vector has lanes: one that loops keep for the next row is not spread again.
+    double lanes_[kMostTaps * ManyDoubles::N];
 };
+
+// each(i) for i from 0 to n - 1; one copy for each i where n is known to be `fixed`.
+template <int fixed, class Each>
+ORV_INLINE void repeated(int n, Each each)
+{
+    if constexpr (fixed > 0) unrolled<fixed>(each);
+    else for (int i = 0; i < n; ++i) each(i);
+}
 
 double single(double weight) { return static_cast<double>(rounded(static_cast<float>(weight))); }
 
@@ -46,7 +63,10 @@ void make_weights(int radius, double sigma, Weights& weights)
     g[0] = single(rounded(1 - 2 * others));
     while (radius > 0 && g[radius] == 0) --radius;
     weights.radius = radius;
-    for (int i = 0; i <= radius; ++i) weights.tap[radius - i] = weights.tap[radius + i] = g[i];
+    for (int i = 0; i <= radius; ++i) {
+        weights.set_tap(radius - i, g[i]);
+        weights.set_tap(radius + i, g[i]);
+    }
 }
 
 // --- Sums -----------------------------------------------------------------------------------------
@@ -66,20 +86,20 @@ void widen_row(const float* src, std::ptrdiff_t width, std::ptrdiff_t radius, do
     }
 }
 
-// The sums along a row, rounded to single.
+// The sums along a row, rounded to single. `fixed`: the number of taps, or 0 for any.
+template <int fixed>
 void sum_row(const double* row, std::ptrdiff_t width, const Weights& weights, double* sums)
 {
     along_doubles<8>(width, [=, &weights](std::ptrdiff_t x, auto lanes, auto count) __attribute__((always_inline)) {
         using V = decltype(lanes);
         V sum[count.value];
         unrolled<count.value>([&](int k) __attribute__((always_inline)) { sum[k] = V(kNothing); });
-        const double* at = row + x;
-        for (int i = 0; i < weights.taps(); ++i, ++at) {
-            const V weight(weights.tap[i]);
+        repeated<fixed>(weights.taps(), [&](int i) __attribute__((always_inline)) {
+            const V weight = weights.template tap<V>(i);
             unrolled<count.value>([&](int k) __attribute__((always_inline)) {
-                sum[k] = add_exact_product(simd::load<V>(at + k * V::N), weight, sum[k]);
+                sum[k] = add_exact_product(simd::load<V>(row + x + i + k * V::N), weight, sum[k]);
             });
-        }
+        });
         unrolled<count.value>([&](int k) __attribute__((always_inline)) {
             store(sums + x + k * V::N, to_single(sum[k]));
         });
@@ -87,10 +107,10 @@ void sum_row(const double* row, std::ptrdiff_t width, const Weights& weights, do
 }
 
 // Completes `results` rows of the destination from the rows of sums around them, the first one's first.
-template <int results>
+template <int results, int fixed>
 void sum_columns(const double* const* rows, const Weights& weights, float* dst, int dstStep, std::ptrdiff_t width)
 {
-    const int taps = weights.taps();
+    const int taps = fixed > 0 ? fixed : weights.taps();
     along_doubles<2>(width, [=, &weights](std::ptrdiff_t x, auto lanes, auto count) __attribute__((always_inline)) {
         using V = decltype(lanes);
         V sum[results][count.value];
@@ -105,7 +125,7 @@ void sum_columns(const double* const* rows, const Weights& weights, float* dst, 
             });
             unrolled<results>([&](int y) __attribute__((always_inline)) {
                 if (!belongs(j - y)) return;
-                const V weight(weights.tap[j - y]);
+                const V weight = weights.template tap<V>(j - y);
                 unrolled<count.value>([&](int k) __attribute__((always_inline)) {
                     sum[y][k] = add_exact_product(row[k], weight, sum[y][k]);
                 });
@@ -113,10 +133,14 @@ void sum_columns(const double* const* rows, const Weights& weights, float* dst, 
         };
         const auto inside = [=](int tap) __attribute__((always_inline)) { return tap >= 0 && tap < taps; };
         const auto always = [](int) __attribute__((always_inline)) { return true; };
-        int j = 0;
-        for (; j < results - 1; ++j) add_row(j, inside);
-        for (; j < taps; ++j) add_row(j, always);
-        for (; j < taps + results - 1; ++j) add_row(j, inside);
+        if constexpr (fixed > 0) {
+            unrolled<fixed + results - 1>([&](int j) __attribute__((always_inline)) { add_row(j, inside); });
+        } else {
+            int j = 0;
+            for (; j < results - 1; ++j) add_row(j, inside);
+            for (; j < taps; ++j) add_row(j, always);
+            for (; j < taps + results - 1; ++j) add_row(j, inside);
+        }
         unrolled<results>([&](int y) __attribute__((always_inline)) {
             unrolled<count.value>([&](int k) __attribute__((always_inline)) {
                 store_result(row_at(dst, dstStep, y) + x + k * V::N, sum[y][k]);
@@ -154,6 +178,7 @@ private:
 int clamped(long long y, Size roi) { return static_cast<int>(y < 0 ? 0 : y >= roi.height ? roi.height - 1 : y); }
 
 // The destination may be the source: of no row is a pixel needed once the row's sums are there.
+template <int fixed>
 void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, const Weights& weights,
             const Workspace& work)
 {
@@ -166,16 +191,18 @@ void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, co
             const int row = clamped(y - radius + j, roi);
             for (; summed <= row; ++summed) {
                 widen_row(row_at(src, srcStep, summed), roi.width, radius, work.source_row());
-                sum_row(work.source_row(), roi.width, weights, work.sums_of_row(summed));
+                sum_row<fixed>(work.source_row(), roi.width, weights, work.sums_of_row(summed));
             }
             rows[j] = work.sums_of_row(row);
         }
         float* const to = row_at(dst, dstStep, static_cast<std::ptrdiff_t>(y));
         if (count == kTogether) {
-            sum_columns<kTogether>(rows, weights, to, dstStep, roi.width);
+            sum_columns<kTogether, fixed>(rows, weights, to, dstStep, roi.width);
             continue;
         }
-        for (int k = 0; k < count; ++k) sum_columns<1>(rows + k, weights, row_at(to, dstStep, k), dstStep, roi.width);
+        for (int k = 0; k < count; ++k) {
+            sum_columns<1, fixed>(rows + k, weights, row_at(to, dstStep, k), dstStep, roi.width);
+        }
     }
 }
 
@@ -198,7 +225,12 @@ Status FilterGaussBorder_32f_C1R(const float* src, int srcStep, float* dst, int 
     make_weights(kernelSize / 2, static_cast<double>(get(sigma)), weights);
     const Workspace work(roi, weights.radius);
     if (!work.is_there()) return StatusNoMemory;
-    smooth(src, srcStep, dst, dstStep, roi, weights, work);
+    switch (weights.taps()) {
+        case 3: smooth<3>(src, srcStep, dst, dstStep, roi, weights, work); break;
+        case 5: smooth<5>(src, srcStep, dst, dstStep, roi, weights, work); break;
+        case 7: smooth<7>(src, srcStep, dst, dstStep, roi, weights, work); break;
+        default: smooth<0>(src, srcStep, dst, dstStep, roi, weights, work);
+    }
     return StatusOk;
 }
 
