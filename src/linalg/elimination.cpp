@@ -47,7 +47,10 @@ struct Buffer {
         constexpr ptrdiff_t lanes = 32 / static_cast<ptrdiff_t>(sizeof(T));
         return (n + lanes - 1) / lanes * lanes;
     }
-    ORV_INLINE View<T> view(ptrdiff_t n) { return {elements, stride(n) * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)}; }
+    ORV_INLINE View<T> view(ptrdiff_t n)
+    {
+        return {elements, stride(n) * static_cast<ptrdiff_t>(sizeof(T)), sizeof(T)};
+    }
     static ORV_INLINE void clear(View<T> view, ptrdiff_t n)
     {
         for (ptrdiff_t i = 0; i < n * stride(n); ++i) view.base[i] = 0;
@@ -672,9 +675,12 @@ ORV_INLINE Status invert_by_cofactors(View<const float> src, View<float> dst, In
 // False for anything but floats of sizes 2 to 4.
 ORV_INLINE bool inverted_by_cofactors(View<const float> src, View<float> dst, int n, Status& status)
 {
-    if (n == 3) return status = invert_by_cofactors<3>(src, dst, [](auto& a, auto& x) { return invert_3x3(a, x); }), true;
-    if (n == 4) return status = invert_by_cofactors<4>(src, dst, [](auto& a, auto& x) { return invert_4x4(a, x); }), true;
-    if (n == 2) return status = invert_by_cofactors<2>(src, dst, [](auto& a, auto& x) { return invert_2x2(a, x); }), true;
+    if (n == 3)
+        return status = invert_by_cofactors<3>(src, dst, [](auto& a, auto& x) { return invert_3x3(a, x); }), true;
+    if (n == 4)
+        return status = invert_by_cofactors<4>(src, dst, [](auto& a, auto& x) { return invert_4x4(a, x); }), true;
+    if (n == 2)
+        return status = invert_by_cofactors<2>(src, dst, [](auto& a, auto& x) { return invert_2x2(a, x); }), true;
     return false;
 }
 ORV_INLINE bool inverted_by_cofactors(View<const double>, View<double>, int, Status&) { return false; }

@@ -118,7 +118,8 @@ ORV_INLINE void factor_panel(ptrdiff_t rows, ptrdiff_t columns, T* a, ptrdiff_t 
             for (ptrdiff_t i = k + 1; i < rows; ++i) column[i] = safe ? column[i] * reciprocal : column[i] / pivot;
         }
         if (k + 1 < rows) {
-            add_outer_product(rows - k - 1, columns - k - 1, T{-1}, column + k + 1, column + lda + k, lda, column + lda + k + 1, lda);
+            add_outer_product(rows - k - 1, columns - k - 1, T{-1}, column + k + 1, column + lda + k, lda,
+                              column + lda + k + 1, lda);
         }
     }
 }
@@ -127,41 +128,41 @@ ORV_INLINE void factor_panel(ptrdiff_t rows, ptrdiff_t columns, T* a, ptrdiff_t 
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define ORV_KERNELS(T, type)                                                                                            \
-    Status add_product_##type(int rows, int columns, int inner, T alpha, const T* a, int aRow, int aColumn, const T* b, \
-                              int bRow, int bColumn, T* c, int ldc)                                                     \
-    {                                                                                                                   \
-        return product(rows, columns, inner, alpha, a, aRow, aColumn, b, bRow, bColumn, c, ldc);                        \
-    }                                                                                                                   \
-    Status add_columns_##type(int rows, int columns, T alpha, const T* a, int lda, const T* x, int stride, T* y)        \
-    {                                                                                                                   \
-        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows);                                                             \
-        add_columns(rows, columns, alpha, a, lda, x, stride, y);                                                        \
-        return StatusOk;                                                                                                \
-    }                                                                                                                   \
-    Status add_dot_products_##type(int rows, int columns, T alpha, const T* a, int lda, const T* x, int stride, T* y)   \
-    {                                                                                                                   \
-        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows);                                                             \
-        add_dot_products(rows, columns, alpha, a, lda, x, stride, y);                                                   \
-        return StatusOk;                                                                                                \
-    }                                                                                                                   \
-    Status add_outer_product_##type(int rows, int columns, T alpha, const T* x, const T* y, int stride, T* a, int lda)  \
-    {                                                                                                                   \
-        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows);                                                             \
-        add_outer_product(rows, columns, alpha, x, y, stride, a, lda);                                                  \
-        return StatusOk;                                                                                                \
-    }                                                                                                                   \
-    Status rotate_columns_##type(int rows, int columns, bool backward, const T* c, const T* s, T* a, int lda)           \
-    {                                                                                                                   \
-        ORV_ASSERT(rows > 0 && columns > 1 && lda >= rows);                                                             \
-        rotate_columns(rows, columns, backward, c, s, a, lda);                                                          \
-        return StatusOk;                                                                                                \
-    }                                                                                                                   \
-    Status rotate_rows_##type(int rows, int columns, bool backward, const T* c, const T* s, T* a, int lda)              \
-    {                                                                                                                   \
-        ORV_ASSERT(columns > 0 && lda >= rows);                                                                         \
-        rotate_rows(rows, columns, backward, c, s, a, lda);                                                             \
-        return StatusOk;                                                                                                \
+#define ORV_KERNELS(T, type) \
+    Status add_product_##type(int rows, int columns, int inner, T alpha, const T* a, int aRow, int aColumn, \
+                              const T* b, int bRow, int bColumn, T* c, int ldc) \
+    { \
+        return product(rows, columns, inner, alpha, a, aRow, aColumn, b, bRow, bColumn, c, ldc); \
+    } \
+    Status add_columns_##type(int rows, int columns, T alpha, const T* a, int lda, const T* x, int stride, T* y) \
+    { \
+        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows); \
+        add_columns(rows, columns, alpha, a, lda, x, stride, y); \
+        return StatusOk; \
+    } \
+    Status add_dot_products_##type(int rows, int columns, T alpha, const T* a, int lda, const T* x, int stride, T* y) \
+    { \
+        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows); \
+        add_dot_products(rows, columns, alpha, a, lda, x, stride, y); \
+        return StatusOk; \
+    } \
+    Status add_outer_product_##type(int rows, int columns, T alpha, const T* x, const T* y, int stride, T* a, int lda) \
+    { \
+        ORV_ASSERT(rows > 0 && columns > 0 && lda >= rows); \
+        add_outer_product(rows, columns, alpha, x, y, stride, a, lda); \
+        return StatusOk; \
+    } \
+    Status rotate_columns_##type(int rows, int columns, bool backward, const T* c, const T* s, T* a, int lda) \
+    { \
+        ORV_ASSERT(rows > 0 && columns > 1 && lda >= rows); \
+        rotate_columns(rows, columns, backward, c, s, a, lda); \
+        return StatusOk; \
+    } \
+    Status rotate_rows_##type(int rows, int columns, bool backward, const T* c, const T* s, T* a, int lda) \
+    { \
+        ORV_ASSERT(columns > 0 && lda >= rows); \
+        rotate_rows(rows, columns, backward, c, s, a, lda); \
+        return StatusOk; \
     }
 ORV_KERNELS(float, 32f)
 ORV_KERNELS(double, 64f)

@@ -172,7 +172,8 @@ __attribute__((noinline)) void product_8x8(const float* a, ptrdiff_t a_row, ptrd
 {
     ptrdiff_t inner = 8;
     __asm__("" : "+r"(inner));  // a loop: unrolled, all broadcasts would be made first and not fit into registers
-    const Product<float> p = {{a, a_row, a_column}, {b, b_row, sizeof(float)}, {dst, dst_row, sizeof(float)}, 8, 8, inner};
+    const Product<float> p = {
+        {a, a_row, a_column}, {b, b_row, sizeof(float)}, {dst, dst_row, sizeof(float)}, 8, 8, inner};
     tile<simd::widest<float>, 8, 1, 0>(p, 0, 0, 0);
 }
 
@@ -217,7 +218,8 @@ ORV_INLINE bool product_of_usual_size(const Product<T>& p)
     }
     if (p.rows == 3) {
         if constexpr (sizeof(T) == 4) tile<simd::half<T>, 3, 1, 3>(p, 0, 0, 3);
-        else tile<simd::widest<T>, 3, (simd::widest<T>::N + 2) / simd::widest<T>::N, 3>(p, 0, 0, 3 % simd::widest<T>::N);
+        else
+            tile<simd::widest<T>, 3, (simd::widest<T>::N + 2) / simd::widest<T>::N, 3>(p, 0, 0, 3 % simd::widest<T>::N);
         return true;
     }
 #if ORV_HAVE_FLOAT256
@@ -392,7 +394,8 @@ ORV_INLINE void rows_times_vector(View<const double> a, const double* v, View<do
 #endif
 
 // dst = a * v, where a has `rows` rows of n elements; v and dst are rows.
-ORV_INLINE void matrix_times_vector(View<const double> a, View<const double> v, View<double> dst, ptrdiff_t rows, ptrdiff_t n)
+ORV_INLINE void matrix_times_vector(View<const double> a, View<const double> v, View<double> dst, ptrdiff_t rows,
+                                    ptrdiff_t n)
 {
 #if ORV_HAVE_VECTORS
     if (a.has_dense_rows() && v.has_dense_rows()) {
@@ -583,7 +586,8 @@ Status Transpose_m_32f(const float* src, int srcStride1, int srcStride2, int wid
     const View<const float> from = {src, srcStride1, srcStride2};
     const View<float> to = {dst, dstStride1, dstStride2};
     if (overlap(from, height, width, to, width, height)) {
-        return by_substitute(to, width, height, [=](View<float> apart) { transpose_apart(from, apart, width, height); });
+        return by_substitute(to, width, height,
+                             [=](View<float> apart) { transpose_apart(from, apart, width, height); });
     }
     transpose_apart(from, to, width, height);
     return StatusOk;

@@ -9,8 +9,8 @@ inline namespace ORV_LEVEL {
 
 // Rows i to i + Count registers (a single one may end at `rows`) of all columns.
 template <int Count, class T>
-ORV_INLINE void rotate_strip(std::ptrdiff_t i, std::ptrdiff_t rows, std::ptrdiff_t pairs, bool backward, const T* c, const T* s, T* a,
-                             std::ptrdiff_t lda)
+ORV_INLINE void rotate_strip(std::ptrdiff_t i, std::ptrdiff_t rows, std::ptrdiff_t pairs, bool backward, const T* c,
+                             const T* s, T* a, std::ptrdiff_t lda)
 {
     using R = Register<T>;
     using V = typename R::V;

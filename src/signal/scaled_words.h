@@ -60,7 +60,8 @@ template <class Kind> struct InWords;
 template <>
 struct InWords<Sum<int32_t>> {
     template <class V> static ORV_INLINE V wrapped(V a, V b) { return a + b; }
-    template <class V> static ORV_INLINE V overflow(V a, V b, V sum) { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
+    template <class V> static ORV_INLINE V overflow(V a, V b, V sum)
+    { return simd::greater(a, sum) ^ b; }  // below a only if b is negative
     template <class V> static ORV_INLINE V saturated(V a, V b) { return simd::add_saturate(a, b); }
     template <class V> static ORV_INLINE V halved(V a, V b) { return (a & b) + ((a ^ b) >> simd::count(1)); }
     // Half a sum is never rounded up from the largest integer.
@@ -257,7 +258,8 @@ struct WordQuotient {
     {
         const simd::mask_of<V> no_divisor = simd::equal(a, simd::zero<V>());
         const V divisor = a - simd::ones_where<V>(no_divisor);  // 1 where there is none
-        const V quotient = scaleFactor >= 0 && !simd::any(large(a, b)) ? float_quotient(divisor, b) : double_quotient(divisor, b);
+        const V quotient =
+            scaleFactor >= 0 && !simd::any(large(a, b)) ? float_quotient(divisor, b) : double_quotient(divisor, b);
         if (__builtin_expect(!simd::any(no_divisor), true)) return quotient;
         zeros = true;
         const simd::mask_of<V> zero_dividend = simd::equal(b, simd::zero<V>());
@@ -284,7 +286,8 @@ private:
     template <class V> ORV_INLINE V float_quotient(V divisor, V dividend) const
     {
         using F = simd::floats_of<V>;
-        return simd::round_to_int(simd::to_float(dividend) / simd::to_float(divisor) * simd::splat<F>(static_cast<float>(factor)));
+        return simd::round_to_int(simd::to_float(dividend) / simd::to_float(divisor) *
+                                  simd::splat<F>(static_cast<float>(factor)));
     }
     template <class V> ORV_INLINE V double_quotient(V divisor, V dividend) const
     {

@@ -37,7 +37,8 @@ void hamming(const float* src, float* dst, std::ptrdiff_t n)
 {
     for_hamming_weights(static_cast<int>(n), [=](int k, double weight) {
         const std::ptrdiff_t twin = n - 1 - k;
-        if (k == twin) return put(reinterpret_cast<std::uint32_t*>(dst + k), get(reinterpret_cast<const std::uint32_t*>(src + k)));
+        if (k == twin)
+            return put(reinterpret_cast<std::uint32_t*>(dst + k), get(reinterpret_cast<const std::uint32_t*>(src + k)));
         weigh(src + k, dst + k, weight);
         weigh(src + twin, dst + twin, weight);
     });

@@ -24,7 +24,10 @@ ORV_INLINE vec<u16, 8> average(vec<u16, 8> a, vec<u16, 8> b) { return {_mm_avg_e
 #if ORV_HAVE_BYTE_SHUFFLE
 ORV_INLINE vec<s16, 8> magnitude(vec<s16, 8> a) { return {_mm_abs_epi16(a.v)}; }
 #else
-ORV_INLINE vec<s16, 8> magnitude(vec<s16, 8> a) { return {_mm_max_epi16(a.v, _mm_sub_epi16(_mm_setzero_si128(), a.v))}; }
+ORV_INLINE vec<s16, 8> magnitude(vec<s16, 8> a)
+{
+    return {_mm_max_epi16(a.v, _mm_sub_epi16(_mm_setzero_si128(), a.v))};
+}
 #endif
 #endif
 

@@ -9,8 +9,8 @@ namespace orv {
 namespace simd {
 inline namespace ORV_LEVEL {
 
-// V::N numbers of two parts each, from and to p: the first parts in `lo`, the second ones in `hi`. Mirrored: in reversed
-// order, the last one at p.
+// V::N numbers of two parts each, from and to p: the first parts in `lo`, the second ones in `hi`. Mirrored: in
+// reversed order, the last one at p.
 template <class V> struct interleaved;
 
 template <> struct interleaved<vec<float, 1>> {

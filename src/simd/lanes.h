@@ -63,11 +63,16 @@ ORV_INLINE V gathered(const T* table, __m256i index, V lanes)
 {
     V all;
     __asm__("vpcmpeqd %0, %0, %0" : "=x"(all));
-    __asm__("vpgatherqq %1, (%2,%3,8), %0" : "+&x"(lanes), "+&x"(all) : "r"(table), "Yz"(index), "m"(*reinterpret_cast<const T(*)[]>(table)));
+    __asm__("vpgatherqq %1, (%2,%3,8), %0"
+            : "+&x"(lanes), "+&x"(all)
+            : "r"(table), "Yz"(index), "m"(*reinterpret_cast<const T(*)[]>(table)));
     return lanes;
 }
 ORV_INLINE doubles lookup(const double* table, words index) { return gathered(table, index.v, _mm256_setzero_pd()); }
-ORV_INLINE words lookup(const std::uint64_t* table, words index) { return gathered(table, index.v, _mm256_setzero_si256()); }
+ORV_INLINE words lookup(const std::uint64_t* table, words index)
+{
+    return gathered(table, index.v, _mm256_setzero_si256());
+}
 #else
 ORV_INLINE doubles lookup(const double* table, words index) { return _mm256_i64gather_pd(table, index.v, 8); }
 ORV_INLINE words lookup(const std::uint64_t* table, words index)
@@ -76,7 +81,10 @@ ORV_INLINE words lookup(const std::uint64_t* table, words index)
 }
 #endif
 // The element that the low three bits of the index tell.
-ORV_INLINE floats pick(const float (&table)[8], ints index) { return _mm256_permutevar8x32_ps(_mm256_load_ps(table), index.v); }
+ORV_INLINE floats pick(const float (&table)[8], ints index)
+{
+    return _mm256_permutevar8x32_ps(_mm256_load_ps(table), index.v);
+}
 // The same by the low two bits.
 ORV_INLINE floats pick_of_four(const float (&table)[4], ints index)
 {
@@ -96,12 +104,14 @@ ORV_INLINE __m128d lookup_two(const double* table, __m128i index)
 #if ORV_HAVE_FLOAT256
 ORV_INLINE doubles lookup(const double* table, words index)
 {
-    return _mm256_insertf128_pd(_mm256_castpd128_pd256(lookup_two(table, index.v.lo)), lookup_two(table, index.v.hi), 1);
+    return _mm256_insertf128_pd(_mm256_castpd128_pd256(lookup_two(table, index.v.lo)), lookup_two(table, index.v.hi),
+                                1);
 }
 ORV_INLINE words lookup(const std::uint64_t* table, words index)
 {
     const double* const t = reinterpret_cast<const double*>(table);
-    return simd::split_register{_mm_castpd_si128(lookup_two(t, index.v.lo)), _mm_castpd_si128(lookup_two(t, index.v.hi))};
+    return simd::split_register{_mm_castpd_si128(lookup_two(t, index.v.lo)),
+                                _mm_castpd_si128(lookup_two(t, index.v.hi))};
 }
 #else
 ORV_INLINE doubles lookup(const double* table, words index) { return lookup_two(table, index.v); }
@@ -172,7 +182,10 @@ using mask2 = simd::mask_of<floats2>;
 
 ORV_INLINE floats2 load_floats2(const float* p) { return simd::load<floats2>(p); }
 ORV_INLINE floats2 pick(const float (&table)[8], ints2 i) { return {pick(table, i.lo), pick(table, i.hi)}; }
-ORV_INLINE floats2 pick_of_four(const float (&table)[4], ints2 i) { return {pick_of_four(table, i.lo), pick_of_four(table, i.hi)}; }
+ORV_INLINE floats2 pick_of_four(const float (&table)[4], ints2 i)
+{
+    return {pick_of_four(table, i.lo), pick_of_four(table, i.hi)};
+}
 ORV_INLINE mask2 less_signed(ints2 a, ints2 b) { return {less_signed(a.lo, b.lo), less_signed(a.hi, b.hi)}; }
 template <int bit> ORV_INLINE ints2 sign_if(ints2 x) { return {sign_if<bit>(x.lo), sign_if<bit>(x.hi)}; }
 #endif

@@ -59,10 +59,19 @@ ORV_INLINE vec<double, 4> splat_two(double first, double second)
     return {_mm256_insertf128_pd(_mm256_castpd128_pd256(two), two, 1)};
 }
 #if ORV_HAVE_FUSED
-ORV_INLINE vec<double, 4> product_minus_plus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c) { return {_mm256_fmaddsub_pd(a.v, b.v, c.v)}; }
-ORV_INLINE vec<double, 4> product_plus_minus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c) { return {_mm256_fmsubadd_pd(a.v, b.v, c.v)}; }
+ORV_INLINE vec<double, 4> product_minus_plus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
+{
+    return {_mm256_fmaddsub_pd(a.v, b.v, c.v)};
+}
+ORV_INLINE vec<double, 4> product_plus_minus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
+{
+    return {_mm256_fmsubadd_pd(a.v, b.v, c.v)};
+}
 #else
-ORV_INLINE vec<double, 4> product_minus_plus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c) { return {_mm256_addsub_pd((a * b).v, c.v)}; }
+ORV_INLINE vec<double, 4> product_minus_plus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
+{
+    return {_mm256_addsub_pd((a * b).v, c.v)};
+}
 ORV_INLINE vec<double, 4> product_plus_minus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
 {
     return product_minus_plus(a, b, c ^ splat<vec<double, 4>>(-0.0));

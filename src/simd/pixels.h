@@ -55,7 +55,8 @@ ORV_INLINE vec<u8, 16> spread_triples(vec<u8, 16> all)
     const __m128i lane0 = _mm_setr_epi32(0xFFFFFF, 0, 0, 0), lane1 = _mm_slli_si128(lane0, 4);
     const __m128i lane2 = _mm_slli_si128(lane0, 8), lane3 = _mm_slli_si128(lane0, 12);
     const __m128i lower = _mm_or_si128(_mm_and_si128(a, lane0), _mm_and_si128(_mm_slli_si128(a, 1), lane1));
-    const __m128i third = _mm_and_si128(_mm_slli_si128(a, 2), lane2), fourth = _mm_and_si128(_mm_slli_si128(a, 3), lane3);
+    const __m128i third = _mm_and_si128(_mm_slli_si128(a, 2), lane2),
+                  fourth = _mm_and_si128(_mm_slli_si128(a, 3), lane3);
     const __m128i upper = _mm_or_si128(third, fourth);
     return {_mm_or_si128(lower, upper)};
 }
@@ -84,8 +85,10 @@ ORV_INLINE vec<s32, 8> odd_lanes(vec<s32, 8> a, vec<s32, 8> b)
     return {_mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.v), _mm256_castsi256_ps(b.v), 0xDD))};
 }
 ORV_INLINE vec<s16, 16> mul_rounded(vec<s16, 16> a, vec<s16, 16> b) { return {_mm256_mulhrs_epi16(a.v, b.v)}; }
-template <int skipped>
-ORV_INLINE vec<u8, 32> joined(vec<u8, 32> low, vec<u8, 32> high) { return {_mm256_alignr_epi8(high.v, low.v, skipped)}; }
+template <int skipped> ORV_INLINE vec<u8, 32> joined(vec<u8, 32> low, vec<u8, 32> high)
+{
+    return {_mm256_alignr_epi8(high.v, low.v, skipped)};
+}
 ORV_INLINE vec<u16, 16> lower_halves(vec<u16, 16> a, vec<u16, 16> b) { return {_mm256_unpacklo_epi64(a.v, b.v)}; }
 ORV_INLINE vec<u16, 16> upper_halves(vec<u16, 16> a, vec<u16, 16> b) { return {_mm256_unpackhi_epi64(a.v, b.v)}; }
 template <>

@@ -113,8 +113,8 @@ ORV_INLINE vec<T, 32 / sizeof(T)> reversed(vec<T, 32 / sizeof(T)> a)
 {
     static_assert(sizeof(T) == 2 || sizeof(T) == 4, "words");
     if constexpr (sizeof(T) == 4) return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
-    const __m256i in_parts = _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1, 14, 15, 12, 13, 10, 11,
-                                              8, 9, 6, 7, 4, 5, 2, 3, 0, 1);
+    const __m256i in_parts = _mm256_setr_epi8(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1, 14, 15, 12, 13, 10,
+                                              11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1);
     return {_mm256_permute4x64_epi64(_mm256_shuffle_epi8(a.v, in_parts), order_of(2, 3, 0, 1))};
 }
 template <class T>

@@ -36,7 +36,8 @@ std::vector<T> special_values()
     if constexpr (std::is_integral<T>::value) {
         std::vector<T> values;
         for (int bit = 0; bit < L::digits; ++bit) {
-            for (int off = -1; off <= 1; ++off) values.push_back(static_cast<T>((u64{1} << bit) + static_cast<u64>(off)));
+            for (int off = -1; off <= 1; ++off)
+                values.push_back(static_cast<T>((u64{1} << bit) + static_cast<u64>(off)));
         }
         for (const T end : {L::min(), L::max()}) {
             values.push_back(end);
@@ -45,8 +46,10 @@ std::vector<T> special_values()
         return values;
     } else {
         std::vector<T> values;
-        for (const double v : {0.0, 0.5, 1.0, 1.5, 2.5, 3.0, 1.0 / 3, 254.5, 65535.5, 0x1p22 + 0.5, 0x1p23, 0x1p23 + 1, 0x1p24 - 1,
-                               0x1p31 - 128, 0x1p31, 0x1p32, 0x1p51 + 0.5, 0x1p53, 1e30, 0x1p-126, 0x1p-140, 1e-30}) {
+        for (const double v :
+             {0.0,          0.5,          1.0,    1.5,        2.5,        3.0,          1.0 / 3, 254.5,
+              65535.5,      0x1p22 + 0.5, 0x1p23, 0x1p23 + 1, 0x1p24 - 1, 0x1p31 - 128, 0x1p31,  0x1p32,
+              0x1p51 + 0.5, 0x1p53,       1e30,   0x1p-126,   0x1p-140,   1e-30}) {
             values.push_back(static_cast<T>(v));
             values.push_back(static_cast<T>(-v));
         }
@@ -62,7 +65,8 @@ std::vector<T> special_values()
 template <class T>
 T quieted(T value)
 {
-    if constexpr (std::is_floating_point<T>::value) return std::isnan(value) ? std::numeric_limits<T>::quiet_NaN() : value;
+    if constexpr (std::is_floating_point<T>::value)
+        return std::isnan(value) ? std::numeric_limits<T>::quiet_NaN() : value;
     else return value;
 }
 
@@ -94,7 +98,8 @@ const Operands<T>& operands()
         }
         for (int i = 0; i < 4096 || o.a.size() % 64 != 0; ++i) {
             for (std::vector<T>* v : {&o.a, &o.b, &o.c}) {
-                v->push_back(quieted(test::random_value<T>(generator, i % 8 == 0 ? test::Fill::near_high : test::Fill::uniform)));
+                v->push_back(quieted(
+                    test::random_value<T>(generator, i % 8 == 0 ? test::Fill::near_high : test::Fill::uniform)));
             }
         }
         return o;
@@ -115,7 +120,9 @@ struct Match {
 constexpr Match exactly = {false, false}, any_nan = {true, false}, of_product = {true, true};
 
 template <class T>
-using BitsLike = std::conditional_t<sizeof(T) == 1, u8, std::conditional_t<sizeof(T) == 2, u16, std::conditional_t<sizeof(T) == 4, u32, u64>>>;
+using BitsLike =
+    std::conditional_t<sizeof(T) == 1, u8,
+                       std::conditional_t<sizeof(T) == 2, u16, std::conditional_t<sizeof(T) == 4, u32, u64>>>;
 template <class T> BitsLike<T> raw(T value)
 {
     BitsLike<T> bits;
@@ -136,7 +143,8 @@ bool matches(R expected, R result, Match match)
     if constexpr (std::is_floating_point<R>::value) {
         if (match.any_nan && std::isnan(expected) && std::isnan(result)) return true;
 #if !defined(__SSE2__)
-        if (match.x87_rounds_twice && !std::isnormal(expected)) return std::abs(expected - result) <= std::numeric_limits<R>::denorm_min();
+        if (match.x87_rounds_twice && !std::isnormal(expected))
+            return std::abs(expected - result) <= std::numeric_limits<R>::denorm_min();
 #endif
     }
     return false;
@@ -159,8 +167,9 @@ struct Words {
                 made += meaning(&o.a.data()[i], &o.b.data()[i], &o.c.data()[i], &expected.data()[made], entry.lanes);
                 for (int k = first; k < made; ++k) {
                     ASSERT_TRUE(matches(expected.data()[k], got.data()[k], match))
-                        << name << " of " << entry.lanes << " lanes, of type " << static_cast<int>(lane) << ": expected "
-                        << +expected.data()[k] << ", got " << +got.data()[k] << " in lane " << k - first << " from "
+                        << name << " of " << entry.lanes << " lanes, of type " << static_cast<int>(lane)
+                        << ": expected " << +expected.data()[k] << ", got " << +got.data()[k] << " in lane "
+                        << k - first << " from "
                         << testing::PrintToString(std::vector<T>(&o.a.data()[i], &o.a.data()[i] + entry.lanes)) << ", "
                         << testing::PrintToString(std::vector<T>(&o.b.data()[i], &o.b.data()[i] + entry.lanes)) << ", "
                         << testing::PrintToString(std::vector<T>(&o.c.data()[i], &o.c.data()[i] + entry.lanes));
@@ -184,7 +193,8 @@ struct Words {
     void packed(const char* name, Lane lane, int operands, Of of)
     {
         add<T, R>(name, lane, [=](const T* a, const T* b, const T* c, R* r, int lanes) {
-            for (int i = 0; i < operands * lanes; ++i) r[i] = static_cast<R>(of(i / lanes, a[i % lanes], b[i % lanes], c[i % lanes]));
+            for (int i = 0; i < operands * lanes; ++i)
+                r[i] = static_cast<R>(of(i / lanes, a[i % lanes], b[i % lanes], c[i % lanes]));
             return operands * lanes;
         });
     }
@@ -220,7 +230,8 @@ void add_integers(Words& words, Lane lane)
     words.each<T>("Not", lane, [](T a, T, T) { return ~a; });
     words.each<T>("OnesWhere", lane, [](T a, T b, T) { return a == b ? -1 : 0; });
     words.each<T>("WidenNarrow", lane, [](T a, T, T) { return a; });
-    words.each<T>("NarrowSaturates", lane, [](T a, T, T) { return clamped<T>(s64{a} * (s64{1} << (8 * sizeof(T) - 1))); });
+    words.each<T>("NarrowSaturates", lane,
+                  [](T a, T, T) { return clamped<T>(s64{a} * (s64{1} << (8 * sizeof(T) - 1))); });
     words.each<T>("InterleavedFirst", lane, [](T a, T, T) { return a; });
     words.each<T>("InterleavedSecond", lane, [](T, T b, T) { return b; });
     words.each<T>("Average", lane, [](T a, T b, T) { return (s64{a} + s64{b} + 1) / 2; });
@@ -299,7 +310,8 @@ void add_floats(Words& words, Lane lane)
     words.each<F>("Less", lane, [](F a, F b, F c) { return a < b ? a : c; });
     words.each<F>("LessEqual", lane, [](F a, F b, F c) { return a <= b ? a : c; });
     words.each<F>("Unlike", lane, [](F a, F b, F c) { return a != b ? a : c; });
-    words.each<F>("Compounded", lane, [](F a, F b, F c) { return rounded<F>(Quad{rounded<F>(Quad{a} + b)} - c); }, any_nan);
+    words.each<F>(
+        "Compounded", lane, [](F a, F b, F c) { return rounded<F>(Quad{rounded<F>(Quad{a} + b)} - c); }, any_nan);
     words.each<F>("Quotient", lane, [](F a, F b, F) { return rounded<F>(Quad{a} / b); }, of_product);
     words.each<F>("NotEqual", lane, [](F a, F b, F c) { return a == b ? c : a; });
     words.add<F, F>("LanesOf", lane, [](const F* a, const F* b, const F*, F* r, int lanes) {
@@ -334,12 +346,15 @@ void add_floats(Words& words, Lane lane)
     neighbours("EvenOf", [](int k, const F* a, const F* b, F) { return k == 0 ? a[0] : b[0]; });
     neighbours("OddOf", [](int k, const F* a, const F* b, F) { return k == 0 ? a[1] : b[1]; });
     neighbours("SplatTwo", [](int k, const F* a, const F*, F) { return rounded<F>(Quad{a[k]} + k + 1); });
-    neighbours("ProductMinusPlus", [](int k, const F* a, const F*, F c) { return rounded<F>(Quad{a[k]} + (k == 0 ? -Quad{c} : Quad{c})); });
-    neighbours("ProductPlusMinus", [](int k, const F* a, const F*, F c) { return rounded<F>(Quad{a[k]} + (k == 0 ? Quad{c} : -Quad{c})); });
+    neighbours("ProductMinusPlus",
+               [](int k, const F* a, const F*, F c) { return rounded<F>(Quad{a[k]} + (k == 0 ? -Quad{c} : Quad{c})); });
+    neighbours("ProductPlusMinus",
+               [](int k, const F* a, const F*, F c) { return rounded<F>(Quad{a[k]} + (k == 0 ? Quad{c} : -Quad{c})); });
     words.each<F>("Unordered", lane, [](F a, F b, F c) { return std::isnan(a) || std::isnan(b) ? a : c; });
     words.each<F>("Root", lane, [](F a, F, F) {
         if (!(a > 0) || std::isinf(a)) return std::sqrt(a);
-        return sizeof(F) == 4 ? rounded<F>(test::Quad{std::sqrt(static_cast<double>(a))}) : static_cast<F>(test::exact_root(static_cast<double>(a)));
+        return sizeof(F) == 4 ? rounded<F>(test::Quad{std::sqrt(static_cast<double>(a))})
+                              : static_cast<F>(test::exact_root(static_cast<double>(a)));
     }, any_nan);
     // Emulators may take the other NaN.
     const Match ordered = {!test::left_nan_wins(), true};
@@ -351,7 +366,8 @@ void add_floats(Words& words, Lane lane)
     words.each<F>("MultiplyOrdered", lane, [=](F a, F b, F) { return first_nan(a, b, Quad{a} * b); }, ordered);
 }
 
-// Lanes in other places: from(i, lanes) is where in a, and behind it in b, the result's lane i stands, or negative for 0.
+// Lanes in other places: from(i, lanes) is where in a, and behind it in b, the result's lane i stands, or negative for
+// 0.
 template <class T, class From>
 void add_move(Words& words, const char* name, Lane lane, From from)
 {
@@ -407,7 +423,9 @@ void add_moves_of(Words& words, Lane lane)
             return lanes;
         }, any_nan);
     }
-    add_move_in_parts<T>(words, "Permuted", lane, [](int i) { return std::array{2, 0, 3, 1}[static_cast<std::size_t>(i % 4)]; });
+    add_move_in_parts<T>(words, "Permuted", lane, [](int i) {
+        return std::array{2, 0, 3, 1}[static_cast<std::size_t>(i % 4)];
+    });
     add_move_in_parts<T>(words, "EvenLanes", lane, [](int i) { return 2 * i; });
     add_move_in_parts<T>(words, "OddLanes", lane, [](int i) { return 2 * i + 1; });
     add_move_in_parts<T>(words, "LowerHalves", lane, [](int i) { return i < part / 2 ? i : part / 2 + i; });
@@ -436,7 +454,8 @@ void add_moves(Words& words)
     add_move<float>(words, "Rotated", Lane::f32, [](int i, int n) { return (i + 3) % n; });
     add_move_in_parts<u8>(words, "Joined", Lane::u8, [](int i) { return i + 5; });
     add_move_in_parts<u8>(words, "SpreadTriples", Lane::u8, [](int i) { return i % 4 == 3 ? -1 : i / 4 * 3 + i % 4; });
-    add_move_in_parts<u8>(words, "SpreadLaterTriples", Lane::u8, [](int i) { return i % 4 == 3 ? -1 : 4 + i / 4 * 3 + i % 4; });
+    add_move_in_parts<u8>(words, "SpreadLaterTriples", Lane::u8,
+                          [](int i) { return i % 4 == 3 ? -1 : 4 + i / 4 * 3 + i % 4; });
     add_move<u8>(words, "PartsLoaded", Lane::u8, [](int i, int) { return i < 16 ? i : i - 4; });
     add_move<u8>(words, "PartsStored", Lane::u8, [](int i, int) { return i; });
     // Three vectors: the result's lower parts are the first half of the row.
@@ -445,27 +464,33 @@ void add_moves(Words& words)
         return n == 48 ? i : at < 16 ? 16 * vector + at : n / 2 + 16 * vector + at - 16;
     });
     // Channel c of pixel p: the pixels of each channel are in an order of their own, those of all in the same place.
-    words.add<float, float>("Separated", Lane::f32, [](const float* a, const float*, const float*, float* r, int lanes) {
-        const int n = lanes / 3;
-        const auto place = [n](int vector, int lane) { return (n * vector + lane) % 3; };
-        for (int c = 0; c < 3; ++c) {
-            for (int i = 0; i < n; ++i) {
-                const int from = (i + c) % n;
-                for (int vector = 0; vector < 3; ++vector) {
-                    if (place(vector, from) == c) r[c * n + i] = a[vector * n + from];
+    words.add<float, float>(
+        "Separated", Lane::f32,
+        [](const float* a, const float*, const float*, float* r, int lanes) {
+            const int n = lanes / 3;
+            const auto place = [n](int vector, int lane) { return (n * vector + lane) % 3; };
+            for (int c = 0; c < 3; ++c) {
+                for (int i = 0; i < n; ++i) {
+                    const int from = (i + c) % n;
+                    for (int vector = 0; vector < 3; ++vector) {
+                        if (place(vector, from) == c) r[c * n + i] = a[vector * n + from];
+                    }
                 }
             }
-        }
-        return lanes;
-    }, any_nan);
-    words.add<float, float>("SideBySide", Lane::f32, [](const float* a, const float*, const float*, float* r, int lanes) {
-        const int n = lanes / 3;
-        for (int k = 0; k < lanes; ++k) {
-            const int c = k % 3, from = k % n;  // the channel's lane before its vector was rotated
-            r[k] = a[c * n + (from + n - c) % n];
-        }
-        return lanes;
-    }, any_nan);
+            return lanes;
+        },
+        any_nan);
+    words.add<float, float>(
+        "SideBySide", Lane::f32,
+        [](const float* a, const float*, const float*, float* r, int lanes) {
+            const int n = lanes / 3;
+            for (int k = 0; k < lanes; ++k) {
+                const int c = k % 3, from = k % n;  // the channel's lane before its vector was rotated
+                r[k] = a[c * n + (from + n - c) % n];
+            }
+            return lanes;
+        },
+        any_nan);
 }
 
 s32 to_int(double v) { return v > -0x1p31 && v < 0x1p31 ? static_cast<s32>(v) : INT32_MIN; }
@@ -509,21 +534,31 @@ Words make_words()
     words.each<u64>("ShiftedRight", Lane::u64, [](u64 a, u64, u64) { return a / 32; });
     words.each<u64, double>("FromBits", Lane::u64, [](u64 a, u64, u64) { return value_of<double>(a); }, any_nan);
     words.each<u32, float>("FromBits", Lane::u32, [](u32 a, u32, u32) { return value_of<float>(a); }, any_nan);
-    words.each<u32, float>("ToFloatSigned", Lane::u32, [](u32 a, u32, u32) { return static_cast<float>(static_cast<s32>(a)); });
+    words.each<u32, float>("ToFloatSigned", Lane::u32,
+                           [](u32 a, u32, u32) { return static_cast<float>(static_cast<s32>(a)); });
     words.each<u32>("ShiftedRightSigned", Lane::u32, [](u32 a, u32, u32) { return static_cast<s32>(a) >> 5; });
     words.each<float, u32>("Bits", Lane::f32, [](float a, float, float) { return raw(a); });
     words.each<double, u64>("Bits", Lane::f64, [](double a, double, double) { return raw(a); });
-    words.each<float, s32>("Truncate", Lane::f32, [](float a, float, float) { return to_int(static_cast<double>(std::trunc(a))); });
-    words.each<float, s32>("RoundToInt", Lane::f32, [](float a, float, float) { return to_int(static_cast<double>(std::nearbyint(a))); });
+    words.each<float, s32>("Truncate", Lane::f32,
+                           [](float a, float, float) { return to_int(static_cast<double>(std::trunc(a))); });
+    words.each<float, s32>("RoundToInt", Lane::f32,
+                           [](float a, float, float) { return to_int(static_cast<double>(std::nearbyint(a))); });
     words.each<float>("ThereAndBack", Lane::f32, [](float a, float, float) { return a; }, any_nan);
-    words.each<float>("RoundedToSingle", Lane::f32, [](float a, float, float) { return rounded<float>(test::Quad{rounded<double>(test::Quad{a} * (1.0 / 3))}); }, any_nan);
-    words.each<float>("ExactProduct", Lane::f32, [](float a, float b, float c) { return rounded<float>(test::Quad{rounded<double>(test::Quad{a} * b + c)}); }, any_nan);
+    words.each<float>(
+        "RoundedToSingle", Lane::f32,
+        [](float a, float, float) { return rounded<float>(test::Quad{rounded<double>(test::Quad{a} * (1.0 / 3))}); },
+        any_nan);
+    words.each<float>(
+        "ExactProduct", Lane::f32,
+        [](float a, float b, float c) { return rounded<float>(test::Quad{rounded<double>(test::Quad{a} * b + c)}); },
+        any_nan);
 
     const auto parts = [&](const char* name, auto from) {
-        words.add<float, float>(name, Lane::f32, [from](const float* a, const float*, const float*, float* r, int lanes) {
-            for (int i = 0; i < lanes; ++i) r[i] = a[from(i, lanes)];
-            return lanes;
-        });
+        words.add<float, float>(name, Lane::f32,
+                                [from](const float* a, const float*, const float*, float* r, int lanes) {
+                                    for (int i = 0; i < lanes; ++i) r[i] = a[from(i, lanes)];
+                                    return lanes;
+                                });
     };
     parts("Parts", [](int i, int n) { return i < n / 2 ? 2 * i : 2 * (i - n / 2) + 1; });
     parts("PartsMirrored", [](int i, int n) { return i < n / 2 ? n - 2 - 2 * i : 2 * n - 1 - 2 * i; });
@@ -539,7 +574,8 @@ Words make_words()
         return (lanes + 7) / 8;
     });
     words.add<s16, s32>("SumOfProducts", Lane::s16, [](const s16* a, const s16* b, const s16*, s32* r, int lanes) {
-        for (int i = 0; i < lanes; ++i) r[i / 2] = static_cast<s32>(static_cast<u32>(i % 2 == 0 ? 0 : r[i / 2]) + static_cast<u32>(a[i] * b[i]));
+        for (int i = 0; i < lanes; ++i)
+            r[i / 2] = static_cast<s32>(static_cast<u32>(i % 2 == 0 ? 0 : r[i / 2]) + static_cast<u32>(a[i] * b[i]));
         return (lanes + 1) / 2;
     });
     words.each<u8, u16>("LoadAs", Lane::u8, [](u8 a, u8, u8) { return a; });
@@ -549,21 +585,28 @@ Words make_words()
     words.each<u8, s32>("LoadAsInt", Lane::u8, [](u8 a, u8, u8) { return a; });
     words.each<u16, double>("LoadAsDouble", Lane::u16, [](u16 a, u16, u16) { return a; });
     words.each<u8, double>("LoadAsDouble", Lane::u8, [](u8 a, u8, u8) { return a; });
-    words.each<float, double>("LoadAsDouble", Lane::f32, [](float a, float, float) { return static_cast<double>(a); }, any_nan);
+    words.each<float, double>(
+        "LoadAsDouble", Lane::f32, [](float a, float, float) { return static_cast<double>(a); }, any_nan);
     words.each<u32, float>("UnsignedInDouble", Lane::u32, [](u32 a, u32, u32) { return static_cast<float>(a); });
     words.each<s32, u8>("StoredInBytes", Lane::s32, [](s32 a, s32, s32) { return clamped<u8>(a); });
     words.each<s32, u16>("StoredInWords", Lane::s32, [](s32 a, s32, s32) { return clamped<u16>(a); });
-    words.each<double, u8>("StoredInBytes", Lane::f64, [](double a, double, double) { return clamped<u8>(to_int(std::nearbyint(a))); });
-    words.each<double, u16>("StoredInWords", Lane::f64, [](double a, double, double) { return clamped<u16>(to_int(std::nearbyint(a))); });
+    words.each<double, u8>("StoredInBytes", Lane::f64,
+                           [](double a, double, double) { return clamped<u8>(to_int(std::nearbyint(a))); });
+    words.each<double, u16>("StoredInWords", Lane::f64,
+                            [](double a, double, double) { return clamped<u16>(to_int(std::nearbyint(a))); });
     const float nan = value_of<float>(0x7FC00000);
-    words.each<double, float>("StoredInFloats", Lane::f64, [nan](double a, double, double) { return std::isnan(a) ? nan : rounded<float>(test::Quad{a}); });
+    words.each<double, float>("StoredInFloats", Lane::f64, [nan](double a, double, double) {
+        return std::isnan(a) ? nan : rounded<float>(test::Quad{a});
+    });
     words.each<float>("OneNan", Lane::f32, [nan](float a, float, float) { return std::isnan(a) ? nan : a; });
     words.add<u16, u8>("Narrowed", Lane::u16, [](const u16* a, const u16*, const u16*, u8* r, int lanes) {
         for (int i = 0; i < lanes; ++i) r[i] = static_cast<u8>(clamped<u8>(static_cast<s16>(a[i])));
         return lanes;
     });
     words.add<u8, s16>("WeightedBytes", Lane::u8, [](const u8* a, const u8* b, const u8*, s16* r, int lanes) {
-        for (int i = 0; i < lanes; i += 2) r[i / 2] = static_cast<s16>(clamped<s16>(a[i] * static_cast<signed char>(b[i]) + a[i + 1] * static_cast<signed char>(b[i + 1])));
+        for (int i = 0; i < lanes; i += 2)
+            r[i / 2] = static_cast<s16>(
+                clamped<s16>(a[i] * static_cast<signed char>(b[i]) + a[i + 1] * static_cast<signed char>(b[i + 1])));
         return lanes / 2;
     });
     words.add<u8, u8>("EqualBytes", Lane::u8, [](const u8* a, const u8* b, const u8*, u8* r, int lanes) {
@@ -574,7 +617,8 @@ Words make_words()
     });
     words.each<s16>("MultiplyRounded", Lane::s16, [](s16 a, s16 b, s16) { return (a * b + 16384) >> 15; });
     words.each<u32>("MultiplyHighBy", Lane::u32, [](u32 a, u32, u32) { return u64{a} * 3141592653u >> 32; });
-    words.each<u64>("LowerProducts", Lane::u64, [](u64 a, u64 b, u64) { return s64{static_cast<s32>(a)} * static_cast<s32>(b); });
+    words.each<u64>("LowerProducts", Lane::u64,
+                    [](u64 a, u64 b, u64) { return s64{static_cast<s32>(a)} * static_cast<s32>(b); });
     words.add<u64, s32>("LowerDwords", Lane::u64, [](const u64* a, const u64* b, const u64*, s32* r, int lanes) {
         for (int i = 0; i < 2 * lanes; ++i) r[i] = static_cast<s32>(i < lanes ? a[i] : b[i - lanes]);
         return 2 * lanes;
@@ -638,19 +682,28 @@ Words make_words()
     };
     sums_of_parts(float{}, Lane::f32);
     sums_of_parts(double{}, Lane::f64);
-    words.add<double, double>("NeighbourSums", Lane::f64, [](const double* a, const double* b, const double*, double* r, int lanes) {
-        for (int i = 0; i < lanes; ++i) r[i] = rounded<double>(i % 2 == 0 ? test::Quad{a[i]} + a[i + 1] : test::Quad{b[i - 1]} + b[i]);
-        return lanes;
-    }, any_nan);
-    words.add<double, double>("HalvesPermutedBy", Lane::f64, [](const double* a, const double*, const double*, double* r, int lanes) {
-        const int order[] = {7, 3, 0, 0, 6, 1, 2, 5};
-        u32 halves[8], permuted[8];
-        std::memcpy(halves, a, sizeof(halves));
-        for (int i = 0; i < 8; ++i) permuted[i] = halves[order[i]];
-        std::memcpy(r, permuted, sizeof(permuted));
-        return lanes;
-    }, any_nan);
-    words.each<double>("InSingle", Lane::f64, [](double a, double, double) { return static_cast<double>(rounded<float>(test::Quad{a})); }, any_nan);
+    words.add<double, double>(
+        "NeighbourSums", Lane::f64,
+        [](const double* a, const double* b, const double*, double* r, int lanes) {
+            for (int i = 0; i < lanes; ++i)
+                r[i] = rounded<double>(i % 2 == 0 ? test::Quad{a[i]} + a[i + 1] : test::Quad{b[i - 1]} + b[i]);
+            return lanes;
+        },
+        any_nan);
+    words.add<double, double>(
+        "HalvesPermutedBy", Lane::f64,
+        [](const double* a, const double*, const double*, double* r, int lanes) {
+            const int order[] = {7, 3, 0, 0, 6, 1, 2, 5};
+            u32 halves[8], permuted[8];
+            std::memcpy(halves, a, sizeof(halves));
+            for (int i = 0; i < 8; ++i) permuted[i] = halves[order[i]];
+            std::memcpy(r, permuted, sizeof(permuted));
+            return lanes;
+        },
+        any_nan);
+    words.each<double>(
+        "InSingle", Lane::f64,
+        [](double a, double, double) { return static_cast<double>(rounded<float>(test::Quad{a})); }, any_nan);
     words.each<float>("Floor", Lane::f32, [](float a, float, float) { return std::floor(a); }, any_nan);
     words.each<double>("WholePart", Lane::f64, [](double a, double, double) { return std::trunc(a); }, any_nan);
     words.each<double, u64>("InWords", Lane::f64, [](double a, double, double) {
@@ -660,9 +713,13 @@ Words make_words()
     words.each<double, u64>("InSignedWords", Lane::f64, [](double a, double, double) {
         return static_cast<u64>(static_cast<s64>(std::trunc(std::abs(a) < 0x1p51 ? a : -3.0)));
     });
-    words.packed<s32, u16>("PackTwo", Lane::s32, 2, [](int of, s32 a, s32 b, s32) { return (of == 0 ? a : b) & 65535; });
-    words.packed<s32, u8>("PackFour", Lane::s32, 4, [](int of, s32 a, s32 b, s32 c) { return (of == 1 ? b : of == 2 ? c : a) & 255; });
-    words.packed<s16, u8>("PackMasks", Lane::s16, 2, [](int of, s16 a, s16 b, s16 c) { return a == (of == 0 ? b : c) ? 255 : 0; });
+    words.packed<s32, u16>("PackTwo", Lane::s32, 2,
+                           [](int of, s32 a, s32 b, s32) { return (of == 0 ? a : b) & 65535; });
+    words.packed<s32, u8>("PackFour", Lane::s32, 4, [](int of, s32 a, s32 b, s32 c) {
+        return (of == 1 ? b : of == 2 ? c : a) & 255;
+    });
+    words.packed<s16, u8>("PackMasks", Lane::s16, 2,
+                          [](int of, s16 a, s16 b, s16 c) { return a == (of == 0 ? b : c) ? 255 : 0; });
     words.packed<s32, u8>("PackFourMasks", Lane::s32, 4, [](int of, s32 a, s32 b, s32 c) {
         return of == 3 || (of == 2 ? b == c : a == (of == 0 ? b : c)) ? 255 : 0;
     });
@@ -681,7 +738,8 @@ void expect_meanings(Entries entries)
     for (int i = 0; i < entries.count; ++i) {
         const Entry& entry = entries.first[i];
         const auto check = words.checks.find({entry.name, entry.lane});
-        ASSERT_NE(check, words.checks.end()) << entry.name << " has no meaning for lane type " << static_cast<int>(entry.lane);
+        ASSERT_NE(check, words.checks.end())
+            << entry.name << " has no meaning for lane type " << static_cast<int>(entry.lane);
         check->second(entry);
     }
 }

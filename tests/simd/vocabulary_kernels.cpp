@@ -49,7 +49,12 @@ void run(const void* a, const void* b, const void* c, void* results, int n)
 }
 
 #define OPERATION(name, expression) \
-    struct name { template <class V> static ORV_INLINE auto of([[maybe_unused]] V a, [[maybe_unused]] V b, [[maybe_unused]] V c) { return expression; } };
+    struct name { \
+        template <class V> static ORV_INLINE auto of([[maybe_unused]] V a, [[maybe_unused]] V b, [[maybe_unused]] V c) \
+        { \
+            return expression; \
+        } \
+    };
 
 OPERATION(Add, a + b)
 OPERATION(Subtract, a - b)
@@ -121,14 +126,16 @@ struct ExactProduct {
     template <class V> static ORV_INLINE V of(V a, V b, V c)
     {
         const auto x = to_double(a), y = to_double(b), z = to_double(c);
-        return to_float(decltype(to_double(a)){add_exact_product(x.lo, y.lo, z.lo), add_exact_product(x.hi, y.hi, z.hi)});
+        return to_float(
+            decltype(to_double(a)){add_exact_product(x.lo, y.lo, z.lo), add_exact_product(x.hi, y.hi, z.hi)});
     }
 };
 
 OPERATION(WidenNarrow, narrow(widen(a)))
 // Up to the largest number that narrow() takes.
 OPERATION(NarrowSaturates, narrow(widen(a) << count(8 * sizeof(typename V::lane) - 1)))
-OPERATION(InterleavedFirst, narrow(decltype(widen(a)){widen(a).lo & interleave(a, b).lo, widen(a).hi & interleave(a, b).hi}))
+OPERATION(InterleavedFirst,
+          narrow(decltype(widen(a)){widen(a).lo & interleave(a, b).lo, widen(a).hi& interleave(a, b).hi}))
 OPERATION(InterleavedSecond, narrow(decltype(widen(a)){upper(interleave(a, b).lo), upper(interleave(a, b).hi)}))
 OPERATION(Average, average(a, b))
 OPERATION(Magnitude, magnitude(a))
@@ -189,7 +196,14 @@ void run_in_memory(const void* a, const void*, const void*, void* results, int n
     }
 }
 #define IN_MEMORY(name, statement) \
-    struct name { template <class V> static ORV_INLINE void of([[maybe_unused]] const typename V::lane* from, [[maybe_unused]] typename V::lane* to, [[maybe_unused]] int some) { statement; } };
+    struct name { \
+        template <class V> \
+        static ORV_INLINE void of([[maybe_unused]] const typename V::lane* from, \
+                                  [[maybe_unused]] typename V::lane* to, [[maybe_unused]] int some) \
+        { \
+            statement; \
+        } \
+    };
 IN_MEMORY(PartLoaded, store(to, load_part<V>(from, some)))
 IN_MEMORY(PartStored, store_part(to, load<V>(from), some))
 IN_MEMORY(Splat, store(to, splat_at<V>(from + 1)))
@@ -219,7 +233,10 @@ void run_three(const void* a, const void*, const void*, void* results, int n)
         store(to + 2 * V::N, r.c);
     }
 }
-#define ON_THREE(name, expression) struct name { template <class V> static ORV_INLINE three<V> of(three<V> p) { return expression; } };
+#define ON_THREE(name, expression) \
+    struct name { \
+        template <class V> static ORV_INLINE three<V> of(three<V> p) { return expression; } \
+    };
 ON_THREE(InParts, in_parts(p))
 ON_THREE(Separated, separated(p))
 ON_THREE(SideBySide, side_by_side(p))
@@ -243,7 +260,8 @@ template <class V, class To>
 void run_store_as(const void* a, const void*, const void*, void* results, int n)
 {
     const orv::FloatControl control;
-    for (int i = 0; i < n; i += V::N) store_as(static_cast<To*>(results) + i, load<V>(static_cast<const typename V::lane*>(a) + i));
+    for (int i = 0; i < n; i += V::N)
+        store_as(static_cast<To*>(results) + i, load<V>(static_cast<const typename V::lane*>(a) + i));
 }
 #define STORED(V, name, T, To) {#name, lane_of<T>, V::N, run_store_as<V, To>}
 #endif
@@ -300,13 +318,17 @@ void run_parts_stored(const void* a, const void*, const void*, void* results, in
     for (int i = 0; i < n; i += 2 * V::N) {
         const float* const p = static_cast<const float*>(a) + i;
         float* const to = static_cast<float*>(results) + i;
-        if (mirrored) interleaved<V>::store_mirrored(to + 2 * (V::N - 1), interleaved<V>::load_mirrored(p + 2 * (V::N - 1)));
+        if (mirrored)
+            interleaved<V>::store_mirrored(to + 2 * (V::N - 1), interleaved<V>::load_mirrored(p + 2 * (V::N - 1)));
         else interleaved<V>::store(to, interleaved<V>::load(p));
     }
 }
-#define PARTS(V)                                                                                             \
+#define PARTS(V) \
     {"Parts", Lane::f32, 2 * V::N, run_parts<V, false>}, {"PartsMirrored", Lane::f32, 2 * V::N, run_parts<V, true>}, \
-    {"PartsStored", Lane::f32, 2 * V::N, run_parts_stored<V, false>}, {"PartsStored", Lane::f32, 2 * V::N, run_parts_stored<V, true>}
+        {"PartsStored", Lane::f32, 2 * V::N, run_parts_stored<V, false>}, \
+    { \
+        "PartsStored", Lane::f32, 2 * V::N, run_parts_stored<V, true> \
+    }
 
 #if ORV_HAVE_VECTORS
 template <class V>
@@ -339,7 +361,11 @@ void run_ends(const void* a, const void*, const void*, void* results, int n)
 
 #define AT(V, name, T) {#name, lane_of<T>, V::N, run<name, V>}
 #define ONE(name, T) {#name, lane_of<T>, 1, run<name, vec<T, 1>>}
-#define REGISTERS(name, T) {#name, lane_of<T>, half<T>::N, run<name, half<T>>}, {#name, lane_of<T>, widest<T>::N, run<name, widest<T>>}
+#define REGISTERS(name, T) \
+    {#name, lane_of<T>, half<T>::N, run<name, half<T>>}, \
+    { \
+#name, lane_of < T>, widest < T> ::N, run < name, widest < T>> \
+    }
 #define SINGLE(name, T) ONE(name, T), REGISTERS(name, T)
 #define ANY(name, T) SINGLE(name, T), {#name, lane_of<T>, 2 * widest<T>::N, run<name, twice<widest<T>>>}
 #define INTEGERS(name) ANY(name, u8), ANY(name, u16), ANY(name, s16), ANY(name, u32), ANY(name, s32)
@@ -349,106 +375,309 @@ void run_ends(const void* a, const void*, const void*, void* results, int n)
 #define SHIFTED(name) ANY(name, u16), ANY(name, s16), ANY(name, u32), ANY(name, s32)
 
 const Entry all_entries[] = {
-    INTEGERS(Add), FLOATS(Add),
-    INTEGERS(Subtract), FLOATS(Subtract),
-    FLOATS(Multiply), FLOATS(Divide), FLOATS(Root), FLOATS(AddOrdered), FLOATS(MultiplyOrdered),
-    ANY(AddSaturate, u8), ANY(AddSaturate, u16), ANY(AddSaturate, s16), ANY(AddSaturate, s32),
-    ANY(SubtractSaturate, u8), ANY(SubtractSaturate, u16), ANY(SubtractSaturate, s16), ANY(SubtractSaturate, s32),
-    ANY(MultiplyLow, u16), ANY(MultiplyLow, s16), ANY(MultiplyLow, s32), ANY(MultiplyHigh, u16), ANY(MultiplyHigh, s16),
-    INTEGERS(Smaller), FLOATS(Smaller),
-    ANY(Larger, u8), ANY(Larger, u16), ANY(Larger, s16), ANY(Larger, s32), FLOATS(Larger),
-    INTEGERS(And), FLOATS(And), INTEGERS(Or), FLOATS(Or), INTEGERS(Xor), FLOATS(Xor), INTEGERS(Not),
-    INTEGERS(AndNot), FLOATS(AndNot),
-    SHIFTED(ShiftLeft), SHIFTED(ShiftRight), SHIFTED(ShiftAllOut),
-    INTEGERS(Equal), FLOATS(Equal),
-    ANY(Greater, u8), ANY(Greater, u16), ANY(Greater, s16), ANY(Greater, s32), FLOATS(Greater),
-    ANY(GreaterEqual, u8), ANY(GreaterEqual, u16), ANY(GreaterEqual, s16), FLOATS(GreaterEqual),
-    FLOATS(Unordered), SINGLE(SelectBySign, s32),
-    INTEGERS(BothHold), FLOATS(BothHold), INTEGERS(OneHolds), FLOATS(OneHolds), INTEGERS(FirstFails), FLOATS(FirstFails),
-    INTEGERS(Any), FLOATS(Any), INTEGERS(All), FLOATS(All), SINGLE(OnesWhere, u8), SINGLE(OnesWhere, s32),
-    SINGLE(ToFloat, s32), FLOATS(Magnitude), FLOATS(Less), SINGLE(LessEqual, float), SINGLE(LessEqual, double),
-    SINGLE(NotEqual, float), SINGLE(NotEqual, double), SINGLE(LanesOf, float), SINGLE(LanesOf, double),
-    SINGLE(MinusProduct, float), SINGLE(MinusProduct, double), FLOATS(WithNumbers),
-    BESIDE(FromBits, u32), BESIDE(ToFloatSigned, u32), BESIDE(Add, u32), BESIDE(Subtract, u32), BESIDE(And, u32), BESIDE(Or, u32),
-    BESIDE(Xor, u32), BESIDE(ShiftedLeft, u32), BESIDE(ShiftedRight, u32), BESIDE(ShiftedRightSigned, u32),
-    BESIDE(Add, u64), BESIDE(Subtract, u64), BESIDE(And, u64), BESIDE(Or, u64), BESIDE(Xor, u64), BESIDE(FromBits, u64),
-    BESIDE(ShiftedLeft, u64), BESIDE(ShiftedRight, u64), SINGLE(ShiftedLeft, u16), SINGLE(ShiftedRight, u16), SINGLE(ShiftedRight, s16),
-    SINGLE(ShiftedLeft, s32), SINGLE(ShiftedRight, s32),
-    SINGLE(EvenTwice, double), SINGLE(OddTwice, double), SINGLE(Exchanged, double), SINGLE(EvenOf, double), SINGLE(OddOf, double),
-    SINGLE(SplatTwo, double), ONE(ProductMinusPlus, double), AT(widest<double>, ProductMinusPlus, double),
-    ONE(ProductPlusMinus, double), AT(widest<double>, ProductPlusMinus, double),
+    INTEGERS(Add),
+    FLOATS(Add),
+    INTEGERS(Subtract),
+    FLOATS(Subtract),
+    FLOATS(Multiply),
+    FLOATS(Divide),
+    FLOATS(Root),
+    FLOATS(AddOrdered),
+    FLOATS(MultiplyOrdered),
+    ANY(AddSaturate, u8),
+    ANY(AddSaturate, u16),
+    ANY(AddSaturate, s16),
+    ANY(AddSaturate, s32),
+    ANY(SubtractSaturate, u8),
+    ANY(SubtractSaturate, u16),
+    ANY(SubtractSaturate, s16),
+    ANY(SubtractSaturate, s32),
+    ANY(MultiplyLow, u16),
+    ANY(MultiplyLow, s16),
+    ANY(MultiplyLow, s32),
+    ANY(MultiplyHigh, u16),
+    ANY(MultiplyHigh, s16),
+    INTEGERS(Smaller),
+    FLOATS(Smaller),
+    ANY(Larger, u8),
+    ANY(Larger, u16),
+    ANY(Larger, s16),
+    ANY(Larger, s32),
+    FLOATS(Larger),
+    INTEGERS(And),
+    FLOATS(And),
+    INTEGERS(Or),
+    FLOATS(Or),
+    INTEGERS(Xor),
+    FLOATS(Xor),
+    INTEGERS(Not),
+    INTEGERS(AndNot),
+    FLOATS(AndNot),
+    SHIFTED(ShiftLeft),
+    SHIFTED(ShiftRight),
+    SHIFTED(ShiftAllOut),
+    INTEGERS(Equal),
+    FLOATS(Equal),
+    ANY(Greater, u8),
+    ANY(Greater, u16),
+    ANY(Greater, s16),
+    ANY(Greater, s32),
+    FLOATS(Greater),
+    ANY(GreaterEqual, u8),
+    ANY(GreaterEqual, u16),
+    ANY(GreaterEqual, s16),
+    FLOATS(GreaterEqual),
+    FLOATS(Unordered),
+    SINGLE(SelectBySign, s32),
+    INTEGERS(BothHold),
+    FLOATS(BothHold),
+    INTEGERS(OneHolds),
+    FLOATS(OneHolds),
+    INTEGERS(FirstFails),
+    FLOATS(FirstFails),
+    INTEGERS(Any),
+    FLOATS(Any),
+    INTEGERS(All),
+    FLOATS(All),
+    SINGLE(OnesWhere, u8),
+    SINGLE(OnesWhere, s32),
+    SINGLE(ToFloat, s32),
+    FLOATS(Magnitude),
+    FLOATS(Less),
+    SINGLE(LessEqual, float),
+    SINGLE(LessEqual, double),
+    SINGLE(NotEqual, float),
+    SINGLE(NotEqual, double),
+    SINGLE(LanesOf, float),
+    SINGLE(LanesOf, double),
+    SINGLE(MinusProduct, float),
+    SINGLE(MinusProduct, double),
+    FLOATS(WithNumbers),
+    BESIDE(FromBits, u32),
+    BESIDE(ToFloatSigned, u32),
+    BESIDE(Add, u32),
+    BESIDE(Subtract, u32),
+    BESIDE(And, u32),
+    BESIDE(Or, u32),
+    BESIDE(Xor, u32),
+    BESIDE(ShiftedLeft, u32),
+    BESIDE(ShiftedRight, u32),
+    BESIDE(ShiftedRightSigned, u32),
+    BESIDE(Add, u64),
+    BESIDE(Subtract, u64),
+    BESIDE(And, u64),
+    BESIDE(Or, u64),
+    BESIDE(Xor, u64),
+    BESIDE(FromBits, u64),
+    BESIDE(ShiftedLeft, u64),
+    BESIDE(ShiftedRight, u64),
+    SINGLE(ShiftedLeft, u16),
+    SINGLE(ShiftedRight, u16),
+    SINGLE(ShiftedRight, s16),
+    SINGLE(ShiftedLeft, s32),
+    SINGLE(ShiftedRight, s32),
+    SINGLE(EvenTwice, double),
+    SINGLE(OddTwice, double),
+    SINGLE(Exchanged, double),
+    SINGLE(EvenOf, double),
+    SINGLE(OddOf, double),
+    SINGLE(SplatTwo, double),
+    ONE(ProductMinusPlus, double),
+    AT(widest<double>, ProductMinusPlus, double),
+    ONE(ProductPlusMinus, double),
+    AT(widest<double>, ProductPlusMinus, double),
 #if ORV_HAVE_FUSED
-    REGISTERS(Fused, double), REGISTERS(FusedMinus, double), REGISTERS(FusedLess, double), REGISTERS(Fused, float),
+    REGISTERS(Fused, double),
+    REGISTERS(FusedMinus, double),
+    REGISTERS(FusedLess, double),
+    REGISTERS(Fused, float),
     {"Fused", Lane::f32, 16, run<Fused, twice<widest<float>>>},
 #endif
     SINGLE(ThirdInDouble, s32),
-    SINGLE(Bits, float), SINGLE(Bits, double), ONE(Truncate, float), ONE(RoundToInt, float),
-    SINGLE(ThereAndBack, float), SINGLE(RoundedToSingle, float), SINGLE(ExactProduct, float),
-    SINGLE(WidenNarrow, u8), SINGLE(WidenNarrow, u16), SINGLE(WidenNarrow, s16),
-    SINGLE(NarrowSaturates, u8), SINGLE(NarrowSaturates, u16), SINGLE(NarrowSaturates, s16),
-    SINGLE(InterleavedFirst, u8), SINGLE(InterleavedFirst, u16), SINGLE(InterleavedSecond, u8), SINGLE(InterleavedSecond, u16),
-    SINGLE(Average, u8), SINGLE(Average, u16), SINGLE(Magnitude, s16), SINGLE(Halved, u16), SINGLE(Raised, u16),
-    SINGLE(Upper, u16), SINGLE(Upper, u32), SINGLE(Upper, u64), SINGLE(AddWide, u64),
-    SINGLE(SumOfBytes, u8), SINGLE(SumOfProducts, s16), SINGLE(ProductNarrowed, s32), SINGLE(ProductScaledDown, s32),
-    SINGLE(InRegister, u8), PARTS(half<float>), PARTS(widest<float>),
-    SINGLE(Unlike, float), SINGLE(Unlike, double), SINGLE(SignsOfLanes, s32), SINGLE(NoneSet, u8), SINGLE(NoneSet, u32), BESIDE(NoneSet, u32),
-    SINGLE(MultiplyHighBy, u32), SINGLE(ProductWrapped, s32), SINGLE(ProductsFit, s32),
-    SINGLE(Compounded, float), SINGLE(Compounded, double), SINGLE(Quotient, float),
+    SINGLE(Bits, float),
+    SINGLE(Bits, double),
+    ONE(Truncate, float),
+    ONE(RoundToInt, float),
+    SINGLE(ThereAndBack, float),
+    SINGLE(RoundedToSingle, float),
+    SINGLE(ExactProduct, float),
+    SINGLE(WidenNarrow, u8),
+    SINGLE(WidenNarrow, u16),
+    SINGLE(WidenNarrow, s16),
+    SINGLE(NarrowSaturates, u8),
+    SINGLE(NarrowSaturates, u16),
+    SINGLE(NarrowSaturates, s16),
+    SINGLE(InterleavedFirst, u8),
+    SINGLE(InterleavedFirst, u16),
+    SINGLE(InterleavedSecond, u8),
+    SINGLE(InterleavedSecond, u16),
+    SINGLE(Average, u8),
+    SINGLE(Average, u16),
+    SINGLE(Magnitude, s16),
+    SINGLE(Halved, u16),
+    SINGLE(Raised, u16),
+    SINGLE(Upper, u16),
+    SINGLE(Upper, u32),
+    SINGLE(Upper, u64),
+    SINGLE(AddWide, u64),
+    SINGLE(SumOfBytes, u8),
+    SINGLE(SumOfProducts, s16),
+    SINGLE(ProductNarrowed, s32),
+    SINGLE(ProductScaledDown, s32),
+    SINGLE(InRegister, u8),
+    PARTS(half<float>),
+    PARTS(widest<float>),
+    SINGLE(Unlike, float),
+    SINGLE(Unlike, double),
+    SINGLE(SignsOfLanes, s32),
+    SINGLE(NoneSet, u8),
+    SINGLE(NoneSet, u32),
+    BESIDE(NoneSet, u32),
+    SINGLE(MultiplyHighBy, u32),
+    SINGLE(ProductWrapped, s32),
+    SINGLE(ProductsFit, s32),
+    SINGLE(Compounded, float),
+    SINGLE(Compounded, double),
+    SINGLE(Quotient, float),
 #if ORV_HAVE_VECTORS
     {"Transpose", Lane::f32, 16, run_transpose<half<float>>},
-    REGISTERS(Alternate, s16), REGISTERS(Alternate, s32), REGISTERS(Pairs, u32), REGISTERS(Permuted, s32), REGISTERS(Permuted, float),
-    REGISTERS(Reversed, u16), REGISTERS(Reversed, u32), REGISTERS(ExchangedParts, u8), REGISTERS(Blended, float), REGISTERS(EvenLanes, s32), REGISTERS(OddLanes, s32),
-    REGISTERS(LowerHalves, u16), REGISTERS(UpperHalves, u16), REGISTERS(Joined, u8), REGISTERS(SpreadTriples, u8), REGISTERS(SpreadLaterTriples, u8),
-    AT(half<float>, Rotated, float), REGISTERS(Ascending, float), REGISTERS(Ascending, double), AT(half<u32>, FourLanes, u32), REGISTERS(EqualBytes, u8),
-    MEMORY(half<float>, PartLoaded, float), MEMORY(half<float>, PartStored, float), MEMORY(half<double>, PartLoaded, double),
-    MEMORY(half<double>, PartStored, double), MEMORY(widest<float>, PartLoaded, float), MEMORY(widest<float>, PartStored, float),
-    MEMORY(widest<double>, PartLoaded, double), MEMORY(widest<double>, PartStored, double), MEMORY(half<float>, Splat, float),
-    MEMORY(half<double>, Splat, double), MEMORY(widest<float>, Splat, float), MEMORY(widest<double>, Splat, double),
-    MEMORY(half<u16>, LowerLoaded, u16), MEMORY(half<u8>, First4, u8), MEMORY(half<u8>, First8, u8), MEMORY(half<u8>, First12, u8),
-    MEMORY(half<u8>, First16, u8), MEMORY(half<double>, First8, double), MEMORY(half<u8>, Last4, u8), MEMORY(half<u8>, Last8, u8),
-    MEMORY(half<double>, Last8, double), MEMORY(half<u8>, Repeated, u8), MEMORY(widest<u8>, Repeated, u8), MEMORY(widest<float>, Repeated, float),
-    MEMORY(half<u8>, PartsLoaded, u8), MEMORY(widest<u8>, PartsLoaded, u8), MEMORY(half<u8>, PartsStored, u8), MEMORY(widest<u8>, PartsStored, u8),
-    THREE(half<u8>, InParts, u8), THREE(widest<u8>, InParts, u8), THREE(half<float>, Separated, float), THREE(half<float>, SideBySide, float),
-    SQUARE(half<float>, float), SQUARE(half<double>, double), SQUARE(widest<float>, float), SQUARE(widest<double>, double),
+    REGISTERS(Alternate, s16),
+    REGISTERS(Alternate, s32),
+    REGISTERS(Pairs, u32),
+    REGISTERS(Permuted, s32),
+    REGISTERS(Permuted, float),
+    REGISTERS(Reversed, u16),
+    REGISTERS(Reversed, u32),
+    REGISTERS(ExchangedParts, u8),
+    REGISTERS(Blended, float),
+    REGISTERS(EvenLanes, s32),
+    REGISTERS(OddLanes, s32),
+    REGISTERS(LowerHalves, u16),
+    REGISTERS(UpperHalves, u16),
+    REGISTERS(Joined, u8),
+    REGISTERS(SpreadTriples, u8),
+    REGISTERS(SpreadLaterTriples, u8),
+    AT(half<float>, Rotated, float),
+    REGISTERS(Ascending, float),
+    REGISTERS(Ascending, double),
+    AT(half<u32>, FourLanes, u32),
+    REGISTERS(EqualBytes, u8),
+    MEMORY(half<float>, PartLoaded, float),
+    MEMORY(half<float>, PartStored, float),
+    MEMORY(half<double>, PartLoaded, double),
+    MEMORY(half<double>, PartStored, double),
+    MEMORY(widest<float>, PartLoaded, float),
+    MEMORY(widest<float>, PartStored, float),
+    MEMORY(widest<double>, PartLoaded, double),
+    MEMORY(widest<double>, PartStored, double),
+    MEMORY(half<float>, Splat, float),
+    MEMORY(half<double>, Splat, double),
+    MEMORY(widest<float>, Splat, float),
+    MEMORY(widest<double>, Splat, double),
+    MEMORY(half<u16>, LowerLoaded, u16),
+    MEMORY(half<u8>, First4, u8),
+    MEMORY(half<u8>, First8, u8),
+    MEMORY(half<u8>, First12, u8),
+    MEMORY(half<u8>, First16, u8),
+    MEMORY(half<double>, First8, double),
+    MEMORY(half<u8>, Last4, u8),
+    MEMORY(half<u8>, Last8, u8),
+    MEMORY(half<double>, Last8, double),
+    MEMORY(half<u8>, Repeated, u8),
+    MEMORY(widest<u8>, Repeated, u8),
+    MEMORY(widest<float>, Repeated, float),
+    MEMORY(half<u8>, PartsLoaded, u8),
+    MEMORY(widest<u8>, PartsLoaded, u8),
+    MEMORY(half<u8>, PartsStored, u8),
+    MEMORY(widest<u8>, PartsStored, u8),
+    THREE(half<u8>, InParts, u8),
+    THREE(widest<u8>, InParts, u8),
+    THREE(half<float>, Separated, float),
+    THREE(half<float>, SideBySide, float),
+    SQUARE(half<float>, float),
+    SQUARE(half<double>, double),
+    SQUARE(widest<float>, float),
+    SQUARE(widest<double>, double),
     AT(half<u32>, UnsignedInDouble, u32),
 #endif
 #if ORV_HAVE_FLOAT256
     {"Transpose", Lane::f32, 32, run_transpose<vec<float, 8>>},
-    AT(EightFloats, LowerParts, float), AT(FourDoubles, LowerParts, double), AT(EightFloats, UpperParts, float),
-    AT(FourDoubles, UpperParts, double), AT(EightFloats, SumsOfParts, float), AT(FourDoubles, SumsOfParts, double),
-    AT(FourDoubles, NeighbourSums, double), AT(EightFloats, Floor, float), AT(FourDoubles, PartsApart, double),
-    AT(FourDoubles, InSingle, double), MEMORY(EightFloats, HalvesLoaded, float), MEMORY(FourDoubles, HalvesLoaded, double),
+    AT(EightFloats, LowerParts, float),
+    AT(FourDoubles, LowerParts, double),
+    AT(EightFloats, UpperParts, float),
+    AT(FourDoubles, UpperParts, double),
+    AT(EightFloats, SumsOfParts, float),
+    AT(FourDoubles, SumsOfParts, double),
+    AT(FourDoubles, NeighbourSums, double),
+    AT(EightFloats, Floor, float),
+    AT(FourDoubles, PartsApart, double),
+    AT(FourDoubles, InSingle, double),
+    MEMORY(EightFloats, HalvesLoaded, float),
+    MEMORY(FourDoubles, HalvesLoaded, double),
     MEMORY(EightFloats, HalvesStored, float),
 #endif
 #if ORV_HAVE_INT256
-    AT(widest<float>, Rotated, float), AT(widest<s16>, MultiplyRounded, s16), AT(half<s16>, MultiplyRounded, s16), AT(widest<float>, PermutedBy, float), AT(widest<s32>, PermutedBy, s32),
-    AT(widest<double>, HalvesPermutedBy, double), AT(widest<s32>, LargestLane, s32),
-    AT(widest<float>, OneNan, float), AT(half<float>, OneNan, float), AT(widest<u16>, Narrowed, u16), AT(widest<u8>, WeightedBytes, u8),
-    AT(widest<double>, WholePart, double), AT(widest<u64>, LowerProducts, u64), AT(widest<u64>, LowerDwords, u64), AT(widest<double>, InWords, double),
-    AT(widest<double>, InSignedWords, double), THREE(widest<float>, Separated, float), THREE(widest<float>, SideBySide, float),
-    STORED(widest<s32>, StoredInBytes, s32, u8), STORED(widest<s32>, StoredInWords, s32, u16), STORED(widest<double>, StoredInBytes, double, u8),
-    STORED(widest<double>, StoredInWords, double, u16), STORED(widest<double>, StoredInFloats, double, float),
-    STORED(twice<widest<double>>, StoredInWords, double, u16), STORED(twice<widest<double>>, StoredInFloats, double, float),
-    {"LoadAsInt", Lane::u8, 1, run_load_as<widest<s32>, u8>}, {"LoadAsInt", Lane::u16, 1, run_load_as<widest<s32>, u16>},
-    {"LoadAsDouble", Lane::u8, 1, run_load_as<widest<double>, u8>}, {"LoadAsDouble", Lane::u16, 1, run_load_as<widest<double>, u16>},
-    {"LoadAsDouble", Lane::u8, 1, run_load_as<twice<widest<double>>, u8>}, {"LoadAsDouble", Lane::u16, 1, run_load_as<twice<widest<double>>, u16>},
+    AT(widest<float>, Rotated, float),
+    AT(widest<s16>, MultiplyRounded, s16),
+    AT(half<s16>, MultiplyRounded, s16),
+    AT(widest<float>, PermutedBy, float),
+    AT(widest<s32>, PermutedBy, s32),
+    AT(widest<double>, HalvesPermutedBy, double),
+    AT(widest<s32>, LargestLane, s32),
+    AT(widest<float>, OneNan, float),
+    AT(half<float>, OneNan, float),
+    AT(widest<u16>, Narrowed, u16),
+    AT(widest<u8>, WeightedBytes, u8),
+    AT(widest<double>, WholePart, double),
+    AT(widest<u64>, LowerProducts, u64),
+    AT(widest<u64>, LowerDwords, u64),
+    AT(widest<double>, InWords, double),
+    AT(widest<double>, InSignedWords, double),
+    THREE(widest<float>, Separated, float),
+    THREE(widest<float>, SideBySide, float),
+    STORED(widest<s32>, StoredInBytes, s32, u8),
+    STORED(widest<s32>, StoredInWords, s32, u16),
+    STORED(widest<double>, StoredInBytes, double, u8),
+    STORED(widest<double>, StoredInWords, double, u16),
+    STORED(widest<double>, StoredInFloats, double, float),
+    STORED(twice<widest<double>>, StoredInWords, double, u16),
+    STORED(twice<widest<double>>, StoredInFloats, double, float),
+    {"LoadAsInt", Lane::u8, 1, run_load_as<widest<s32>, u8>},
+    {"LoadAsInt", Lane::u16, 1, run_load_as<widest<s32>, u16>},
+    {"LoadAsDouble", Lane::u8, 1, run_load_as<widest<double>, u8>},
+    {"LoadAsDouble", Lane::u16, 1, run_load_as<widest<double>, u16>},
+    {"LoadAsDouble", Lane::u8, 1, run_load_as<twice<widest<double>>, u8>},
+    {"LoadAsDouble", Lane::u16, 1, run_load_as<twice<widest<double>>, u16>},
     {"LoadAsDouble", Lane::f32, 1, run_load_as<twice<widest<double>>, float>},
 #endif
 #if ORV_HAVE_VECTORS
-    {"LoadAsDouble", Lane::f32, 1, run_load_as<half<double>, float>}, {"LoadAsDouble", Lane::f32, 1, run_load_as<widest<double>, float>},
+    {"LoadAsDouble", Lane::f32, 1, run_load_as<half<double>, float>},
+    {"LoadAsDouble", Lane::f32, 1, run_load_as<widest<double>, float>},
     {"LoadAsDouble", Lane::f32, 1, run_load_as<four_doubles, float>},
 #endif
 #if ORV_HAVE_VECTORS
-    AT(floats_of<half<s32>>, Truncate, float), AT(floats_of<half<s32>>, RoundToInt, float),
-    AT(floats_of<widest<s32>>, Truncate, float), AT(floats_of<widest<s32>>, RoundToInt, float),
-    REGISTERS(Reversed, float), REGISTERS(ReversedPairs, float),
-    REGISTERS(PackTwo, s32), REGISTERS(PackFour, s32), REGISTERS(PackMasks, s16), REGISTERS(PackFourMasks, s32),
-    {"LoadAs", Lane::u8, 1, run_load_as<half<u16>, u8>}, {"LoadAs", Lane::u8, 1, run_load_as<widest<u16>, u8>},
-    {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<half<s32>>, u8>}, {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<widest<s32>>, u8>},
-    {"LoadAsFloat", Lane::u16, 1, run_load_as<floats_of<half<s32>>, u16>}, {"LoadAsFloat", Lane::u16, 1, run_load_as<floats_of<widest<s32>>, u16>},
-    {"Ends", Lane::u8, 16, run_ends<half<u8>, 8>}, {"Ends", Lane::u8, 8, run_ends<half<u8>, 4>},
-    {"Ends", Lane::u16, 8, run_ends<half<u16>, 8>}, {"Ends", Lane::u16, 4, run_ends<half<u16>, 4>},
-    {"Ends", Lane::f32, 4, run_ends<half<float>, 8>}, {"Ends", Lane::f32, 2, run_ends<half<float>, 4>},
+    AT(floats_of<half<s32>>, Truncate, float),
+    AT(floats_of<half<s32>>, RoundToInt, float),
+    AT(floats_of<widest<s32>>, Truncate, float),
+    AT(floats_of<widest<s32>>, RoundToInt, float),
+    REGISTERS(Reversed, float),
+    REGISTERS(ReversedPairs, float),
+    REGISTERS(PackTwo, s32),
+    REGISTERS(PackFour, s32),
+    REGISTERS(PackMasks, s16),
+    REGISTERS(PackFourMasks, s32),
+    {"LoadAs", Lane::u8, 1, run_load_as<half<u16>, u8>},
+    {"LoadAs", Lane::u8, 1, run_load_as<widest<u16>, u8>},
+    {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<half<s32>>, u8>},
+    {"LoadAsFloat", Lane::u8, 1, run_load_as<floats_of<widest<s32>>, u8>},
+    {"LoadAsFloat", Lane::u16, 1, run_load_as<floats_of<half<s32>>, u16>},
+    {"LoadAsFloat", Lane::u16, 1, run_load_as<floats_of<widest<s32>>, u16>},
+    {"Ends", Lane::u8, 16, run_ends<half<u8>, 8>},
+    {"Ends", Lane::u8, 8, run_ends<half<u8>, 4>},
+    {"Ends", Lane::u16, 8, run_ends<half<u16>, 8>},
+    {"Ends", Lane::u16, 4, run_ends<half<u16>, 4>},
+    {"Ends", Lane::f32, 4, run_ends<half<float>, 8>},
+    {"Ends", Lane::f32, 2, run_ends<half<float>, 4>},
     {"Ends", Lane::f64, 2, run_ends<half<double>, 8>},
 #endif
 #if ORV_HAVE_BYTE_SHUFFLE

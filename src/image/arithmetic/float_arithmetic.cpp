@@ -22,8 +22,8 @@ using std::uint32_t;
 // --- Loops ----------------------------------------------------------------------------------------
 
 template <class Op, class Self>
-ORV_INLINE Status two_images(Self self, const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
-                  Size roi, int channels)
+ORV_INLINE Status two_images(Self self, const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                             int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src1, src1Step, src2, src2Step, dst, dstStep)) {
@@ -36,8 +36,8 @@ ORV_INLINE Status two_images(Self self, const float* src1, int src1Step, const f
 }
 
 template <class Self>
-ORV_INLINE Status division(Self self, const float* src1, int src1Step, const float* src2, int src2Step, float* dst, int dstStep,
-                Size roi, int channels)
+ORV_INLINE Status division(Self self, const float* src1, int src1Step, const float* src2, int src2Step, float* dst,
+                           int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
     if (any_below_one(src1Step, src2Step, dstStep)) return StatusBadStep;
@@ -51,8 +51,8 @@ ORV_INLINE Status division(Self self, const float* src1, int src1Step, const flo
 }
 
 template <class Op, class Self>
-ORV_INLINE Status constant(Self self, const float* src, int srcStep, const float* values, float* dst, int dstStep, Size roi,
-                int channels)
+ORV_INLINE Status constant(Self self, const float* src, int srcStep, const float* values, float* dst, int dstStep,
+                           Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
     if (may_overlap<kReadAtOnce>(roi, channels, src, srcStep, dst, dstStep)) {
@@ -65,8 +65,8 @@ ORV_INLINE Status constant(Self self, const float* src, int srcStep, const float
 }
 
 template <class Self>
-ORV_INLINE Status division_by_constant(Self self, const float* src, int srcStep, const float* values, float* dst, int dstStep,
-                            Size roi, int channels)
+ORV_INLINE Status division_by_constant(Self self, const float* src, int srcStep, const float* values, float* dst,
+                                       int dstStep, Size roi, int channels)
 {
     if (const Status bad = check_image(roi, src, values, dst)) return bad;
     if (any_below_one(srcStep, dstStep)) return StatusBadStep;
@@ -102,7 +102,8 @@ ORV_INLINE Status extreme(Self self, const float* src, int srcStep, float* srcDs
 {
     if (const Status bad = check_image(roi, src, srcDst)) return bad;
     if (any_below_one(srcStep, srcDstStep)) return StatusBadStep;
-    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, srcDst, srcDstStep)) return by_rows(self, 1, src, srcStep, srcDst, srcDstStep, roi);
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, srcDst, srcDstStep))
+        return by_rows(self, 1, src, srcStep, srcDst, srcDstStep, roi);
     const FloatControl control;  // subnormals must not be taken for zeros
     Op op;
     plane(lanes(src), srcStep, lanes<float>(srcDst), srcDstStep, lanes(srcDst), srcDstStep, roi, 1, op);
@@ -111,7 +112,8 @@ ORV_INLINE Status extreme(Self self, const float* src, int srcStep, float* srcDs
 
 Status square_roots(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep)) return by_rows(square_roots, 1, src, srcStep, dst, dstStep, roi);
+    if (may_overlap<kReadAtOnce>(roi, 1, src, srcStep, dst, dstStep))
+        return by_rows(square_roots, 1, src, srcStep, dst, dstStep, roi);
     const FloatControl control;
     const auto op = plane(lanes(src), srcStep, lanes(dst), dstStep, roi, 1, SquareRoot<float>{});
     return op.negatives ? StatusSqrtOfNegative : StatusOk;

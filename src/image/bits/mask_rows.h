@@ -51,7 +51,10 @@ struct ConstantOperand {
     {
         return simd::load<V>(values + (Channels == 3 ? element % 3 : 0));
     }
-    template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const { return simd::load_ends<V, Bytes>(values, n); }
+    template <class V, int Bytes> ORV_INLINE V ends(std::ptrdiff_t n) const
+    {
+        return simd::load_ends<V, Bytes>(values, n);
+    }
 };
 
 // --- From channels to pixels ----------------------------------------------------------------------

@@ -211,7 +211,8 @@ SplitRow<T> split_row(void* memory, int index)
 
 // after = before + the new row (- the old row).
 template <bool subtract, class T>
-void run_columns(const SplitRow<T>& before, const SplitRow<T>& after, const T* added, const T* dropped, std::ptrdiff_t n)
+void run_columns(const SplitRow<T>& before, const SplitRow<T>& after, const T* added, const T* dropped,
+                 std::ptrdiff_t n)
 {
     using W = wider_t<T>;
     cover<T>(n, [=](std::ptrdiff_t j) {
@@ -280,7 +281,8 @@ void box_strip(const T* src, int srcStep, T* dst, int dstStep, int height, std::
     const T* const first = src - frame;
     if constexpr (Radius == 1) {
         for (int y = 0; y < height; ++y) {
-            add_three_rows(after, row_at(first, srcStep, y - 1), row_at(first, srcStep, y), row_at(first, srcStep, y + 1), columns);
+            add_three_rows(after, row_at(first, srcStep, y - 1), row_at(first, srcStep, y),
+                           row_at(first, srcStep, y + 1), columns);
             box_row<Radius, Channels>(after, row_at(dst, dstStep, y), n);
         }
         return;
@@ -299,7 +301,8 @@ void box_strip(const T* src, int srcStep, T* dst, int dstStep, int height, std::
 
 // --- Gauss ----------------------------------------------------------------------------------------
 
-void gauss3_strip(const uint16_t* src, int srcStep, uint16_t* dst, int dstStep, int height, std::ptrdiff_t n, void* memory)
+void gauss3_strip(const uint16_t* src, int srcStep, uint16_t* dst, int dstStep, int height, std::ptrdiff_t n,
+                  void* memory)
 {
     using S = Split<uint16_t>;
     const SplitRow<uint16_t> columns = split_row<uint16_t>(memory, 0);
@@ -314,14 +317,18 @@ void gauss3_strip(const uint16_t* src, int srcStep, uint16_t* dst, int dstStep, 
             columns.at(j) = get(above + j) + 2u * get(centre + j) + get(below + j);
         });
         uint16_t* const d = row_at(dst, dstStep, y);
-        cover<uint16_t>(n, [=](std::ptrdiff_t i) {
-            const auto c0 = columns.every_second<0>(i), c1 = columns.every_second<1>(i);
-            const auto c2 = columns.every_second<2>(i), c3 = columns.every_second<3>(i);
-            const auto shared = c1 + c2;
-            simd::store(d + i, S{Sixteenth::many(c0 + c1 + shared), Sixteenth::many(shared + c2 + c3)}.merged());
-        }, [=](std::ptrdiff_t i) {
-            put(d + i, static_cast<uint16_t>(Sixteenth::one(columns.at(i) + 2 * columns.at(i + 1) + columns.at(i + 2))));
-        });
+        cover<uint16_t>(
+            n,
+            [=](std::ptrdiff_t i) {
+                const auto c0 = columns.every_second<0>(i), c1 = columns.every_second<1>(i);
+                const auto c2 = columns.every_second<2>(i), c3 = columns.every_second<3>(i);
+                const auto shared = c1 + c2;
+                simd::store(d + i, S{Sixteenth::many(c0 + c1 + shared), Sixteenth::many(shared + c2 + c3)}.merged());
+            },
+            [=](std::ptrdiff_t i) {
+                put(d + i,
+                    static_cast<uint16_t>(Sixteenth::one(columns.at(i) + 2 * columns.at(i + 1) + columns.at(i + 2))));
+            });
     }
 }
 
@@ -367,7 +374,8 @@ private:
     }
     static ORV_INLINE Pixels pairs(int first, int second)
     {
-        return simd::as<uint16_t>(simd::splat<S::V>(static_cast<uint32_t>(first) | static_cast<uint32_t>(second) << 16));
+        return simd::as<uint16_t>(
+            simd::splat<S::V>(static_cast<uint32_t>(first) | static_cast<uint32_t>(second) << 16));
     }
     // By distance of the row: what the pixels from -2, from 0 and from 2 on count for the result at
     // the even one of a pair, and at the odd one.
@@ -411,7 +419,8 @@ Status filter(const T* src, int srcStep, T* dst, int dstStep, Size roi, std::ptr
 #else
     static_cast<void>(strip);
     for (int y = 0; y < roi.height; ++y) {
-        plain_row<Weights, Finish>(row_at(src, srcStep, y), srcStep, channels, row_at(dst, dstStep, y), roi.width * channels);
+        plain_row<Weights, Finish>(row_at(src, srcStep, y), srcStep, channels, row_at(dst, dstStep, y),
+                                   roi.width * channels);
     }
 #endif
     orv_release(memory);

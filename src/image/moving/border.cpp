@@ -249,18 +249,21 @@ Status extend(const Frame& f, const Surrounding& surrounding)
 }
 
 // Steps are checked before sizes; the sums are wider than the sizes, so that none wraps.
-ORV_INLINE Status check(bool null, int srcStep, Size srcSize, int dstStep, Size dstSize, int top, int left, int pixel_bytes)
+ORV_INLINE Status check(bool null, int srcStep, Size srcSize, int dstStep, Size dstSize, int top, int left,
+                        int pixel_bytes)
 {
     if (const Status bad = check_steps_before_size(null, any_below_one(srcStep, dstStep), srcSize)) return bad;
     if (is_empty(dstSize) || top < 0 || left < 0) return StatusBadSize;
-    if (dstSize.width < int64_t{left} + srcSize.width || dstSize.height < int64_t{top} + srcSize.height) return StatusBadSize;
+    if (dstSize.width < int64_t{left} + srcSize.width || dstSize.height < int64_t{top} + srcSize.height)
+        return StatusBadSize;
     // Rows longer than a 32-bit address space: no buffer has them.
     if (sizeof(ptrdiff_t) == 4 && size_product(dstSize.width, pixel_bytes) == kTooLarge) return StatusNoMemory;
     return StatusOk;
 }
 
 template <int Bytes>
-ORV_INLINE Frame make_frame(const void* src, int srcStep, Size srcSize, void* dst, int dstStep, Size dstSize, int top, int left)
+ORV_INLINE Frame make_frame(const void* src, int srcStep, Size srcSize, void* dst, int dstStep, Size dstSize, int top,
+                            int left)
 {
     return {static_cast<const uint8_t*>(src), srcStep, static_cast<uint8_t*>(dst), dstStep, srcSize.height, top,
             dstSize.height - top - srcSize.height, ptrdiff_t{left} * Bytes, ptrdiff_t{srcSize.width} * Bytes,
@@ -271,13 +274,15 @@ template <int Bytes>
 Status const_border(const void* src, int srcStep, Size srcSize, void* dst, int dstStep, Size dstSize, int top, int left,
                     const void* value)
 {
-    if (const Status bad = check(any_null(src, dst, value), srcStep, srcSize, dstStep, dstSize, top, left, Bytes)) return bad;
+    if (const Status bad = check(any_null(src, dst, value), srcStep, srcSize, dstStep, dstSize, top, left, Bytes))
+        return bad;
     const Constant<Bytes> surrounding = {Run<Bytes>(static_cast<const uint8_t*>(value))};
     return extend(make_frame<Bytes>(src, srcStep, srcSize, dst, dstStep, dstSize, top, left), surrounding);
 }
 
 template <int Bytes>
-Status replicate_border(const void* src, int srcStep, Size srcSize, void* dst, int dstStep, Size dstSize, int top, int left)
+Status replicate_border(const void* src, int srcStep, Size srcSize, void* dst, int dstStep, Size dstSize, int top,
+                        int left)
 {
     if (const Status bad = check(any_null(src, dst), srcStep, srcSize, dstStep, dstSize, top, left, Bytes)) return bad;
     return extend(make_frame<Bytes>(src, srcStep, srcSize, dst, dstStep, dstSize, top, left), Nearest<Bytes>());
@@ -287,10 +292,11 @@ Status replicate_border(const void* src, int srcStep, Size srcSize, void* dst, i
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-#define CONST_BORDER(name, T, Value, bytes, address)                                                      \
-    Status name(const T* src, int srcStep, Size srcSize, T* dst, int dstStep, Size dstSize, int top, int left, Value value) \
-    {                                                                                                     \
-        return const_border<bytes>(src, srcStep, srcSize, dst, dstStep, dstSize, top, left, address);     \
+#define CONST_BORDER(name, T, Value, bytes, address) \
+    Status name(const T* src, int srcStep, Size srcSize, T* dst, int dstStep, Size dstSize, int top, int left, \
+                Value value) \
+    { \
+        return const_border<bytes>(src, srcStep, srcSize, dst, dstStep, dstSize, top, left, address); \
     }
 CONST_BORDER(CopyConstBorder_8u_C1, uint8_t, uint8_t, 1, &value)
 CONST_BORDER(CopyConstBorder_8u_C3, uint8_t, const uint8_t*, 3, value)

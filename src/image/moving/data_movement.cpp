@@ -149,7 +149,8 @@ struct Narrow {
     template <class F> static ORV_INLINE auto rounded(const float* p)
     {
         // max() first: it turns a NaN into its second operand.
-        const F bounded = simd::min(simd::max(simd::load<F>(p), simd::zero<F>()), simd::splat<F>(static_cast<float>(kMost)));
+        const F bounded =
+            simd::min(simd::max(simd::load<F>(p), simd::zero<F>()), simd::splat<F>(static_cast<float>(kMost)));
         return simd::round_to_int(bounded);
     }
     template <class F> static ORV_INLINE auto packed(const float* p)
@@ -357,7 +358,8 @@ void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size r
     if (roi.width >= Wide::kPixels) return run(Wide(from));
     if (roi.width >= Half::kPixels) return run(Half(from));
 #endif
-    for (int y = 0; y < roi.height; ++y) reorder_row3(row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width, order);
+    for (int y = 0; y < roi.height; ++y)
+        reorder_row3(row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width, order);
 }
 
 // --- Mirror ---------------------------------------------------------------------------------------
@@ -496,7 +498,8 @@ void mirror_rows(const void* src, int srcStep, void* dst, int dstStep, std::ptrd
     if (s == d && srcStep == dstStep) {
         for (int y = 0; y < (upside_down ? (height + 1) / 2 : height); ++y) {
             P* const lower = row_at(d, dstStep, upside_down ? height - 1 - y : y);
-            if (row_at(d, dstStep, y) != lower || Moves::kMirrored) exchange_rows(moves, row_at(d, dstStep, y), lower, n);
+            if (row_at(d, dstStep, y) != lower || Moves::kMirrored)
+                exchange_rows(moves, row_at(d, dstStep, y), lower, n);
         }
     } else {
         for (int y = 0; y < height; ++y) {
@@ -518,7 +521,8 @@ Status mirror(const void* src, int srcStep, void* dst, int dstStep, Size roi, in
         using Moves = typename std::conditional<Bytes == 3, MirroredPixels3, PixelMoves<true, Keep, Bytes>>::type;
         mirror_rows<Moves>(src, srcStep, dst, dstStep, roi.width, roi.height, upside_down);
     } else if constexpr (std::is_same<Keep, WholePixel>::value) {
-        mirror_rows<PixelMoves<false, Keep, 1>>(src, srcStep, dst, dstStep, std::ptrdiff_t{roi.width} * Bytes, roi.height, true);
+        mirror_rows<PixelMoves<false, Keep, 1>>(src, srcStep, dst, dstStep, std::ptrdiff_t{roi.width} * Bytes,
+                                                roi.height, true);
     } else {
         mirror_rows<PixelMoves<false, Keep, 4>>(src, srcStep, dst, dstStep, roi.width, roi.height, true);
     }
@@ -586,7 +590,8 @@ void transpose_tile(const Word* src, int srcStep, Word* dst, int dstStep, int wi
     }
     transpose_plain(row_at(src, srcStep, whole_height), srcStep, dst + whole_height, dstStep, whole_width,
                     height - whole_height);
-    transpose_plain(src + whole_width, srcStep, row_at(dst, dstStep, whole_width), dstStep, width - whole_width, height);
+    transpose_plain(src + whole_width, srcStep, row_at(dst, dstStep, whole_width), dstStep, width - whole_width,
+                    height);
 #else
     transpose_plain(src, srcStep, dst, dstStep, width, height);
 #endif

@@ -44,7 +44,10 @@ struct FourTapsJob {
     Size size;
 
     ORV_INLINE int first_column() const { return columns.index[0] - 1; }
-    ORV_INLINE std::ptrdiff_t span() const { return std::ptrdiff_t{columns.index[size.width - 1]} + 3 - first_column(); }
+    ORV_INLINE std::ptrdiff_t span() const
+    {
+        return std::ptrdiff_t{columns.index[size.width - 1]} + 3 - first_column();
+    }
 };
 
 // The parts of a work buffer. Rows have room for a few elements more than they hold.
@@ -79,7 +82,8 @@ ORV_INLINE void fetch_row(const FourTapsJob<T>& job, int row, Real* out)
     std::int64_t x = job.first_column();
     const std::int64_t last = x + job.span() - 1;
     for (; x <= last && x < job.columns_within.low; ++x) {
-        for (int c = 0; c < Channels; ++c) *out++ = static_cast<Real>(get(line + std::ptrdiff_t{job.columns_within.low} * Channels + c));
+        for (int c = 0; c < Channels; ++c)
+            *out++ = static_cast<Real>(get(line + std::ptrdiff_t{job.columns_within.low} * Channels + c));
     }
     const std::int64_t inner_end = last < job.columns_within.high ? last : job.columns_within.high;
     const std::ptrdiff_t samples = inner_end < x ? 0 : static_cast<std::ptrdiff_t>((inner_end - x + 1) * Channels);
@@ -100,7 +104,8 @@ ORV_INLINE void fetch_row(const FourTapsJob<T>& job, int row, Real* out)
     out += samples;
     x += samples / Channels;
     for (; x <= last; ++x) {
-        for (int c = 0; c < Channels; ++c) *out++ = static_cast<Real>(get(line + std::ptrdiff_t{job.columns_within.high} * Channels + c));
+        for (int c = 0; c < Channels; ++c)
+            *out++ = static_cast<Real>(get(line + std::ptrdiff_t{job.columns_within.high} * Channels + c));
     }
 }
 
@@ -125,7 +130,8 @@ struct FourTapsInDouble {
         for (std::ptrdiff_t x = 0; x < job.size.width; ++x) {
             const double* const t = buffers.source + (std::ptrdiff_t{job.columns.index[x]} - 1 - first) * Channels;
             for (int c = 0; c < Channels; ++c) {
-                sums[x * Channels + c] = weighted(t[c], t[c + Channels], t[c + 2 * Channels], t[c + 3 * Channels], job.columns.weights + 4 * x);
+                sums[x * Channels + c] = weighted(t[c], t[c + Channels], t[c + 2 * Channels], t[c + 3 * Channels],
+                                                  job.columns.weights + 4 * x);
             }
         }
     }

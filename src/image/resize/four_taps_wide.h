@@ -65,7 +65,8 @@ struct FourTapsOfDoubles {
                 if (from > 3) return false;
                 block.lane[2 * lane] = 2 * from;
                 block.lane[2 * lane + 1] = 2 * from + 1;
-                for (int k = 0; k < 4; ++k) block.weights[k][lane] = static_cast<double>(job.columns.weights[4 * x + k]);
+                for (int k = 0; k < 4; ++k)
+                    block.weights[k][lane] = static_cast<double>(job.columns.weights[4 * x + k]);
             }
         }
         return true;

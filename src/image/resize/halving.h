@@ -117,7 +117,8 @@ ORV_INLINE void halve_row(const T* a, const T* b, T* dst, std::ptrdiff_t width)
     if constexpr (sizeof(T) == 1) {
         const HalveBytes<Channels> halve;
         const std::ptrdiff_t bytes = 2 * width * Channels;
-        for (; 2 * x * Channels + halve.kReads <= bytes; x += halve.kPixels) halve.step(a + 2 * x * Channels, b + 2 * x * Channels, dst + x * Channels);
+        for (; 2 * x * Channels + halve.kReads <= bytes; x += halve.kPixels)
+            halve.step(a + 2 * x * Channels, b + 2 * x * Channels, dst + x * Channels);
     } else {
         const std::conditional_t<sizeof(T) == 2, HalveWords, HalveFloats> halve;
         for (; x + halve.kPixels <= width; x += halve.kPixels) halve.step(a + 2 * x, b + 2 * x, dst + x);

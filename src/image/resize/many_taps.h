@@ -45,7 +45,10 @@ public:
     }
 
     ORV_INLINE std::ptrdiff_t samples() const { return (std::ptrdiff_t{end_column} - first_column) * Channels; }
-    ORV_INLINE const T* top_of(int y) const { return row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column} * Channels; }
+    ORV_INLINE const T* top_of(int y) const
+    {
+        return row_at(src, srcStep, rows.first[y]) + std::ptrdiff_t{first_column} * Channels;
+    }
 
     // One sample of the destination, by the same sums.
     __attribute__((noinline)) T sample(int y, std::ptrdiff_t at) const
@@ -58,7 +61,8 @@ public:
         double sum = 0;
         for (int i = 0; i < across; ++i) {
             double column = static_cast<double>(get(top + std::ptrdiff_t{i} * Channels)) * wy[0];
-            for (int k = 1; k < down; ++k) column += static_cast<double>(get(row_at(top, srcStep, k) + std::ptrdiff_t{i} * Channels)) * wy[k];
+            for (int k = 1; k < down; ++k)
+                column += static_cast<double>(get(row_at(top, srcStep, k) + std::ptrdiff_t{i} * Channels)) * wy[k];
             sum = i == 0 ? column * wx[0] : sum + column * wx[i];
         }
         return to_pixel<T>(sum);

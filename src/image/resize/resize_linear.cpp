@@ -36,7 +36,8 @@ void fetch_line(const uint16_t* line, int first, std::ptrdiff_t span, int low, i
 }
 
 // a + (b - a) f between neighbours of a row. The difference of two pixels times a float is exact in double.
-void blend_columns(const double* row, const int* index, const float* fractions, int first, std::ptrdiff_t width, double* out)
+void blend_columns(const double* row, const int* index, const float* fractions, int first, std::ptrdiff_t width,
+                   double* out)
 {
     std::ptrdiff_t x = 0;
 #if ORV_HAVE_INT256
@@ -74,12 +75,14 @@ Status ResizeLinear_16u_C1(const uint16_t* src, int srcStep, uint16_t* dst, int 
                            int border, const uint16_t*, const void* plan, void* buffer)
 {
     ResizeTile part;
-    if (const Status bad = check_resize(src, srcStep, dst, dstStep, x0, y0, tile, plan, buffer, kResizeLinear, &part)) return bad;
+    if (const Status bad = check_resize(src, srcStep, dst, dstStep, x0, y0, tile, plan, buffer, kResizeLinear, &part))
+        return bad;
     if (const Status bad = check_border(border)) return bad;
     const FloatControl control;
     const ResizePlan* const p = plan_in(plan);
     const bool replicate = (border & 7) == kBorderReplicate;
-    const int low = replicate ? 0 : INT_MIN, right = replicate ? p->x.source - 1 : INT_MAX, bottom = replicate ? p->y.source - 1 : INT_MAX;
+    const int low = replicate ? 0 : INT_MIN, right = replicate ? p->x.source - 1 : INT_MAX,
+              bottom = replicate ? p->y.source - 1 : INT_MAX;
     const int* const columns = indices_of(p, p->x) + part.x0;
     const int* const rows = indices_of(p, p->y) + part.y0;
     const int first = columns[0];
@@ -92,7 +95,8 @@ Status ResizeLinear_16u_C1(const uint16_t* src, int srcStep, uint16_t* dst, int 
         const int slot = row & 1;
         if (!filled[slot] || held[slot] != row) {
             fetch_line(row_at(src, srcStep, row), first, span, low, right, buffers.source);
-            blend_columns(buffers.source, columns, weights_of(p, p->x) + part.x0, first, part.size.width, buffers.rows[slot]);
+            blend_columns(buffers.source, columns, weights_of(p, p->x) + part.x0, first, part.size.width,
+                          buffers.rows[slot]);
             filled[slot] = true;
             held[slot] = row;
         }
@@ -101,7 +105,8 @@ Status ResizeLinear_16u_C1(const uint16_t* src, int srcStep, uint16_t* dst, int 
     for (int y = 0; y < part.size.height; ++y) {
         const double* const upper = blended(rows[y]);
         const double* const lower = blended(rows[y] + 1);
-        blend_rows(upper, lower, static_cast<double>(weights_of(p, p->y)[part.y0 + y]), part.size.width, row_at(dst, dstStep, y));
+        blend_rows(upper, lower, static_cast<double>(weights_of(p, p->y)[part.y0 + y]), part.size.width,
+                   row_at(dst, dstStep, y));
     }
     return StatusOk;
 }
