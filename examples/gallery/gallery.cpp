@@ -22,6 +22,7 @@ int main(int argc, char** argv)
         show_statistics(photo, page);
         show_filters(photo, page);
         show_rank(photo, page);
+        show_edges(photo, page);
         show_resize(photo, page);
         show_warp(photo, page);
         show_spectra(photo, argc > 3 ? argv[3] : "", page);

@@ -10,6 +10,7 @@ void show_colour(const Picture& photo, Page& page);
 void show_statistics(const Picture& photo, Page& page);
 void show_filters(const Picture& photo, Page& page);
 void show_rank(const Picture& photo, Page& page);
+void show_edges(const Picture& photo, Page& page);
 void show_resize(const Picture& photo, Page& page);
 void show_warp(const Picture& photo, Page& page);
 void show_spectra(const Picture& photo, const std::string& sound, Page& page);

@@ -35,6 +35,9 @@ STANDARDS = "src/image/colour/standards.h"
 SUBSAMPLED = "src/image/colour/subsampled.cpp"
 TWIST = "src/image/colour/twist.cpp"
 ALPHA = "src/image/colour/alpha.cpp"
+SPREADING = "src/image/edges/spreading.h"
+CANNY = "src/image/edges/canny.cpp"
+FLOOD_FILL = "src/image/edges/flood_fill.cpp"
 WARP_POSITIONS = "src/image/warp/positions.h"
 WARP_SOURCE = "src/image/warp/source.h"
 WARP_MANY = "src/image/warp/many.h"
@@ -126,6 +129,14 @@ FAULTS = [
     ("a mirrored phase keeps its sign", PACKED, "return is_nan_bits<float>(value) ? value : value ^ kSign;", "return value;", "PackedImages*"),
     ("the middle column is left out", PACKED, "if (has_middle(roi.width)) use(", "if (roi.width == 2) use(", "PackedImages*"),
     ("a column's pair in the wrong rows", PACKED, "else if (y % 2 == 0) multiply_down(images.at(x, y - 1), op);", "else if (y % 2 == 1) multiply_down(images.at(x, y), op);", "PackedImages*"),
+    # Edges and filled areas.
+    ("a run ends at its seed", SPREADING, "if (((run >> 1) & free & ~run) == 0) return run;", "return run;", "FloodFill*:Canny*"),
+    ("no corner between words", SPREADING, "(f[0] >> 63 | f[1] | f[1] << 1 | f[1] >> 1 | f[2] << 63)", "(f[1] | f[1] << 1 | f[1] >> 1)", "FloodFill*:Canny*"),
+    ("rows above wait for ever", SPREADING, "            for (int next; (next = waiting_up_to(y)) >= low_;) visit(y = next);\n", "", "FloodFill*:Canny*"),
+    ("the later of two equal pixels stays", CANNY, "return lanes(greater(m, simd::load<Doubles>(earlier))) & lanes(greater_equal(m, simd::load<Doubles>(later)));",
+     "return lanes(greater_equal(m, simd::load<Doubles>(earlier))) & lanes(greater(m, simd::load<Doubles>(later)));", "Canny*"),
+    ("a gradient at the edge of the region has a neighbour", CANNY, "if (x_ + n_ == roi_.width) magnitudes[n_] = 0;\n", "", "Canny*"),
+    ("pixels behind the row", FLOOD_FILL, "if (n >= kWordPixels) return equal_pixels(p, value_);", "return equal_pixels(p, value_);", "FloodFill*"),
     # Checks.
     ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    if (may_overlap", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    if (may_overlap", "IntegerArithmetic*"),
     ("a step that is not checked", BITWISE, "any_below_one(src1Step, src2Step, dstStep), roi)) {", "any_below_one(src1Step, src2Step), roi)) {", "Bitwise*"),

@@ -62,13 +62,14 @@ struct Directions {
 // A region is worked on in strips of columns from top to bottom, so that what is kept of the last rows is small and
 // stays in the nearest cache.
 
+constexpr int kMostColumns = 512;
 constexpr int kPad = 16;  // elements before and behind a row's columns, for neighbours and whole vectors
 
 struct StripShape {
     int columns, length;  // a multiple of 64; elements in memory
     ORV_INLINE explicit StripShape(Size roi)
     {
-        const int most = roi.height < 16 ? 64 : 256;
+        const int most = roi.height < 16 ? kWordPixels : kMostColumns;
         columns = roi.width < most ? roi.width : most;
         length = (columns + 2 * kPad + 15) / 16 * 16;
     }
@@ -169,7 +170,7 @@ private:
     void find_candidates(int y, double low, double high, Visit visit)
     {
         const int words = (n_ - 1) / kWordPixels + 1;
-        uint64_t candidates[kBlockWords] = {}, strong[kBlockWords] = {};
+        uint64_t candidates[kMostColumns / kWordPixels] = {}, strong[kMostColumns / kWordPixels] = {};
         for (int i = 0; i < n_; i += kLanes) {
             const Doubles m = simd::load<Doubles>(magnitudes_[y] + i);
             if (lanes(greater(m, Doubles(low))) == 0) continue;
@@ -211,9 +212,23 @@ struct Prepared {
     ORV_INLINE void prepare(int, ptrdiff_t) const {}
 };
 
-ORV_INLINE void set_pixels(uint8_t* p, uint64_t pixels, uint8_t value)
+// Eight bytes that are 255 where a byte has a bit, the lowest bit first.
+ORV_INLINE uint64_t bytes_of_bits(uint64_t bits)
 {
-    for (; pixels != 0; pixels &= pixels - 1) p[lowest_bit(pixels)] = value;
+    const uint64_t one_each = (bits * 0x0101010101010101) & 0x8040201008040201;
+    return ((one_each + 0x7F7F7F7F7F7F7F7F) >> 7 & 0x0101010101010101) * 255;
+}
+// Those of 64 pixels, or of the n that there are: 0 becomes 255, which becomes 0.
+ORV_INLINE void invert_pixels(uint8_t* p, uint64_t pixels, ptrdiff_t n)
+{
+    if (n < kWordPixels) {
+        for (; pixels != 0; pixels &= pixels - 1) p[lowest_bit(pixels)] ^= 255;
+        return;
+    }
+    for (; pixels != 0; pixels >>= 8, p += 8) {
+        auto* const eight = reinterpret_cast<uint64_t*>(p);
+        put(eight, get(eight) ^ bytes_of_bits(pixels & 255));
+    }
 }
 
 void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size roi, double low, double high, double* memory)
@@ -236,7 +251,7 @@ void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size r
             __builtin_memset(d, 0, static_cast<size_t>(n));
             for (int i = 0; i * kWordPixels < n; ++i) {
                 const ptrdiff_t word = x / kWordPixels + i;
-                set_pixels(d + i * kWordPixels, candidates[i], 255);
+                invert_pixels(d + i * kWordPixels, candidates[i], n - i * kWordPixels);
                 weak[y * rows.words + word] = candidates[i] & ~strong[i];
                 fresh[y * rows.words + word] = strong[i];
                 if (strong[i] != 0) spreading.mark(y, word / kBlockWords);
@@ -246,7 +261,7 @@ void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size r
     spreading.run();
     for (int y = 0; y < roi.height; ++y) {
         for (ptrdiff_t word = 0; word < rows.words; ++word) {
-            set_pixels(row_at(dst, dstStep, y) + word * kWordPixels, weak[y * rows.words + word], 0);
+            invert_pixels(row_at(dst, dstStep, y) + word * kWordPixels, weak[y * rows.words + word], roi.width - word * kWordPixels);
         }
     }
 }

@@ -24,6 +24,7 @@ using std::uint32_t;
 using std::uint64_t;
 
 constexpr int kWordPixels = 64, kBlockWords = 4, kMarkBlocks = 32;
+constexpr uint64_t kLastPixel = uint64_t{1} << 63;
 
 ORV_INLINE int lowest_bit(uint64_t bits) { return __builtin_ctzll(bits); }
 ORV_INLINE int highest_bit(uint64_t bits) { return 63 - __builtin_clzll(bits); }
@@ -77,13 +78,7 @@ public:
     // Those of a word's pixels that are free are reached.
     ORV_INLINE void take(int y, ptrdiff_t word, uint64_t pixels)
     {
-        area_.prepare(y, word / kBlockWords);
-        const ptrdiff_t at = y * rows_.words + word;
-        const uint64_t taken = pixels & free_[at];
-        if (taken == 0) return;
-        free_[at] ^= taken;
-        fresh_[at] |= taken;
-        mark(y, word / kBlockWords);
+        if (move(y, word, pixels)) mark(y, word / kBlockWords);
     }
 
     // Until no pixel is fresh.
@@ -139,38 +134,83 @@ private:
 
     void visit_block(int y, ptrdiff_t block)
     {
-        const ptrdiff_t first = block * kBlockWords, last = first + kBlockWords < rows_.words ? first + kBlockWords - 1 : rows_.words - 1;
-        uint64_t* const free = free_ + y * rows_.words;
-        uint64_t* const fresh = fresh_ + y * rows_.words;
-        uint64_t found[kBlockWords + 2] = {};  // of the block's words and of those beside them
-        for (ptrdiff_t word = first; word <= last;) {
-            const uint64_t seeds = fresh[word];
-            if (seeds == 0) {
-                ++word;
-                continue;
-            }
-            const uint64_t run = runs_of(seeds, free[word]);
-            fresh[word] = 0;
-            free[word] &= ~run;
+        const ptrdiff_t first = block * kBlockWords, end = first + kBlockWords < rows_.words ? first + kBlockWords : rows_.words;
+        const uint64_t* const fresh = fresh_ + y * rows_.words;
+        ptrdiff_t word = first, last = end - 1;
+        while (word < last && fresh[word] == 0) ++word;
+        while (word < last && fresh[last] == 0) --last;
+        if (word == last) return follow(y, word);
+        uint64_t found[kBlockWords + 2] = {};  // of the block's words, between two that have none
+        while (word < end) {
+            const uint64_t run = spread(y, word);
             found[word - first + 1] |= run;
-            if (run >> 63 != 0 && word + 1 < rows_.words) take(y, word + 1, 1);
-            if ((run & 1) != 0 && word > 0) take(y, word - 1, uint64_t{1} << 63);
-            word = word > first && fresh[word - 1] != 0 ? word - 1 : word + 1;
+            if (run >> 63 != 0 && word + 1 < end) move(y, word + 1, 1);
+            const bool back = (run & 1) != 0 && word > first && move(y, word - 1, kLastPixel);
+            word += back ? -1 : 1;
         }
-        hand_on(y, first, found);
+        if ((found[1] & 1) != 0) offer(y, first - 1, kLastPixel);
+        if (found[end - first] >> 63 != 0) offer(y, end, 1);
+        if (y > 0) hand_on(y - 1, first, end, found);
+        if (y + 1 < rows_.height) hand_on(y + 1, first, end, found);
+    }
+    void hand_on(int y, ptrdiff_t first, ptrdiff_t end, const uint64_t (&found)[kBlockWords + 2])
+    {
+        area_.prepare(y, first / kBlockWords);
+        uint64_t *const free = free_ + y * rows_.words, *const fresh = fresh_ + y * rows_.words;
+        uint64_t any = 0;
+        for (ptrdiff_t word = first; word < end; ++word) {
+            const uint64_t* const f = found + (word - first);
+            const uint64_t taken = (f[0] >> 63 | f[1] | f[1] << 1 | f[1] >> 1 | f[2] << 63) & free[word];
+            free[word] ^= taken;
+            fresh[word] |= taken;
+            any |= taken;
+        }
+        if (any != 0) mark(y, first / kBlockWords);
     }
 
-    void hand_on(int y, ptrdiff_t first, const uint64_t (&found)[kBlockWords + 2])
+    // A word alone, then those above or below it as long as only one of them takes anything: thin lines.
+    void follow(int y, ptrdiff_t word)
     {
-        for (int i = 0; i < kBlockWords + 2; ++i) {
-            uint64_t wide = found[i] | found[i] << 1 | found[i] >> 1;
-            if (i > 0) wide |= found[i - 1] >> 63;
-            if (i <= kBlockWords) wide |= found[i + 1] << 63;
-            const ptrdiff_t word = first - 1 + i;
-            if (wide == 0 || word < 0 || word >= rows_.words) continue;
-            if (y > 0) take(y - 1, word, wide);
-            if (y + 1 < rows_.height) take(y + 1, word, wide);
+        for (;;) {
+            const uint64_t run = spread(y, word), wide = run | run << 1 | run >> 1;
+            if ((run & 1) != 0) offer(y, word - 1, kLastPixel);
+            if (run >> 63 != 0) offer(y, word + 1, 1);
+            const bool above = y > 0 && move(y - 1, word, wide), below = y + 1 < rows_.height && move(y + 1, word, wide);
+            if (above && below) {
+                mark(y - 1, word / kBlockWords);
+                mark(y + 1, word / kBlockWords);
+            }
+            if (above == below) return;
+            y += below ? 1 : -1;
         }
+    }
+    // A pixel beyond the end of a word that has been reached, to the row and to those above and below.
+    void offer(int y, ptrdiff_t word, uint64_t pixel)
+    {
+        if (word < 0 || word >= rows_.words) return;
+        take(y, word, pixel);
+        if (y > 0) take(y - 1, word, pixel);
+        if (y + 1 < rows_.height) take(y + 1, word, pixel);
+    }
+
+    // What is free becomes fresh. Returns whether there was any.
+    ORV_INLINE bool move(int y, ptrdiff_t word, uint64_t pixels)
+    {
+        area_.prepare(y, word / kBlockWords);
+        const ptrdiff_t at = y * rows_.words + word;
+        const uint64_t taken = pixels & free_[at];
+        free_[at] ^= taken;
+        fresh_[at] |= taken;
+        return taken != 0;
+    }
+    // What is fresh, with its runs, is no longer.
+    ORV_INLINE uint64_t spread(int y, ptrdiff_t word)
+    {
+        const ptrdiff_t at = y * rows_.words + word;
+        const uint64_t run = runs_of(fresh_[at], free_[at]);
+        fresh_[at] = 0;
+        free_[at] &= ~run;
+        return run;
     }
 
     BitRows rows_;
