@@ -21,8 +21,14 @@ using Floats = simd::widest<float>;
 // As many doubles; of the two lanes of a lone float's the first counts.
 using Doubles = decltype(simd::to_double(Floats(0.0f)));
 constexpr int kLanes = Floats::N;
+constexpr double kTangent = 0x1.a827999fcef32p-2;  // of 22.5 degrees
 
 // A bit for each lane that a mask has, and for each lane with its sign bit set.
+template <class M>
+ORV_INLINE uint32_t lanes(M mask)
+{
+    return simd::lanes_of(mask);
+}
 template <class M>
 ORV_INLINE uint32_t lanes(simd::twice<M> mask)
 {
@@ -36,19 +42,39 @@ ORV_INLINE uint32_t negative_lanes(V a)
     else return simd::lanes_of(a);
 }
 
+// Squares of gradients, and what they are compared with.
+struct InDouble {
+    using Element = double;
+    using Many = Doubles;
+    static ORV_INLINE Many of(Floats gradient) { return simd::to_double(gradient); }
+    static ORV_INLINE Many threshold(double square) { return Many(square); }
+};
+// The same for gradients that are whole numbers up to 2896, as those of bytes are: their squares, and sums of two, are
+// whole numbers below 2^24. Comparisons of one with the tangent of another have the same outcome as in double: there
+// are few enough pairs to try.
+struct InSingle {
+    using Element = float;
+    using Many = Floats;
+    static ORV_INLINE Many of(Floats gradient) { return gradient; }
+    static ORV_INLINE Many threshold(double square)
+    {
+        return Many(square < 0x1p24 ? static_cast<float>(static_cast<int>(square)) : 0x1p24f);
+    }
+};
+constexpr float kMostWhole = 2896 / 8;  // of the pixels
+
 // --- Directions -----------------------------------------------------------------------------------
 
 // The lanes in whose direction the gradient points: eight directions in four pairs.
 struct Directions {
     uint32_t across, down, falling;  // falling: from the upper left to the lower right
 
-    ORV_INLINE Directions(Floats gx, Floats gy)
+    template <class Many>
+    ORV_INLINE Directions(Many gx, Many gy, uint32_t opposite_signs) : falling(~opposite_signs)
     {
-        const Doubles a = simd::to_double(simd::magnitude(gx)), b = simd::to_double(simd::magnitude(gy));
-        const Doubles tangent(0x1.a827999fcef32p-2);  // of 22.5 degrees
+        const Many a = magnitude(gx), b = magnitude(gy), tangent(static_cast<typename Many::lane>(kTangent));
         across = lanes(greater_equal(a * tangent, b));
         down = lanes(greater_equal(b * tangent, a));
-        falling = ~negative_lanes(gx ^ gy);
     }
     ORV_INLINE uint32_t choose(uint32_t on_across, uint32_t on_down, uint32_t on_falling, uint32_t on_rising) const
     {
@@ -107,17 +133,14 @@ public:
     {
         x_ = x;
         n_ = n;
+        is_whole_ = kLanes > 1;
         derive(-1);
         derive(0);
-        __builtin_memset(magnitudes_[-1] - kPad, 0, static_cast<size_t>(magnitudes_.length) * sizeof(double));
+        clear_magnitudes(-1);
         for (int y = 0; y <= roi_.height; ++y) {
-            if (y < roi_.height) {
-                derive(y + 1);
-                find_gradients(y);
-            } else {
-                __builtin_memset(magnitudes_[y] - kPad, 0, static_cast<size_t>(magnitudes_.length) * sizeof(double));
-            }
-            if (y > 0) find_candidates(y - 1, low, high, visit);
+            if (y < roi_.height) derive(y + 1);
+            if (is_whole_) step<InSingle>(y, low, high, visit);
+            else step<InDouble>(y, low, high, visit);
         }
     }
 
@@ -133,12 +156,25 @@ private:
         for (ptrdiff_t i = end; i < n_ + 2; ++i) to[i] = to[end - 1];
     }
 
-    // Differences and weighted sums along a row, from column -1 to n.
+    // The columns that have been fetched.
+    bool fetched_are_whole() const
+    {
+        const Floats unit(0x1.8p23f);  // sums with it have no fraction
+        simd::mask_of<Floats> whole = equal(unit, unit);
+        for (int i = -kLanes; i < n_ + 2; i += kLanes) {
+            const Floats pixels = simd::load<Floats>(pixels_ + i);
+            whole = whole & equal((pixels + unit) - unit, pixels) & less_equal(magnitude(pixels), Floats(kMostWhole));
+        }
+        return all(whole);
+    }
+
+    // Differences and weighted sums along a row, from column -1 to n or, in whole vectors, from a little before it.
     void derive(int y)
     {
         fetch(y);
+        if (is_whole_ && !fetched_are_whole()) go_on_in_double();
         float *const across = across_[y], *const down = down_[y];
-        for (int i = -1; i <= n_; i += kLanes) {
+        for (int i = -kLanes; i <= n_; i += kLanes) {
             const Floats left = simd::load<Floats>(pixels_ + i - 1), right = simd::load<Floats>(pixels_ + i + 1);
             const Floats middle = simd::load<Floats>(pixels_ + i);
             simd::store(across + i, right - left);
@@ -146,52 +182,84 @@ private:
         }
     }
 
+    template <class Element>
+    ORV_INLINE Element* magnitudes(int y) const
+    {
+        return reinterpret_cast<Element*>(magnitudes_[y] - kPad) + kPad;
+    }
+    void clear_magnitudes(int y) { __builtin_memset(magnitudes_[y] - kPad, 0, static_cast<size_t>(magnitudes_.length) * sizeof(double)); }
+    // Magnitudes were floats so far.
+    void go_on_in_double()
+    {
+        is_whole_ = false;
+        for (int y = 0; y < 3; ++y) {
+            for (int i = magnitudes_.length - kPad; i-- > -kPad;) magnitudes<double>(y)[i] = static_cast<double>(get(magnitudes<float>(y) + i));
+        }
+    }
+
+    // The gradients of row y, and the candidates of the row above it.
+    template <class Numbers, class Visit>
+    void step(int y, double low, double high, Visit visit)
+    {
+        if (y < roi_.height) find_gradients<Numbers>(y);
+        else clear_magnitudes(y);
+        if (y > 0) find_candidates<Numbers>(y - 1, low, high, visit);
+    }
+
+    template <class Numbers>
     void find_gradients(int y)
     {
+        using Many = typename Numbers::Many;
         const float *const above = across_[y - 1], *const beside = across_[y], *const below = across_[y + 1];
         const float *const upper = down_[y - 1], *const lower = down_[y + 1];
         float *const gx = gx_[y], *const gy = gy_[y];
-        double* const magnitudes = magnitudes_[y];
-        for (int i = -1; i <= n_; i += kLanes) {
+        auto* const squares = magnitudes<typename Numbers::Element>(y);
+        for (int i = -kLanes; i <= n_; i += kLanes) {
             const Floats middle = simd::load<Floats>(beside + i);
             const Floats x = (simd::load<Floats>(above + i) + simd::load<Floats>(below + i)) + (middle + middle);
             const Floats y_part = simd::load<Floats>(lower + i) - simd::load<Floats>(upper + i);
             simd::store(gx + i, x);
             simd::store(gy + i, y_part);
-            const Doubles a = simd::to_double(x), b = simd::to_double(y_part);
+            const Many a = Numbers::of(x), b = Numbers::of(y_part);
             // A NaN counts as 0: max gives its second operand for it.
-            simd::store(magnitudes + i, max(a * a + b * b, Doubles(0.0)));
+            simd::store(squares + i, max(a * a + b * b, Many(0)));
         }
-        if (x_ == 0) magnitudes[-1] = 0;
-        if (x_ + n_ == roi_.width) magnitudes[n_] = 0;
+        if (x_ == 0) squares[-1] = 0;
+        if (x_ + n_ == roi_.width) squares[n_] = 0;
     }
 
-    template <class Visit>
+    template <class Numbers, class Visit>
     void find_candidates(int y, double low, double high, Visit visit)
     {
-        const int words = (n_ - 1) / kWordPixels + 1;
+        using Many = typename Numbers::Many;
+        const Many above_low = Numbers::threshold(low), above_high = Numbers::threshold(high);
         uint64_t candidates[kMostColumns / kWordPixels] = {}, strong[kMostColumns / kWordPixels] = {};
         for (int i = 0; i < n_; i += kLanes) {
-            const Doubles m = simd::load<Doubles>(magnitudes_[y] + i);
-            if (lanes(greater(m, Doubles(low))) == 0) continue;
-            const uint32_t found = lanes_on_crests(y, i, m) & lanes(greater(m, Doubles(low)));
+            const Many m = simd::load<Many>(magnitudes<typename Numbers::Element>(y) + i);
+            const uint32_t any = lanes(greater(m, above_low));
+            if (any == 0) continue;
+            const uint32_t found = lanes_on_crests<Numbers>(y, i, m) & any;
             candidates[i / kWordPixels] |= uint64_t{found} << i % kWordPixels;
-            strong[i / kWordPixels] |= uint64_t{found & lanes(greater(m, Doubles(high)))} << i % kWordPixels;
+            strong[i / kWordPixels] |= uint64_t{found & lanes(greater(m, above_high))} << i % kWordPixels;
         }
         if (n_ % kWordPixels != 0) {
-            candidates[words - 1] &= (uint64_t{1} << n_ % kWordPixels) - 1;
-            strong[words - 1] &= candidates[words - 1];
+            candidates[n_ / kWordPixels] &= (uint64_t{1} << n_ % kWordPixels) - 1;
+            strong[n_ / kWordPixels] &= candidates[n_ / kWordPixels];
         }
         visit(y, candidates, strong);
     }
     // Above the earlier of the two neighbours in the gradient's direction, and not below the later.
-    ORV_INLINE uint32_t lanes_on_crests(int y, int i, Doubles m) const
+    template <class Numbers>
+    ORV_INLINE uint32_t lanes_on_crests(int y, int i, typename Numbers::Many m) const
     {
-        const double *const above = magnitudes_[y - 1] + i, *const beside = magnitudes_[y] + i, *const below = magnitudes_[y + 1] + i;
-        const auto between = [&](const double* earlier, const double* later) __attribute__((always_inline)) {
-            return lanes(greater(m, simd::load<Doubles>(earlier))) & lanes(greater_equal(m, simd::load<Doubles>(later)));
+        using Many = typename Numbers::Many;
+        using Element = typename Numbers::Element;
+        const Element *const above = magnitudes<Element>(y - 1) + i, *const beside = magnitudes<Element>(y) + i, *const below = magnitudes<Element>(y + 1) + i;
+        const auto between = [&](const Element* earlier, const Element* later) __attribute__((always_inline)) {
+            return lanes(greater(m, simd::load<Many>(earlier))) & lanes(greater_equal(m, simd::load<Many>(later)));
         };
-        const Directions to(simd::load<Floats>(gx_[y] + i), simd::load<Floats>(gy_[y] + i));
+        const Floats gx = simd::load<Floats>(gx_[y] + i), gy = simd::load<Floats>(gy_[y] + i);
+        const Directions to(Numbers::of(gx), Numbers::of(gy), negative_lanes(gx ^ gy));
         return to.choose(between(beside - 1, beside + 1), between(above, below), between(above - 1, below + 1), between(above + 1, below - 1));
     }
 
@@ -204,6 +272,7 @@ private:
     Ring<float, 2> gx_, gy_;
     ptrdiff_t x_ = 0;
     int n_ = 0;
+    bool is_whole_ = false;  // so far the strip's pixels are whole numbers, and its magnitudes floats
 };
 
 // --- Hysteresis -----------------------------------------------------------------------------------

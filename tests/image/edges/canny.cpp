@@ -111,12 +111,20 @@ TEST(Canny, Noise)
     std::mt19937 g = make_generator("noise");
     for (int width = 1; width <= 560; width += width < 135 ? 1 : 47) {
         Floats picture(width, uniform(g, 1, width < 140 ? 24 : 9));
-        const int kind = uniform(g, 0, 5);
+        const int kind = uniform(g, 0, 6);
         for (float& p : picture.pixels) {
             // Few levels (equal neighbours), bytes, numbers with all their digits, some of them tiny or huge, any at all.
-            const float digits = static_cast<float>(normal(g, 50));
-            p = kind == 0 ? static_cast<float>(uniform(g, 0, 2)) : kind == 1 ? static_cast<float>(uniform(g, 0, 255)) : kind == 2 ? digits
-                : kind == 3 ? std::ldexp(digits, -140) : kind == 4 ? std::ldexp(digits, uniform(g, 110, 122)) : random_value<float>(g, static_cast<Fill>(uniform(g, 0, 3)));
+            // Seldom one of another kind: rows before it are whole numbers.
+            const float digits = static_cast<float>(normal(g, 50)), byte = static_cast<float>(uniform(g, 0, 255));
+            switch (kind) {
+                case 0: p = static_cast<float>(uniform(g, 0, 2)); break;
+                case 1: p = byte; break;
+                case 2: p = digits; break;
+                case 3: p = std::ldexp(digits, -140); break;
+                case 4: p = std::ldexp(digits, uniform(g, 110, 122)); break;
+                case 5: p = random_value<float>(g, static_cast<Fill>(uniform(g, 0, 3))); break;
+                default: p = uniform(g, 0, 400) != 0 ? byte : uniform(g, 0, 1) == 0 ? digits : 363;
+            }
         }
         const float scale = kind == 3 ? 0x1p-140f : kind == 4 ? 0x1p116f : 1, low = kind == 0 ? static_cast<float>(uniform(g, 0, 6)) : scale * static_cast<float>(uniform(g, 0, 300));
         check(picture, low, add(low, scale * static_cast<float>(uniform(g, 0, 200))), g);
@@ -160,11 +168,11 @@ TEST(Canny, Chains)
     const int sides[][2] = {{70, 60}, {64, 130}, {300, 30}, {33, 64}};
     for (const auto& side : sides) {
         const int width = side[0], height = side[1];
-        for (const Path& path : {spiral(width, height, 6), serpentine(width, height, 5), turned(serpentine(height, width, 5))}) {
+        for (const Path& path : {spiral(width, height, 6), serpentine(width, height, 7), turned(serpentine(height, width, 7))}) {
             for (const std::size_t bright : {std::size_t{0}, path.size() / 2, path.size() - 1}) {
-                Floats picture(width, height, 10);
-                picture.draw(path, 20);
-                picture.at(path[bright].first, path[bright].second) = 30;
+                Floats picture(width + 6, height + 6, 10);
+                for (const Point& p : path) picture.at(p.first + 3, p.second + 3) = 20;
+                picture.at(path[bright].first + 3, path[bright].second + 3) = 30;
                 EXPECT_GE(check(picture, 8, 50, g), path.size());
                 check(picture, 8, 1000, g);
             }
