@@ -133,9 +133,10 @@ FAULTS = [
     ("a run ends at its seed", SPREADING, "if (((run >> 1) & free & ~run) == 0) return run;", "return run;", "FloodFill*:Canny*"),
     ("no corner between words", SPREADING, "(f[0] >> 63 | f[1] | f[1] << 1 | f[1] >> 1 | f[2] << 63)", "(f[1] | f[1] << 1 | f[1] >> 1)", "FloodFill*:Canny*"),
     ("rows above wait for ever", SPREADING, "            for (int next; (next = waiting_up_to(y)) >= low_;) visit(y = next);\n", "", "FloodFill*:Canny*"),
-    ("the later of two equal pixels stays", CANNY, "return lanes(greater(m, simd::load<Doubles>(earlier))) & lanes(greater_equal(m, simd::load<Doubles>(later)));",
-     "return lanes(greater_equal(m, simd::load<Doubles>(earlier))) & lanes(greater(m, simd::load<Doubles>(later)));", "Canny*"),
-    ("a gradient at the edge of the region has a neighbour", CANNY, "if (x_ + n_ == roi_.width) magnitudes[n_] = 0;\n", "", "Canny*"),
+    ("the later of two equal pixels stays", CANNY, "return lanes(greater(m, simd::load<Many>(earlier))) & lanes(greater_equal(m, simd::load<Many>(later)));",
+     "return lanes(greater_equal(m, simd::load<Many>(earlier))) & lanes(greater(m, simd::load<Many>(later)));", "Canny*"),
+    ("a gradient at the edge of the region has a neighbour", CANNY, "if (x_ + n_ == roi_.width) squares[n_] = 0;\n", "", "Canny*"),
+    ("magnitudes stay floats", CANNY, "magnitudes<double>(y)[i] = static_cast<double>(get(magnitudes<float>(y) + i));", "magnitudes<double>(y)[i] = 0;", "Canny*"),
     ("pixels behind the row", FLOOD_FILL, "if (n >= kWordPixels) return equal_pixels(p, value_);", "return equal_pixels(p, value_);", "FloodFill*"),
     # Checks.
     ("a null check left out", INTEGER, "    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;\n    if (may_overlap", "    if (const Status bad = check_image(roi, src1, dst)) return bad;\n    if (may_overlap", "IntegerArithmetic*"),
