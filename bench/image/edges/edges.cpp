@@ -1,5 +1,5 @@
-// Edges and filled areas against OpenCV, on what they are for and on the worst patterns: areas of as many pixels as a
-// solid one, in one piece of which every pixel touches few others. OpenCV's edges are those of 8-bit images.
+// Edges (canny) and filled areas (flood_fill) against OpenCV, on what they are for and on the worst patterns: areas of
+// as many pixels as a solid one, in which every pixel touches few others. OpenCV's edges are those of 8-bit images.
 #define STB_IMAGE_IMPLEMENTATION
 #define STB_IMAGE_STATIC
 #pragma GCC diagnostic push
@@ -96,7 +96,8 @@ void add_edges(const std::string& scene, cv::Mat (*make)(), float low, float hig
     const std::string row = "Canny_32f8u_C1 " + scene;
     bench::add(row, "1 M", "orvane", [=] {
         Scene& s = prepared();
-        W::Canny_32f8u_C1(s.floats.ptr<float>(), static_cast<int>(s.floats.step), s.dst.data, static_cast<int>(s.dst.step), s.dst.cols, s.dst.rows, low, high);
+        W::Canny_32f8u_C1(s.floats.ptr<float>(), static_cast<int>(s.floats.step), s.dst.data,
+                          static_cast<int>(s.dst.step), s.dst.cols, s.dst.rows, low, high);
     });
     bench::add(row, "1 M", "opencv", [=] {
         Scene& s = prepared();
@@ -119,7 +120,9 @@ void add_area(const std::string& scene, int width, int height, cv::Point seed, v
     const auto next = [value] { return *value = *value == 1 ? 2 : 1; };
     const std::string row = "FloodFill_8Con_8u_C1IR " + scene;
     const std::string size = std::to_string(width) + "x" + std::to_string(height);
-    bench::add(row, size, "orvane", [=] { W::FloodFill_8Con_8u_C1IR(area->as<u8>(), area->step(), width, height, seed.x, seed.y, next(), nullptr); });
+    bench::add(row, size, "orvane", [=] {
+        W::FloodFill_8Con_8u_C1IR(area->as<u8>(), area->step(), width, height, seed.x, seed.y, next(), nullptr);
+    });
     bench::add(row, size, "opencv", [=] {
         cv::Mat m = view(*area, width, CV_8UC1).rowRange(0, height);
         cv::floodFill(m, seed, cv::Scalar(next()), nullptr, cv::Scalar(), cv::Scalar(), 8);
@@ -142,11 +145,15 @@ const bool registered = [] {
     add_edges("noise", noise, 60, 150);
     add_edges("noise, all weak", noise, 0, 100000);
     add_area("solid", 1024, 1024, {512, 512}, [](cv::Mat) {});
-    add_area("100 pixels", 1024, 1024, {512, 512}, [](cv::Mat m) { keep(m, [](int x, int y) { return x / 10 == 51 && y / 10 == 51; }); });
-    add_area("column of 100", 1024, 1024, {512, 512}, [](cv::Mat m) { keep(m, [](int x, int y) { return x == 512 && y / 100 == 5; }); });
+    add_area("100 pixels", 1024, 1024, {512, 512},
+             [](cv::Mat m) { keep(m, [](int x, int y) { return x / 10 == 51 && y / 10 == 51; }); });
+    add_area("column of 100", 1024, 1024, {512, 512},
+             [](cv::Mat m) { keep(m, [](int x, int y) { return x == 512 && y / 100 == 5; }); });
     add_area("comb", 1448, 1448, {0, 0}, [](cv::Mat m) { keep(m, [](int x, int y) { return y == 0 || x % 2 == 0; }); });
-    add_area("comb on its side", 1448, 1448, {0, 0}, [](cv::Mat m) { keep(m, [](int x, int y) { return x == 0 || y % 2 == 0; }); });
-    add_area("checkerboard", 1448, 1448, {724, 724}, [](cv::Mat m) { keep(m, [](int x, int y) { return (x + y) % 2 == 0; }); });
+    add_area("comb on its side", 1448, 1448, {0, 0},
+             [](cv::Mat m) { keep(m, [](int x, int y) { return x == 0 || y % 2 == 0; }); });
+    add_area("checkerboard", 1448, 1448, {724, 724},
+             [](cv::Mat m) { keep(m, [](int x, int y) { return (x + y) % 2 == 0; }); });
     add_area("spiral", 1448, 1448, {0, 0}, [](cv::Mat m) {
         cv::Mat line(m.size(), CV_8UC1, cv::Scalar(9));
         draw_spiral(line, 2, 0, 0);

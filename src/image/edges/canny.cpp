@@ -151,7 +151,8 @@ private:
         const int row = y < 0 ? 0 : y >= roi_.height ? roi_.height - 1 : y;
         const ptrdiff_t begin = x_ < 2 ? -x_ : -2, behind = roi_.width - x_ - n_, end = n_ + (behind < 2 ? behind : 2);
         auto* const to = reinterpret_cast<uint32_t*>(pixels_);
-        __builtin_memcpy(to + begin, row_at(src_, step_, row) + x_ + begin, static_cast<size_t>(end - begin) * sizeof(float));
+        __builtin_memcpy(to + begin, row_at(src_, step_, row) + x_ + begin,
+                         static_cast<size_t>(end - begin) * sizeof(float));
         for (ptrdiff_t i = -2; i < begin; ++i) to[i] = to[begin];
         for (ptrdiff_t i = end; i < n_ + 2; ++i) to[i] = to[end - 1];
     }
@@ -187,13 +188,17 @@ private:
     {
         return reinterpret_cast<Element*>(magnitudes_[y] - kPad) + kPad;
     }
-    void clear_magnitudes(int y) { __builtin_memset(magnitudes_[y] - kPad, 0, static_cast<size_t>(magnitudes_.length) * sizeof(double)); }
+    void clear_magnitudes(int y)
+    {
+        __builtin_memset(magnitudes_[y] - kPad, 0, static_cast<size_t>(magnitudes_.length) * sizeof(double));
+    }
     // Magnitudes were floats so far.
     void go_on_in_double()
     {
         is_whole_ = false;
         for (int y = 0; y < 3; ++y) {
-            for (int i = magnitudes_.length - kPad; i-- > -kPad;) magnitudes<double>(y)[i] = static_cast<double>(get(magnitudes<float>(y) + i));
+            for (int i = magnitudes_.length - kPad; i-- > -kPad;)
+                magnitudes<double>(y)[i] = static_cast<double>(get(magnitudes<float>(y) + i));
         }
     }
 
@@ -254,13 +259,15 @@ private:
     {
         using Many = typename Numbers::Many;
         using Element = typename Numbers::Element;
-        const Element *const above = magnitudes<Element>(y - 1) + i, *const beside = magnitudes<Element>(y) + i, *const below = magnitudes<Element>(y + 1) + i;
+        const Element *const above = magnitudes<Element>(y - 1) + i, *const beside = magnitudes<Element>(y) + i,
+                             *const below = magnitudes<Element>(y + 1) + i;
         const auto between = [&](const Element* earlier, const Element* later) __attribute__((always_inline)) {
             return lanes(greater(m, simd::load<Many>(earlier))) & lanes(greater_equal(m, simd::load<Many>(later)));
         };
         const Floats gx = simd::load<Floats>(gx_[y] + i), gy = simd::load<Floats>(gy_[y] + i);
         const Directions to(Numbers::of(gx), Numbers::of(gy), negative_lanes(gx ^ gy));
-        return to.choose(between(beside - 1, beside + 1), between(above, below), between(above - 1, below + 1), between(above + 1, below - 1));
+        return to.choose(between(beside - 1, beside + 1), between(above, below), between(above - 1, below + 1),
+                         between(above + 1, below - 1));
     }
 
     const float* src_;
@@ -300,7 +307,8 @@ ORV_INLINE void invert_pixels(uint8_t* p, uint64_t pixels, ptrdiff_t n)
     }
 }
 
-void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size roi, double low, double high, double* memory)
+void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size roi, double low, double high,
+                double* memory)
 {
     const BitRows rows(roi);
     const StripShape shape(roi);
@@ -330,7 +338,8 @@ void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size r
     spreading.run();
     for (int y = 0; y < roi.height; ++y) {
         for (ptrdiff_t word = 0; word < rows.words; ++word) {
-            invert_pixels(row_at(dst, dstStep, y) + word * kWordPixels, weak[y * rows.words + word], roi.width - word * kWordPixels);
+            invert_pixels(row_at(dst, dstStep, y) + word * kWordPixels, weak[y * rows.words + word],
+                          roi.width - word * kWordPixels);
         }
     }
 }
@@ -348,7 +357,8 @@ Status Canny_32f8u_C1(const float* src, int srcStep, uint8_t* dst, int dstStep, 
     const double low = static_cast<double>(*lowThreshold), high = static_cast<double>(*highThreshold);
     if (!(low >= 0 && low <= high)) return StatusBadThreshold;
     const BitRows rows(roi);
-    const long long bytes = StripShape(roi).bytes() + 2 * rows.plane_bytes() + rows.row_bits_bytes() + rows.mark_bytes();
+    const long long bytes =
+        StripShape(roi).bytes() + 2 * rows.plane_bytes() + rows.row_bits_bytes() + rows.mark_bytes();
     void* const memory = orv_allocate_checked(bytes);
     if (memory == nullptr) return StatusNoMemory;
     find_edges(src, srcStep, dst, dstStep, roi, low * low, high * high, static_cast<double*>(memory));

@@ -49,7 +49,9 @@ struct BitRows {
     int height;
 
     ORV_INLINE explicit BitRows(Size roi)
-        : words((roi.width - 1) / kWordPixels + 1), marks((words - 1) / (kBlockWords * kMarkBlocks) + 1), height(roi.height)
+        : words((roi.width - 1) / kWordPixels + 1),
+          marks((words - 1) / (kBlockWords * kMarkBlocks) + 1),
+          height(roi.height)
     {
     }
     // Of two ints these are below 2^60.
@@ -63,8 +65,16 @@ template <class Area>
 class Spreading {
 public:
     // `marks` say which blocks, `waiting` which rows have fresh pixels: none yet.
-    ORV_INLINE Spreading(const BitRows& rows, uint64_t* free, uint64_t* fresh, uint32_t* marks, uint64_t* waiting, Area& area)
-        : rows_(rows), free_(free), fresh_(fresh), marks_(marks), waiting_(waiting), area_(area), low_(rows.height), high_(-1)
+    ORV_INLINE Spreading(const BitRows& rows, uint64_t* free, uint64_t* fresh, uint32_t* marks, uint64_t* waiting,
+                         Area& area)
+        : rows_(rows),
+          free_(free),
+          fresh_(fresh),
+          marks_(marks),
+          waiting_(waiting),
+          area_(area),
+          low_(rows.height),
+          high_(-1)
     {
     }
 
@@ -134,7 +144,8 @@ private:
 
     void visit_block(int y, ptrdiff_t block)
     {
-        const ptrdiff_t first = block * kBlockWords, end = first + kBlockWords < rows_.words ? first + kBlockWords : rows_.words;
+        const ptrdiff_t first = block * kBlockWords,
+                        end = first + kBlockWords < rows_.words ? first + kBlockWords : rows_.words;
         const uint64_t* const fresh = fresh_ + y * rows_.words;
         ptrdiff_t word = first, last = end - 1;
         while (word < last && fresh[word] == 0) ++word;
@@ -175,7 +186,8 @@ private:
             const uint64_t run = spread(y, word), wide = run | run << 1 | run >> 1;
             if ((run & 1) != 0) offer(y, word - 1, kLastPixel);
             if (run >> 63 != 0) offer(y, word + 1, 1);
-            const bool above = y > 0 && move(y - 1, word, wide), below = y + 1 < rows_.height && move(y + 1, word, wide);
+            const bool above = y > 0 && move(y - 1, word, wide),
+                       below = y + 1 < rows_.height && move(y + 1, word, wide);
             if (above && below) {
                 mark(y - 1, word / kBlockWords);
                 mark(y + 1, word / kBlockWords);

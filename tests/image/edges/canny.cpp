@@ -43,7 +43,10 @@ struct Gradient {
 
 class Oracle {
 public:
-    Oracle(const Floats& p, float low, float high) : p_(p), low_(to_double(Quad{low} * low)), high_(to_double(Quad{high} * high)) {}
+    Oracle(const Floats& p, float low, float high)
+        : p_(p), low_(to_double(Quad{low} * low)), high_(to_double(Quad{high} * high))
+    {
+    }
 
     std::set<Point> edges() const
     {
@@ -60,13 +63,17 @@ public:
     }
 
 private:
-    float p(int x, int y) const { return p_.at(std::min(std::max(x, 0), p_.width - 1), std::min(std::max(y, 0), p_.height - 1)); }
+    float p(int x, int y) const
+    {
+        return p_.at(std::min(std::max(x, 0), p_.width - 1), std::min(std::max(y, 0), p_.height - 1));
+    }
     float d(int x, int y) const { return minus(p(x + 1, y), p(x - 1, y)); }
     float s(int x, int y) const { return add(add(p(x - 1, y), p(x + 1, y)), add(p(x, y), p(x, y))); }
     Gradient gradient(int x, int y) const
     {
         if (!p_.contains(x, y)) return {0, 0, 0};
-        const float gx = add(add(d(x, y - 1), d(x, y + 1)), add(d(x, y), d(x, y))), gy = minus(s(x, y + 1), s(x, y - 1));
+        const float gx = add(add(d(x, y - 1), d(x, y + 1)), add(d(x, y), d(x, y))),
+                    gy = minus(s(x, y + 1), s(x, y - 1));
         const double m = to_double(Quad{gx} * gx + Quad{gy} * gy);
         return {gx, gy, m != m ? 0 : m};
     }
@@ -74,9 +81,13 @@ private:
     {
         const Gradient g = gradient(x, y);
         if (!(g.m > low_)) return false;
-        const double t = 0.41421356237309503, a = std::fabs(static_cast<double>(g.x)), b = std::fabs(static_cast<double>(g.y));
+        const double t = 0.41421356237309503, a = std::fabs(static_cast<double>(g.x)),
+                     b = std::fabs(static_cast<double>(g.y));
         Point to = {1, 0};
-        if (b > to_double(Quad{t} * a)) to = a <= to_double(Quad{t} * b) ? Point(0, 1) : std::signbit(g.x) == std::signbit(g.y) ? Point(1, 1) : Point(-1, 1);
+        if (b > to_double(Quad{t} * a))
+            to = a <= to_double(Quad{t} * b)              ? Point(0, 1)
+                 : std::signbit(g.x) == std::signbit(g.y) ? Point(1, 1)
+                                                          : Point(-1, 1);
         return g.m > gradient(x - to.first, y - to.second).m && g.m >= gradient(x + to.first, y + to.second).m;
     }
 
@@ -87,7 +98,9 @@ private:
 Image image_of(const Floats& picture, Placement where, Generator& g)
 {
     Image image(4 * picture.width, picture.height, where, g);
-    for (int y = 0; y < picture.height; ++y) std::memcpy(image.row(y), &picture.pixels[static_cast<std::size_t>(y * picture.width)], static_cast<std::size_t>(4 * picture.width));
+    for (int y = 0; y < picture.height; ++y)
+        std::memcpy(image.row(y), &picture.pixels[static_cast<std::size_t>(y * picture.width)],
+                    static_cast<std::size_t>(4 * picture.width));
     return image;
 }
 
@@ -99,8 +112,11 @@ std::size_t check(const Floats& picture, float low, float high, Generator& g)
     const std::set<Point> edges = Oracle(picture, low, high).edges();
     const auto source = from.bytes(), before = to.bytes();
     at_every_level([&] {
-        ASSERT_TRUE(W::Canny_32f8u_C1(from.pixels<float>(), from.step(), to.row(0), to.step(), width, height, low, high));
-        expect_pixels<u8>(to, before, [&](int y, int x) { return static_cast<u8>(edges.count({x, y}) != 0 ? 255 : 0); });
+        ASSERT_TRUE(
+            W::Canny_32f8u_C1(from.pixels<float>(), from.step(), to.row(0), to.step(), width, height, low, high));
+        expect_pixels<u8>(to, before, [&](int y, int x) {
+            return static_cast<u8>(edges.count({x, y}) != 0 ? 255 : 0);
+        });
         EXPECT_EQ(from.bytes(), source);
     });
     return edges.size();
@@ -113,8 +129,8 @@ TEST(Canny, Noise)
         Floats picture(width, uniform(g, 1, width < 140 ? 24 : 9));
         const int kind = uniform(g, 0, 6);
         for (float& p : picture.pixels) {
-            // Few levels (equal neighbours), bytes, numbers with all their digits, some of them tiny or huge, any at all.
-            // Seldom one of another kind: rows before it are whole numbers.
+            // Few levels (equal neighbours), bytes, numbers with all their digits, some of them tiny or huge, any at
+            // all. Seldom one of another kind: rows before it are whole numbers.
             const float digits = static_cast<float>(normal(g, 50)), byte = static_cast<float>(uniform(g, 0, 255));
             switch (kind) {
                 case 0: p = static_cast<float>(uniform(g, 0, 2)); break;
@@ -126,7 +142,11 @@ TEST(Canny, Noise)
                 default: p = uniform(g, 0, 400) != 0 ? byte : uniform(g, 0, 1) == 0 ? digits : 363;
             }
         }
-        const float scale = kind == 3 ? 0x1p-140f : kind == 4 ? 0x1p116f : 1, low = kind == 0 ? static_cast<float>(uniform(g, 0, 6)) : scale * static_cast<float>(uniform(g, 0, 300));
+        const float scale = kind == 3   ? 0x1p-140f
+                            : kind == 4 ? 0x1p116f
+                                        : 1,
+                    low = kind == 0 ? static_cast<float>(uniform(g, 0, 6))
+                                    : scale * static_cast<float>(uniform(g, 0, 300));
         check(picture, low, add(low, scale * static_cast<float>(uniform(g, 0, 200))), g);
     }
 }
@@ -137,7 +157,8 @@ Floats waves(int width, int height, float across, float down)
     Floats picture(width, height);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            picture.at(x, y) = 100 * std::sin(across * static_cast<float>(x)) + 60 * std::cos(down * static_cast<float>(y) + across * static_cast<float>(x * x) / 50);
+            picture.at(x, y) = 100 * std::sin(across * static_cast<float>(x)) +
+                               60 * std::cos(down * static_cast<float>(y) + across * static_cast<float>(x * x) / 50);
         }
     }
     return picture;
@@ -168,7 +189,8 @@ TEST(Canny, Chains)
     const int sides[][2] = {{70, 60}, {64, 130}, {300, 30}, {33, 64}};
     for (const auto& side : sides) {
         const int width = side[0], height = side[1];
-        for (const Path& path : {spiral(width, height, 6), serpentine(width, height, 7), turned(serpentine(height, width, 7))}) {
+        for (const Path& path :
+             {spiral(width, height, 6), serpentine(width, height, 7), turned(serpentine(height, width, 7))}) {
             for (const std::size_t bright : {std::size_t{0}, path.size() / 2, path.size() - 1}) {
                 Floats picture(width + 6, height + 6, 10);
                 for (const Point& p : path) picture.at(p.first + 3, p.second + 3) = 20;
@@ -189,7 +211,9 @@ TEST(Canny, EqualMagnitudesAndThresholds)
         for (int ramp = 1; ramp <= 4; ++ramp) {
             Floats picture(36, 20);
             for (int y = 0; y < 20; ++y) {
-                for (int x = 0; x < 36; ++x) picture.at(x, y) = static_cast<float>(8 * std::min(std::max(to[0] * (x - 18) + to[1] * (y - 10), 0), ramp));
+                for (int x = 0; x < 36; ++x)
+                    picture.at(x, y) =
+                        static_cast<float>(8 * std::min(std::max(to[0] * (x - 18) + to[1] * (y - 10), 0), ramp));
             }
             for (const float height : {16.0f, 32.0f, 45.0f, 48.0f, 64.0f, 91.0f}) {
                 for (const float low : {std::nextafter(height, 0.0f), height, std::nextafter(height, 1000.0f)}) {
@@ -214,12 +238,15 @@ TEST(Canny, EqualMagnitudesAndThresholds)
 TEST(Canny, SpecialPixels)
 {
     std::mt19937 g = make_generator("special");
-    const float most = std::numeric_limits<float>::max(), special[] = {kInfinity, -kInfinity, std::nanf(""), -std::nanf(""), most, -most, 0x1p-149f, -0.0f};
+    const float most = std::numeric_limits<float>::max(),
+                special[] = {kInfinity, -kInfinity, std::nanf(""), -std::nanf(""), most, -most, 0x1p-149f, -0.0f};
     for (const float a : special) {
         for (const float b : special) {
             Floats picture = waves(40, 20, 0.4f, 0.3f);
-            for (const Point& p : {Point(5, 5), Point(20, 0), Point(39, 19), Point(21, 10)}) picture.at(p.first, p.second) = a;
-            for (const Point& p : {Point(6, 5), Point(0, 12), Point(20, 19), Point(21, 12)}) picture.at(p.first, p.second) = b;
+            for (const Point& p : {Point(5, 5), Point(20, 0), Point(39, 19), Point(21, 10)})
+                picture.at(p.first, p.second) = a;
+            for (const Point& p : {Point(6, 5), Point(0, 12), Point(20, 19), Point(21, 12)})
+                picture.at(p.first, p.second) = b;
             check(picture, 10, 100, g);
             check(picture, 0, kInfinity, g);
         }
@@ -231,9 +258,13 @@ TEST(Canny, GuardsOfARegion)
     Floats picture = waves(300, 20, 0.2f, 0.3f);
     for (const bool at_end : {false, true}) {
         for (const int width : {1, 2, 3, 7, 64, 255, 257, 300}) {
-            const GuardedBlock source(static_cast<std::size_t>(4 * width * 20), at_end), target(static_cast<std::size_t>(width * 20), at_end);
-            for (int y = 0; y < 20; ++y) std::memcpy(source.as<float>() + y * width, &picture.at(0, y), static_cast<std::size_t>(4 * width));
-            at_every_level([&] { ASSERT_TRUE(W::Canny_32f8u_C1(source.as<float>(), 4 * width, target.as(), width, width, 20, 20, 60)); });
+            const GuardedBlock source(static_cast<std::size_t>(4 * width * 20), at_end),
+                target(static_cast<std::size_t>(width * 20), at_end);
+            for (int y = 0; y < 20; ++y)
+                std::memcpy(source.as<float>() + y * width, &picture.at(0, y), static_cast<std::size_t>(4 * width));
+            at_every_level([&] {
+                ASSERT_TRUE(W::Canny_32f8u_C1(source.as<float>(), 4 * width, target.as(), width, width, 20, 20, 60));
+            });
         }
     }
 }
@@ -271,16 +302,29 @@ TEST(Canny, ChecksInTheirOrder)
     const int from = source.step(), to = image.step(), most = std::numeric_limits<int>::max();
     struct Row { const float* src; int srcStep; u8* dst; int dstStep; orv::Size roi; float low, high; int status; };
     const Row rows[] = {
-        {nullptr, 0, d, 0, {0, 0}, 2, 1, -8}, {s, 0, nullptr, 0, {0, 0}, 2, 1, -8}, {s, 0, d, 0, {0, 5}, 2, 1, -6}, {s, 0, d, 0, {30, 0}, 2, 1, -6},
-        {s, 0, d, to, {30, 5}, 2, 1, -14}, {s, from, d, 0, {30, 5}, 2, 1, -14}, {s, from, d, -to, {30, 5}, 2, 1, -14}, {s, from, d, to, {30, 5}, 2, 1, -18},
-        {s, from, d, to, {30, 5}, -1, 1, -18}, {s, from, d, to, {30, 5}, nan, 1, -18}, {s, from, d, to, {30, 5}, 1, nan, -18}, {s, from, d, to, {30, 5}, nan, nan, -18},
-        {s, from, d, to, {30, 5}, -0x1p-149f, 1, -18}, {s, from, d, to, {30, 5}, kInfinity, 1, -18}, {s, from, d, to, {30, 5}, 1, 1, -9}, {s, from, d, to, {most, most}, 0, 1, -9},
+        {nullptr, 0, d, 0, {0, 0}, 2, 1, -8},
+        {s, 0, nullptr, 0, {0, 0}, 2, 1, -8},
+        {s, 0, d, 0, {0, 5}, 2, 1, -6},
+        {s, 0, d, 0, {30, 0}, 2, 1, -6},
+        {s, 0, d, to, {30, 5}, 2, 1, -14},
+        {s, from, d, 0, {30, 5}, 2, 1, -14},
+        {s, from, d, -to, {30, 5}, 2, 1, -14},
+        {s, from, d, to, {30, 5}, 2, 1, -18},
+        {s, from, d, to, {30, 5}, -1, 1, -18},
+        {s, from, d, to, {30, 5}, nan, 1, -18},
+        {s, from, d, to, {30, 5}, 1, nan, -18},
+        {s, from, d, to, {30, 5}, nan, nan, -18},
+        {s, from, d, to, {30, 5}, -0x1p-149f, 1, -18},
+        {s, from, d, to, {30, 5}, kInfinity, 1, -18},
+        {s, from, d, to, {30, 5}, 1, 1, -9},
+        {s, from, d, to, {most, most}, 0, 1, -9},
     };
     at_every_level([&] {
         const AllocationFailure none(0);
         for (const Row& r : rows) {
             EXPECT_EQ(orv::orv_Canny_32f8u_C1(r.src, r.srcStep, r.dst, r.dstStep, r.roi, &r.low, &r.high), r.status);
-            EXPECT_FALSE(W::Canny_32f8u_C1(r.src, r.srcStep, r.dst, r.dstStep, r.roi.width, r.roi.height, r.low, r.high));
+            EXPECT_FALSE(
+                W::Canny_32f8u_C1(r.src, r.srcStep, r.dst, r.dstStep, r.roi.width, r.roi.height, r.low, r.high));
         }
         EXPECT_EQ(image.bytes(), before);
     });
