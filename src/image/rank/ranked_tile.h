@@ -64,7 +64,7 @@ class RankedWindow {
 public:
     ORV_INLINE RankedWindow(void* memory, std::ptrdiff_t numbers) : bits_(static_cast<Word*>(memory))
     {
-        for (std::ptrdiff_t i = 0; i <= numbers / kWordBits; ++i) bits_[i] = 0;
+        for (std::ptrdiff_t i = 0; i <= numbers / static_cast<std::ptrdiff_t>(kWordBits); ++i) bits_[i] = 0;
     }
 
     // Numbers that lie `apart` from each other.
