@@ -18,6 +18,7 @@ HISTOGRAM = "src/image/statistics/histogram.cpp"
 COPY_FEW = "src/image/statistics/copy_few.h"
 EXTREMES = "src/image/statistics/extremes.cpp"
 FILTERS = "src/image/filters/filters_integer.cpp"
+MATRICES = "src/linalg/matrices.cpp"
 ELIMINATION = "src/linalg/elimination.cpp"
 RANDOM = "src/spectral/random/random_numbers.cpp"
 PSD = "src/spectral/psd_object.cpp"
@@ -70,7 +71,8 @@ FAULTS = [
     ("a tie is rounded up", FILTERS, "one(uint32_t sum) { return (sum + (sum >> 4 & 1) + 7) >> 4; }", "one(uint32_t sum) { return (sum + 8) >> 4; }", "Filters*:" + VARIANTS),
     ("a mean is rounded down", FILTERS, "simd::mul_high(sum + simd::splat<V>(kCount / 2)", "simd::mul_high(sum + simd::splat<V>(kCount / 2 - 1)", "Filters*:" + VARIANTS),
     ("operands exchanged under a conjugate", SPECTRA, "multiply_packed<ComplexProductConjugate>(src, srcDst, srcDst,", "multiply_packed<ComplexProductConjugate>(srcDst, src, srcDst,", "*Spectra*:*Pack*"),
-    ("a fused product", WINDOWS, "rounded(rounded(c * cosine) - rounded(s * sine))", "__builtin_fma(c, cosine, -rounded(s * sine))", "Hashes*:*Spectra*"),
+    ("a fused product", MATRICES, "rounded(sum[k % 4] + rounded(get(a.at(i, k)) * get(v.at(0, k))))",
+     "static_cast<T>(__builtin_fma(get(a.at(i, k)), get(v.at(0, k)), sum[k % 4]))", VARIANTS),
     ("another order of a product", RANDOM, "return radius * sigma * sine + mean;", "return radius * (sigma * sine) + mean;", "Hashes*"),
     ("a signalling NaN is passed on", WINDOWS, "is_nan_bits<float>(bits) ? bits | Bits<float>::kQuiet : bits_of", "is_nan_bits<float>(bits) ? bits : bits_of", "*Spectra*:*Hamming*:*Win*"),
     ("a row of the source too high", NEAREST, "row_at(src, srcStep, rows[y])", "row_at(src, srcStep, rows[y > 0 ? y - 1 : 0])", "Resize*:Hashes*"),
@@ -146,7 +148,7 @@ FAULTS = [
     ("an index that is not checked", ELIMINATION, "    if (!are_factors(lu, srcIndex, widthHeight)) return StatusSingularMatrix;\n", "", "Matrices*:Elimination*"),
     ("windows of two samples", SPECTRA, "if (len.count < 3) return StatusBadSize;", "if (len.count < 2) return StatusBadSize;", "*Spectra*:*Win*"),
     ("a block of another length", PSD, "length != record->n) return;", "length < record->n) return;", "*Psd*:*PowerSpectrum*"),
-    ("a size that wraps", "src/core/sizes.h", "return factor < kTooLarge ? factor : kTooLarge;", "return factor;", "InPlace*"),
+    ("a size that wraps", "src/facade/in_place.h", "size_product(copy_step, height)", "copy_step * height", "InPlace*"),
     # The host's processor and memory.
     ("upper register halves left dirty", SPECTRA, COMPLEX_START, COMPLEX_START + "#if ORV_HAVE_INT256\n    __asm__ volatile(\"vpcmpeqd %ymm15, %ymm15, %ymm15\");\n#endif\n", VARIANTS),
     ("a changed control word", SPECTRA, COMPLEX_START, COMPLEX_START + "    _mm_setcsr(_mm_getcsr() | 0x8040);\n", VARIANTS),
