@@ -106,7 +106,7 @@ FAULTS = [
     ("a tap without weight counts", WARP_SOURCE, "if (part == 0) return a;\n", "", "Warp*"),
     ("the weights of rows for those of columns", WARP_SOURCE, "put(dst + c, to_pixel<T>(sum(v, h)));", "put(dst + c, to_pixel<T>(sum(w, h)));", "Warp*"),
     ("fractions in halves of their steps", WARP_MANY, "fraction = position & simd::splat<Dwords>(16383);",
-     "fraction = position & simd::splat<Dwords>(16382);", "Warp*"),
+     "fraction = position & simd::splat<Dwords>(16382);", VARIANTS),
     ("estimates that are not checked", WARP_MANY, "kUnsure = 1.f / 512", "kUnsure = 0", "Warp*"),
     ("the last pixels of a run left out", WARP_MANY, "if (k < end) visit(end - step);", "", "Warp*"),
     # Rank filters.
