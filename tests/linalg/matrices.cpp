@@ -951,9 +951,12 @@ TEST(Matrices, TheCallersRoundingChangesNothing)
     std::mt19937 g = make_generator("rounding");
     const auto values = random_values<float>(8, 8, Fill::uniform, g);
     const float* const a = values.v.data();
-    expect_control_kept<float>(128, [&](float* dst) {
+    expect_control_kept<float>(200, [&](float* dst) {
+        float* const lu = dst + 128;
+        int index[8];
         return W::Mul_mm_32f(a, 32, 4, 8, 8, a, 32, 4, 8, 8, dst, 32, 4) &&
-               W::Invert_m_32f(a, 32, 4, dst + 64, 32, 4, 8);
+               W::Invert_m_32f(a, 32, 4, dst + 64, 32, 4, 8) && W::LUDecomp_m_32f(a, 32, 4, index, lu, 32, 4, 8) &&
+               W::LUBackSubst_mv_32f(lu, 32, 4, index, a, 4, dst + 192, 4, 8);
     });
 }
 
