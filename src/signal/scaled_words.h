@@ -102,7 +102,7 @@ template <> struct Saturated<int32_t, Sum<int32_t>> : SaturatedWords<Sum<int32_t
 template <> struct Saturated<int32_t, Difference<int32_t>> : SaturatedWords<Difference<int32_t>> {};
 
 // Scaled down by 2 to 32 bits, in 32-bit lanes: half of the exact sum, rounded down, and the bit that this leaves
-// over. A tie goes to the even neighbour: only where that bit alone is left does it matter whether the half is odd, so
+// over. That bit lifts what were a tie without it; where it is 0, a tie goes up if the result rounded down is odd, so
 //     sum 2^-(bits+1) = (half + 2^(bits-1) - 1 + (left over or odd)) >> bits
 // with the addition done on the digits below the last one, where it cannot overflow.
 template <class Kind>
