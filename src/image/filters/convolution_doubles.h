@@ -12,37 +12,80 @@ inline namespace ORV_LEVEL {
 
 using DoubleLanes = simd::widest<double>;
 
+// An element of the source, and what it weighs in two results below each other. Each has an order of its own, from the
+// source's top row down, and the list has both.
 struct DoubleTap {
-    int row;
-    int offset;  // in elements
-    double weight;
+    const double* from;  // where its elements are for the rows at hand
+    int row, offset;
+    double upper, lower;
 };
+enum TapUse : int { used_above = 1, used_below = 2, used_twice = 3 };
 
+// Taps as they come, in runs of one use.
 struct DoubleTaps {
+    struct Run {
+        int use, end;
+    };
     DoubleTap* taps;
-    int count = 0;
+    Run* runs;
+    int count = 0, run_count = 0;
 
-    ORV_INLINE void add(int row, std::ptrdiff_t offset, double weight) { taps[count++] = {row, static_cast<int>(offset), weight}; }
+    ORV_INLINE void lay_out(std::ptrdiff_t most, WorkingMemory& memory)
+    {
+        taps = memory.take<DoubleTap>(most);
+        runs = memory.take<Run>(most);
+    }
+    ORV_INLINE void add(int use, int row, std::ptrdiff_t offset, double upper, double lower)
+    {
+        if (use == 0) return;
+        taps[count++] = {nullptr, row, static_cast<int>(offset), upper, lower};
+        if (run_count == 0 || runs[run_count - 1].use != use) runs[run_count++] = {use, 0};
+        runs[run_count - 1].end = count;
+    }
+    // row(r) is where row r of the source begins.
+    template <class Row>
+    ORV_INLINE void begin_at(Row row) const
+    {
+        for (int i = 0; i < count; ++i) taps[i].from = row(taps[i].row) + taps[i].offset;
+    }
+    // The first vectors of sums: one that starts as -0 is its first product exactly, signs of zeros included.
+    ORV_INLINE DoubleLanes start() const { return simd::splat<DoubleLanes>(count == 0 ? 0.0 : -0.0); }
 };
 
-// Results that are computed together, each vector of them a chain of its own.
 template <int vectors> using DoubleSums = DoubleLanes[vectors];
 
-// In the order of the taps. A sum that starts as -0 is its first product exactly, signs of zeros included.
-template <int vectors>
-ORV_INLINE void sum_taps(const DoubleTaps& kernel, const double* const* rows, std::ptrdiff_t x, DoubleSums<vectors>& sums)
+// As many sums of each of two rows as registers hold beside an element and its weights.
+constexpr int kDoubleVectors = sizeof(void*) == 8 ? 6 : 2;
+
+template <int use, int vectors>
+ORV_INLINE void add_run(const DoubleTap* tap, const DoubleTap* end, std::ptrdiff_t x, DoubleSums<vectors>& upper,
+                        DoubleSums<vectors>& lower)
 {
-    const DoubleLanes start = simd::splat<DoubleLanes>(kernel.count == 0 ? 0.0 : -0.0);
-#pragma GCC unroll 8
-    for (int k = 0; k < vectors; ++k) sums[k] = start;
-    const DoubleTap* const end = kernel.taps + kernel.count;
-    for (const DoubleTap* tap = kernel.taps; tap != end; ++tap) {
-        const double* const p = rows[tap->row] + (x + tap->offset);
-        const DoubleLanes weight = simd::splat<DoubleLanes>(tap->weight);
+    for (; tap != end; ++tap) {
+        const double* const p = tap->from + x;
+        const DoubleLanes above = simd::splat<DoubleLanes>(tap->upper), below = simd::splat<DoubleLanes>(tap->lower);
 #pragma GCC unroll 8
         for (int k = 0; k < vectors; ++k) {
-            sums[k] = simd::add_exact_product(simd::load<DoubleLanes>(p + k * DoubleLanes::N), weight, sums[k]);
+            const DoubleLanes element = simd::in_register(simd::load<DoubleLanes>(p + k * DoubleLanes::N));
+            if (use & used_above) upper[k] = simd::add_exact_product(element, above, upper[k]);
+            if (use & used_below) lower[k] = simd::add_exact_product(element, below, lower[k]);
         }
+    }
+}
+
+template <int vectors>
+ORV_INLINE void sum_taps(const DoubleTaps& kernel, std::ptrdiff_t x, DoubleSums<vectors>& upper,
+                         DoubleSums<vectors>& lower)
+{
+#pragma GCC unroll 8
+    for (int k = 0; k < vectors; ++k) upper[k] = lower[k] = kernel.start();
+    const DoubleTap* tap = kernel.taps;
+    for (int i = 0; i < kernel.run_count; ++i) {
+        const DoubleTap* const end = kernel.taps + kernel.runs[i].end;
+        if (kernel.runs[i].use == used_twice) add_run<used_twice, vectors>(tap, end, x, upper, lower);
+        else if (kernel.runs[i].use == used_above) add_run<used_above, vectors>(tap, end, x, upper, lower);
+        else add_run<used_below, vectors>(tap, end, x, upper, lower);
+        tap = end;
     }
 }
 
@@ -69,15 +112,14 @@ void widen_row(const T* s, double* d, std::ptrdiff_t n)
     for (; i < n; ++i) d[i] = static_cast<double>(get(s + i));
 }
 
-// The rows of doubles that a kernel spans, in a ring. A kernel of rank 1 has its sums of rows there, and `columns` puts
-// those together; else `columns` is all of the kernel.
+// The rows of doubles that two results below each other span, in a ring. A kernel of rank 1 has its sums of rows there,
+// and `columns` puts those together; else `columns` is all of the kernel.
 struct DoubleRows {
     DoubleTaps rows, columns;
     bool factored;
     std::ptrdiff_t span;
     std::ptrdiff_t stride;  // elements from one to the next
     double *ring, *single;
-    const double** at;
 };
 
 constexpr int kDoubleSlack = 64;  // more than any block: blocks at the end compute what nobody takes
@@ -85,11 +127,10 @@ constexpr int kDoubleSlack = 64;  // more than any block: blocks at the end comp
 template <class From, class To, class Weight>
 ORV_INLINE void lay_out(const Convolution<From, To, Weight>& job, DoubleRows& d, std::ptrdiff_t strip, WorkingMemory& memory)
 {
-    d.span = job.height;
+    d.span = job.height + 1;
     d.stride = (strip + (d.factored ? 0 : job.frame()) + kDoubleSlack + 7) & ~std::ptrdiff_t{7};
-    d.columns.taps = memory.take<DoubleTap>(d.factored ? job.height : job.height * job.width);
-    d.rows.taps = memory.take<DoubleTap>(d.factored ? job.width : 0);
-    d.at = memory.take<const double*>(d.span);
+    d.columns.lay_out(d.span * (d.factored ? 1 : job.width), memory);
+    d.rows.lay_out(d.factored ? job.width : 0, memory);
     d.ring = memory.take<double>(d.span * d.stride);
     d.single = memory.take<double>(d.factored ? strip + job.frame() + kDoubleSlack : 0);
 }
@@ -98,31 +139,50 @@ template <class From>
 ORV_INLINE void fill_row(const DoubleRows& d, const From* source, std::ptrdiff_t n, std::ptrdiff_t frame, double* to)
 {
     if (!d.factored) return widen_row(source, to, n + frame);
-    constexpr int vectors = 4;
+    constexpr int vectors = sizeof(void*) == 8 ? 8 : 4;
     widen_row(source, d.single, n + frame);
-    const double* const rows[] = {d.single};
+    d.rows.begin_at([&](int) { return d.single; });
     for (std::ptrdiff_t x = 0; x < n; x += vectors * DoubleLanes::N) {
-        DoubleSums<vectors> sums;
-        sum_taps<vectors>(d.rows, rows, x, sums);
+        DoubleSums<vectors> sums, none;
+#pragma GCC unroll 8
+        for (int k = 0; k < vectors; ++k) sums[k] = d.rows.start();
+        add_run<used_above, vectors>(d.rows.taps, d.rows.taps + d.rows.count, x, sums, none);
+#pragma GCC unroll 8
         for (int k = 0; k < vectors; ++k) simd::store(to + x + k * DoubleLanes::N, sums[k]);
     }
 }
 
-// Finish::store(dst, sums) makes results of Finish::kVectors vectors of sums.
+// Finish::store(dst, sums) makes results of Finish::kVectors vectors of sums, which are formed Finish::kTogether at a time.
+template <class Finish, class To>
+ORV_INLINE void double_results(const DoubleRows& d, std::ptrdiff_t x, To* above, To* below, const Finish& finish)
+{
+    DoubleSums<Finish::kVectors> upper, lower;
+#pragma GCC unroll 4
+    for (int k = 0; k < Finish::kVectors; k += Finish::kTogether) {
+        DoubleSums<Finish::kTogether> first, second;
+        sum_taps<Finish::kTogether>(d.columns, x + k * DoubleLanes::N, first, second);
+#pragma GCC unroll 8
+        for (int i = 0; i < Finish::kTogether; ++i) upper[k + i] = first[i], lower[k + i] = second[i];
+    }
+    finish.store(below, lower);
+    finish.store(above, upper);
+}
+
 template <class From, class To, class Weight, class Finish>
 void convolve_strip(const Convolution<From, To, Weight>& job, const DoubleRows& d, std::ptrdiff_t x0, std::ptrdiff_t n,
                     const Finish& finish)
 {
+    const std::ptrdiff_t last = job.last_row();
     std::ptrdiff_t filled = 0;
-    for (std::ptrdiff_t y = 0; y < job.roi.height; ++y) {
+    for (std::ptrdiff_t y = 0; y < job.roi.height; y += 2) {
         for (; filled < y + d.span; ++filled) {
-            fill_row(d, job.source(filled) + x0, n, job.frame(), d.ring + filled % d.span * d.stride);
+            fill_row(d, job.source(filled < last ? filled : last) + x0, n, job.frame(), d.ring + filled % d.span * d.stride);
         }
-        for (std::ptrdiff_t r = 0; r < d.span; ++r) d.at[r] = d.ring + (y + r) % d.span * d.stride;
-        in_blocks<Finish::kVectors * DoubleLanes::N>(job.result(y) + x0, n, [&](std::ptrdiff_t x, To* to) {
-            DoubleSums<Finish::kVectors> sums;
-            sum_taps<Finish::kVectors>(d.columns, d.at, x, sums);
-            finish.store(to, sums);
+        const std::ptrdiff_t first = y % d.span;
+        d.columns.begin_at([&](int r) { return d.ring + (first + r < d.span ? first + r : first + r - d.span) * d.stride; });
+        in_blocks<Finish::kVectors * DoubleLanes::N>(job.result(y) + x0, job.result(y + 1 < job.roi.height ? y + 1 : y) + x0, n,
+                                                     [&](std::ptrdiff_t x, To* above, To* below) {
+            double_results(d, x, above, below, finish);
         });
     }
 }

@@ -24,12 +24,19 @@ ORV_INLINE bool counts(const float* weight)
 #if ORV_HAVE_VECTORS
 
 struct FloatStore {
-    static constexpr int kVectors = sizeof(void*) == 8 ? 8 : 4;  // as many as registers hold beside a weight
+    static constexpr int kVectors = kDoubleVectors, kTogether = kDoubleVectors;
+    // One look at all for a NaN, which is rare.
     ORV_INLINE void store(float* to, const DoubleSums<kVectors>& sums) const
     {
-#pragma GCC unroll 4
+        auto odd = simd::unordered(sums[0], sums[1]);
+#pragma GCC unroll 8
+        for (int k = 2; k < kVectors; k += 2) odd = odd | simd::unordered(sums[k], sums[k + 1]);
+        const bool has_nan = simd::any(odd);
+#pragma GCC unroll 8
         for (int k = 0; k < kVectors; k += 2) {
-            store_result(to + k * DoubleLanes::N, simd::twice<DoubleLanes>{sums[k], sums[k + 1]});
+            float* const p = to + k * DoubleLanes::N;
+            if (__builtin_expect(has_nan, false)) store_result(p, simd::twice<DoubleLanes>{sums[k], sums[k + 1]});
+            else simd::store(p, sums[k]), simd::store(p + DoubleLanes::N, sums[k + 1]);
         }
     }
 };
@@ -37,10 +44,16 @@ struct FloatStore {
 template <class From>
 void list_taps(const Job<From>& job, DoubleTaps& taps)
 {
-    for (int r = 0; r < job.height; ++r) {
+    const auto weight = [&](int r, int c) {
+        const bool inside = r >= 0 && r < job.height && counts(job.weight(r, c));
+        return inside ? job.weight(r, c) : nullptr;
+    };
+    const auto value = [](const float* p) { return p != nullptr ? static_cast<double>(get(p)) : 0; };
+    for (int r = 0; r <= job.height; ++r) {
         for (int c = 0; c < job.width; ++c) {
-            const float* const weight = job.weight(r, c);
-            if (counts(weight)) taps.add(r, std::ptrdiff_t{c} * job.channels, static_cast<double>(get(weight)));
+            const float *const above = weight(r, c), *const below = weight(r - 1, c);
+            const int use = (above != nullptr ? used_above : 0) | (below != nullptr ? used_below : 0);
+            taps.add(use, r, std::ptrdiff_t{c} * job.channels, value(above), value(below));
         }
     }
 }

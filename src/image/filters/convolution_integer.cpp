@@ -127,15 +127,7 @@ void pair_results(const PairRing<Lanes>& ring, To* upper, To* lower, ptrdiff_t n
         }
         store_quotients(above, first, quotients);
     };
-    if (n < kPairBlock) {
-        To all[2][kPairBlock];
-        block(0, all[0], all[1]);
-        __builtin_memcpy(lower, all[1], static_cast<std::size_t>(n) * sizeof(To));
-        __builtin_memcpy(upper, all[0], static_cast<std::size_t>(n) * sizeof(To));
-        return;
-    }
-    for (ptrdiff_t x = 0; x < n - kPairBlock; x += kPairBlock) block(x, upper + x, lower + x);
-    block(n - kPairBlock, upper + (n - kPairBlock), lower + (n - kPairBlock));
+    in_blocks<kPairBlock>(upper, lower, n, block);
 }
 
 // pair(a, b, n, to) makes a row of pairs from two rows of the source; n results are wanted of it.
@@ -143,7 +135,7 @@ template <class Lanes, class From, class To, class Quotients, class Pair>
 void convolve_strip_in_pairs(const Job<From, To>& job, const PairRing<Lanes>& ring, ptrdiff_t x0, ptrdiff_t n,
                              const Quotients& quotients, Pair pair)
 {
-    const ptrdiff_t last = ptrdiff_t{job.roi.height} + job.height - 2;
+    const ptrdiff_t last = job.last_row();
     const auto source = [&](ptrdiff_t y) { return job.source(y < last ? y : last) + x0; };
     ptrdiff_t filled = 0;
     for (ptrdiff_t y = 0; y < job.roi.height; y += 2) {
@@ -272,7 +264,7 @@ Status in_passes(const Job<uint8_t, To>& job, const Factors& factors, int32_t mi
 
 template <class To>
 struct QuotientStore {
-    static constexpr int kVectors = 8;
+    static constexpr int kVectors = 8, kTogether = sizeof(void*) == 8 ? 4 : 2;
     DoubleQuotients<To> quotients;
 
     ORV_INLINE void store(To* to, const DoubleSums<kVectors>& sums) const
@@ -294,16 +286,19 @@ Status in_doubles(const Job<From, To>& job, const Factors* factors, int divisor)
         [&](WorkingMemory& memory) { lay_out(job, rows, strips.width, memory); },
         [&] {
             const FloatControl control;
-            const auto add = [&](DoubleTaps& taps, int r, int c, int weight) {
-                if (weight != 0) taps.add(r, ptrdiff_t{c} * job.channels, weight);
+            const auto add = [&](int r, int c, int above, int below) {
+                const int use = (above != 0 ? used_above : 0) | (below != 0 ? used_below : 0);
+                rows.columns.add(use, r, ptrdiff_t{c} * job.channels, above, below);
             };
-            if (factors != nullptr) {
-                for (int c = 0; c < job.width; ++c) add(rows.rows, 0, c, factors->row[c]);
-                for (int r = 0; r < job.height; ++r) add(rows.columns, r, 0, factors->column[r]);
-            } else {
-                for (int r = 0; r < job.height; ++r) {
-                    for (int c = 0; c < job.width; ++c) add(rows.columns, r, c, get(job.weight(r, c)));
-                }
+            for (int c = 0; factors != nullptr && c < job.width; ++c) {
+                const int weight = factors->row[c];
+                rows.rows.add(weight != 0 ? used_above : 0, 0, ptrdiff_t{c} * job.channels, weight, 0);
+            }
+            const auto weight = [&](int r, int c) {
+                return r < 0 || r >= job.height ? 0 : factors != nullptr ? factors->column[r] : get(job.weight(r, c));
+            };
+            for (int r = 0; r <= job.height; ++r) {
+                for (int c = 0; c < (factors != nullptr ? 1 : job.width); ++c) add(r, c, weight(r, c), weight(r - 1, c));
             }
             convolve_strips(job, rows, strips, QuotientStore<To>{DoubleQuotients<To>(divisor)});
         });

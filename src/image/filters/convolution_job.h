@@ -45,6 +45,7 @@ struct Convolution {
     ORV_INLINE const Weight* weight(int r, int c) const { return kernel + (width * height - 1 - (r * width + c)); }
     ORV_INLINE std::ptrdiff_t elements() const { return std::ptrdiff_t{roi.width} * channels; }
     ORV_INLINE std::ptrdiff_t frame() const { return std::ptrdiff_t{width - 1} * channels; }
+    ORV_INLINE std::ptrdiff_t last_row() const { return std::ptrdiff_t{roi.height} + height - 2; }  // of the source
     ORV_INLINE const From* source(std::ptrdiff_t y) const { return row_at(first, srcStep, y); }
     ORV_INLINE To* result(std::ptrdiff_t y) const { return row_at(dst, dstStep, y); }
 };
@@ -96,20 +97,22 @@ struct ConvolutionStrips {
     ORV_INLINE std::ptrdiff_t columns_at(std::ptrdiff_t x) const { return total - x < width ? total - x : width; }
 };
 
-// block(x, dst) for blocks of `size` results that cover n, the last one perhaps over its neighbour; fewer than a block
-// go by way of a block of their own.
+// block(x, above, below) makes `size` results in each of two rows; blocks cover n, the last one perhaps over its
+// neighbour; fewer results go by way of a block of their own. Where there is only one row, both are it, and a block
+// writes the upper one last.
 template <int size, class To, class Block>
-ORV_INLINE void in_blocks(To* dst, std::ptrdiff_t n, Block block)
+ORV_INLINE void in_blocks(To* above, To* below, std::ptrdiff_t n, Block block)
 {
     if (n < size) {
-        To all[size];
-        block(std::ptrdiff_t{0}, all);
-        __builtin_memcpy(dst, all, static_cast<std::size_t>(n) * sizeof(To));
+        To all[2][size];
+        block(std::ptrdiff_t{0}, all[0], all[1]);
+        __builtin_memcpy(below, all[1], static_cast<std::size_t>(n) * sizeof(To));
+        __builtin_memcpy(above, all[0], static_cast<std::size_t>(n) * sizeof(To));
         return;
     }
     std::ptrdiff_t x = 0;
-    for (; x < n - size; x += size) block(x, dst + x);
-    block(n - size, dst + (n - size));
+    for (; x < n - size; x += size) block(x, above + x, below + x);
+    block(n - size, above + (n - size), below + (n - size));
 }
 
 }  // namespace ORV_LEVEL
