@@ -12,7 +12,8 @@ using W = ImageProcessingWrapper;
 using u8 = unsigned char;
 using u16 = unsigned short;
 
-template <class T> constexpr int depth = std::is_same<T, float>::value ? CV_32F : sizeof(T) == 1 ? CV_8U : T(-1) < T(0) ? CV_16S : CV_16U;
+template <class T>
+constexpr int depth = std::is_same<T, float>::value ? CV_32F : sizeof(T) == 1 ? CV_8U : T(-1) < T(0) ? CV_16S : CV_16U;
 
 void fill_with_floats(const Image& image)
 {
@@ -35,7 +36,8 @@ std::vector<Weight> weights(int side, bool product)
     for (int j = 0; j < side; ++j) {
         for (int i = 0; i < side; ++i) {
             state = state * 1664525u + 1013904223u;
-            all.push_back(static_cast<Weight>(product ? (1 + i % 3) * (1 + j % 2) : static_cast<int>(state >> 24) - 128));
+            const int noise = static_cast<int>(state >> 24) - 128;
+            all.push_back(static_cast<Weight>(product ? (1 + i % 3) * (1 + j % 2) : noise));
         }
     }
     return all;
@@ -50,33 +52,42 @@ void filter(const std::string& name, int channels, int kernel_side, bool product
     if (divisor == 0) divisor = 1;
     cv::Mat turned(kernel_side, kernel_side, CV_32F);
     for (int i = 0; i < kernel_side * kernel_side; ++i) {
-        const float w = static_cast<float>(kernel[static_cast<std::size_t>(kernel_side * kernel_side - 1 - i)]);
-        turned.at<float>(i / kernel_side, i % kernel_side) = std::is_same<Weight, int>::value ? w / static_cast<float>(divisor) : w;
+        const auto w = static_cast<float>(kernel[kernel.size() - 1 - static_cast<std::size_t>(i)]);
+        const bool divided = std::is_same<Weight, int>::value;
+        turned.at<float>(i / kernel_side, i % kernel_side) = divided ? w / static_cast<float>(divisor) : w;
     }
-    const std::string row = name + " " + std::to_string(kernel_side) + "x" + std::to_string(kernel_side) + (product ? " rank 1" : "");
+    const std::string row = name + " " + bench::square(kernel_side) + (product ? " rank 1" : "");
     const int radius = kernel_side / 2;
     for (const int side : bench::kSides) {
         const int extent = side + 2 * radius, pixel = channels * static_cast<int>(sizeof(From));
-        auto a = std::make_shared<Image>(extent, pixel, std::is_same<From, float>::value ? fill_with_floats : Image::Fill());
+        const Image::Fill fill = std::is_same<From, float>::value ? fill_with_floats : Image::Fill();
+        auto a = std::make_shared<Image>(extent, pixel, fill);
         auto d = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(To)));
         const From* const region = a->template row<From>(radius) + radius * channels;
-        bench::add(row, bench::square(side), "orvane", [=] { method(region, a->step(), d->template as<To>(), d->step(), side, kernel.data(), kernel_side, divisor); });
-        const cv::Mat ma = cv::Mat(extent, extent, CV_MAKETYPE(depth<From>, channels), a->template as<void>(),
-                                   static_cast<std::size_t>(a->step()))(cv::Rect(radius, radius, side, side));
-        cv::Mat md(side, side, CV_MAKETYPE(depth<To>, channels), d->template as<void>(), static_cast<std::size_t>(d->step()));
-        bench::add(row, bench::square(side), "opencv", [=]() mutable { static_cast<void>(a); static_cast<void>(d); cv::filter2D(ma, md, depth<To>, turned); });
+        bench::add(row, bench::square(side), "orvane", [=] {
+            method(region, a->step(), d->template as<To>(), d->step(), side, kernel.data(), kernel_side, divisor);
+        });
+        const auto mat = [&](const Image& image, int n, int type) {
+            return cv::Mat(n, n, type, image.as<void>(), static_cast<std::size_t>(image.step()));
+        };
+        const cv::Mat ma = mat(*a, extent, CV_MAKETYPE(depth<From>, channels))(cv::Rect(radius, radius, side, side));
+        cv::Mat md = mat(*d, side, CV_MAKETYPE(depth<To>, channels));
+        bench::add(row, bench::square(side), "opencv", [=]() mutable {
+            static_cast<void>(a), static_cast<void>(d);
+            cv::filter2D(ma, md, depth<To>, turned);
+        });
         bench::add(row, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
     }
 }
 
 const bool registered = [] {
-#define INTEGERS(name, From, To, channels)                                                                                  \
-    {                                                                                                                       \
-        const auto method = [](const From* s, int ss, To* d, int ds, int n, const int* k, int side, int divisor) {          \
-            W::name(s, ss, d, ds, n, n, k, side, side, side / 2, side / 2, divisor);                                        \
-        };                                                                                                                  \
-        for (const int side : {3, 5, 15}) filter<From, To, int>(#name, channels, side, false, method);                      \
-        for (const int side : {3, 7, 15}) filter<From, To, int>(#name, channels, side, true, method);                       \
+#define INTEGERS(name, From, To, channels)                                                                       \
+    {                                                                                                            \
+        const auto method = [](const From* s, int ss, To* d, int ds, int n, const int* k, int side, int divisor) { \
+            W::name(s, ss, d, ds, n, n, k, side, side, side / 2, side / 2, divisor);                             \
+        };                                                                                                       \
+        for (const int side : {3, 5, 15}) filter<From, To, int>(#name, channels, side, false, method);           \
+        for (const int side : {3, 7, 15}) filter<From, To, int>(#name, channels, side, true, method);            \
     }
     INTEGERS(Filter_8u_C1R, u8, u8, 1)
     INTEGERS(Filter_8u_C3R, u8, u8, 3)
@@ -84,12 +95,12 @@ const bool registered = [] {
     INTEGERS(Filter_16s_C1R, short, short, 1)
     INTEGERS(Filter_8u16s_C1R, u8, short, 1)
 #undef INTEGERS
-#define FLOATS(name, From, channels)                                                                                        \
-    {                                                                                                                       \
-        const auto method = [](const From* s, int ss, float* d, int ds, int n, const float* k, int side, int) {             \
-            W::name(s, ss, d, ds, n, n, k, side, side, side / 2, side / 2);                                                 \
-        };                                                                                                                  \
-        for (const int side : {3, 5, 7, 15}) filter<From, float, float>(#name, channels, side, false, method);              \
+#define FLOATS(name, From, channels)                                                                             \
+    {                                                                                                            \
+        const auto method = [](const From* s, int ss, float* d, int ds, int n, const float* k, int side, int) {  \
+            W::name(s, ss, d, ds, n, n, k, side, side, side / 2, side / 2);                                      \
+        };                                                                                                       \
+        for (const int side : {3, 5, 7, 15}) filter<From, float, float>(#name, channels, side, false, method);   \
     }
     FLOATS(Filter_32f_C1R, float, 1)
     FLOATS(Filter_32f_C3R, float, 3)

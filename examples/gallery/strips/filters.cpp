@@ -2,6 +2,7 @@
 // that far inside the image.
 #include <RandomNumberGenerator.h>
 
+#include <cmath>
 #include <vector>
 
 #include "strips.h"
@@ -44,6 +45,44 @@ void show_smoothing(const Picture& photo, Page& page)
          W::FilterWiener_32f_C1(centre, grey.step, clean.data(), clean.step, width, height, 7, 7, &variance));
 }
 
+// Kernels of one's own: light from the upper left on the brightness as if it were a height, and a smooth derivative at
+// 30 degrees to the rows.
+void show_convolution(const Picture& photo, Page& page)
+{
+    const int width = photo.width - 4, height = photo.height - 4;
+    const FloatPicture grey = brightness(photo);
+    const Picture bytes = to_picture(grey);
+    const unsigned char* const centre = bytes.data() + 2 * bytes.step + 2;
+    static const int emboss[9] = {1, 1, 0, 1, 0, -1, 0, -1, -1};
+    int step = 0;
+    short* const slopes = W::Malloc_16s_C1(width, height, &step);
+    bool ok = false;
+    const double time = best_microseconds(
+        [&] { return W::Filter_8u16s_C1R(centre, bytes.step, slopes, step, width, height, emboss, 3, 3, 1, 1, 1); },
+        ok);
+    // On middle grey.
+    FloatPicture relief(width, height, 1);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) relief.data()[y * (relief.step / 4) + x] = slopes[y * (step / 2) + x];
+    }
+    W::Free(slopes);
+    page.show(to_picture(relief, -200, 200), "Filter_8u16s_C1R, kernel 1 1 0 / 1 0 -1 / 0 -1 -1", time, ok);
+
+    float across[25];
+    const float c = std::cos(0.5235988f), s = std::sin(0.5235988f);
+    for (int j = -2; j <= 2; ++j) {
+        for (int i = -2; i <= 2; ++i) {
+            const float u = c * static_cast<float>(i) + s * static_cast<float>(j);
+            across[(j + 2) * 5 + i + 2] = u * std::exp(-static_cast<float>(i * i + j * j) / 2);
+        }
+    }
+    const float* const inner = grey.data() + 2 * (grey.step / 4) + 2;
+    FloatPicture edges(width, height, 1);
+    W::Filter_32f_C1R(inner, grey.step, edges.data(), edges.step, width, height, across, 5, 5, 2, 2);
+    SHOW(page, to_picture(edges, -150, 150),
+         W::Filter_32f_C1R(inner, grey.step, edges.data(), edges.step, width, height, across, 5, 5, 2, 2));
+}
+
 }  // namespace
 
 void show_filters(const Picture& photo, Page& page)
@@ -71,5 +110,6 @@ void show_filters(const Picture& photo, Page& page)
     EDGES(FilterSobelCross3x3_32f_C1R, 20);
     EDGES(FilterSobelCross5x5_32f_C1R, 150);
 #undef EDGES
+    show_convolution(photo, page);
     show_smoothing(photo, page);
 }

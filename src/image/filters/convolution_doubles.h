@@ -125,7 +125,8 @@ struct DoubleRows {
 constexpr int kDoubleSlack = 64;  // more than any block: blocks at the end compute what nobody takes
 
 template <class From, class To, class Weight>
-ORV_INLINE void lay_out(const Convolution<From, To, Weight>& job, DoubleRows& d, std::ptrdiff_t strip, WorkingMemory& memory)
+ORV_INLINE void lay_out(const Convolution<From, To, Weight>& job, DoubleRows& d, std::ptrdiff_t strip,
+                        WorkingMemory& memory)
 {
     d.span = job.height + 1;
     d.stride = (strip + (d.factored ? 0 : job.frame()) + kDoubleSlack + 7) & ~std::ptrdiff_t{7};
@@ -152,7 +153,8 @@ ORV_INLINE void fill_row(const DoubleRows& d, const From* source, std::ptrdiff_t
     }
 }
 
-// Finish::store(dst, sums) makes results of Finish::kVectors vectors of sums, which are formed Finish::kTogether at a time.
+// Finish::store(dst, sums) makes results of Finish::kVectors vectors of sums, which are formed Finish::kTogether at a
+// time.
 template <class Finish, class To>
 ORV_INLINE void double_results(const DoubleRows& d, std::ptrdiff_t x, To* above, To* below, const Finish& finish)
 {
@@ -176,14 +178,18 @@ void convolve_strip(const Convolution<From, To, Weight>& job, const DoubleRows& 
     std::ptrdiff_t filled = 0;
     for (std::ptrdiff_t y = 0; y < job.roi.height; y += 2) {
         for (; filled < y + d.span; ++filled) {
-            fill_row(d, job.source(filled < last ? filled : last) + x0, n, job.frame(), d.ring + filled % d.span * d.stride);
+            double* const to = d.ring + filled % d.span * d.stride;
+            fill_row(d, job.source(filled < last ? filled : last) + x0, n, job.frame(), to);
         }
         const std::ptrdiff_t first = y % d.span;
-        d.columns.begin_at([&](int r) { return d.ring + (first + r < d.span ? first + r : first + r - d.span) * d.stride; });
-        in_blocks<Finish::kVectors * DoubleLanes::N>(job.result(y) + x0, job.result(y + 1 < job.roi.height ? y + 1 : y) + x0, n,
-                                                     [&](std::ptrdiff_t x, To* above, To* below) {
-            double_results(d, x, above, below, finish);
+        d.columns.begin_at([&](int r) {
+            const std::ptrdiff_t place = first + r;
+            return d.ring + (place < d.span ? place : place - d.span) * d.stride;
         });
+        const std::ptrdiff_t next = y + 1 < job.roi.height ? y + 1 : y;
+        in_blocks<Finish::kVectors * DoubleLanes::N>(
+            job.result(y) + x0, job.result(next) + x0, n,
+            [&](std::ptrdiff_t x, To* above, To* below) { double_results(d, x, above, below, finish); });
     }
 }
 

@@ -100,7 +100,9 @@ Status convolve(const Job<From>& job)
                        [&] {
                            const FloatControl control;
                            for (std::ptrdiff_t y = 0; y < job.roi.height; ++y) {
-                               for (std::ptrdiff_t i = 0; i < job.elements(); ++i) store_result(job.result(y) + i, one(job, y, i));
+                               for (std::ptrdiff_t i = 0; i < job.elements(); ++i) {
+                                   store_result(job.result(y) + i, one(job, y, i));
+                               }
                            }
                        });
 }
@@ -111,9 +113,9 @@ template <int channels, class From>
 Status filter(const From* src, int srcStep, float* dst, int dstStep, Size roi, const float* kernel, int width,
               int height, int anchorX, int anchorY)
 {
-    if (const Status bad = check_convolution(src, srcStep, dst, dstStep, roi, kernel, width, height, anchorX, anchorY)) {
-        return bad;
-    }
+    const Status bad =
+        check_convolution(src, srcStep, dst, dstStep, roi, kernel, width, height, anchorX, anchorY);
+    if (bad) return bad;
     return convolve(Job<From>(src, srcStep, dst, dstStep, roi, channels, kernel, width, height, anchorX, anchorY));
 }
 

@@ -32,7 +32,9 @@ To one(const Job<From, To>& job, int divisor, ptrdiff_t y, ptrdiff_t i)
     int64_t sum = 0;
     for (int r = 0; r < job.height; ++r) {
         const From* const row = job.source(y + r) + i;
-        for (int c = 0; c < job.width; ++c) sum += int64_t{get(job.weight(r, c))} * get(row + ptrdiff_t{c} * job.channels);
+        for (int c = 0; c < job.width; ++c) {
+            sum += int64_t{get(job.weight(r, c))} * get(row + ptrdiff_t{c} * job.channels);
+        }
     }
     return nearest_quotient<To>(sum, divisor);
 }
@@ -58,7 +60,7 @@ Status plain(const Job<From, To>& job, int divisor)
 constexpr int kPairVectors = 4;  // of 32-bit sums in a block, or half as many of 16-bit ones
 constexpr int kPairBlock = kPairVectors * WordPairs::Sums::N;
 template <class Lanes> constexpr int vectors_of = kPairBlock / Lanes::Sums::N;
-constexpr bool kBothRows = sizeof(void*) == 8;  // the sums of two rows need more registers than there are in 32-bit code
+constexpr bool kBothRows = sizeof(void*) == 8;  // the sums of two rows need more registers than 32-bit code has
 
 template <class Quotients, class To>
 ORV_INLINE void store_quotients(To* to, const PairSums<WordPairs, kPairVectors>& sums, const Quotients& quotients)
@@ -139,7 +141,9 @@ void convolve_strip_in_pairs(const Job<From, To>& job, const PairRing<Lanes>& ri
     const auto source = [&](ptrdiff_t y) { return job.source(y < last ? y : last) + x0; };
     ptrdiff_t filled = 0;
     for (ptrdiff_t y = 0; y < job.roi.height; y += 2) {
-        for (; filled < y / 2 + ring.span; ++filled) pair(source(2 * filled), source(2 * filled + 1), n, ring.slot(filled));
+        for (; filled < y / 2 + ring.span; ++filled) {
+            pair(source(2 * filled), source(2 * filled + 1), n, ring.slot(filled));
+        }
         ring.begin_at(y / 2);
         pair_results(ring, job.result(y) + x0, job.result(y + 1 < job.roi.height ? y + 1 : y) + x0, n, quotients);
     }
@@ -182,8 +186,8 @@ Status in_pairs(const Job<From, To>& job, const Weights& weights, const Quotient
             const auto weight = [&](int r, int c) { return r >= 0 && r < job.height ? get(job.weight(r, c)) : 0; };
             for (int k = 0; k < ring.span; ++k) {
                 for (int c = 0; c < job.width; ++c) {
-                    ring.kernel.template add<Lanes>(k, ptrdiff_t{c} * job.channels, weight(2 * k - 1, c), weight(2 * k, c),
-                                                    weight(2 * k + 1, c));
+                    ring.kernel.template add<Lanes>(k, ptrdiff_t{c} * job.channels, weight(2 * k - 1, c),
+                                                    weight(2 * k, c), weight(2 * k + 1, c));
                 }
             }
             ring.kernel.bias = wrapped_product(kTakenDown<From>, weights.sum);
@@ -298,7 +302,8 @@ Status in_doubles(const Job<From, To>& job, const Factors* factors, int divisor)
                 return r < 0 || r >= job.height ? 0 : factors != nullptr ? factors->column[r] : get(job.weight(r, c));
             };
             for (int r = 0; r <= job.height; ++r) {
-                for (int c = 0; c < (factors != nullptr ? 1 : job.width); ++c) add(r, c, weight(r, c), weight(r - 1, c));
+                const int columns = factors != nullptr ? 1 : job.width;
+                for (int c = 0; c < columns; ++c) add(r, c, weight(r, c), weight(r - 1, c));
             }
             convolve_strips(job, rows, strips, QuotientStore<To>{DoubleQuotients<To>(divisor)});
         });
@@ -342,7 +347,8 @@ Way cheapest(const Weights& weights, const Factors& factors, bool has_factors, i
 }
 
 template <class From, class To, class Quotients>
-Status in_lanes(const Job<From, To>& job, Way way, const Weights& weights, const Factors& factors, const Quotients& quotients)
+Status in_lanes(const Job<From, To>& job, Way way, const Weights& weights, const Factors& factors,
+                const Quotients& quotients)
 {
     if constexpr (sizeof(From) == 1) {
         // Sums of rows lie between those of the negative and of the positive weights.
@@ -385,11 +391,12 @@ template <int channels, class From, class To>
 Status filter(const From* src, int srcStep, To* dst, int dstStep, Size roi, const int* kernel, int width, int height,
               int anchorX, int anchorY, int divisor)
 {
-    if (const Status bad = check_convolution(src, srcStep, dst, dstStep, roi, kernel, width, height, anchorX, anchorY)) {
-        return bad;
-    }
+    const Status bad =
+        check_convolution(src, srcStep, dst, dstStep, roi, kernel, width, height, anchorX, anchorY);
+    if (bad) return bad;
     if (divisor == 0) return StatusDivideByZeroError;
-    return convolve(Job<From, To>(src, srcStep, dst, dstStep, roi, channels, kernel, width, height, anchorX, anchorY), divisor);
+    const Job<From, To> job(src, srcStep, dst, dstStep, roi, channels, kernel, width, height, anchorX, anchorY);
+    return convolve(job, divisor);
 }
 
 }  // namespace
