@@ -115,7 +115,7 @@ FAULTS = [
      "y == 0 ? src : row_at(src, srcStep, y - 1)", "Morphology*"),
     ("a window that forgets what left below", RANKED_TILE, "below -= flip(leaving[i * apart]);", "flip(leaving[i * apart]);", "RankMedian*"),
     # Convolution.
-    ("a sum that starts as +0", CONVOLUTION_SUMS, "kernel.count == 0 ? 0.0 : -0.0", "0.0", "Convolution*"),
+    ("a sum that starts as +0", CONVOLUTION_SUMS, "count == 0 ? 0.0 : -0.0", "0.0", "Convolution*"),
     ("a row beyond the frame", CONVOLUTION, "job.source(y < last ? y : last)", "job.source(y)", "Convolution*:" + VARIANTS),
     ("sums of rows that words do not hold", CONVOLUTION, "factors.magnitudes <= 257", "factors.magnitudes <= 258", "Convolution*"),
     ("a kernel that is nearly a product", CONVOLUTION_FACTORS, "if (multiple * row[c] != get(job.weight(r, c))) return false;",

@@ -546,22 +546,20 @@ using WordsOfBlock = simd::recast<float, simd::widest<uint32_t>>;
 constexpr int kBlock = WordsOfBlock::N;
 // A source row; where vectors have two parts, those of four rows and of the four below them lie side by side, so that
 // columns come out in memory order, without a crossing of the parts.
-ORV_INLINE simd::half<float> block_row(simd::half<float>, const float* row, int)
+ORV_INLINE WordsOfBlock block_row(const float* row, [[maybe_unused]] int step)
 {
-    return simd::load<simd::half<float>>(row);
-}
 #if ORV_HAVE_INT256
-ORV_INLINE WordsOfBlock block_row(WordsOfBlock, const float* row, int step)
-{
     return simd::load_halves(row, row_at(row, step, 4));
-}
+#else
+    return simd::load<WordsOfBlock>(row);
 #endif
+}
 // Four columns of the source.
 ORV_INLINE void transpose_strip(const Word* src, int srcStep, Word* dst, int dstStep)
 {
     using V = WordsOfBlock;
     const auto row = [=](int i) {
-        return block_row(V(), reinterpret_cast<const float*>(row_at(src, srcStep, i)), srcStep);
+        return block_row(reinterpret_cast<const float*>(row_at(src, srcStep, i)), srcStep);
     };
     const auto store_column = [=](int i, V v) { simd::store(reinterpret_cast<float*>(row_at(dst, dstStep, i)), v); };
     V r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
