@@ -21,7 +21,7 @@ void write_text(Picture& picture, int x, int y, int scale, const std::string& te
     std::vector<Vertex> corners(text.size() * 80 + 4);
     const int count = stb_easy_font_print(0, 0, letters.data(), nullptr, corners.data(),
                                           static_cast<int>(corners.size() * sizeof(Vertex)));
-    static const unsigned char ink[3] = {20, 20, 30};
+    const int channels = picture.channels;
     for (int i = 0; i < count; ++i) {
         const Vertex &first = corners[static_cast<std::size_t>(4 * i)],
                      &last = corners[static_cast<std::size_t>(4 * i + 2)];
@@ -29,7 +29,7 @@ void write_text(Picture& picture, int x, int y, int scale, const std::string& te
         const int right = std::min(x + static_cast<int>(last.x) * scale, picture.width),
                   bottom = std::min(y + static_cast<int>(last.y) * scale, picture.height);
         if (left >= right || top >= bottom) continue;
-        ImageProcessingWrapper::Set_8u_C3(ink, picture.data() + top * picture.step + 3 * left, picture.step,
-                                          right - left, bottom - top);
+        ImageProcessingWrapper::Set_8u_C1(20, picture.data() + top * picture.step + channels * left, picture.step,
+                                          channels * (right - left), bottom - top);
     }
 }

@@ -5,5 +5,5 @@
 
 #include "picture.h"
 
-// Black letters of 7 * `scale` pixels' height, the upper left corner of the first at (x, y).
+// Dark letters of 7 * `scale` pixels' height, the upper left corner of the first at (x, y).
 void write_text(Picture& picture, int x, int y, int scale, const std::string& text);

@@ -107,7 +107,7 @@ void show_image_spectrum(const Picture& photo, Page& page)
 {
     const int side = 512;
     FloatPicture grey = brightness(photo), image(side, side, 1), spectrum(side, side, 1), back(side, side, 1);
-    if (photo.width < side || photo.height < side) return;
+    if (photo.width < side || photo.height < 2 * side) return;
     ImageProcessingWrapper::Copy_32f_C1(
         grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step, image.data(),
         image.step, side, side);
@@ -183,16 +183,30 @@ FloatPicture mixture(FFT2Wrapper& fft, const std::vector<Complex32f>& magnitudes
     return back;
 }
 
+// Grey values that lie around the mean; what is far from it is black or white.
+Picture around_the_mean(const FloatPicture& f)
+{
+    double sum = 0, squares = 0;
+    for (int y = 0; y < f.height; ++y) {
+        for (int x = 0; x < f.width; ++x) {
+            const double v = f.data()[y * (f.step / 4) + x];
+            sum += v, squares += v * v;
+        }
+    }
+    const double n = static_cast<double>(f.width) * f.height, mean = sum / n;
+    const double reach = 2.5 * std::sqrt(squares / n - mean * mean);
+    return to_picture(f, static_cast<float>(mean - reach), static_cast<float>(mean + reach));
+}
+
 // Magnitude and phase of the photograph's spectrum; and those of two pictures exchanged: it is the phase that shows.
 void show_magnitude_and_phase(const Picture& photo, Page& page)
 {
     const int side = 512;
-    if (photo.width < side || photo.height < side) return;
+    if (photo.width < side || photo.height < 2 * side) return;
     FloatPicture image(side, side, 1), packed(side, side, 1), result(side, side, 1);
     const FloatPicture grey = brightness(photo);
-    ImageProcessingWrapper::WinHamming_32f_C1R(
-        grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step, image.data(),
-        image.step, side, side);
+    const float* const part = grey.data() + photo.height / 4 * (grey.step / 4) + (photo.width - side);
+    ImageProcessingWrapper::WinHamming_32f_C1R(part, grey.step, image.data(), image.step, side, side);
     page.show(to_picture(image), "WinHamming_32f_C1R: no edges where the picture ends", 0, true);
     FFT2Wrapper fft(side, side, false);
     fft.Forward(image.data(), image.step, packed.data(), packed.step, side, side);
@@ -211,10 +225,11 @@ void show_magnitude_and_phase(const Picture& photo, Page& page)
     FloatPicture writing(side, side, 1);
     ImageProcessingWrapper::Convert_8u32f_C1(letters.data(), letters.step, writing.data(), writing.step, side, side);
     page.show(letters, "a second picture", 0, true);
+    ImageProcessingWrapper::Copy_32f_C1(part, grey.step, image.data(), image.step, side, side);
     const auto of_photo = all_values(fft, image), of_writing = all_values(fft, writing);
-    page.show(to_picture(mixture(fft, of_writing, of_photo, side), -20, 180),
+    page.show(around_the_mean(mixture(fft, of_writing, of_photo, side)),
               "the magnitudes of the second picture, the phases of the photograph", 0, true);
-    page.show(to_picture(mixture(fft, of_photo, of_writing, side), 0, 130),
+    page.show(around_the_mean(mixture(fft, of_photo, of_writing, side)),
               "the magnitudes of the photograph, the phases of the second picture", 0, true);
 }
 
