@@ -32,6 +32,14 @@ ORV_INLINE Status check_image(Size roi, const Pointers*... pointers)
     return StatusOk;
 }
 
+// A source and a destination: pointers, sizes, steps.
+template <class From, class To>
+ORV_INLINE Status check_images(const From* src, int srcStep, const To* dst, int dstStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src, dst)) return bad;
+    return any_below_one(srcStep, dstStep) ? StatusBadStep : StatusOk;
+}
+
 // The order of the operations that check steps before sizes: pointers, steps, sizes.
 ORV_INLINE Status check_steps_before_size(bool null, bool step_below_one, Size roi)
 {
@@ -49,6 +57,10 @@ ORV_INLINE Status check_vector(Length len, const Pointers*... pointers)
     if (len.count < 1) return StatusBadSize;
     return StatusOk;
 }
+
+// Sides of masks, which are odd, and the longest one of masks and kernels.
+constexpr int kMostMaskSide = 255;
+ORV_INLINE bool is_mask_side(int side) { return side >= 1 && side <= kMostMaskSide && side % 2 == 1; }
 
 // The row that lies `rows` steps below p. Steps may be zero or negative, so this is signed and as
 // wide as a pointer.

@@ -47,12 +47,6 @@ ORV_INLINE void for_columns(Size roi, Use use)
     if (has_middle(roi.width)) use(roi.width - 1, roi.width / 2);
 }
 
-Status check(const void* src, int srcStep, const void* dst, int dstStep, Size roi)
-{
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    return any_below_one(srcStep, dstStep) ? StatusBadStep : StatusOk;
-}
-
 // --- Products -------------------------------------------------------------------------------------
 
 struct Operands {
@@ -203,7 +197,7 @@ void column_results(const float* src, int srcStep, int x, float* dst, int dstSte
 template <class Op>
 Status results_of_packed(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     const FloatControl control;
     Block block;
     for (int v = 0; v < roi.height; ++v) {
@@ -224,7 +218,7 @@ Status results_of_packed(const float* src, int srcStep, float* dst, int dstStep,
 template <class Op>
 Status results_of_complex(const Complex32f* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     const FloatControl control;
     Block block;
     for (int y = 0; y < roi.height; ++y) {
@@ -329,7 +323,7 @@ Status Phase_32fc32f_C1R(const Complex32f* src, int srcStep, float* dst, int dst
 
 Status PackToCplxExtend_32f32fc_C1R(const float* src, int srcStep, Complex32f* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     for (int v = 0; v < roi.height; ++v) {
         Complex32f* const mirror = row_at(dst, dstStep, mirrored_row(v, roi));
         extend_row(row_at(src, srcStep, v) + 1, parts(row_at(dst, dstStep, v) + 1), parts(mirror + roi.width - 1),
@@ -341,7 +335,7 @@ Status PackToCplxExtend_32f32fc_C1R(const float* src, int srcStep, Complex32f* d
 
 Status CplxExtendToPack_32fc32f_C1R(const Complex32f* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     for (int v = 0; v < roi.height; ++v) {
         __builtin_memcpy(row_at(dst, dstStep, v) + 1, parts(row_at(src, srcStep, v) + 1),
                          static_cast<std::size_t>(pairs_of(roi.width)) * sizeof(Complex32f));

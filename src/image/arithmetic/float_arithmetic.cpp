@@ -178,8 +178,7 @@ Status AddProduct_16u32f_C1(const uint16_t* src1, int src1Step, const uint16_t* 
 // three bytes before the place that the step gives.
 Status Sqrt_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     return square_roots(src, srcStep & ~3, dst, dstStep & ~3, roi);
 }
 

@@ -24,18 +24,12 @@ ORV_INLINE void map_rows(const float* src, int srcStep, float* dst, int dstStep,
     op = local;
 }
 
-ORV_INLINE Status check(const float* src, int srcStep, const float* dst, int dstStep, Size roi)
-{
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    return any_below_one(srcStep, dstStep) ? StatusBadStep : StatusOk;
-}
-
 }  // namespace
 
 // The warning is the first one in the order of the rows.
 Status Ln_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     if (may_overlap(roi, 1, src, srcStep, dst, dstStep)) return by_rows(Ln_32f_C1, 1, src, srcStep, dst, dstStep, roi);
     LnOfFloats op;
     map_rows(src, srcStep, dst, dstStep, roi, op);
@@ -44,7 +38,7 @@ Status Ln_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size ro
 
 Status Exp_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     if (may_overlap(roi, 1, src, srcStep, dst, dstStep)) return by_rows(Exp_32f_C1, 1, src, srcStep, dst, dstStep, roi);
     ExpOfFloats<true> op;
     map_rows(src, srcStep, dst, dstStep, roi, op);

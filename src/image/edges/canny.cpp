@@ -351,8 +351,7 @@ void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size r
 Status Canny_32f8u_C1(const float* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const float* lowThreshold,
                       const float* highThreshold)
 {
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     const FloatControl control;
     const double low = static_cast<double>(*lowThreshold), high = static_cast<double>(*highThreshold);
     if (!(low >= 0 && low <= high)) return StatusBadThreshold;

@@ -50,7 +50,7 @@ ORV_INLINE std::uint32_t greatest_common_divisor(std::uint32_t a, std::uint32_t 
 // weight(r, c) = column[r] * row[c], where the weights of `row` have no common divisor: every row of a kernel of rank 1
 // is a whole multiple of it.
 struct Factors {
-    int row[kMostSide], column[kMostSide];
+    int row[kMostMaskSide], column[kMostMaskSide];
     std::uint64_t magnitudes = 0;  // the sum of those of the row
     int negative = 0;              // the sum of its negative weights, where `magnitudes` is small
 

@@ -7,17 +7,14 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
-constexpr int kMostSide = 255;
-
 // In this order: pointers, sizes, steps, the kernel.
 template <class From, class To, class Weight>
 ORV_INLINE Status check_convolution(const From* src, int srcStep, const To* dst, int dstStep, Size roi,
                                     const Weight* kernel, int width, int height, int anchorX, int anchorY)
 {
-    if (any_null(src, dst) || any_null(kernel)) return StatusNullPointer;
-    if (is_empty(roi)) return StatusBadSize;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
-    if (width < 1 || width > kMostSide || height < 1 || height > kMostSide) return StatusBadMaskSize;
+    if (any_null(kernel)) return StatusNullPointer;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
+    if (width < 1 || width > kMostMaskSide || height < 1 || height > kMostMaskSide) return StatusBadMaskSize;
     if (anchorX < 0 || anchorX >= width || anchorY < 0 || anchorY >= height) return StatusBadMaskSize;
     return StatusOk;
 }

@@ -11,8 +11,7 @@ inline namespace ORV_LEVEL {
 template <class T>
 ORV_INLINE Status check_filter(const T* src, int srcStep, const T* dst, int dstStep, Size roi, int mask)
 {
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     if (mask != mask_3x3 && mask != mask_5x5) return StatusBadMaskSize;
     return StatusOk;
 }

@@ -12,7 +12,7 @@ namespace gauss {
 namespace ORV_LEVEL {
 namespace {
 
-constexpr int kMostTaps = 255;
+constexpr int kMostTaps = kMostMaskSide;
 constexpr int kMostRadius = kMostTaps / 2;
 
 // Rows that are completed together: each row of sums that is read serves all of them.
@@ -206,7 +206,6 @@ void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, co
     }
 }
 
-bool is_mask_size(int size) { return size >= 1 && size <= kMostTaps && size % 2 == 1; }
 bool is_positive_and_finite(std::uint32_t bits) { return bits > 0 && bits < Bits<float>::kInfinity; }
 
 }  // namespace
@@ -216,9 +215,8 @@ bool is_positive_and_finite(std::uint32_t bits) { return bits > 0 && bits < Bits
 Status FilterGaussBorder_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, Size roi, int kernelSize,
                                  const float* sigma)
 {
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
-    if (!is_mask_size(kernelSize)) return StatusBadMaskSize;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
+    if (!is_mask_side(kernelSize)) return StatusBadMaskSize;
     if (!is_positive_and_finite(get(reinterpret_cast<const std::uint32_t*>(sigma)))) return StatusBadFactor;
     const FloatControl control;
     Weights weights;

@@ -46,7 +46,7 @@ private:
 
 // Columns that are done together. A multiple of the lanes that a row's variances are summed in.
 constexpr int kSegment = 512;
-constexpr int kMostFrame = 254;
+constexpr int kMostFrame = kMostMaskSide - 1;
 constexpr int kLanes = 32;
 
 struct Workspace {
@@ -210,8 +210,6 @@ void smooth(const float* src, const float* frame, int srcStep, float* dst, int d
     });
 }
 
-bool is_mask_side(int side) { return side >= 1 && side <= 255 && side % 2 == 1; }
-
 }  // namespace
 
 // --- Kernel ---------------------------------------------------------------------------------------
@@ -219,8 +217,8 @@ bool is_mask_side(int side) { return side >= 1 && side <= 255 && side % 2 == 1; 
 Status FilterWiener_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi, int maskWidth,
                            int maskHeight, double* noise)
 {
-    if (const Status bad = check_image(roi, src, dst, noise)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (any_null(noise)) return StatusNullPointer;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     if (!is_mask_side(maskWidth) || !is_mask_side(maskHeight)) return StatusBadMaskSize;
     const FloatControl control;
     double variance = get(noise);

@@ -168,8 +168,7 @@ struct Narrow {
 template <class To, class Self>
 ORV_INLINE Status narrow(Self self, const float* src, int srcStep, To* dst, int dstStep, Size roi, int channels)
 {
-    if (const Status bad = check_image(roi, src, dst)) return bad;
-    if (any_below_one(srcStep, dstStep)) return StatusBadStep;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     if (may_overlap(roi, channels, src, srcStep, dst, dstStep)) {
         return by_rows(self, channels, src, srcStep, dst, dstStep, roi);
     }

@@ -1,9 +1,9 @@
 // Medians: 3x3 and 5x5 by exchanges where there are vectors, all others by ranks.
 #include "image/rank/median.h"
 
+#include "core/checks.h"
 #include "core/memory.h"
 #include "core/sizes.h"
-#include "image/rank/rank_checks.h"
 #include "image/rank/ranked_tile.h"
 #include "image/rank/small_medians.h"
 
@@ -165,8 +165,6 @@ Status by_ranks(const float* src, int srcStep, float* dst, int dstStep, Size roi
     return StatusOk;
 }
 
-ORV_INLINE bool is_side(int side) { return side >= 1 && side <= 255 && side % 2 == 1; }
-
 }  // namespace
 
 // --- Kernels --------------------------------------------------------------------------------------
@@ -174,8 +172,8 @@ ORV_INLINE bool is_side(int side) { return side >= 1 && side <= 255 && side % 2 
 Status FilterMedian_32f_C1(const float* src, int srcStep, float* dst, int dstStep, Size roi, int maskWidth,
                            int maskHeight)
 {
-    if (const Status bad = check_rank(src, srcStep, dst, dstStep, roi)) return bad;
-    if (!is_side(maskWidth) || !is_side(maskHeight)) return StatusBadMaskSize;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
+    if (!is_mask_side(maskWidth) || !is_mask_side(maskHeight)) return StatusBadMaskSize;
 #if ORV_HAVE_VECTORS
     if (maskWidth == 3 && maskHeight == 3) return by_exchanges<3>(src, srcStep, dst, dstStep, roi);
     if (maskWidth == 5 && maskHeight == 5) return by_exchanges<5>(src, srcStep, dst, dstStep, roi);

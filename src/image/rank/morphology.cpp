@@ -7,10 +7,10 @@
 
 #include <cstdint>
 
+#include "core/checks.h"
 #include "core/memory.h"
 #include "core/sizes.h"
 #include "image/rank/order.h"
-#include "image/rank/rank_checks.h"
 #include "simd/edges.h"
 #include "simd/vec.h"
 
@@ -275,7 +275,7 @@ void plane(const Plane<Lane>& p)
 template <class Values, class Way, int apart, class Lane>
 Status run(const Lane* src, int srcStep, Lane* dst, int dstStep, Size roi)
 {
-    if (const Status bad = check_rank(src, srcStep, dst, dstStep, roi)) return bad;
+    if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     const long long elements = static_cast<long long>(roi.width) * apart;
     const long long row_bytes = padded_to_lines(size_product(elements, static_cast<int>(sizeof(Lane))));
     void* const memory = orv_allocate_checked(size_product(2, row_bytes));
