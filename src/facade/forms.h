@@ -48,11 +48,16 @@ struct AlwaysTrue : Word<Inner> {};
 template <class Inner>
 struct StepsChecked : Word<Inner> {};
 
-// Doubles go on by their addresses, unread.
+// In place, the image is source and destination: the operation says itself that it may be, so there is no copy.
+template <class Inner>
+struct OntoItself : Word<Inner> {};
+
+// Floats and doubles go on by their addresses, unread.
 template <class Inner>
 struct ByAddress {
     const Inner& operation;
 
+    static const float* passed(const float& value) { return &value; }
     static const double* passed(const double& value) { return &value; }
     template <class T>
     static const T& passed(const T& value)
@@ -95,6 +100,11 @@ StepsChecked<Inner> steps_checked(const Inner& operation)
     return {{operation}};
 }
 template <class Inner>
+OntoItself<Inner> onto_itself(const Inner& operation)
+{
+    return {{operation}};
+}
+template <class Inner>
 ByAddress<Inner> by_address(const Inner& operation)
 {
     return {operation};
@@ -128,17 +138,35 @@ bool call(const Operation& operation, const Args&... args)
     return result(operation, operation(args...));
 }
 
-// The in-place call of an operation, and what its method makes of the status.
+// How an operation is called in place.
+template <class Operation, class T, class Body>
+Status status_in_place(const Operation&, T* srcDst, int step, int width, int height, int channels, Body body)
+{
+    return in_place(srcDst, step, width, height, channels, body);
+}
+template <class Inner, class T, class Body>
+Status status_in_place(const StepsChecked<Inner>&, T* srcDst, int step, int width, int height, int channels, Body body)
+{
+    return in_place_checked(srcDst, step, width, height, channels, body);
+}
+template <class Inner, class T, class Body>
+Status status_in_place(const OntoItself<Inner>&, T* srcDst, int step, int width, int height, int, Body body)
+{
+    return body(Tile<T>{srcDst, step, srcDst, step, {width, height}});
+}
+// What becomes of the status does not change how it is called.
+template <class Inner, class T, class Body>
+Status status_in_place(const AlwaysTrue<Inner>& word, T* srcDst, int step, int width, int height, int channels,
+                       Body body)
+{
+    return status_in_place(word.operation, srcDst, step, width, height, channels, body);
+}
+
+// And what its method makes of the status.
 template <class Operation, class T, class Body>
 bool call_in_place(const Operation& operation, T* srcDst, int step, int width, int height, int channels, Body body)
 {
-    return result(operation, in_place(srcDst, step, width, height, channels, body));
-}
-template <class Inner, class T, class Body>
-bool call_in_place(const StepsChecked<Inner>& operation, T* srcDst, int step, int width, int height, int channels,
-                   Body body)
-{
-    return result(operation, in_place_checked(srcDst, step, width, height, channels, body));
+    return result(operation, status_in_place(operation, srcDst, step, width, height, channels, body));
 }
 
 // The length of a vector, for kernels that take it as such and for those that take a number.

@@ -7,20 +7,8 @@ using namespace orv;
 
 SRC_SRC_DST(MulPack_32f_C1R, orv_MulPack_32f_C1R, float, float)
 SRC_SRC_DST(MulPackConj_32f_C1R, orv_MulPackConj_32f_C1R, float, float)
-
-// Kernels take a destination that is a source, so these need no copy.
-
-bool ImageProcessingWrapper::MulPack_32f_C1IR(const float* src, int srcStep, float* srcDst, int srcDstStep, int width,
-                                              int height)
-{
-    return MulPack_32f_C1R(src, srcStep, srcDst, srcDstStep, srcDst, srcDstStep, width, height);
-}
-
-bool ImageProcessingWrapper::MulPackConj_32f_C1IR(const float* src, int srcStep, float* srcDst, int srcDstStep,
-                                                  int width, int height)
-{
-    return MulPackConj_32f_C1R(src, srcStep, srcDst, srcDstStep, srcDst, srcDstStep, width, height);
-}
+SRC_SRCDST(MulPack_32f_C1IR, onto_itself(orv_MulPack_32f_C1R), float, 1)
+SRC_SRCDST(MulPackConj_32f_C1IR, onto_itself(orv_MulPackConj_32f_C1R), float, 1)
 
 SRC_DST(MagnitudePack_32f_C1R, orv_MagnitudePack_32f_C1R, float, float)
 SRC_DST(PhasePack_32f_C1R, orv_PhasePack_32f_C1R, float, float)

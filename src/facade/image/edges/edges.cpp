@@ -1,15 +1,11 @@
 // Edges and filled areas.
-#include "ImageProcessingWrapper.h"
+#include "facade/forms.h"
 #include "image/edges/canny.h"
 #include "image/edges/flood_fill.h"
 
 using namespace orv;
 
-bool ImageProcessingWrapper::Canny_32f8u_C1(const float* src, int srcStep, unsigned char* dst, int dstStep, int width,
-                                            int height, float lowThreshold, float highThreshold)
-{
-    return orv_Canny_32f8u_C1(src, srcStep, dst, dstStep, {width, height}, &lowThreshold, &highThreshold) == StatusOk;
-}
+SRC_DST(Canny_32f8u_C1, by_address(orv_Canny_32f8u_C1), float, unsigned char, float, float)
 
 bool ImageProcessingWrapper::FloodFill_8Con_8u_C1IR(unsigned char* srcDst, int srcDstStep, int width, int height,
                                                     int seedX, int seedY, unsigned char value, int* count)
