@@ -3,6 +3,7 @@
 #include "core/checks.h"
 #include "core/memory.h"
 #include "image/edges/spreading.h"
+#include "math/bits.h"
 #include "simd/reductions.h"
 
 namespace orv {
@@ -63,13 +64,6 @@ ORV_INLINE void replace_pixels(uint8_t* p, uint8_t old, uint8_t value)
     }
 }
 #endif
-
-ORV_INLINE int count_of(uint64_t bits)
-{
-    bits -= bits >> 1 & 0x5555555555555555;
-    bits = (bits & 0x3333333333333333) + (bits >> 2 & 0x3333333333333333);
-    return static_cast<int>(((bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0F) * 0x0101010101010101 >> 56);
-}
 
 // --- The area -------------------------------------------------------------------------------------
 
@@ -156,7 +150,7 @@ private:
             } else {
                 for (uint64_t bits = reached; bits != 0; bits &= bits - 1) p[lowest_bit(bits)] = value;
             }
-            count += count_of(reached);
+            count += bits_set(reached);
         }
         return count;
     }

@@ -11,6 +11,7 @@
 
 #include "core/checks.h"
 #include "image/rank/order.h"
+#include "math/bits.h"
 
 #if defined(__BMI2__)
 #include <immintrin.h>
@@ -24,18 +25,6 @@ constexpr unsigned kWordBits = 8 * sizeof(Word);
 
 // --- Bits of a word -------------------------------------------------------------------------------
 
-ORV_INLINE unsigned bits_set(Word w)
-{
-#if defined(__POPCNT__)
-    return static_cast<unsigned>(__builtin_popcountl(w));
-#else
-    constexpr Word all = ~Word{0};
-    w -= w >> 1 & all / 3;
-    w = (w & all / 5) + (w >> 2 & all / 5);
-    return static_cast<unsigned>(((w + (w >> 4)) & all / 17) * (all / 255) >> (kWordBits - 8));
-#endif
-}
-
 // Which bit has n set ones below it.
 ORV_INLINE unsigned bit_after(Word w, unsigned n)
 {
@@ -45,7 +34,7 @@ ORV_INLINE unsigned bit_after(Word w, unsigned n)
     unsigned at = 0;
     for (unsigned half = kWordBits / 2; half > 0; half /= 2) {
         const Word low = w & ((Word{1} << half) - 1);
-        const unsigned count = bits_set(low);
+        const auto count = static_cast<unsigned>(bits_set(low));
         if (count <= n) {
             n -= count;
             w >>= half;
@@ -86,9 +75,9 @@ public:
     // The number with `rank` lesser ones in the window.
     std::uint32_t number_of(int rank)
     {
-        while (below_ > rank) below_ -= static_cast<int>(bits_set(bits_[--word_]));
+        while (below_ > rank) below_ -= bits_set(bits_[--word_]);
         for (;;) {
-            const int here = static_cast<int>(bits_set(bits_[word_]));
+            const int here = bits_set(bits_[word_]);
             if (below_ + here > rank) break;
             below_ += here;
             ++word_;
