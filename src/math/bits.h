@@ -10,7 +10,7 @@ template <class Word>
 ORV_INLINE int bits_set(Word w)
 {
 #if defined(__POPCNT__)
-    return __builtin_popcountll(w);
+    return sizeof(Word) == 8 ? __builtin_popcountll(w) : __builtin_popcount(static_cast<unsigned>(w));
 #else
     constexpr Word all = ~Word{0};
     w -= w >> 1 & all / 3;

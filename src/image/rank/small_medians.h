@@ -19,6 +19,15 @@ ORV_INLINE void exchange(V& less, V& more)
     less = least;
 }
 template <class V>
+ORV_INLINE void sort(V& a, V& b, V& c, V& d)
+{
+    exchange(a, b);
+    exchange(c, d);
+    exchange(a, c);
+    exchange(b, d);
+    exchange(b, c);
+}
+template <class V>
 ORV_INLINE V median_of(V a, V b, V c)
 {
     exchange(a, b);
@@ -65,11 +74,7 @@ struct SmallMedian<5> {
     template <class V>
     static ORV_INLINE void sort_shared(V (&k)[4])
     {
-        exchange(k[0], k[1]);
-        exchange(k[2], k[3]);
-        exchange(k[0], k[2]);
-        exchange(k[1], k[3]);
-        exchange(k[1], k[2]);
+        sort(k[0], k[1], k[2], k[3]);
     }
     template <class V>
     static ORV_INLINE V of(const Key* p, std::ptrdiff_t apart)
@@ -78,78 +83,66 @@ struct SmallMedian<5> {
         // it. Below the former lie six elements at least, above the latter six.
         V least, most, diagonal[5];
         const auto at = [=](int i, int j) { return simd::load<V>(p + apart * i + j); };
-        two_greatest(at(0, 0), at(0, 1), at(0, 2), at(0, 3), at(0, 4), least, diagonal[0]);
-        two_least(at(4, 0), at(4, 1), at(4, 2), at(4, 3), at(4, 4), diagonal[4], most);
+        first_two<FromGreatest>(at(0, 0), at(0, 1), at(0, 2), at(0, 3), at(0, 4), diagonal[0], least);
+        first_two<FromLeast>(at(4, 0), at(4, 1), at(4, 2), at(4, 3), at(4, 4), diagonal[4], most);
         V low, high;
         middle_three(at(2, 0), at(2, 1), at(2, 2), at(2, 3), at(2, 4), low, diagonal[2], high);
         least = simd::max(least, low);
         most = simd::min(most, high);
-        three_greatest(at(1, 0), at(1, 1), at(1, 2), at(1, 3), at(1, 4), low, diagonal[1], high);
+        first_three<FromGreatest>(at(1, 0), at(1, 1), at(1, 2), at(1, 3), at(1, 4), high, diagonal[1], low);
         least = simd::max(least, low);
         most = simd::min(most, high);
-        three_least(at(3, 0), at(3, 1), at(3, 2), at(3, 3), at(3, 4), low, diagonal[3], high);
+        first_three<FromLeast>(at(3, 0), at(3, 1), at(3, 2), at(3, 3), at(3, 4), low, diagonal[3], high);
         least = simd::max(least, low);
         most = simd::min(most, high);
         return median_of(least, median_of(diagonal[0], diagonal[1], diagonal[2], diagonal[3], diagonal[4]), most);
     }
 
 private:
-    template <class V>
-    static ORV_INLINE void two_greatest(V a, V b, V c, V d, V e, V& second, V& greatest)
+    // What comes first of two: the lesser one, or the greater one.
+    struct FromLeast {
+        template <class V> static ORV_INLINE V first(V a, V b) { return simd::min(a, b); }
+        template <class V> static ORV_INLINE V last(V a, V b) { return simd::max(a, b); }
+    };
+    struct FromGreatest {
+        template <class V> static ORV_INLINE V first(V a, V b) { return simd::max(a, b); }
+        template <class V> static ORV_INLINE V last(V a, V b) { return simd::min(a, b); }
+    };
+    template <class Order, class V>
+    static ORV_INLINE void arrange(V& a, V& b)
     {
-        exchange(a, b);
-        exchange(c, d);
-        exchange(b, d);
-        second = simd::max(simd::max(a, c), b);
-        second = simd::max(second, simd::min(d, e));
-        greatest = simd::max(d, e);
+        const V first = Order::first(a, b);
+        b = Order::last(a, b);
+        a = first;
     }
-    template <class V>
-    static ORV_INLINE void two_least(V a, V b, V c, V d, V e, V& least, V& second)
+    template <class Order, class V>
+    static ORV_INLINE void first_two(V a, V b, V c, V d, V e, V& first, V& second)
     {
-        exchange(a, b);
-        exchange(c, d);
-        exchange(a, c);
-        second = simd::min(simd::min(b, d), c);
-        second = simd::min(second, simd::max(a, e));
-        least = simd::min(a, e);
+        arrange<Order>(a, b);
+        arrange<Order>(c, d);
+        arrange<Order>(a, c);
+        second = Order::first(Order::first(b, d), c);
+        second = Order::first(second, Order::last(a, e));
+        first = Order::first(a, e);
     }
-    template <class V>
-    static ORV_INLINE void three_greatest(V a, V b, V c, V d, V e, V& third, V& second, V& greatest)
+    template <class Order, class V>
+    static ORV_INLINE void first_three(V a, V b, V c, V d, V e, V& first, V& second, V& third)
     {
-        exchange(a, b);
-        exchange(c, d);
-        exchange(b, d);  // d is the greatest of four
-        V x = simd::max(a, c), y = b;
-        exchange(x, y);  // y the second, x the third
-        exchange(d, e);
-        greatest = e;
-        exchange(y, d);
-        second = d;
-        third = simd::max(x, y);
-    }
-    template <class V>
-    static ORV_INLINE void three_least(V a, V b, V c, V d, V e, V& least, V& second, V& third)
-    {
-        exchange(a, b);
-        exchange(c, d);
-        exchange(a, c);  // a is the least of four
-        V x = simd::min(b, d), y = c;
-        exchange(y, x);  // y the second, x the third
-        exchange(e, a);
-        least = e;
-        exchange(a, y);
+        arrange<Order>(a, b);
+        arrange<Order>(c, d);
+        arrange<Order>(a, c);  // a is the first of four
+        V x = Order::first(b, d), y = c;
+        arrange<Order>(y, x);  // y the second, x the third
+        arrange<Order>(e, a);
+        first = e;
+        arrange<Order>(a, y);
         second = a;
-        third = simd::min(x, y);
+        third = Order::first(x, y);
     }
     template <class V>
     static ORV_INLINE void middle_three(V a, V b, V c, V d, V e, V& low, V& middle, V& high)
     {
-        exchange(a, b);
-        exchange(c, d);
-        exchange(a, c);
-        exchange(b, d);
-        exchange(b, c);  // sorted
+        sort(a, b, c, d);
         V key = simd::max(a, e);
         exchange(b, key);
         low = b;
