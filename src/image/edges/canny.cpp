@@ -312,14 +312,11 @@ void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size r
 {
     const BitRows rows(roi);
     const StripShape shape(roi);
-    auto* const weak = reinterpret_cast<uint64_t*>(memory + shape.bytes() / 8);
-    uint64_t* const fresh = weak + rows.words * rows.height;
-    uint64_t* const waiting = fresh + rows.words * rows.height;
-    auto* const marks = reinterpret_cast<uint32_t*>(waiting + rows.row_bits_bytes() / 8);
-    __builtin_memset(waiting, 0, static_cast<size_t>(rows.row_bits_bytes() + rows.mark_bytes()));
+    const SpreadingMemory planes(rows, memory + shape.bytes() / 8);
+    uint64_t* const weak = planes.free;  // candidates that no strong one has reached
 
     Prepared all;
-    Spreading<Prepared> spreading(rows, weak, fresh, marks, waiting, all);
+    Spreading<Prepared> spreading(rows, planes, all);
     Strip strip(src, srcStep, roi, shape, memory);
     for (ptrdiff_t x = 0; x < roi.width; x += shape.columns) {
         const int n = roi.width - x < shape.columns ? static_cast<int>(roi.width - x) : shape.columns;
@@ -330,7 +327,7 @@ void find_edges(const float* src, int srcStep, uint8_t* dst, int dstStep, Size r
                 const ptrdiff_t word = x / kWordPixels + i;
                 invert_pixels(d + i * kWordPixels, candidates[i], n - i * kWordPixels);
                 weak[y * rows.words + word] = candidates[i] & ~strong[i];
-                fresh[y * rows.words + word] = strong[i];
+                planes.fresh[y * rows.words + word] = strong[i];
                 if (strong[i] != 0) spreading.mark(y, word / kBlockWords);
             }
         });
@@ -355,10 +352,7 @@ Status Canny_32f8u_C1(const float* src, int srcStep, uint8_t* dst, int dstStep, 
     const FloatControl control;
     const double low = static_cast<double>(*lowThreshold), high = static_cast<double>(*highThreshold);
     if (!(low >= 0 && low <= high)) return StatusBadThreshold;
-    const BitRows rows(roi);
-    const long long bytes =
-        StripShape(roi).bytes() + 2 * rows.plane_bytes() + rows.row_bits_bytes() + rows.mark_bytes();
-    void* const memory = orv_allocate_checked(bytes);
+    void* const memory = orv_allocate_checked(StripShape(roi).bytes() + SpreadingMemory::bytes(BitRows(roi)));
     if (memory == nullptr) return StatusNoMemory;
     find_edges(src, srcStep, dst, dstStep, roi, low * low, high * high, static_cast<double*>(memory));
     orv_release(memory);

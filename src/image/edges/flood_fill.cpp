@@ -71,14 +71,14 @@ ORV_INLINE void replace_pixels(uint8_t* p, uint8_t old, uint8_t value)
 // nothing.
 class EqualArea {
 public:
-    EqualArea(uint8_t* pixels, int step, Size roi, uint8_t value, uint64_t* free, uint64_t* fresh, uint32_t* prepared)
+    EqualArea(uint8_t* pixels, int step, Size roi, uint8_t value, const SpreadingMemory& planes, uint32_t* prepared)
         : pixels_(pixels),
           step_(step),
           roi_(roi),
           value_(value),
           rows_(roi),
-          free_(free),
-          fresh_(fresh),
+          free_(planes.free),
+          fresh_(planes.fresh),
           prepared_(prepared)
     {
     }
@@ -169,18 +169,14 @@ private:
 long long fill(uint8_t* pixels, int step, Size roi, int seedX, int seedY, uint8_t old, uint8_t value)
 {
     const BitRows rows(roi);
-    const long long cleared = 2 * rows.mark_bytes() + rows.row_bits_bytes();
-    void* const memory = orv_allocate_checked(2 * rows.plane_bytes() + cleared);
+    void* const memory = orv_allocate_checked(SpreadingMemory::bytes(rows) + rows.mark_bytes());
     if (memory == nullptr) return -1;
-    auto* const free = static_cast<uint64_t*>(memory);
-    uint64_t* const fresh = free + rows.words * rows.height;
-    uint64_t* const waiting = fresh + rows.words * rows.height;
-    auto* const marks = reinterpret_cast<uint32_t*>(waiting + rows.row_bits_bytes() / 8);
-    uint32_t* const prepared = marks + rows.marks * rows.height;
-    __builtin_memset(waiting, 0, static_cast<std::size_t>(cleared));
+    const SpreadingMemory planes(rows, memory);
+    uint32_t* const prepared = planes.marks + rows.marks * rows.height;
+    __builtin_memset(prepared, 0, static_cast<std::size_t>(rows.mark_bytes()));
 
-    EqualArea area(pixels, step, roi, old, free, fresh, prepared);
-    Spreading<EqualArea> spreading(rows, free, fresh, marks, waiting, area);
+    EqualArea area(pixels, step, roi, old, planes, prepared);
+    Spreading<EqualArea> spreading(rows, planes, area);
     spreading.take(seedY, seedX / kWordPixels, uint64_t{1} << seedX % kWordPixels);
     spreading.run();
     const long long count = area.replace(value);

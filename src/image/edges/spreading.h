@@ -60,18 +60,36 @@ struct BitRows {
     ORV_INLINE long long row_bits_bytes() const { return ((height - 1LL) / 64 + 1) * 8; }
 };
 
+// All that spreading needs, side by side: both planes, a bit for each row that waits, and the marks.
+struct SpreadingMemory {
+    uint64_t *free, *fresh, *waiting;
+    uint32_t* marks;
+
+    static ORV_INLINE long long bytes(const BitRows& rows) { return 2 * rows.plane_bytes() + cleared_bytes(rows); }
+    // No row waits and no block is marked yet; what the planes hold is the caller's business.
+    ORV_INLINE SpreadingMemory(const BitRows& rows, void* memory)
+        : free(static_cast<uint64_t*>(memory)),
+          fresh(free + rows.words * rows.height),
+          waiting(fresh + rows.words * rows.height),
+          marks(reinterpret_cast<uint32_t*>(waiting + rows.row_bits_bytes() / 8))
+    {
+        __builtin_memset(waiting, 0, static_cast<std::size_t>(cleared_bytes(rows)));
+    }
+
+private:
+    static ORV_INLINE long long cleared_bytes(const BitRows& rows) { return rows.row_bits_bytes() + rows.mark_bytes(); }
+};
+
 // An area prepares the words of a block, free and fresh ones, when the block is asked for: prepare(y, block).
 template <class Area>
 class Spreading {
 public:
-    // `marks` say which blocks, `waiting` which rows have fresh pixels: none yet.
-    ORV_INLINE Spreading(const BitRows& rows, uint64_t* free, uint64_t* fresh, uint32_t* marks, uint64_t* waiting,
-                         Area& area)
+    ORV_INLINE Spreading(const BitRows& rows, const SpreadingMemory& memory, Area& area)
         : rows_(rows),
-          free_(free),
-          fresh_(fresh),
-          marks_(marks),
-          waiting_(waiting),
+          free_(memory.free),
+          fresh_(memory.fresh),
+          marks_(memory.marks),
+          waiting_(memory.waiting),
           area_(area),
           low_(rows.height),
           high_(-1)
@@ -228,8 +246,8 @@ private:
     BitRows rows_;
     uint64_t* free_;
     uint64_t* fresh_;
-    uint32_t* marks_;
-    uint64_t* waiting_;
+    uint32_t* marks_;    // which blocks have fresh pixels
+    uint64_t* waiting_;  // which rows have marks
     Area& area_;
     int low_, high_;
 };
