@@ -182,7 +182,6 @@ Status in_pairs(const Job<From, To>& job, const Weights& weights, const Quotient
     return with_memory(
         [&](WorkingMemory& memory) { ring.lay_out(job.height, job.width, strips.width + job.frame(), memory); },
         [&] {
-            const FloatControl control;
             const auto weight = [&](int r, int c) { return r >= 0 && r < job.height ? get(job.weight(r, c)) : 0; };
             for (int k = 0; k < ring.span; ++k) {
                 for (int c = 0; c < job.width; ++c) {
@@ -240,7 +239,6 @@ Status in_passes(const Job<uint8_t, To>& job, const Factors& factors, int32_t mi
             below = memory.take<int16_t>(room);
         },
         [&] {
-            const FloatControl control;
             pass.frame = job.frame();
             pass.channels = job.channels;
             for (int c = 0; c < job.width; c += 2) {
@@ -289,7 +287,6 @@ Status in_doubles(const Job<From, To>& job, const Factors* factors, int divisor)
     return with_memory(
         [&](WorkingMemory& memory) { lay_out(job, rows, strips.width, memory); },
         [&] {
-            const FloatControl control;
             const auto add = [&](int r, int c, int above, int below) {
                 const int use = (above != 0 ? used_above : 0) | (below != 0 ? used_below : 0);
                 rows.columns.add(use, r, ptrdiff_t{c} * job.channels, above, below);
@@ -366,13 +363,13 @@ Status convolve(const Job<From, To>& job, int divisor)
     const Weights weights(job.kernel, job.width * job.height);
     const uint64_t most = weights.magnitudes * kMostPixel<From>;
     if (most > kMostForDoubles) return plain(job, divisor);
+    const FloatControl control;
     Factors factors;
     const bool has_factors = job.width > 1 && job.height > 1 && factors.find(job);
     const Way way = cheapest<From>(weights, factors, has_factors, job.width, job.height);
     if (way == way_doubles) return in_doubles(job, nullptr, divisor);
     if (way == way_double_passes) return in_doubles(job, &factors, divisor);
     if (divisor == 1) return in_lanes(job, way, weights, factors, NoQuotients{});
-    const FloatControl control;
     if (most <= kMostForFloats) return in_lanes(job, way, weights, factors, FloatQuotients(divisor));
     return in_lanes(job, way, weights, factors, WideQuotients(divisor));
 }
