@@ -195,7 +195,7 @@ void convolve_strip(const Convolution<From, To, Weight>& job, const DoubleRows& 
 
 template <class From, class To, class Weight, class Finish>
 ORV_INLINE void convolve_strips(const Convolution<From, To, Weight>& job, const DoubleRows& d,
-                                const ConvolutionStrips& strips, const Finish& finish)
+                                const Strips& strips, const Finish& finish)
 {
     for (std::ptrdiff_t x = 0; x < strips.total; x += strips.width) {
         convolve_strip(job, d, x, strips.columns_at(x), finish);

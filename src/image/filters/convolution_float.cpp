@@ -61,7 +61,7 @@ void list_taps(const Job<From>& job, DoubleTaps& taps)
 template <class From>
 Status convolve(const Job<From>& job)
 {
-    const ConvolutionStrips strips(job.elements(), std::ptrdiff_t{job.height} * 8);
+    const Strips strips = convolution_strips(job.elements(), std::ptrdiff_t{job.height} * 8);
     DoubleRows rows;
     rows.factored = false;
     return with_memory([&](WorkingMemory& memory) { lay_out(job, rows, strips.width, memory); },

@@ -151,7 +151,7 @@ void convolve_strip_in_pairs(const Job<From, To>& job, const PairRing<Lanes>& ri
 
 template <class Lanes, class From, class To, class Quotients, class Pair>
 ORV_INLINE void convolve_strips_in_pairs(const Job<From, To>& job, const PairRing<Lanes>& ring,
-                                         const ConvolutionStrips& strips, const Quotients& quotients, Pair pair)
+                                         const Strips& strips, const Quotients& quotients, Pair pair)
 {
     for (ptrdiff_t x = 0; x < strips.total; x += strips.width) {
         convolve_strip_in_pairs(job, ring, x, strips.columns_at(x), quotients, pair);
@@ -159,9 +159,9 @@ ORV_INLINE void convolve_strips_in_pairs(const Job<From, To>& job, const PairRin
 }
 
 template <class Lanes>
-ORV_INLINE ConvolutionStrips pair_strips(ptrdiff_t elements, int rows)
+ORV_INLINE Strips pair_strips(ptrdiff_t elements, int rows)
 {
-    return ConvolutionStrips(elements, (rows / 2 + 1) * 2 * static_cast<ptrdiff_t>(sizeof(typename Lanes::Element)));
+    return convolution_strips(elements, (rows / 2 + 1) * 2 * static_cast<ptrdiff_t>(sizeof(typename Lanes::Element)));
 }
 
 // What unsigned words have been taken down by.
@@ -177,7 +177,7 @@ ORV_INLINE int32_t wrapped_product(int32_t a, int64_t b)
 template <class Lanes, class From, class To, class Quotients>
 Status in_pairs(const Job<From, To>& job, const Weights& weights, const Quotients& quotients)
 {
-    const ConvolutionStrips strips = pair_strips<Lanes>(job.elements(), job.height);
+    const Strips strips = pair_strips<Lanes>(job.elements(), job.height);
     PairRing<Lanes> ring;
     return with_memory(
         [&](WorkingMemory& memory) { ring.lay_out(job.height, job.width, strips.width + job.frame(), memory); },
@@ -225,7 +225,7 @@ struct RowPass {
 template <class RowLanes, class To, class Quotients>
 Status in_passes(const Job<uint8_t, To>& job, const Factors& factors, int32_t middle, const Quotients& quotients)
 {
-    const ConvolutionStrips strips = pair_strips<WordPairs>(job.elements(), job.height);
+    const Strips strips = pair_strips<WordPairs>(job.elements(), job.height);
     PairRing<WordPairs> ring;
     RowPass<RowLanes> pass;
     int16_t *above = nullptr, *below = nullptr;
@@ -281,7 +281,7 @@ struct QuotientStore {
 template <class From, class To>
 Status in_doubles(const Job<From, To>& job, const Factors* factors, int divisor)
 {
-    const ConvolutionStrips strips(job.elements(), std::ptrdiff_t{job.height} * 8);
+    const Strips strips = convolution_strips(job.elements(), std::ptrdiff_t{job.height} * 8);
     DoubleRows rows;
     rows.factored = factors != nullptr;
     return with_memory(

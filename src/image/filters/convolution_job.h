@@ -3,6 +3,7 @@
 
 #include "core/checks.h"
 #include "core/memory.h"
+#include "image/filters/strips.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -80,19 +81,13 @@ ORV_INLINE Status with_memory(Layout layout, Run run)
     return StatusOk;
 }
 
-// Rows of many elements are done in strips, so that the rows that a kernel spans stay in the nearest cache.
-struct ConvolutionStrips {
-    std::ptrdiff_t total, width;
-    ORV_INLINE ConvolutionStrips(std::ptrdiff_t elements, std::ptrdiff_t bytes_per_column) : total(elements)
-    {
-        constexpr std::ptrdiff_t cache = 24576, least = 256, most = 4096;
-        const std::ptrdiff_t fit = cache / bytes_per_column;
-        const std::ptrdiff_t wanted = fit < least ? least : fit > most ? most : fit;
-        const std::ptrdiff_t count = (elements - 1) / wanted + 1;
-        width = ((elements - 1) / count + 64) & ~std::ptrdiff_t{63};
-    }
-    ORV_INLINE std::ptrdiff_t columns_at(std::ptrdiff_t x) const { return total - x < width ? total - x : width; }
-};
+// The rows that a kernel spans have so many bytes for each column.
+ORV_INLINE Strips convolution_strips(std::ptrdiff_t elements, std::ptrdiff_t bytes_per_column)
+{
+    constexpr std::ptrdiff_t cache = 24576, least = 256, most = 4096;
+    const std::ptrdiff_t fit = cache / bytes_per_column;
+    return Strips(elements, fit < least ? least : fit > most ? most : fit, 64);
+}
 
 // block(x, above, below) makes `size` results in each of two rows; blocks cover n, the last one perhaps over its
 // neighbour; fewer results go by way of a block of their own. Where there is only one row, both are it, and a block

@@ -1,4 +1,4 @@
-// What the fixed-kernel filters share: their checks, and the division of wide images.
+// What the fixed-kernel filters share: their checks, and loops without an index.
 #pragma once
 
 #include "core/checks.h"
@@ -23,19 +23,6 @@ ORV_INLINE void unrolled(Body body)
     if constexpr (n > 1) unrolled<n - 1>(body);
     body(n - 1);
 }
-
-// Rows of many elements are done in strips of about equal width, so that what is kept of the rows above
-// stays in the nearest cache.
-template <int Most>
-struct Strips {
-    std::ptrdiff_t total, width;
-    ORV_INLINE explicit Strips(std::ptrdiff_t elements) : total(elements)
-    {
-        const std::ptrdiff_t count = (elements - 1) / Most + 1;
-        width = ((elements - 1) / count + 16) & ~std::ptrdiff_t{15};
-    }
-    ORV_INLINE std::ptrdiff_t columns_at(std::ptrdiff_t x) const { return total - x < width ? total - x : width; }
-};
 
 }  // namespace ORV_LEVEL
 }  // namespace orv

@@ -84,7 +84,7 @@ ORV_INLINE F derivative(const float* m2, const float* m1, const float* p1, const
 
 void sobel_cross_5x5(const float* src, int srcStep, float* dst, int dstStep, Size roi, float* columns)
 {
-    const FloatStrips strips(roi.width);
+    const Strips strips(roi.width, kFloatStrip);
     for (std::ptrdiff_t x = 0; x < strips.total; x += strips.width) {
         const std::ptrdiff_t n = strips.columns_at(x);
         for (int y = 0; y < roi.height; ++y) {
@@ -213,7 +213,8 @@ Status FilterSobelCross_32f_C1(const float* src, int srcStep, float* dst, int ds
     if (const Status bad = check_filter(src, srcStep, dst, dstStep, roi, mask)) return bad;
     void* columns = nullptr;
     if (mask == mask_5x5) {
-        columns = orv_allocate(static_cast<int>(FloatStrips(roi.width).width + 4) * static_cast<int>(sizeof(float)));
+        const int elements = static_cast<int>(Strips(roi.width, kFloatStrip).width + 4);
+        columns = orv_allocate(elements * static_cast<int>(sizeof(float)));
         if (columns == nullptr) return StatusNoMemory;
     }
     const FloatControl control;

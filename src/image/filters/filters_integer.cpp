@@ -9,7 +9,7 @@
 #include "simd/reductions.h"
 #include "simd/vec.h"
 #include "image/filters/filters_common.h"
-#include "simd/vec.h"
+#include "image/filters/strips.h"
 
 namespace orv {
 namespace filters_integer {
@@ -22,7 +22,7 @@ using std::uint16_t;
 using std::uint32_t;
 using std::uint8_t;
 
-using IntegerStrips = Strips<1024>;
+constexpr int kIntegerStrip = 1024;
 
 // Two rows of column sums, as long as a strip with its frame needs, each in two halves.
 constexpr std::ptrdiff_t kHalfRow = 1024 / 2 + 16;
@@ -405,7 +405,7 @@ Status filter(const T* src, int srcStep, T* dst, int dstStep, Size roi, std::ptr
     if (memory == nullptr) return StatusNoMemory;
 #if ORV_HAVE_VECTORS
     const FloatControl control;
-    const IntegerStrips strips(roi.width * channels);
+    const Strips strips(roi.width * channels, kIntegerStrip);
     for (std::ptrdiff_t x = 0; x < strips.total; x += strips.width) {
         const std::ptrdiff_t n = strips.columns_at(x);
         if (n >= simd::widest<T>::N) {

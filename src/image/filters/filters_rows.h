@@ -10,6 +10,7 @@
 
 #include "image/filters/filters_common.h"
 #include "image/filters/filters_lanes.h"
+#include "image/filters/strips.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -25,7 +26,6 @@ inline namespace ORV_LEVEL {
 //         from the sums of all rows, the top one first
 
 constexpr int kFloatStrip = 256;
-using FloatStrips = Strips<kFloatStrip>;
 
 // compute(i, lanes) for i from 0 to n - 1, with a value of type Many for as many columns as that has
 // lanes, some of them perhaps twice, or with one of type One.
@@ -175,7 +175,7 @@ template <class Filter, class Rows>
 ORV_INLINE void filter_strips(Filter filter, const Rows& rows, float* dst, int dstStep, Size roi, void* memory)
 {
     constexpr int radius = Filter::kRadius;
-    const FloatStrips strips(std::ptrdiff_t{roi.width} * Filter::kApart);
+    const Strips strips(std::ptrdiff_t{roi.width} * Filter::kApart, kFloatStrip);
     for (std::ptrdiff_t x = 0; x < strips.total; x += strips.width) {
         FilterStrip<Filter, Rows> strip(filter, rows, x, strips.columns_at(x), RowSums<Filter>{memory});
         for (int y = -radius; y < radius; ++y) strip.add(y, nullptr);
