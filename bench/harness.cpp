@@ -92,6 +92,25 @@ void stream(const unsigned char* a, const unsigned char* b, unsigned char* d, in
 
 }  // namespace
 
+Image::Fill floats(std::function<float(unsigned noise, int y, int x)> value)
+{
+    return [=](const Image& image) {
+        unsigned state = 1;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.row_bytes() / 4; ++x) {
+                state = state * 1664525u + 1013904223u;
+                image.row<float>(y)[x] = value(state, y, x);
+            }
+        }
+    };
+}
+
+Image::Fill floats_between(float low, float high)
+{
+    const float width = (high - low) * 0x1p-32f;
+    return floats([=](unsigned noise, int, int) { return low + width * static_cast<float>(noise); });
+}
+
 void limit(std::initializer_list<const Image*> sources, const Image* destination)
 {
     const Image* const a = sources.size() > 0 ? sources.begin()[0] : destination;

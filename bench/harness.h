@@ -52,6 +52,12 @@ private:
     int step_, row_bytes_, height_;
 };
 
+// Fills with floats: value(noise, y, x) for the one in column x of row y, of 32 random bits.
+Image::Fill floats(std::function<float(unsigned noise, int y, int x)> value);
+
+// With all their digits.
+Image::Fill floats_between(float low, float high);
+
 // Moves the bytes of the images and no more: sources are read, the destination (may be null) written.
 void limit(std::initializer_list<const Image*> sources, const Image* destination);
 

@@ -2,48 +2,29 @@
 // parts in images of their own, as many as we write, in single precision (phases to 0.3 degrees).
 //
 // Families: packed_images, image_windows.
-#include <opencv2/core.hpp>
-
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
-using bench::Image;
-using W = ImageProcessingWrapper;
+using namespace bench;
 
-// From -128 to 128 with all their digits.
-void fill(const Image& image)
-{
-    unsigned state = 1;
-    for (int y = 0; y < image.height(); ++y) {
-        float* const row = image.row<float>(y);
-        for (int i = 0; i < image.row_bytes() / 4; ++i) {
-            row[i] = static_cast<float>(static_cast<int>(state = state * 1664525u + 1013904223u)) * 0x1p-24f;
-        }
-    }
-}
-using Images = std::shared_ptr<Image>;
-cv::Mat mat(const Images& image)
-{
-    return cv::Mat(image->height(), image->row_bytes() / 4, CV_32F, image->as<void>(),
-                   static_cast<std::size_t>(image->step()));
-}
+const Image::Fill fill = floats_between(-128, 128);
 
 // peer(first, second, destination)
 template <class Ours, class Peer>
 void two_images(const char* name, Ours ours, Peer peer, bool two_sources)
 {
-    for (const int side : bench::kSides) {
+    for (const int side : kSides) {
         const auto a = std::make_shared<Image>(side, 4, fill), b = std::make_shared<Image>(side, 4, fill),
                    d = std::make_shared<Image>(side, 4);
-        bench::add(name, bench::square(side), "orvane", [=] { ours(*a, *b, *d, side); });
-        bench::add(name, bench::square(side), "opencv", [=, ma = mat(a), mb = mat(b), md = mat(d)]() mutable {
+        add(name, square(side), "orvane", [=] { ours(*a, *b, *d, side); });
+        cv::Mat from = mat<float>(*a, 1), from2 = mat<float>(*b, 1), to = mat<float>(*d, 1);
+        add(name, square(side), "opencv", [=]() mutable {
             static_cast<void>(a), static_cast<void>(b), static_cast<void>(d);
-            peer(ma, mb, md);
+            peer(from, from2, to);
         });
-        bench::add(name, bench::square(side), "limit", [=] {
-            two_sources ? bench::limit({a.get(), b.get()}, d.get()) : bench::limit({a.get()}, d.get());
+        add(name, square(side), "limit", [=] {
+            two_sources ? limit({a.get(), b.get()}, d.get()) : limit({a.get()}, d.get());
         });
     }
 }
@@ -51,12 +32,12 @@ void two_images(const char* name, Ours ours, Peer peer, bool two_sources)
 template <class From, class To, class Ours>
 void alone(const char* name, Ours ours)
 {
-    for (const int side : bench::kSides) {
+    for (const int side : kSides) {
         const auto a = std::make_shared<Image>(side, static_cast<int>(sizeof(From)), fill),
                    d = std::make_shared<Image>(side, static_cast<int>(sizeof(To)));
-        bench::add(name, bench::square(side), "orvane",
+        add(name, square(side), "orvane",
                    [=] { ours(a->as<From>(), a->step(), d->as<To>(), d->step(), side, side); });
-        bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
+        add(name, square(side), "limit", [=] { limit({a.get()}, d.get()); });
     }
 }
 

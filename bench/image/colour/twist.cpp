@@ -24,13 +24,8 @@ void add_twist(int side)
 {
     const cv::Mat matrix(3, 4, CV_32FC1, const_cast<float*>(kTwist));
     static const signed char small[16] = {8, 34, 17, 0, 11, 44, 22, 0, 12, 49, 25, 0, 0, 0, 0, 64};
-    const auto numbers = [](const bench::Image& image) {
-        cv::Mat m(image.height(), image.row_bytes() / 4, CV_32FC1, image.as<void>(),
-                  static_cast<std::size_t>(image.step()));
-        cv::randu(m, 0, 255);
-    };
     const Picture a = picture(side, 3), d = picture(side, 3), a4 = picture(side, 4), d4 = picture(side, 4),
-                  f = picture(side, 12, numbers), g = picture(side, 12);
+                  f = picture(side, 12, bench::floats_between(0, 255)), g = picture(side, 12);
     const cv::Mat bytes = mat(a, CV_8UC3), to_bytes = mat(d, CV_8UC3), floats = mat(f, CV_32FC3),
                   to_floats = mat(g, CV_32FC3);
     compare(

@@ -2,30 +2,11 @@
 #include <opencv2/imgproc.hpp>
 #include <vector>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
-using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-
-template <class T>
-constexpr int depth = std::is_same<T, float>::value ? CV_32F : sizeof(T) == 1 ? CV_8U : T(-1) < T(0) ? CV_16S : CV_16U;
-
-void fill_with_floats(const Image& image)
-{
-    unsigned state = 1;
-    for (int y = 0; y < image.height(); ++y) {
-        float* const row = image.row<float>(y);
-        for (int i = 0; i < image.row_bytes() / 4; ++i) {
-            state = state * 1664525u + 1013904223u;
-            row[i] = static_cast<float>(state) * 0x1p-24f;
-        }
-    }
-}
+using namespace bench;
 
 // Weights of no structure, or a column times a row.
 template <class Weight>
@@ -56,27 +37,24 @@ void filter(const std::string& name, int channels, int kernel_side, bool product
         const bool divided = std::is_same<Weight, int>::value;
         turned.at<float>(i / kernel_side, i % kernel_side) = divided ? w / static_cast<float>(divisor) : w;
     }
-    const std::string row = name + " " + bench::square(kernel_side) + (product ? " rank 1" : "");
+    const std::string row = name + " " + square(kernel_side) + (product ? " rank 1" : "");
     const int radius = kernel_side / 2;
-    for (const int side : bench::kSides) {
+    for (const int side : kSides) {
         const int extent = side + 2 * radius, pixel = channels * static_cast<int>(sizeof(From));
-        const Image::Fill fill = std::is_same<From, float>::value ? fill_with_floats : Image::Fill();
+        const Image::Fill fill = std::is_same<From, float>::value ? floats_between(0, 256) : nullptr;
         auto a = std::make_shared<Image>(extent, pixel, fill);
         auto d = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(To)));
         const From* const region = a->template row<From>(radius) + radius * channels;
-        bench::add(row, bench::square(side), "orvane", [=] {
+        add(row, square(side), "orvane", [=] {
             method(region, a->step(), d->template as<To>(), d->step(), side, kernel.data(), kernel_side, divisor);
         });
-        const auto mat = [&](const Image& image, int n, int type) {
-            return cv::Mat(n, n, type, image.as<void>(), static_cast<std::size_t>(image.step()));
-        };
-        const cv::Mat ma = mat(*a, extent, CV_MAKETYPE(depth<From>, channels))(cv::Rect(radius, radius, side, side));
-        cv::Mat md = mat(*d, side, CV_MAKETYPE(depth<To>, channels));
-        bench::add(row, bench::square(side), "opencv", [=]() mutable {
+        const cv::Mat ma = mat<From>(*a, channels)(cv::Rect(radius, radius, side, side));
+        cv::Mat md = mat<To>(*d, channels);
+        add(row, square(side), "opencv", [=]() mutable {
             static_cast<void>(a), static_cast<void>(d);
-            cv::filter2D(ma, md, depth<To>, turned);
+            cv::filter2D(ma, md, pixels_of<To>(1), turned);
         });
-        bench::add(row, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
+        add(row, square(side), "limit", [=] { limit({a.get()}, d.get()); });
     }
 }
 

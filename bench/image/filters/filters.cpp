@@ -4,57 +4,41 @@
 // Families: filters_float, filters_integer.
 #include <opencv2/imgproc.hpp>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
-using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-
-template <class T> constexpr int depth = sizeof(T) == 1 ? CV_8U : sizeof(T) == 2 ? CV_16U : CV_32F;
+using namespace bench;
 
 // Noise as it comes for integers; floats from 0 to 256 with all their digits, or without a fraction.
 enum class Floats { any, whole };
 template <class T>
 Image::Fill filled_with(Floats kind)
 {
-    if (depth<T> != CV_32F) return nullptr;
-    return [kind](const Image& image) {
-        unsigned state = 1;
-        for (int y = 0; y < image.height(); ++y) {
-            float* const row = image.row<float>(y);
-            for (int i = 0; i < image.row_bytes() / 4; ++i) {
-                state = state * 1664525u + 1013904223u;
-                row[i] = kind == Floats::whole ? static_cast<float>(state >> 24) : static_cast<float>(state) * 0x1p-24f;
-            }
-        }
-    };
+    if (!std::is_same<T, float>::value) return nullptr;
+    if (kind == Floats::any) return floats_between(0, 256);
+    return floats([](unsigned noise, int, int) { return static_cast<float>(noise >> 24); });
 }
 
 // The region of our filters lies inside a larger image, OpenCV's is a view of the same.
 template <class T, class Ours, class Peer>
 void filter(const char* name, int channels, int radius, Ours ours, Peer peer, Floats kind = Floats::any)
 {
-    for (int side : bench::kSides) {
+    for (int side : kSides) {
         const int pixel = channels * static_cast<int>(sizeof(T)), extent = side + 2 * radius;
         const std::shared_ptr<Image> a = std::make_shared<Image>(extent, pixel, filled_with<T>(kind));
         auto d = std::make_shared<Image>(side, pixel);
         T* const region = a->row<T>(radius) + radius * channels;
-        bench::add(name, bench::square(side), "orvane",
+        add(name, square(side), "orvane",
                    [=] { ours(region, a->step(), d->as<T>(), d->step(), side, side); });
-        const int type = CV_MAKETYPE(depth<T>, channels);
-        const cv::Mat ma = cv::Mat(extent, extent, type, a->as<void>(),
-                                   static_cast<std::size_t>(a->step()))(cv::Rect(radius, radius, side, side));
-        cv::Mat md(side, side, type, d->as<void>(), static_cast<std::size_t>(d->step()));
-        bench::add(name, bench::square(side), "opencv", [=]() mutable {
+        const cv::Mat ma = mat<T>(*a, channels)(cv::Rect(radius, radius, side, side));
+        cv::Mat md = mat<T>(*d, channels);
+        add(name, square(side), "opencv", [=]() mutable {
             static_cast<void>(a);
             static_cast<void>(d);
             peer(ma, md);
         });
-        bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
+        add(name, square(side), "limit", [=] { limit({a.get()}, d.get()); });
     }
 }
 

@@ -2,57 +2,46 @@
 // with the promised roundings. The Wiener filter has no peer in C++: bench/RESULTS.md compares it with SciPy's.
 #include <opencv2/imgproc.hpp>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
-using bench::Image;
-using W = ImageProcessingWrapper;
+using namespace bench;
 
-// Floats from 0 to 256 with all their digits.
-void fill(const Image& image)
-{
-    unsigned state = 1;
-    for (int y = 0; y < image.height(); ++y) {
-        float* const row = image.row<float>(y);
-        for (int i = 0; i < image.row_bytes() / 4; ++i)
-            row[i] = static_cast<float>(state = state * 1664525u + 1013904223u) * 0x1p-24f;
-    }
-}
+const Image::Fill fill = floats_between(0, 256);
 
 void gauss(int size)
 {
-    const std::string name = "GaussBorder_32f_C1R " + std::to_string(size);
+    const std::string name = "FilterGaussBorder_32f_C1R " + std::to_string(size);
     const float sigma = 0.15f * static_cast<float>(size) + 0.35f;
-    for (const int side : bench::kSides) {
+    for (const int side : kSides) {
         const auto a = std::make_shared<Image>(side, 4, fill), d = std::make_shared<Image>(side, 4);
-        bench::add(name, bench::square(side), "orvane", [=] {
+        add(name, square(side), "orvane", [=] {
             W::FilterGaussBorder_32f_C1R(a->as<float>(), a->step(), d->as<float>(), d->step(), side, side, size, sigma);
         });
-        const cv::Mat ma(side, side, CV_32F, a->as<void>(), static_cast<std::size_t>(a->step()));
-        cv::Mat md(side, side, CV_32F, d->as<void>(), static_cast<std::size_t>(d->step()));
-        bench::add(name, bench::square(side), "opencv", [=]() mutable {
+        const cv::Mat ma = mat<float>(*a, 1);
+        cv::Mat md = mat<float>(*d, 1);
+        add(name, square(side), "opencv", [=]() mutable {
             static_cast<void>(a), static_cast<void>(d);
             cv::GaussianBlur(ma, md, cv::Size(size, size), sigma, sigma, cv::BORDER_REPLICATE);
         });
-        bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
+        add(name, square(side), "limit", [=] { limit({a.get()}, d.get()); });
     }
 }
 
 // With a variance given, and with one to be estimated, which takes the means and variances twice.
 void wiener(int mask, double given)
 {
-    const std::string name = "Wiener_32f_C1 " + std::to_string(mask) + (given < 0 ? " estimated" : "");
-    for (const int side : bench::kSides) {
+    const std::string name = "FilterWiener_32f_C1 " + std::to_string(mask) + (given < 0 ? " estimated" : "");
+    for (const int side : kSides) {
         const int radius = mask / 2;
         const auto a = std::make_shared<Image>(side + 2 * radius, 4, fill), d = std::make_shared<Image>(side, 4);
         float* const region = a->row<float>(radius) + radius;
-        bench::add(name, bench::square(side), "orvane", [=] {
+        add(name, square(side), "orvane", [=] {
             double noise = given;
             W::FilterWiener_32f_C1(region, a->step(), d->as<float>(), d->step(), side, side, mask, mask, &noise);
         });
-        bench::add(name, bench::square(side), "limit", [=] { bench::limit({a.get()}, d.get()); });
+        add(name, square(side), "limit", [=] { limit({a.get()}, d.get()); });
     }
 }
 

@@ -6,35 +6,13 @@
 
 #include <cmath>
 
-#include "ImageProcessingWrapper.h"
-#include "harness.h"
+#include "image/peers.h"
 
 namespace {
 
-using bench::Image;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
+using namespace bench;
 
-template <class T>
-constexpr int depth = sizeof(T) == 1 ? CV_8U : sizeof(T) == 2 ? CV_16U : CV_32F;
-
-Image::Fill floats(std::function<float(unsigned noise, int y, int x)> pixel)
-{
-    return [=](const Image& image) {
-        unsigned state = 1;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.row_bytes() / 4; ++x) {
-                state = state * 1664525u + 1013904223u;
-                image.row<float>(y)[x] = pixel(state, y, x);
-            }
-        }
-    };
-}
-// From -1 to 1, and from 0 to 1.
-const auto noise =
-    floats([](unsigned state, int, int) { return static_cast<float>(static_cast<int>(state)) * 0x1p-31f; });
-const auto intensities = floats([](unsigned state, int, int) { return static_cast<float>(state >> 8) * 0x1p-24f; });
+const Image::Fill noise = floats_between(-1, 1), intensities = floats_between(0, 1);
 
 void median(const std::string& contents, const Image::Fill& fill, int side, int mask_width, int mask_height, bool peer)
 {
@@ -43,14 +21,14 @@ void median(const std::string& contents, const Image::Fill& fill, int side, int 
     const int extent = side + mask_width - 1;
     const auto a = std::make_shared<Image>(extent, 4, fill), d = std::make_shared<Image>(extent, 4);
     const int x = mask_width / 2, y = mask_height / 2;
-    bench::add(name, bench::square(side), "orvane", [=] {
+    add(name, square(side), "orvane", [=] {
         W::FilterMedian_32f_C1(a->row<float>(y) + x, a->step(), d->as<float>(), d->step(), side, side, mask_width,
                                mask_height);
     });
     if (!peer) return;
     const cv::Mat from(side, side, CV_32F, a->row<float>(y) + x, static_cast<std::size_t>(a->step()));
     cv::Mat to(side, side, CV_32F, d->as<void>(), static_cast<std::size_t>(d->step()));
-    bench::add(name, bench::square(side), "opencv", [=]() mutable {
+    add(name, square(side), "opencv", [=]() mutable {
         static_cast<void>(a);
         static_cast<void>(d);
         cv::medianBlur(from, to, mask_width);
@@ -66,17 +44,16 @@ template <class T, class Peer>
 void extremes(const std::string& name, int channels, Apart<T>* ours, InPlace<T>* in_place, Peer peer,
               const Image::Fill& fill = nullptr)
 {
-    for (const int side : bench::kSides) {
+    for (const int side : kSides) {
         const auto a = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)), fill);
         const auto d = std::make_shared<Image>(side, channels * static_cast<int>(sizeof(T)));
-        const int type = CV_MAKETYPE(depth<T>, channels);
-        const cv::Mat from(side, side, type, a->as<void>(), static_cast<std::size_t>(a->step()));
-        cv::Mat to(side, side, type, d->as<void>(), static_cast<std::size_t>(d->step()));
-        const std::string size = bench::square(side);
-        bench::add(name, size, "orvane", [=] { ours(a->as<T>(), a->step(), d->as<T>(), d->step(), side, side); });
-        bench::add(name, size, "opencv", [=]() mutable { static_cast<void>(a); static_cast<void>(d); peer(from, to); });
-        bench::add(name, size, "limit", [=] { bench::limit({a.get()}, d.get()); });
-        bench::add(name + "I", size, "orvane", [=] { in_place(d->as<T>(), d->step(), side, side); });
+        const cv::Mat from = mat<T>(*a, channels);
+        cv::Mat to = mat<T>(*d, channels);
+        const std::string size = square(side);
+        add(name, size, "orvane", [=] { ours(a->as<T>(), a->step(), d->as<T>(), d->step(), side, side); });
+        add(name, size, "opencv", [=]() mutable { static_cast<void>(a); static_cast<void>(d); peer(from, to); });
+        add(name, size, "limit", [=] { limit({a.get()}, d.get()); });
+        add(name + "I", size, "orvane", [=] { in_place(d->as<T>(), d->step(), side, side); });
     }
 }
 
@@ -88,7 +65,7 @@ const bool registered = [] {
     const auto nans =
         floats([](unsigned state, int, int) { return state >> 31 != 0 ? std::nanf("") : static_cast<float>(state); });
     const auto halves = floats([](unsigned state, int, int) { return state >> 31 != 0 ? 255.0f : 0.0f; });
-    for (const int side : bench::kSides) {
+    for (const int side : kSides) {
         median("", noise, side, 3, 3, true);
         median("", noise, side, 5, 5, true);
     }

@@ -37,15 +37,8 @@ void add_curve(const char* name, bool (*method)(const S*, int, const S*, const D
             values.push_back(static_cast<D>(most * std::sqrt((k + 0.5) / count)));
         }
         for (const int side : bench::kColourSides) {
-            const auto fill = [=](const bench::Image& image) {
-                cv::Mat m(image.height(), image.row_bytes(), CV_8UC1, image.as<void>(),
-                          static_cast<std::size_t>(image.step()));
-                cv::randu(m, 0, 256);
-                if (!std::is_same<S, float>::value) return;
-                cv::Mat f(image.height(), image.row_bytes() / 4, CV_32FC1, image.as<void>(),
-                          static_cast<std::size_t>(image.step()));
-                cv::randu(f, 0, most_level);
-            };
+            const bench::Image::Fill fill =
+                std::is_same<S, float>::value ? bench::floats_between(0, static_cast<float>(most_level)) : nullptr;
             const Picture a = picture(side, sizeof(S), fill), d = picture(side, sizeof(D));
             const std::string title = std::string(name) + " " + std::to_string(count) + " levels";
             bench::compare(

@@ -42,10 +42,7 @@ template <class T>
 Image::Fill grey_values()
 {
     if (!std::is_same<T, float>::value) return nullptr;
-    return [](const Image& image) {
-        cv::Mat all = mat(image, CV_32F);
-        cv::randu(all, 0, 255);
-    };
+    return bench::floats_between(0, 255);
 }
 
 struct Set {
