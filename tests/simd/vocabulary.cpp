@@ -151,15 +151,15 @@ bool matches(R expected, R result, Match match)
     return false;
 }
 
-// One rounding of a b + c. MinGW's own rounds the product of doubles: here the sum of 113 bits is rounded to odd, so that
-// nothing of what it leaves out is lost to the second rounding (S. Boldo, G. Melquiond, Emulation of FMA, 2008).
+// One rounding of a b + c. MinGW's own rounds the product of doubles: here the sum of 113 bits is rounded to odd, so
+// that nothing of what it leaves out is lost to the second rounding (S. Boldo, G. Melquiond, Emulation of FMA, 2008).
 template <class F>
 F fused(F a, F b, F c)
 {
 #ifdef _WIN32
-    const __float128 product = static_cast<__float128>(a) * b, term = c;
-    __float128 sum = product + term;
-    const __float128 part = sum - product, left_out = (product - (sum - part)) + (term - part);
+    const Quad product = static_cast<Quad>(a) * b, term = c;
+    Quad sum = product + term;
+    const Quad part = sum - product, left_out = (product - (sum - part)) + (term - part);
     std::uint64_t bits[2];
     std::memcpy(bits, &sum, sizeof(bits));
     if (left_out == left_out && left_out != 0 && bits[0] % 2 == 0) {

@@ -126,6 +126,18 @@ std::vector<Size> all_sizes()
 
 // --- Layout ---------------------------------------------------------------------------------------
 
+// All values, packed again; magnitudes and phases.
+bool extend_and_take_apart(const FramedFloats& packed, FramedFloats& all, FramedFloats& back, FramedFloats& magnitudes,
+                           FramedFloats& phases)
+{
+    const int w = packed.width(), h = packed.height();
+    auto* const complex = reinterpret_cast<Complex32f*>(all.pixels());
+    return W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), w, h) &&
+           W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), w, h) &&
+           W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(), w, h) &&
+           W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), w, h);
+}
+
 // What every method makes of the spectrum of a known image.
 TEST(PackedImages, FollowDirectTransforms)
 {
@@ -138,15 +150,7 @@ TEST(PackedImages, FollowDirectTransforms)
         at_every_level([&] {
             FramedFloats all(2 * s.width, s.height), magnitudes(s.width, s.height), phases(s.width, s.height),
                 back(s.width, s.height);
-            auto* const complex = reinterpret_cast<Complex32f*>(all.pixels());
-            ASSERT_TRUE(W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), s.width,
-                                                        s.height));
-            ASSERT_TRUE(
-                W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), s.width, s.height));
-            ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(),
-                                                 s.width, s.height));
-            ASSERT_TRUE(W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), s.width,
-                                             s.height));
+            ASSERT_TRUE(extend_and_take_apart(packed, all, back, magnitudes, phases));
             for (int v = 0; v < s.height; ++v) {
                 for (int u = 0; u < s.width; ++u) {
                     const Wide want = f.at(v, u);
@@ -309,14 +313,7 @@ TEST(PackedImages, PartsOfAllKinds)
                 phases(s.width, s.height), back(s.width, s.height);
             FramedFloats magnitudes2(s.width, s.height), phases2(s.width, s.height, 0, 0, gap);
             auto* const complex = reinterpret_cast<Complex32f*>(all.pixels());
-            ASSERT_TRUE(W::PackToCplxExtend_32f32fc_C1R(packed.pixels(), packed.step(), complex, all.step(), s.width,
-                                                        s.height));
-            ASSERT_TRUE(
-                W::CplxExtendToPack_32fc32f_C1R(complex, all.step(), back.pixels(), back.step(), s.width, s.height));
-            ASSERT_TRUE(W::MagnitudePack_32f_C1R(packed.pixels(), packed.step(), magnitudes.pixels(), magnitudes.step(),
-                                                 s.width, s.height));
-            ASSERT_TRUE(W::PhasePack_32f_C1R(packed.pixels(), packed.step(), phases.pixels(), phases.step(), s.width,
-                                             s.height));
+            ASSERT_TRUE(extend_and_take_apart(packed, all, back, magnitudes, phases));
             ASSERT_TRUE(W::Magnitude_32fc32f_C1R(complex, all.step(), magnitudes2.pixels(), magnitudes2.step(), s.width,
                                                  s.height));
             ASSERT_TRUE(W::Phase_32fc32f_C1R(complex, all.step(), phases2.pixels(), phases2.step(), s.width, s.height));

@@ -11,6 +11,7 @@
 #include "image/rank/median.h"
 #include "image/rank/morphology.h"
 #include "support/allocations.h"
+#include "support/exact.h"
 #include "support/expected.h"
 #include "support/levels.h"
 
@@ -25,23 +26,11 @@ using orv::Status;
 
 // --- Oracle ---------------------------------------------------------------------------------------
 
-std::uint32_t bits_of(float value)
-{
-    std::uint32_t bits;
-    std::memcpy(&bits, &value, 4);
-    return bits;
-}
-float float_of(std::uint32_t bits)
-{
-    float value;
-    std::memcpy(&value, &bits, 4);
-    return value;
-}
 // Floats by their bits: a signalling NaN that passes through the x87 is another one.
 struct Pixel {
     std::uint32_t bits;
 };
-bool is_nan(Pixel p) { return (p.bits & 0x7FFFFFFF) > 0x7F800000; }
+bool is_nan(Pixel p) { return test::is_nan<float>(p.bits); }
 bool before(Pixel a, Pixel b)
 {
     if (is_nan(a) || is_nan(b)) {
@@ -50,7 +39,7 @@ bool before(Pixel a, Pixel b)
         if (signed_a != signed_b) return signed_b;
         return signed_a ? a.bits > b.bits : a.bits < b.bits;
     }
-    const float x = float_of(a.bits), y = float_of(b.bits);
+    const float x = from_bits<float>(a.bits), y = from_bits<float>(b.bits);
     return x < y || (x == 0 && y == 0 && std::signbit(x) && !std::signbit(y));
 }
 template <class T> bool before(T a, T b) { return a < b; }
