@@ -112,11 +112,11 @@ FAULTS = [
     # Rank filters.
     ("NaNs with a sign in front", RANK_ORDER, "return turned(bits) - simd::splat<V>(kSignedNans);", "return turned(bits);", "Rank*:Morphology*"),
     ("the row above, overwritten", MORPHOLOGY, "y == 0 ? src : keeps ? kept : row_at(src, srcStep, y - 1)",
-     "y == 0 ? src : row_at(src, srcStep, y - 1)", "Morphology*"),
+     "y == 0 ? src : keeps && height < 0 ? kept : row_at(src, srcStep, y - 1)", "Morphology*"),
     ("a window that forgets what left below", RANKED_TILE, "below -= flip(leaving[i * apart]);", "flip(leaving[i * apart]);", "RankMedian*"),
     # Convolution.
     ("a sum that starts as +0", CONVOLUTION_SUMS, "count == 0 ? 0.0 : -0.0", "0.0", "Convolution*"),
-    ("a row beyond the frame", CONVOLUTION, "job.source(y < last ? y : last)", "job.source(y)", "Convolution*:" + VARIANTS),
+    ("a row beyond the frame", CONVOLUTION, "job.source(y < last ? y : last)", "job.source(y < last ? y : y)", "Convolution*:" + VARIANTS),
     ("sums of rows that words do not hold", CONVOLUTION, "factors.magnitudes <= 257", "factors.magnitudes <= 258", "Convolution*"),
     ("a kernel that is nearly a product", CONVOLUTION_FACTORS, "if (multiple * row[c] != get(job.weight(r, c))) return false;",
      "if (c > 1 && multiple * row[c] != get(job.weight(r, c))) return false;", "Convolution*"),

@@ -268,7 +268,7 @@ TEST(Convolution, Integers)
     });
 }
 
-// Rows of bytes whose sums just fit words, or just do not, and kernels next to a product.
+// Rows of bytes whose sums just fit words, or just do not.
 TEST(Convolution, FactorsAtTheirBounds)
 {
     std::mt19937 g = make_generator("factors");
@@ -277,12 +277,44 @@ TEST(Convolution, FactorsAtTheirBounds)
             const int negative = shape % 4 == 0 ? 0 : shape % 4 == 1 ? magnitudes : magnitudes / 2;
             const int row[5] = {1, -negative + 1, magnitudes - negative - 3, -1, 1};
             const auto weight = [&](int i, int j) { return row[i] * (j + 1) * (shape >= 8 ? 8191 : 1); };
-            Kernel<int> k = kernel_of<int>(5, 4, g, weight);
-            if (shape == 4) k.weights[7] += 1;
+            const Kernel<int> k = kernel_of<int>(5, 4, g, weight);
             check_filter(IntegerFilter<u8, u8>{"Filter_8u_C3R", W::Filter_8u_C3R, nullptr, 3}, {70, 3}, k, magnitudes,
                          g);
             check_filter(IntegerFilter<u8, short>{"Filter_8u16s_C1R", W::Filter_8u16s_C1R, nullptr, 1}, {70, 3}, k, 1,
                          g);
+        }
+    }
+}
+
+// Any weight can be the one that keeps a kernel from being a product.
+TEST(Convolution, NearlyProducts)
+{
+    std::mt19937 g = make_generator("nearly");
+    static const int row[] = {7, -5, 20, 11, -3};
+    for (std::size_t place = 0; place < 20; ++place) {
+        Kernel<int> k = kernel_of<int>(5, 4, g, [&](int i, int j) { return row[i] * (j + 1); });
+        k.weights[place] += 1;
+        check_filter(IntegerFilter<u8, short>{"Filter_8u16s_C1R", W::Filter_8u16s_C1R, nullptr, 1}, {70, 3}, k, 8, g);
+    }
+}
+
+// White under positive weights reaches the bounds that random pixels hardly ever reach.
+TEST(Convolution, WhiteRowsAtTheirBounds)
+{
+    const std::vector<u8> src(64 * 64, 255);
+    for (const int magnitudes : {127, 128, 129, 256, 257, 258}) {
+        for (const int sign : {1, -1}) {
+            std::mt19937 g = make_generator("white");
+            const auto weight = [=](int i, int j) { return sign * (j + 1) * (i == 2 ? magnitudes - 4 : 1); };
+            const Kernel<int> k = kernel_of<int>(5, 4, g, weight);
+            const Source<u8> s = [](int, int) { return u8{255}; };
+            const short want = expected<short>(s, k, 64, 0, 0);
+            at_every_level([&] {
+                short dst[40] = {};
+                ASSERT_TRUE(W::Filter_8u16s_C1R(src.data() + 64 * 8 + 8, 64, dst, 80, 40, 1, k.weights.data(), 5, 4,
+                                                k.anchorX, k.anchorY, 64));
+                EXPECT_THAT(dst, testing::Each(want)) << sign * magnitudes;
+            });
         }
     }
 }
