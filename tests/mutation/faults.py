@@ -57,7 +57,7 @@ FAULTS = [
     ("a word is written behind the destination", SPECTRA,
      "        put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);\n    }\n",
      "        put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);\n    }\n    put(parts + 2 * n, 0u);\n", VARIANTS),
-    ("the last vector is not stored", FULL_VECTORS, "    store(n - N, last);\n", "    static_cast<void>(last);\n", VARIANTS),
+    ("the last vector is not stored", FULL_VECTORS, "    store(n - N, last);\n", "    if (n < 0) store(n - N, last);\n", VARIANTS),
     ("a histogram counts into the bin behind the last", HISTOGRAM, "value < l.lower || value >= l.upper", "value < l.lower || value > l.upper", "Statistics*:*Histogram*"),
     ("the rest of a row is not counted", HISTOGRAM, "    for (; i < n; ++i) ++tables[place[get(p + i)]];", "    for (; i < n - 1; ++i) ++tables[place[get(p + i)]];", "Statistics*:*Histogram*"),
     ("an odd last byte of a short row is left out", COPY_FEW, "    if ((n & 1) != 0) *d = *s;\n", "", "Statistics*:" + VARIANTS),

@@ -25,7 +25,7 @@ using std::uint8_t;
 constexpr int kIntegerStrip = 1024;
 
 // Two rows of column sums, as long as a strip with its frame needs, each in two halves.
-constexpr std::ptrdiff_t kHalfRow = 1024 / 2 + 16;
+constexpr std::ptrdiff_t kHalfRow = kIntegerStrip / 2 + 16;
 template <class T> constexpr int kColumnBytes = 4 * static_cast<int>(kHalfRow) * 2 * static_cast<int>(sizeof(T));
 
 // --- Meaning --------------------------------------------------------------------------------------
