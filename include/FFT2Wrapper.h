@@ -11,8 +11,8 @@ struct Fft2Record;
 /// Transforms of single-channel float images to packed spectra and back.
 ///
 /// **Sizes.** A transform of a width x height image works on its top left W x H block, where W and H
-/// are the largest powers of two not above width and height: a 100 x 60 image is transformed as 64 x
-/// 32. The rest of the destination is not written. A transform is prepared for one size and kept until
+/// are the largest powers of two not above width and height: a 100 x 60 image is transformed as
+/// 64 x 32. The rest of the destination is not written. A transform is prepared for one size and kept until
 /// a call names another. Width and height of at least 2 are needed; W is at most 2^26, H at most 2^24 and
 /// W H at most 2^28: larger transforms would need more than 2 GiB of work memory.
 ///

@@ -19,6 +19,14 @@ struct PsdRecord;
 /// **Units.** The powers are squared magnitudes of the unscaled transform. They are divided neither by
 /// the length nor by the energy of the window, neither side is doubled and no logarithm is taken.
 ///
+/// **Frequencies.** With N = 2^order samples taken fs times a second, bin k is the frequency k fs / N for k from 0
+/// to N/2; beyond, it is the negative frequency (k - N) fs / N, which for real samples has the power of bin N - k.
+///
+/// **Densities.** out[k] / (fs * S), with S the sum of the squares of the first N values of `window`, is the power in
+/// a band of 1 Hz (unit^2 / Hz), positive and negative frequencies apart. For the usual one-sided density double the
+/// bins 1 to N/2 - 1. A sine of amplitude A at the frequency of a bin k > 0 shows out[k] = (A / 2)^2 times the square
+/// of the window's sum.
+///
 /// **Accuracy.** Single precision; the relative error of the transform (root mean square) is below
 /// 2^-24 sqrt(order). The mean is summed in double precision and rounded to float; squares are added
 /// in double precision and rounded once. All processors give the same bits.

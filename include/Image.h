@@ -7,9 +7,11 @@
 namespace Orvane {
 namespace ImageProcessing {
 
-/// Describes one image: size, row step, channels, pixel size, element type, address.
+/// An image that is always empty: it describes size, row step, channels, pixel size, element type and address of an
+/// image, and all of them are always 0.
 ///
-/// The description is always empty: every constructor creates a zeroed one and no operation fills it.
+/// Every constructor creates a zeroed description and no operation fills it; the class is there for hosts that pass
+/// such objects around. Images for the operations are plain memory: see ImageProcessingWrapper::Malloc_8u_C1.
 /// Assignment shares it. It is never released, so each constructed object keeps its description (28
 /// bytes on 32-bit systems) for the life of the process; hosts that share descriptions between objects
 /// depend on that. When the description cannot be allocated, construction throws std::bad_alloc; this

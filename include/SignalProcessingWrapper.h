@@ -26,11 +26,12 @@ public:
     SignalProcessingWrapper& operator=(const SignalProcessingWrapper& other);
 
     // --------------------------------------------------------------------------------------------
-    // Buffers
-    //
-    // `len` elements on a 64-byte boundary, not cleared. Null for a length below 1 and when memory
-    // runs out. Sizes are 32-bit products that nothing checks: stay below 2^31 bytes. Release with
-    // Free().
+    /// @name Buffers
+    ///
+    /// `len` elements on a 64-byte boundary, not cleared. Null for a length below 1 and when memory
+    /// runs out. Sizes are 32-bit products that nothing checks: stay below 2^31 bytes. Release with
+    /// Free().
+    /// @{
 
     /// Allocates len elements of 1 byte.
     static unsigned char* ORVANE_CALL Malloc_8u(int len);
@@ -46,49 +47,53 @@ public:
     static Complex32f* ORVANE_CALL Malloc_32fc(int len);
     /// Releases what a Malloc method returned; does nothing for null.
     static void ORVANE_CALL Free(void* buffer);
+    /// @}
 
     // --------------------------------------------------------------------------------------------
-    // Filling and moving
-    //
-    // Elements are moved as they are. The vectors of a copy may overlap in any way: the destination receives
-    // what the source held before the call. Both methods are always true; with a null pointer or a len below 1
-    // they do nothing.
+    /// @name Filling and moving
+    ///
+    /// Elements are moved as they are. The vectors of a copy may overlap in any way: the destination receives
+    /// what the source held before the call. Both methods are always true; with a null pointer or a len below 1
+    /// they do nothing.
+    /// @{
 
     /// dst = 0. Always true.
     static bool ORVANE_CALL Zero_16u(unsigned short* dst, int len);
     /// dst = src. Always true.
     static bool ORVANE_CALL Copy_16u(const unsigned short* src, unsigned short* dst, int len);
+    /// @}
 
     // --------------------------------------------------------------------------------------------
-    // Vector arithmetic
-    //
-    // The second source is the left operand: src2 - src1, src2 / src1; in place, srcDst - src, srcDst / src.
-    // With constants the vector is the left operand, src - value; in the Rev forms the value is.
-    //
-    // Integers (8u, 16u, 32s): the exact result (for quotients the exact quotient) times 2^-scaleFactor, rounded
-    // to the nearest integer with ties to even, saturated to the type: scaled(x) below. Any scale factor is
-    // legal. An unsigned difference below 0 is 0 before it is scaled. Over a zero divisor a positive dividend
-    // gives the largest value of the type, a negative one the smallest, and 0 gives 0; the result is then
-    // false, but everything is written.
-    // DivCRev_16u has no scale factor and rounds in fixed point: q = floor(65536 value / src), the result is
-    // floor((q + 32767 + (2 if bit 16 of q is set, else 0)) / 65536).
-    //
-    // Floats (32f, 64f): IEEE results, rounded once. Of two NaNs the left operand's is the result; NaNs become
-    // quiet. Over a divisor of 0 or -0 a positive dividend gives infinity, a negative one -infinity, 0 and a
-    // NaN the NaN with the sign bit set (0xFFC00000, 0xFFF8000000000000); the result is then false, but
-    // everything is written. DivC multiplies by the reciprocal of the value, rounded once, so it may differ
-    // from a true quotient in the last place; a value of 0 is refused and nothing is written.
-    // AddProduct: the product and the sum in double, rounded to float once; NaNs are 0xFFC00000.
-    //
-    // Checks: null pointer, len below 1, then a float divisor value of 0.
-    //
-    // The destination may be exactly one of the sources; other overlaps are not supported. The I forms take a
-    // temporary from the heap; when memory runs out, or for vectors larger than 2^31 - 1 bytes, they write nothing
-    // and report a failure.
-    //
-    // The results of 18 I forms are inverted: true on failure (and after a warning), false on success. Three
-    // others are always true. Each says so below; hosts depend on it. The order of the arguments of the
-    // constant I forms differs, too.
+    /// @name Vector arithmetic
+    ///
+    /// The second source is the left operand: src2 - src1, src2 / src1; in place, srcDst - src, srcDst / src.
+    /// With constants the vector is the left operand, src - value; in the Rev forms the value is.
+    ///
+    /// Integers (8u, 16u, 32s): the exact result (for quotients the exact quotient) times 2^-scaleFactor, rounded
+    /// to the nearest integer with ties to even, saturated to the type: scaled(x) below. Any scale factor is
+    /// legal. An unsigned difference below 0 is 0 before it is scaled. Over a zero divisor a positive dividend
+    /// gives the largest value of the type, a negative one the smallest, and 0 gives 0; the result is then
+    /// false, but everything is written.
+    /// DivCRev_16u has no scale factor and rounds in fixed point: q = floor(65536 value / src), the result is
+    /// floor((q + 32767 + (2 if bit 16 of q is set, else 0)) / 65536).
+    ///
+    /// Floats (32f, 64f): IEEE results, rounded once. Of two NaNs the left operand's is the result; NaNs become
+    /// quiet. Over a divisor of 0 or -0 a positive dividend gives infinity, a negative one -infinity, 0 and a
+    /// NaN the NaN with the sign bit set (0xFFC00000, 0xFFF8000000000000); the result is then false, but
+    /// everything is written. DivC multiplies by the reciprocal of the value, rounded once, so it may differ
+    /// from a true quotient in the last place; a value of 0 is refused and nothing is written.
+    /// AddProduct: the product and the sum in double, rounded to float once; NaNs are 0xFFC00000.
+    ///
+    /// Checks: null pointer, len below 1, then a float divisor value of 0.
+    ///
+    /// The destination may be exactly one of the sources; other overlaps are not supported. The I forms take a
+    /// temporary from the heap; when memory runs out, or for vectors larger than 2^31 - 1 bytes, they write nothing
+    /// and report a failure.
+    ///
+    /// The results of 18 I forms are inverted: true on failure (and after a warning), false on success. Three
+    /// others are always true. Each says so below; hosts depend on it. The order of the arguments of the
+    /// constant I forms differs, too.
+    /// @{
 
     /// dst = scaled(src2 + src1)
     static bool ORVANE_CALL Add_8u(const unsigned char* src1, const unsigned char* src2, unsigned char* dst, int len,
@@ -289,41 +294,47 @@ public:
     static bool ORVANE_CALL AddProduct_32f(const float* src1, const float* src2, float* srcDst, int len);
     /// srcDst = srcDst + src * value
     static bool ORVANE_CALL AddProductC_32f(const float* src, float value, float* srcDst, int len);
+    /// @}
 
     // --------------------------------------------------------------------------------------------
-    // Elementary functions
-    //
-    // One result per element, rounded to the element type. A destination may be exactly one of the sources;
-    // other overlaps are not supported. Checks: null pointer, len below 1.
-    //
-    // Accuracy. u is a unit in the last place of the result; the figures are the largest errors found,
-    // over all floats for functions of one float, over random and hard arguments else.
-    //   Abs, Floor         exact
-    //   Sqrt_64f           correctly rounded
-    //   Exp_32f            0.5001 u: computed in double, rounded once
-    //   Exp_64f, Ln_64f    below 1 u
-    //   A11 functions      a relative error below 2^-11 (Sin and Cos: 2^-12.9; SinCos: 2^-11.04), also near
-    //                      their zeros and of subnormal angles
-    //   A24 functions      0.501 u
-    //   A50 functions      a relative error below 2^-50, for every finite angle
-    // Angles are in radians. All floats and doubles are reduced rightly, but angles beyond 800 (A11) and
-    // 131072 (A50) take several times longer, those beyond 25 (A11) a little.
-    //
-    // Special values. NaNs give the quiet NaN with its sign bit clear (Floor keeps the NaN's own bits and
-    // makes it quiet, Abs clears its sign and nothing else).
-    //   Exp_32f            infinity from 88.72284 on, subnormal results below -87.33655, 0 from -103.97 down
-    //   Exp_64f            infinity above 709.782712893384, subnormal results below -708.3964, 0 below -745.13
-    //   Ln_64f             +0: -infinity and false; anything with its sign bit set, -0 and NaNs, too: the NaN
-    //                      0xFFF8000000000000 and false; infinity: infinity
-    //   Sqrt_64f           -0: -0; negative numbers and all NaNs: the NaN 0xFFF8000000000000 and false
-    //   Sin, Cos, SinCos   infinities: NaN; sine of -0: -0
-    //   Atan2              as atan2() of C: in [-pi, pi], zeros and infinities by their signs
-    //   Hypot              infinity if either is infinite, even beside a NaN; no overflow before the result's
-    //   Floor              -0, infinities: themselves
-    // Exponentials raise no warning. Where a warning gives false, everything has been written.
-    //
-    // In place: through a temporary; false, and nothing is written, when memory runs out. Exp_32f_I and
-    // Exp_64f_I return true whatever happens.
+    /// @name Elementary functions
+    ///
+    /// One result per element, rounded to the element type. A destination may be exactly one of the sources;
+    /// other overlaps are not supported. Checks: null pointer, len below 1.
+    ///
+    /// Accuracy. u is a unit in the last place of the result; the figures are the largest errors found,
+    /// over all floats for functions of one float, over random and hard arguments else.
+    ///
+    ///   Abs, Floor         exact
+    ///   Sqrt_64f           correctly rounded
+    ///   Exp_32f            0.5001 u: computed in double, rounded once
+    ///   Exp_64f, Ln_64f    below 1 u
+    ///   A11 functions      a relative error below 2^-11 (Sin and Cos: 2^-12.9; SinCos: 2^-11.04), also near
+    ///                      their zeros and of subnormal angles
+    ///   A24 functions      0.501 u
+    ///   A50 functions      a relative error below 2^-50, for every finite angle
+    ///
+    /// Angles are in radians. All floats and doubles are reduced rightly, but angles beyond 800 (A11) and
+    /// 131072 (A50) take several times longer, those beyond 25 (A11) a little.
+    ///
+    /// Special values. NaNs give the quiet NaN with its sign bit clear (Floor keeps the NaN's own bits and
+    /// makes it quiet, Abs clears its sign and nothing else).
+    ///
+    ///   Exp_32f            infinity from 88.72284 on, subnormal results below -87.33655, 0 from -103.97 down
+    ///   Exp_64f            infinity above 709.782712893384, subnormal results below -708.3964, 0 below -745.13
+    ///   Ln_64f             +0: -infinity and false; anything with its sign bit set, -0 and NaNs, too: the NaN
+    ///                      0xFFF8000000000000 and false; infinity: infinity
+    ///   Sqrt_64f           -0: -0; negative numbers and all NaNs: the NaN 0xFFF8000000000000 and false
+    ///   Sin, Cos, SinCos   infinities: NaN; sine of -0: -0
+    ///   Atan2              as atan2() of C: in [-pi, pi], zeros and infinities by their signs
+    ///   Hypot              infinity if either is infinite, even beside a NaN; no overflow before the result's
+    ///   Floor              -0, infinities: themselves
+    ///
+    /// Exponentials raise no warning. Where a warning gives false, everything has been written.
+    ///
+    /// In place: through a temporary; false, and nothing is written, when memory runs out. Exp_32f_I and
+    /// Exp_64f_I return true whatever happens.
+    /// @{
 
     /// dst = |src|
     static bool ORVANE_CALL Abs_32f(const float* src, float* dst, int len);
@@ -359,27 +370,29 @@ public:
     static bool ORVANE_CALL Hypot_32f_A24(const float* src1, const float* src2, float* dst, int len);
     /// dst = the largest integer that is not above src
     static bool ORVANE_CALL Floor_32f(float* src, float* dst, int len);
+    /// @}
 
     // --------------------------------------------------------------------------------------------
-    // Vector spectra and windows
-    //
-    // Packed spectra: len reals hold the spectrum X of a real signal of len samples, as Re X[0], then Re X[k] and
-    // Im X[k] for k = 1, 2, ..., and, for even len, Re X[len / 2] at the end. Products are formed in double
-    // and rounded to float once, part by part.
-    //
-    // Magnitudes are formed in double (squares, sum, root) and rounded to float once.
-    // A part or a magnitude that is a NaN is always 0xFFC00000.
-    //
-    // Hamming window: weight k is 0.54 - 0.46 cos(2 pi k / (len - 1)), symmetric, 1 in the middle of an odd
-    // len. The cosines come from a rotation in double: with t = 2 pi / (len - 1), c = cos t and
-    // s = sqrt(1 - c^2), each step is (C, S) -> (c C - s S, c S + s C) from (1, 0). Its error grows with len
-    // (s loses digits for small t): below 1e-12 up to 1,000 elements, about 3e-7 for 2^20.
-    //
-    // The destination may be exactly one of the sources, that of RealToCplx_32f none; other overlaps are not
-    // supported.
-    //
-    // Checks: null pointer, len below 1 (below 3 for the window). The I forms with a temporary refuse when memory
-    // runs out.
+    /// @name Vector spectra and windows
+    ///
+    /// Packed spectra: len reals hold the spectrum X of a real signal of len samples, as Re X[0], then Re X[k] and
+    /// Im X[k] for k = 1, 2, ..., and, for even len, Re X[len / 2] at the end. Products are formed in double
+    /// and rounded to float once, part by part.
+    ///
+    /// Magnitudes are formed in double (squares, sum, root) and rounded to float once.
+    /// A part or a magnitude that is a NaN is always 0xFFC00000.
+    ///
+    /// Hamming window: weight k is 0.54 - 0.46 cos(2 pi k / (len - 1)), symmetric, 1 in the middle of an odd
+    /// len. The cosines come from a rotation in double: with t = 2 pi / (len - 1), c = cos t and
+    /// s = sqrt(1 - c^2), each step is (C, S) -> (c C - s S, c S + s C) from (1, 0). Its error grows with len
+    /// (s loses digits for small t): below 1e-12 up to 1,000 elements, about 3e-7 for 2^20.
+    ///
+    /// The destination may be exactly one of the sources, that of RealToCplx_32f none; other overlaps are not
+    /// supported.
+    ///
+    /// Checks: null pointer, len below 1 (below 3 for the window). The I forms with a temporary refuse when memory
+    /// runs out.
+    /// @{
 
     /// dst = src1 * src2, packed spectra
     static bool ORVANE_CALL MulPack_32f(const float* src1, const float* src2, float* dst, int len);
@@ -395,10 +408,12 @@ public:
     static bool ORVANE_CALL WinHamming_32f(const float* src, float* dst, int len);
     /// srcDst = srcDst * Hamming window
     static bool ORVANE_CALL WinHamming_32f_I(float* srcDst, int len);
+    /// @}
 
 protected:
     /// Does nothing: the class has no instances.
     SignalProcessingWrapper(const SignalProcessingWrapper& other);
+    /// Does nothing, likewise.
     ~SignalProcessingWrapper();
 };
 

@@ -34,3 +34,6 @@ for header in include/*.h; do
     echo "#include \"$(basename "$header")\"" > "$work/one.cpp"
     g++ -std=c++11 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only $(pkg-config --cflags orvane) "$work/one.cpp"
 done
+
+# The programs that the documents print.
+scripts/check_documents.py "$work/prefix" README.md docs/start_cpp.md

@@ -82,6 +82,7 @@ if check "build, 64 bit" build release; then
     check "package" scripts/check_package.sh build/release
     check ".deb, 64 bit" scripts/check_archive.sh build/release
     check "static library" scripts/check_package.sh --static
+    check "site" scripts/check_site.sh build/release
 fi
 check "clang" scripts/check_clang.sh
 
