@@ -77,6 +77,7 @@ scripts/setup.sh test || { echo "some packages are missing; going on with what t
 
 if check "build, 64 bit" build release; then
     tests "tests, 64 bit" build/release/tests/orvane_tests $seed
+    check "interface" interface/generate.py --check
     check "exports" tests/check_exports.sh build/release/src/liborvane.so
     check "symbols, layers, faults to plant" ctest --test-dir build/release -E 'orvane_tests|exports'
     check "package" scripts/check_package.sh build/release

@@ -1,0 +1,592 @@
+// The operations, one overload for each type. Made from interface/table.toml by interface/generate.py.
+#ifndef ORVANE_LAYER_VECTORS_HPP
+#define ORVANE_LAYER_VECTORS_HPP
+
+#include "../SignalProcessingWrapper.h"
+#include "requirements.hpp"
+
+namespace orvane {
+
+/// destination = source
+inline status copy(span<const unsigned short> source, span<unsigned short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("copy", SignalProcessingWrapper::Copy_16u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination = 0
+inline status clear(span<unsigned short> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
+    return detail::answer("clear", SignalProcessingWrapper::Zero_16u(destination.data(), detail::length(destination)),
+        detail::reason::memory);
+}
+
+/// destination = scaled(a + b)
+inline status add(span<const unsigned char> a, span<const unsigned char> b, span<unsigned char> destination,
+                  int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("add", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::Add_8u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status add(span<const unsigned short> a, span<const unsigned short> b, span<unsigned short> destination,
+                  int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("add", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::Add_16u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status add(span<const int> a, span<const int> b, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("add", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::Add_32s(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status add(span<const float> a, span<const float> b, span<float> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("add", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::Add_32f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+inline status add(span<const double> a, span<const double> b, span<double> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("add", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::Add_64f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+/// destination = scaled(source + value)
+inline status add(span<const unsigned char> source, const constant<unsigned char, 1>& value,
+                  span<unsigned char> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("add", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("add", "value", value);
+    return detail::answer("add", SignalProcessingWrapper::AddC_8u(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::memory);
+}
+
+inline status add(span<const unsigned short> source, const constant<unsigned short, 1>& value,
+                  span<unsigned short> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("add", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("add", "value", value);
+    return detail::answer("add", SignalProcessingWrapper::AddC_16u(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::memory);
+}
+
+inline status add(span<const int> source, const constant<int, 1>& value, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("add", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("add", "value", value);
+    return detail::answer("add", SignalProcessingWrapper::AddC_32s(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::memory);
+}
+
+inline status add(span<const float> source, const constant<float, 1>& value, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("add", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::AddC_32f(source.data(), value.one(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status add(span<const double> source, const constant<double, 1>& value, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("add", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("add", SignalProcessingWrapper::AddC_64f(source.data(), value.one(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination = scaled(a - b)
+inline status subtract(span<const unsigned char> a, span<const unsigned char> b, span<unsigned char> destination,
+                       int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("subtract", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("subtract", SignalProcessingWrapper::Sub_8u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status subtract(span<const unsigned short> a, span<const unsigned short> b, span<unsigned short> destination,
+                       int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("subtract", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("subtract", SignalProcessingWrapper::Sub_16u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status subtract(span<const int> a, span<const int> b, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("subtract", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("subtract", SignalProcessingWrapper::Sub_32s(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status subtract(span<const float> a, span<const float> b, span<float> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("subtract", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("subtract", SignalProcessingWrapper::Sub_32f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+/// destination = scaled(source - value)
+inline status subtract(span<const unsigned char> source, const constant<unsigned char, 1>& value,
+                       span<unsigned char> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("subtract", "value", value);
+    return detail::answer("subtract", SignalProcessingWrapper::SubC_8u(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::memory);
+}
+
+inline status subtract(span<const unsigned short> source, const constant<unsigned short, 1>& value,
+                       span<unsigned short> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("subtract", "value", value);
+    return detail::answer("subtract", SignalProcessingWrapper::SubC_16u(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status subtract(span<const int> source, const constant<int, 1>& value, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("subtract", "value", value);
+    return detail::answer("subtract", SignalProcessingWrapper::SubC_32s(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status subtract(span<const float> source, const constant<float, 1>& value, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("subtract", SignalProcessingWrapper::SubC_32f(source.data(), value.one(),
+        destination.data(), detail::length(source)), detail::reason::memory);
+}
+
+/// destination = scaled(value - source)
+inline status subtract_from(const constant<unsigned char, 1>& value, span<const unsigned char> source,
+                            span<unsigned char> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract_from", {{"source",
+        source}, {"destination", destination}});
+    if (!value.held()) return detail::unheld("subtract_from", "value", value);
+    return detail::answer("subtract_from", SignalProcessingWrapper::SubCRev_8u(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status subtract_from(const constant<unsigned short, 1>& value, span<const unsigned short> source,
+                            span<unsigned short> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract_from", {{"source",
+        source}, {"destination", destination}});
+    if (!value.held()) return detail::unheld("subtract_from", "value", value);
+    return detail::answer("subtract_from", SignalProcessingWrapper::SubCRev_16u(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status subtract_from(const constant<int, 1>& value, span<const int> source, span<int> destination,
+                            int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract_from", {{"source",
+        source}, {"destination", destination}});
+    if (!value.held()) return detail::unheld("subtract_from", "value", value);
+    return detail::answer("subtract_from", SignalProcessingWrapper::SubCRev_32s(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status subtract_from(const constant<float, 1>& value, span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("subtract_from", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("subtract_from", SignalProcessingWrapper::SubCRev_32f(source.data(), value.one(),
+        destination.data(), detail::length(source)), detail::reason::memory);
+}
+
+/// destination = scaled(a * b)
+inline status multiply(span<const unsigned char> a, span<const unsigned char> b, span<unsigned char> destination,
+                       int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("multiply", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::Mul_8u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status multiply(span<const unsigned short> a, span<const unsigned short> b, span<unsigned short> destination,
+                       int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("multiply", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::Mul_16u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status multiply(span<const int> a, span<const int> b, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("multiply", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::Mul_32s(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::memory);
+}
+
+inline status multiply(span<const float> a, span<const float> b, span<float> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("multiply", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::Mul_32f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+inline status multiply(span<const double> a, span<const double> b, span<double> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("multiply", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::Mul_64f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+/// destination = scaled(source * value)
+inline status multiply(span<const unsigned char> source, const constant<unsigned char, 1>& value,
+                       span<unsigned char> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("multiply", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("multiply", "value", value);
+    return detail::answer("multiply", SignalProcessingWrapper::MulC_8u(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::memory);
+}
+
+inline status multiply(span<const unsigned short> source, const constant<unsigned short, 1>& value,
+                       span<unsigned short> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("multiply", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("multiply", "value", value);
+    return detail::answer("multiply", SignalProcessingWrapper::MulC_16u(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status multiply(span<const int> source, const constant<int, 1>& value, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("multiply", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("multiply", "value", value);
+    return detail::answer("multiply", SignalProcessingWrapper::MulC_32s(source.data(), value.one(),
+        destination.data(), detail::length(source), scale), detail::reason::memory);
+}
+
+inline status multiply(span<const float> source, const constant<float, 1>& value, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("multiply", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::MulC_32f(source.data(), value.one(),
+        destination.data(), detail::length(source)), detail::reason::memory);
+}
+
+inline status multiply(span<const double> source, const constant<double, 1>& value, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("multiply", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("multiply", SignalProcessingWrapper::MulC_64f(source.data(), value.one(),
+        destination.data(), detail::length(source)), detail::reason::memory);
+}
+
+/// destination = scaled(a / b)
+inline status divide(span<const unsigned char> a, span<const unsigned char> b, span<unsigned char> destination,
+                     int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("divide", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("divide", SignalProcessingWrapper::Div_8u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const unsigned short> a, span<const unsigned short> b, span<unsigned short> destination,
+                     int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("divide", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("divide", SignalProcessingWrapper::Div_16u(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const int> a, span<const int> b, span<int> destination, int scale = 0)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("divide", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("divide", SignalProcessingWrapper::Div_32s(b.data(), a.data(), destination.data(),
+        detail::length(a), scale), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const float> a, span<const float> b, span<float> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("divide", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("divide", SignalProcessingWrapper::Div_32f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const double> a, span<const double> b, span<double> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("divide", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("divide", SignalProcessingWrapper::Div_64f(b.data(), a.data(), destination.data(),
+        detail::length(a)), detail::reason::division_by_zero);
+}
+
+/// destination = scaled(source / value)
+inline status divide(span<const unsigned char> source, const constant<unsigned char, 1>& value,
+                     span<unsigned char> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("divide", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("divide", "value", value);
+    if (const status s = detail::divisor("divide", "value", value); !s) return s;
+    return detail::answer("divide", SignalProcessingWrapper::DivC_8u(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const unsigned short> source, const constant<unsigned short, 1>& value,
+                     span<unsigned short> destination, int scale = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("divide", {{"source", source},
+        {"destination", destination}});
+    if (!value.held()) return detail::unheld("divide", "value", value);
+    if (const status s = detail::divisor("divide", "value", value); !s) return s;
+    return detail::answer("divide", SignalProcessingWrapper::DivC_16u(source.data(), value.one(), destination.data(),
+        detail::length(source), scale), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const float> source, const constant<float, 1>& value, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("divide", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::divisor("divide", "value", value); !s) return s;
+    return detail::answer("divide", SignalProcessingWrapper::DivC_32f(source.data(), value.one(), destination.data(),
+        detail::length(source)), detail::reason::division_by_zero);
+}
+
+inline status divide(span<const double> source, const constant<double, 1>& value, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("divide", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::divisor("divide", "value", value); !s) return s;
+    return detail::answer("divide", SignalProcessingWrapper::DivC_64f(source.data(), value.one(), destination.data(),
+        detail::length(source)), detail::reason::division_by_zero);
+}
+
+/// destination = value / source, rounded in fixed point, no scale factor
+inline status divide_into(const constant<unsigned short, 1>& value, span<const unsigned short> source,
+                          span<unsigned short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("divide_into", {{"source",
+        source}, {"destination", destination}});
+    if (!value.held()) return detail::unheld("divide_into", "value", value);
+    return detail::answer("divide_into", SignalProcessingWrapper::DivCRev_16u(source.data(), value.one(),
+        destination.data(), detail::length(source)), detail::reason::division_by_zero);
+}
+
+inline status divide_into(const constant<float, 1>& value, span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("divide_into", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("divide_into", SignalProcessingWrapper::DivCRev_32f(source.data(), value.one(),
+        destination.data(), detail::length(source)), detail::reason::division_by_zero);
+}
+
+/// sum = sum + a * b
+inline status add_product(span<const float> a, span<const float> b, span<float> sum)
+{
+    if (!detail::alike(a, b, sum)) return detail::unlike<detail::stretch>("add_product", {{"a", a}, {"b", b}, {"sum",
+        sum}});
+    return detail::answer("add_product", SignalProcessingWrapper::AddProduct_32f(a.data(), b.data(), sum.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+/// sum = sum + source * value
+inline status add_product(span<const float> source, const constant<float, 1>& value, span<float> sum)
+{
+    if (!detail::alike(source, sum)) return detail::unlike<detail::stretch>("add_product", {{"source", source},
+        {"sum", sum}});
+    return detail::answer("add_product", SignalProcessingWrapper::AddProductC_32f(source.data(), value.one(),
+        sum.data(), detail::length(source)), detail::reason::memory);
+}
+
+/// destination = |source|
+inline status absolute(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("absolute", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("absolute", SignalProcessingWrapper::Abs_32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination = sqrt(source)
+inline status square_root(span<const double> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("square_root", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("square_root", SignalProcessingWrapper::Sqrt_64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::negative_root);
+}
+
+/// destination = ln(source)
+inline status logarithm(span<const double> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("logarithm", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("logarithm", SignalProcessingWrapper::Ln_64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::logarithm_of_no_positive);
+}
+
+/// destination = e^source
+inline status exponential(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("exponential", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("exponential", SignalProcessingWrapper::Exp_32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status exponential(span<const double> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("exponential", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("exponential", SignalProcessingWrapper::Exp_64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination = sin(source), 11 bits
+inline status sine(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("sine", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("sine", SignalProcessingWrapper::Sin_32f_A11(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination = cos(source), 11 bits
+inline status cosine(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("cosine", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("cosine", SignalProcessingWrapper::Cos_32f_A11(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// sine = sin(source), cosine = cos(source), 11 bits
+inline status sine_cosine(span<const float> source, span<float> sine, span<float> cosine)
+{
+    if (!detail::alike(source, sine, cosine)) return detail::unlike<detail::stretch>("sine_cosine", {{"source",
+        source}, {"sine", sine}, {"cosine", cosine}});
+    return detail::answer("sine_cosine", SignalProcessingWrapper::SinCos_32f_A11(source.data(), sine.data(),
+        cosine.data(), detail::length(source)), detail::reason::memory);
+}
+
+inline status sine_cosine(span<const double> source, span<double> sine, span<double> cosine)
+{
+    if (!detail::alike(source, sine, cosine)) return detail::unlike<detail::stretch>("sine_cosine", {{"source",
+        source}, {"sine", sine}, {"cosine", cosine}});
+    return detail::answer("sine_cosine", SignalProcessingWrapper::SinCos_64f_A50(source.data(), sine.data(),
+        cosine.data(), detail::length(source)), detail::reason::memory);
+}
+
+/// destination = the angle of the point (x, y): the arctangent of y / x in the right quadrant
+inline status angle(span<const float> y, span<const float> x, span<float> destination)
+{
+    if (!detail::alike(y, x, destination)) return detail::unlike<detail::stretch>("angle", {{"y", y}, {"x", x},
+        {"destination", destination}});
+    return detail::answer("angle", SignalProcessingWrapper::Atan2_32f_A24(y.data(), x.data(), destination.data(),
+        detail::length(y)), detail::reason::memory);
+}
+
+/// destination = sqrt(a^2 + b^2)
+inline status hypotenuse(span<const float> a, span<const float> b, span<float> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("hypotenuse", {{"a", a}, {"b", b},
+        {"destination", destination}});
+    return detail::answer("hypotenuse", SignalProcessingWrapper::Hypot_32f_A24(a.data(), b.data(), destination.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+/// destination = the largest integer that is not above source
+inline status floor(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("floor", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("floor", SignalProcessingWrapper::Floor_32f(const_cast<float*>(source.data()),
+        destination.data(), detail::length(source)), detail::reason::memory);
+}
+
+/// destination = a * b, packed spectra
+inline status multiply_packed(span<const float> a, span<const float> b, span<float> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::stretch>("multiply_packed", {{"a", a}, {"b",
+        b}, {"destination", destination}});
+    return detail::answer("multiply_packed", SignalProcessingWrapper::MulPack_32f(a.data(), b.data(),
+        destination.data(), detail::length(a)), detail::reason::memory);
+}
+
+/// b = a * conj(b), packed spectra: the conjugate is that of the operand in place
+inline status multiply_packed_conjugate(span<const float> a, span<float> b)
+{
+    if (!detail::alike(a, b)) return detail::unlike<detail::stretch>("multiply_packed_conjugate", {{"a", a}, {"b",
+        b}});
+    return detail::answer("multiply_packed_conjugate", SignalProcessingWrapper::MulPackConj_32f_I(a.data(), b.data(),
+        detail::length(a)), detail::reason::memory);
+}
+
+/// destination = sqrt(real^2 + imaginary^2)
+inline status magnitude(span<const float> real, span<const float> imaginary, span<float> destination)
+{
+    if (!detail::alike(real, imaginary, destination)) return detail::unlike<detail::stretch>("magnitude", {{"real",
+        real}, {"imaginary", imaginary}, {"destination", destination}});
+    return detail::answer("magnitude", SignalProcessingWrapper::Magnitude_32f(real.data(), imaginary.data(),
+        destination.data(), detail::length(real)), detail::reason::memory);
+}
+
+/// destination = (real, imaginary), bit by bit; one of real and imaginary may be null, that part is then 0
+inline status to_complex(span<const float> real, span<const float> imaginary, span<Complex32f> destination)
+{
+    if (!detail::alike(real, imaginary, destination)) return detail::unlike<detail::stretch>("to_complex", {{"real",
+        real}, {"imaginary", imaginary}, {"destination", destination}});
+    return detail::answer("to_complex", SignalProcessingWrapper::RealToCplx_32f(real.data(), imaginary.data(),
+        destination.data(), detail::length(real)), detail::reason::memory);
+}
+
+/// destination = source * Hamming window
+inline status hamming_window(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("hamming_window", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::filled("hamming_window", "source", source, 3, 0x7fffffff); !s) return s;
+    return detail::answer("hamming_window", SignalProcessingWrapper::WinHamming_32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+}  // namespace orvane
+
+#endif

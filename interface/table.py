@@ -1,0 +1,162 @@
+"""The table of operations, and which methods each of them binds."""
+
+import fnmatch
+import re
+import tomllib
+from dataclasses import dataclass, field
+
+
+class Mistake(Exception):
+    """Something in the table or in the headers that a person must put right."""
+
+
+@dataclass
+class Parameter:
+    """One parameter of an operation: `name = argument | argument [length] : default`."""
+    name: str
+    sources: list
+    length: str | None  # of an array; empty for any
+    default: str | None
+
+
+def parse_parameter(text):
+    parts = re.fullmatch(r"(\w+) =((?: \w+| \|)*)(?: \[(\d*)\])?(?: :(?: (.+))?)?", text)
+    if not parts:
+        raise Mistake(f"the table says {text!r} where a parameter should stand")
+    name, sources, length, default = parts.groups()
+    return Parameter(name, [s for s in sources.split() if s != "|"], length, default)
+
+
+@dataclass
+class Operation:
+    name: str
+    methods: list
+    call: str = ""
+    given: dict = field(default_factory=dict)
+    channels: dict = field(default_factory=dict)
+    arrays: dict = field(default_factory=dict)
+    extent: dict = field(default_factory=dict)
+    sizes: str = "equal"
+    size: str = ""
+    refuse: list = field(default_factory=list)
+    choose: dict = field(default_factory=dict)
+    codes: list = field(default_factory=list)
+    frame: list = field(default_factory=list)
+    false: str = "memory"
+    cut: str = ""
+    example: str = ""
+    note: str = ""
+    hand: str = ""
+    exclude: list = field(default_factory=list)
+
+    def __post_init__(self):
+        self.parameters = [parse_parameter(p) for p in self.call.split(", ")] if self.call else []
+        self.bindings = []
+        if not self.hand and self.cut not in ("anywhere", "frame", "whole"):
+            raise Mistake(f"{self.name}: cut is {self.cut!r}")
+
+    @property
+    def choice(self):
+        """The argument that picks the method: (parameter, type, {value: text in the method's name})."""
+        if not self.choose:
+            return None
+        (parameter, kind), *values = self.choose.items()
+        return parameter, kind, dict(values)
+
+
+@dataclass(frozen=True)
+class Binding:
+    """What one overload calls: a method, or one for each value of the operation's choice."""
+    method: object
+    others: tuple = ()  # (value, method), the first included
+
+
+def in_place_twin(name, names):
+    """Whether a form that ends in I only repeats one that takes a destination."""
+    out_of_place = re.sub(r"_I$|I$|I(?=R$)", "", name)
+    return out_of_place != name and (out_of_place in names or out_of_place + "R" in names or
+                                     out_of_place.removesuffix("R") in names)
+
+
+def expand(pattern, texts):
+    return [re.sub(r"\{\w+\}", text, pattern) for text in texts]
+
+
+def bind(operation, methods, names, taken):
+    choice = operation.choice
+    for pattern in operation.methods:
+        first = expand(pattern, list(choice[2].values())[:1])[0] if choice else pattern
+        found = [m for m in methods if fnmatch.fnmatchcase(m.qualified, first) and m.qualified not in taken
+                 and not any(fnmatch.fnmatchcase(m.qualified, e) for e in operation.exclude)
+                 and not in_place_twin(m.qualified, names)]
+        for method in found:
+            if operation.hand:
+                taken.add(method.qualified)
+                operation.bindings.append(Binding(method))
+                continue
+            others = ()
+            if choice:
+                start = list(choice[2].values())[0]
+                others = tuple((value, names[method.qualified.replace(start, text, 1)])
+                               for value, text in choice[2].items())
+            operation.bindings.append(Binding(method, others))
+            taken.update([method.qualified] + [m.qualified for _, m in others])
+
+
+def kernel_names(method):
+    """Registries know a method by its own name, or without the letters for a region and for in place."""
+    return {method, re.sub(r"(?<=\d)I?R?$", "", method)}
+
+
+class Table:
+    def __init__(self, path, methods):
+        with open(path, "rb") as file:
+            entries = tomllib.load(file)
+        self.operations = [Operation(**{("exclude" if k == "except" else k): v for k, v in entry.items()})
+                           for entry in entries["operation"]]
+        self.kernels = entries.get("kernel", [])
+        names = {m.qualified: m for m in methods}
+        taken = self.omit(entries["omitted"], methods)
+        for operation in self.operations:
+            bind(operation, methods, names, taken)
+        self.left = [m.qualified for m in methods if m.qualified not in taken and not in_place_twin(m.qualified, names)]
+
+    @staticmethod
+    def omit(entries, methods):
+        taken = set()
+        for entry in entries:
+            for pattern in entry["methods"]:
+                found = {m.qualified for m in methods if fnmatch.fnmatchcase(m.qualified, pattern)}
+                if not found:
+                    raise Mistake(f"no method is like {pattern}, which is omitted because: {entry['reason']}")
+                taken |= found
+        return taken
+
+    def check_complete(self):
+        if self.left:
+            raise Mistake("neither bound nor omitted in interface/table.toml:\n  " + "\n  ".join(self.left))
+
+    def check_hand(self, include):
+        """What is written by hand stands where the table says."""
+        for operation in self.operations:
+            if operation.hand and f" {operation.name}(" not in (include / operation.hand).read_text():
+                raise Mistake(f"{operation.hand} has no {operation.name}")
+
+    def check_registries(self, source, methods):
+        """Registries and table name the same operations: by the same name, or by a line that says whom one serves."""
+        kernels = {name for file in sorted(source.rglob("*.inc"))
+                   for name in re.findall(r"^KERNEL\((\w+),", file.read_text(), re.MULTILINE)}
+        public = {name for m in methods for name in kernel_names(m.name)}
+        for kernel in self.kernels:
+            if not fnmatch.filter(kernels, kernel["pattern"]):
+                raise Mistake(f"no registry has an operation like {kernel['pattern']}")
+        strange = [k for k in sorted(kernels - public)
+                   if not any(fnmatch.fnmatchcase(k, e["pattern"]) for e in self.kernels)]
+        if strange:
+            raise Mistake(f"operations of registries that are no method's and no [[kernel]]'s: {', '.join(strange)}")
+        served = [pattern for kernel in self.kernels for pattern in kernel["serves"]]
+        bound = [b.method for o in self.operations for b in o.bindings]
+        idle = [m.qualified for m in bound if not kernels.intersection(kernel_names(m.name))
+                and not any(fnmatch.fnmatchcase(m.qualified, pattern) for pattern in served)]
+        if idle:
+            raise Mistake(f"no registry has what these methods would call: {', '.join(idle)}")
