@@ -4,7 +4,7 @@ set(ORVANE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvaneConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvane
-  FILES_MATCHING PATTERN "*.h")
+  FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
 install(FILES ${PROJECT_BINARY_DIR}/OrvaneConfigVersion.cmake DESTINATION ${ORVANE_CMAKE_DIR})
 
 if(WIN32)

@@ -9,7 +9,7 @@ if(NOT TARGET Orvane::orvane)
   add_library(Orvane::orvane SHARED IMPORTED)
   set_target_properties(Orvane::orvane PROPERTIES
     IMPORTED_LOCATION "${prefix}/bin/orvane.dll"
-    INTERFACE_INCLUDE_DIRECTORIES "${prefix}/include/orvane"
+    INTERFACE_INCLUDE_DIRECTORIES "${prefix}/include/orvane;${prefix}/include"
     INTERFACE_COMPILE_FEATURES cxx_std_11)
   if(MINGW)
     set_property(TARGET Orvane::orvane PROPERTY IMPORTED_IMPLIB "${prefix}/lib/liborvane.dll.a")

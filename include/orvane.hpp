@@ -6,11 +6,17 @@
 #ifndef ORVANE_HPP
 #define ORVANE_HPP
 
+#if __cplusplus < 201703L && (!defined(_MSVC_LANG) || _MSVC_LANG < 201703L)
+#error "orvane.hpp needs C++17; the classes beside it do with C++11"
+#endif
+
 #include "layer/codes.hpp"
 #include "layer/geometry.hpp"
 #include "layer/images.hpp"
 #include "layer/in_place.hpp"
 #include "layer/matrices.hpp"
+#include "layer/objects.hpp"
+#include "layer/library.hpp"
 #include "layer/status.hpp"
 #include "layer/vectors.hpp"
 #include "layer/version.hpp"

@@ -106,7 +106,7 @@ class Writer:
 
     def plain(self):
         checks = [*self.sizes(), *self.constants(), *self.codes(), *self.refusals(), *self.frame(), *self.overlaps()]
-        return "\n".join([self.signature(), "{", *checks, self.answer(), "}"])
+        return "\n".join([self.signature(), "{", *dict.fromkeys(checks), self.answer(), "}"])
 
     def with_edge(self):
         """The form that makes its frame itself."""

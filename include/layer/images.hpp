@@ -3414,6 +3414,540 @@ inline status wiener(view<const float, 1> source, view<float, 1> destination, in
             mask_height, noise); });
 }
 
+/// destination = median of the mask_width x mask_height pixels around source
+inline status median(view<const float, 1> source, view<float, 1> destination, int mask_width, int mask_height)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("median", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::odd("median", "mask_width", mask_width); !s) return s;
+    if (const status s = detail::odd("median", "mask_height", mask_height); !s) return s;
+    if (const status s = detail::framed("median", "source", source.around(), mask_width / 2, mask_height / 2,
+        mask_width / 2, mask_height / 2); !s) return s;
+    if (const status s = detail::apart("median", "destination", destination, source); !s) return s;
+    return detail::answer("median", ImageProcessingWrapper::FilterMedian_32f_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), mask_width, mask_height),
+        detail::reason::memory);
+}
+
+inline status median(view<const float, 1> source, view<float, 1> destination, int mask_width, int mask_height,
+                     edge beyond, const constant<float, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("median", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::odd("median", "mask_width", mask_width); !s) return s;
+    if (const status s = detail::odd("median", "mask_height", mask_height); !s) return s;
+    return detail::with_frame("median", source, destination, {mask_width / 2, mask_height / 2, mask_width / 2,
+            mask_height / 2}, beyond, value,
+        [&](const view<const float, 1>& part, const view<float, 1>& band) { return median(part, band, mask_width,
+            mask_height); });
+}
+
+/// destination = first in order of the 3x3 pixels around source (. Of bytes in one channel it reports no lack of
+/// memory: the method is true whatever happens.
+inline status erode(view<const unsigned char, 1> source, view<unsigned char, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("erode", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("erode", "destination", destination, source); !s) return s;
+    return detail::answer("erode", ImageProcessingWrapper::Erode3x3_8u_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status erode(view<const unsigned char, 3> source, view<unsigned char, 3> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("erode", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("erode", "destination", destination, source); !s) return s;
+    return detail::answer("erode", ImageProcessingWrapper::Erode3x3_8u_C3(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status erode(view<const unsigned char, 4> source, view<unsigned char, 4> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("erode", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("erode", "destination", destination, source); !s) return s;
+    return detail::answer("erode", ImageProcessingWrapper::Erode3x3_8u_C4(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status erode(view<const unsigned short, 1> source, view<unsigned short, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("erode", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("erode", "destination", destination, source); !s) return s;
+    return detail::answer("erode", ImageProcessingWrapper::Erode3x3_16u_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status erode(view<const float, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("erode", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("erode", "destination", destination, source); !s) return s;
+    return detail::answer("erode", ImageProcessingWrapper::Erode3x3_32f_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+/// destination = last in order of the 3x3 pixels around source (. Of bytes in one channel it reports no lack of
+/// memory: the method is true whatever happens.
+inline status dilate(view<const unsigned char, 1> source, view<unsigned char, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("dilate", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("dilate", "destination", destination, source); !s) return s;
+    return detail::answer("dilate", ImageProcessingWrapper::Dilate3x3_8u_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status dilate(view<const unsigned char, 3> source, view<unsigned char, 3> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("dilate", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("dilate", "destination", destination, source); !s) return s;
+    return detail::answer("dilate", ImageProcessingWrapper::Dilate3x3_8u_C3(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status dilate(view<const unsigned char, 4> source, view<unsigned char, 4> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("dilate", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("dilate", "destination", destination, source); !s) return s;
+    return detail::answer("dilate", ImageProcessingWrapper::Dilate3x3_8u_C4(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status dilate(view<const unsigned short, 1> source, view<unsigned short, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("dilate", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("dilate", "destination", destination, source); !s) return s;
+    return detail::answer("dilate", ImageProcessingWrapper::Dilate3x3_16u_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status dilate(view<const float, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("dilate", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::whole("dilate", "destination", destination, source); !s) return s;
+    return detail::answer("dilate", ImageProcessingWrapper::Dilate3x3_32f_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+/// destination = sum / divisor
+inline status convolve(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor, edge beyond, const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<unsigned char, 1>& band) { return convolve(part,
+            band, kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const unsigned char, 3> source, view<unsigned char, 3> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u_C3R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 3> source, view<unsigned char, 3> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor, edge beyond, const constant<unsigned char, 3>& value = {0, 0, 0})
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 3>& part, const view<unsigned char, 3>& band) { return convolve(part,
+            band, kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const unsigned char, 4> source, view<unsigned char, 4> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u_C4R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 4> source, view<unsigned char, 4> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor, edge beyond, const constant<unsigned char, 4>& value = {0, 0, 0, 0})
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 4>& part, const view<unsigned char, 4>& band) { return convolve(part,
+            band, kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const unsigned short, 1> source, view<unsigned short, 1> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_16u_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned short, 1> source, view<unsigned short, 1> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor, edge beyond, const constant<unsigned short, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned short, 1>& part, const view<unsigned short, 1>& band) { return convolve(part,
+            band, kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const short, 1> source, view<short, 1> destination, span<const int> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_16s_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const short, 1> source, view<short, 1> destination, span<const int> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor, edge beyond,
+                       const constant<short, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const short, 1>& part, const view<short, 1>& band) { return convolve(part, band, kernel,
+            kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<short, 1> destination, span<const int> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u16s_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<short, 1> destination, span<const int> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor, edge beyond,
+                       const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<short, 1>& band) { return convolve(part, band,
+            kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const float, 1> source, view<float, 1> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_32f_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y), detail::reason::memory);
+}
+
+inline status convolve(view<const float, 1> source, view<float, 1> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, edge beyond,
+                       const constant<float, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const float, 1>& part, const view<float, 1>& band) { return convolve(part, band, kernel,
+            kernel_width, kernel_height, anchor_x, anchor_y); });
+}
+
+inline status convolve(view<const float, 3> source, view<float, 3> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_32f_C3R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y), detail::reason::memory);
+}
+
+inline status convolve(view<const float, 3> source, view<float, 3> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, edge beyond,
+                       const constant<float, 3>& value = {0, 0, 0})
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const float, 3>& part, const view<float, 3>& band) { return convolve(part, band, kernel,
+            kernel_width, kernel_height, anchor_x, anchor_y); });
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<float, 1> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u32f_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<float, 1> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, edge beyond,
+                       const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<float, 1>& band) { return convolve(part, band,
+            kernel, kernel_width, kernel_height, anchor_x, anchor_y); });
+}
+
+inline status convolve(view<const unsigned short, 1> source, view<float, 1> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_16u32f_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned short, 1> source, view<float, 1> destination, span<const float> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, edge beyond,
+                       const constant<unsigned short, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned short, 1>& part, const view<float, 1>& band) { return convolve(part, band,
+            kernel, kernel_width, kernel_height, anchor_x, anchor_y); });
+}
+
+/// destination = 255 where source has an edge above low that is joined to one above high, else 0
+inline status canny(view<const float, 1> source, view<unsigned char, 1> destination, float low, float high)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("canny", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::thresholds("canny", low, high); !s) return s;
+    if (const status s = detail::apart("canny", "destination", destination, source); !s) return s;
+    return detail::answer("canny", ImageProcessingWrapper::Canny_32f8u_C1(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), low, high),
+        detail::reason::memory);
+}
+
+/// image = value for the pixels that are joined to the seed by its own value; count = their number
+inline status flood_fill(view<unsigned char, 1> image, int seed_x, int seed_y, const constant<unsigned char,
+                         1>& value, int& count)
+{
+    if (!detail::alike(image)) return detail::unlike<detail::region>("flood_fill", {{"image", image}});
+    if (!value.held()) return detail::unheld("flood_fill", "value", value);
+    if (const status s = detail::between("flood_fill", "seed_x", seed_x, 0, image.width() - 1); !s) return s;
+    if (const status s = detail::between("flood_fill", "seed_y", seed_y, 0, image.height() - 1); !s) return s;
+    return detail::answer("flood_fill", ImageProcessingWrapper::FloodFill_8Con_8u_C1IR(image.data(),
+        detail::step(image), image.width(), image.height(), seed_x, seed_y, value.one(), &count),
+        detail::reason::memory);
+}
+
 /// total = sum of source
 inline status sum(view<const unsigned char, 1> source, double& total)
 {

@@ -37,6 +37,7 @@ enum class reason : unsigned char {
     above_upper,
     too_small,
     no_odd_side,
+    unprepared,
     below_zero,
     no_frame,
     overlap,
@@ -163,6 +164,8 @@ inline std::string status::cause() const
             return name + " is above the upper one";
         case reason::too_small:
             return name + " has " + n(0) + " row or column, and there is nothing to exchange";
+        case reason::unprepared:
+            return "nothing was prepared";
         case reason::no_odd_side:
             return name + " " + n(0) + " is not odd, or outside 1 ... 255";
         case reason::below_zero:
