@@ -133,6 +133,9 @@ class Table:
         return taken
 
     def check_complete(self):
+        idle = [f"{o.name}: {', '.join(o.methods)}" for o in self.operations if not o.bindings]
+        if idle:
+            raise Mistake("entries without a method:\n  " + "\n  ".join(idle))
         if self.left:
             raise Mistake("neither bound nor omitted in interface/table.toml:\n  " + "\n  ".join(self.left))
 

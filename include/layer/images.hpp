@@ -4253,6 +4253,117 @@ inline status histogram(view<const unsigned short, 1> source, span<int> counts, 
         lower, upper), detail::reason::memory);
 }
 
+/// destination = angle of source
+inline status phase(view<const Complex32f, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("phase", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::apart("phase", "destination", destination, source); !s) return s;
+    return detail::answer("phase", ImageProcessingWrapper::Phase_32fc32f_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+/// destination = a * b, packed spectra
+inline status multiply_packed(view<const float, 1> a, view<const float, 1> b, view<float, 1> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("multiply_packed", {{"a", a}, {"b",
+        b}, {"destination", destination}});
+    return detail::answer("multiply_packed", ImageProcessingWrapper::MulPack_32f_C1R(a.data(), detail::step(a),
+        b.data(), detail::step(b), destination.data(), detail::step(destination), a.width(), a.height()),
+        detail::reason::memory);
+}
+
+/// destination = a * conj(b), packed spectra
+inline status multiply_packed_conjugate(view<const float, 1> a, view<const float, 1> b, view<float, 1> destination)
+{
+    if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("multiply_packed_conjugate", {{"a",
+        a}, {"b", b}, {"destination", destination}});
+    return detail::answer("multiply_packed_conjugate", ImageProcessingWrapper::MulPackConj_32f_C1R(a.data(),
+        detail::step(a), b.data(), detail::step(b), destination.data(), detail::step(destination), a.width(),
+        a.height()), detail::reason::memory);
+}
+
+/// destination(u, v) = |F[v][u]|, all W x H of them, of a packed spectrum
+inline status magnitude_packed(view<const float, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("magnitude_packed", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::whole("magnitude_packed", "destination", destination, source); !s) return s;
+    return detail::answer("magnitude_packed", ImageProcessingWrapper::MagnitudePack_32f_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
+/// destination(u, v) = angle of F[v][u], all W x H of them, of a packed spectrum
+inline status phase_packed(view<const float, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("phase_packed", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::whole("phase_packed", "destination", destination, source); !s) return s;
+    return detail::answer("phase_packed", ImageProcessingWrapper::PhasePack_32f_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
+/// destination(u, v) = F[v][u], all W x H of them, of a packed spectrum
+inline status packed_to_complex(view<const float, 1> source, view<Complex32f, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("packed_to_complex", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::apart("packed_to_complex", "destination", destination, source); !s) return s;
+    return detail::answer("packed_to_complex", ImageProcessingWrapper::PackToCplxExtend_32f32fc_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
+/// destination = the packed spectrum of which source has all W x H values
+inline status complex_to_packed(view<const Complex32f, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("complex_to_packed", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::apart("complex_to_packed", "destination", destination, source); !s) return s;
+    return detail::answer("complex_to_packed", ImageProcessingWrapper::CplxExtendToPack_32fc32f_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
+/// destination = |source|
+inline status magnitude(view<const Complex32f, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("magnitude", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::apart("magnitude", "destination", destination, source); !s) return s;
+    return detail::answer("magnitude", ImageProcessingWrapper::Magnitude_32fc32f_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
+/// destination = source * (wx * wy), Hamming windows
+inline status hamming_window(view<const float, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("hamming_window", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::between("hamming_window", "source", source.width(), 3, 0x7fffffff); !s) return s;
+    if (const status s = detail::between("hamming_window", "source", source.height(), 3, 0x7fffffff); !s) return s;
+    if (const status s = detail::whole("hamming_window", "destination", destination, source); !s) return s;
+    return detail::answer("hamming_window", ImageProcessingWrapper::WinHamming_32f_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
+/// destination = source * (wx * wy), Bartlett windows: triangles
+inline status bartlett_window(view<const float, 1> source, view<float, 1> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("bartlett_window", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::between("bartlett_window", "source", source.width(), 3, 0x7fffffff); !s) return s;
+    if (const status s = detail::between("bartlett_window", "source", source.height(), 3, 0x7fffffff); !s) return s;
+    if (const status s = detail::whole("bartlett_window", "destination", destination, source); !s) return s;
+    return detail::answer("bartlett_window", ImageProcessingWrapper::WinBartlett_32f_C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height()),
+        detail::reason::memory);
+}
+
 }  // namespace orvane
 
 #endif
