@@ -10,9 +10,9 @@ WIDTH = 118
 
 
 def wrapped(text, indent, hang=4):
-    """A statement in lines of at most WIDTH columns, broken behind commas."""
+    """A statement in lines of at most WIDTH columns, broken behind commas, but not before a number of channels."""
     lines, line, margin = [], "", " " * indent
-    for piece in re.split(r"(?<=,) ", text):
+    for piece in re.split(r"(?<=,) (?!\d>)", text):
         if line and len(margin) + len(line) + 1 + len(piece) > WIDTH:
             lines.append(margin + line)
             margin, line = " " * (indent + hang), piece

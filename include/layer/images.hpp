@@ -489,8 +489,8 @@ inline status add(view<const unsigned char, 4> a, view<const unsigned char, 4> b
         detail::reason::memory);
 }
 
-inline status add(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                  1> destination, int scale = 0)
+inline status add(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                  view<unsigned short, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("add", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -538,8 +538,8 @@ inline status add(view<const Complex32f, 1> a, view<const Complex32f, 1> b, view
 }
 
 /// destination = scaled(source + value)
-inline status add(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value, view<unsigned char,
-                  1> destination, int scale = 0)
+inline status add(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value,
+                  view<unsigned char, 1> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("add", {{"source", source},
         {"destination", destination}});
@@ -549,8 +549,8 @@ inline status add(view<const unsigned char, 1> source, const constant<unsigned c
         detail::reason::memory);
 }
 
-inline status add(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value, view<unsigned char,
-                  3> destination, int scale = 0)
+inline status add(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value,
+                  view<unsigned char, 3> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("add", {{"source", source},
         {"destination", destination}});
@@ -560,8 +560,8 @@ inline status add(view<const unsigned char, 3> source, const constant<unsigned c
         detail::reason::memory);
 }
 
-inline status add(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value, view<unsigned char,
-                  4> destination, int scale = 0)
+inline status add(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value,
+                  view<unsigned char, 4> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("add", {{"source", source},
         {"destination", destination}});
@@ -571,8 +571,8 @@ inline status add(view<const unsigned char, 4> source, const constant<unsigned c
         detail::reason::memory);
 }
 
-inline status add(view<const unsigned short, 1> source, const constant<unsigned short, 1>& value, view<unsigned short,
-                  1> destination, int scale = 0)
+inline status add(view<const unsigned short, 1> source, const constant<unsigned short, 1>& value,
+                  view<unsigned short, 1> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("add", {{"source", source},
         {"destination", destination}});
@@ -610,8 +610,8 @@ inline status add(view<const float, 3> source, const constant<float, 3>& value, 
         detail::reason::memory);
 }
 
-inline status add(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value, view<Complex32f,
-                  1> destination)
+inline status add(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value,
+                  view<Complex32f, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("add", {{"source", source},
         {"destination", destination}});
@@ -622,8 +622,8 @@ inline status add(view<const Complex32f, 1> source, const constant<Complex32f, 1
 }
 
 /// destination = scaled(a - b)
-inline status subtract(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                       1> destination, int scale = 0)
+inline status subtract(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                       view<unsigned char, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("subtract", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -632,8 +632,8 @@ inline status subtract(view<const unsigned char, 1> a, view<const unsigned char,
         detail::reason::memory);
 }
 
-inline status subtract(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                       3> destination, int scale = 0)
+inline status subtract(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                       view<unsigned char, 3> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("subtract", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -642,8 +642,8 @@ inline status subtract(view<const unsigned char, 3> a, view<const unsigned char,
         detail::reason::memory);
 }
 
-inline status subtract(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                       4> destination, int scale = 0)
+inline status subtract(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                       view<unsigned char, 4> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("subtract", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -652,8 +652,8 @@ inline status subtract(view<const unsigned char, 4> a, view<const unsigned char,
         detail::reason::memory);
 }
 
-inline status subtract(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                       1> destination, int scale = 0)
+inline status subtract(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                       view<unsigned short, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("subtract", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -774,8 +774,8 @@ inline status subtract(view<const float, 3> source, const constant<float, 3>& va
         detail::reason::memory);
 }
 
-inline status subtract(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value, view<Complex32f,
-                       1> destination)
+inline status subtract(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value,
+                       view<Complex32f, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("subtract", {{"source", source},
         {"destination", destination}});
@@ -786,8 +786,8 @@ inline status subtract(view<const Complex32f, 1> source, const constant<Complex3
 }
 
 /// destination = scaled(a * b)
-inline status multiply(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                       1> destination, int scale = 0)
+inline status multiply(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                       view<unsigned char, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("multiply", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -796,8 +796,8 @@ inline status multiply(view<const unsigned char, 1> a, view<const unsigned char,
         detail::reason::memory);
 }
 
-inline status multiply(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                       3> destination, int scale = 0)
+inline status multiply(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                       view<unsigned char, 3> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("multiply", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -806,8 +806,8 @@ inline status multiply(view<const unsigned char, 3> a, view<const unsigned char,
         detail::reason::memory);
 }
 
-inline status multiply(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                       4> destination, int scale = 0)
+inline status multiply(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                       view<unsigned char, 4> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("multiply", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -816,8 +816,8 @@ inline status multiply(view<const unsigned char, 4> a, view<const unsigned char,
         detail::reason::memory);
 }
 
-inline status multiply(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                       1> destination, int scale = 0)
+inline status multiply(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                       view<unsigned short, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("multiply", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -938,8 +938,8 @@ inline status multiply(view<const float, 3> source, const constant<float, 3>& va
         detail::reason::memory);
 }
 
-inline status multiply(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value, view<Complex32f,
-                       1> destination)
+inline status multiply(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value,
+                       view<Complex32f, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("multiply", {{"source", source},
         {"destination", destination}});
@@ -950,8 +950,8 @@ inline status multiply(view<const Complex32f, 1> source, const constant<Complex3
 }
 
 /// destination = scaled(a / b)
-inline status divide(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                     1> destination, int scale = 0)
+inline status divide(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                     view<unsigned char, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("divide", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -962,8 +962,8 @@ inline status divide(view<const unsigned char, 1> a, view<const unsigned char, 1
         detail::reason::division_by_zero);
 }
 
-inline status divide(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                     3> destination, int scale = 0)
+inline status divide(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                     view<unsigned char, 3> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("divide", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -974,8 +974,8 @@ inline status divide(view<const unsigned char, 3> a, view<const unsigned char, 3
         detail::reason::division_by_zero);
 }
 
-inline status divide(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                     4> destination, int scale = 0)
+inline status divide(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                     view<unsigned char, 4> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("divide", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -986,8 +986,8 @@ inline status divide(view<const unsigned char, 4> a, view<const unsigned char, 4
         detail::reason::division_by_zero);
 }
 
-inline status divide(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                     1> destination, int scale = 0)
+inline status divide(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                     view<unsigned short, 1> destination, int scale = 0)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("divide", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1043,8 +1043,8 @@ inline status divide(view<const Complex32f, 1> a, view<const Complex32f, 1> b, v
 }
 
 /// destination = scaled(source / value)
-inline status divide(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value, view<unsigned char,
-                     1> destination, int scale = 0)
+inline status divide(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value,
+                     view<unsigned char, 1> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("divide", {{"source", source},
         {"destination", destination}});
@@ -1056,8 +1056,8 @@ inline status divide(view<const unsigned char, 1> source, const constant<unsigne
         detail::reason::division_by_zero);
 }
 
-inline status divide(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value, view<unsigned char,
-                     3> destination, int scale = 0)
+inline status divide(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value,
+                     view<unsigned char, 3> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("divide", {{"source", source},
         {"destination", destination}});
@@ -1069,8 +1069,8 @@ inline status divide(view<const unsigned char, 3> source, const constant<unsigne
         detail::reason::division_by_zero);
 }
 
-inline status divide(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value, view<unsigned char,
-                     4> destination, int scale = 0)
+inline status divide(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value,
+                     view<unsigned char, 4> destination, int scale = 0)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("divide", {{"source", source},
         {"destination", destination}});
@@ -1130,8 +1130,8 @@ inline status divide(view<const float, 3> source, const constant<float, 3>& valu
         detail::reason::division_by_zero);
 }
 
-inline status divide(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value, view<Complex32f,
-                     1> destination)
+inline status divide(view<const Complex32f, 1> source, const constant<Complex32f, 1>& value,
+                     view<Complex32f, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("divide", {{"source", source},
         {"destination", destination}});
@@ -1196,8 +1196,8 @@ inline status exponential(view<const float, 1> source, view<float, 1> destinatio
 }
 
 /// destination = a & b
-inline status bit_and(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                      1> destination)
+inline status bit_and(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_and", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1206,8 +1206,8 @@ inline status bit_and(view<const unsigned char, 1> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status bit_and(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                      3> destination)
+inline status bit_and(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                      view<unsigned char, 3> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_and", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1216,8 +1216,8 @@ inline status bit_and(view<const unsigned char, 3> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status bit_and(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                      4> destination)
+inline status bit_and(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                      view<unsigned char, 4> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_and", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1226,8 +1226,8 @@ inline status bit_and(view<const unsigned char, 4> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status bit_and(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                      1> destination)
+inline status bit_and(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                      view<unsigned short, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_and", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1301,8 +1301,8 @@ inline status bit_and(view<const int, 1> source, const constant<int, 1>& value, 
 }
 
 /// destination = a | b
-inline status bit_or(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                     1> destination)
+inline status bit_or(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                     view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_or", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1311,8 +1311,8 @@ inline status bit_or(view<const unsigned char, 1> a, view<const unsigned char, 1
         detail::reason::memory);
 }
 
-inline status bit_or(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                     3> destination)
+inline status bit_or(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                     view<unsigned char, 3> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_or", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1321,8 +1321,8 @@ inline status bit_or(view<const unsigned char, 3> a, view<const unsigned char, 3
         detail::reason::memory);
 }
 
-inline status bit_or(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                     4> destination)
+inline status bit_or(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                     view<unsigned char, 4> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_or", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1331,8 +1331,8 @@ inline status bit_or(view<const unsigned char, 4> a, view<const unsigned char, 4
         detail::reason::memory);
 }
 
-inline status bit_or(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                     1> destination)
+inline status bit_or(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                     view<unsigned short, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_or", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1351,8 +1351,8 @@ inline status bit_or(view<const int, 1> a, view<const int, 1> b, view<int, 1> de
 }
 
 /// destination = source | value
-inline status bit_or(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value, view<unsigned char,
-                     1> destination)
+inline status bit_or(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value,
+                     view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("bit_or", {{"source", source},
         {"destination", destination}});
@@ -1362,8 +1362,8 @@ inline status bit_or(view<const unsigned char, 1> source, const constant<unsigne
         detail::reason::memory);
 }
 
-inline status bit_or(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value, view<unsigned char,
-                     3> destination)
+inline status bit_or(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value,
+                     view<unsigned char, 3> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("bit_or", {{"source", source},
         {"destination", destination}});
@@ -1373,8 +1373,8 @@ inline status bit_or(view<const unsigned char, 3> source, const constant<unsigne
         detail::reason::memory);
 }
 
-inline status bit_or(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value, view<unsigned char,
-                     4> destination)
+inline status bit_or(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value,
+                     view<unsigned char, 4> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("bit_or", {{"source", source},
         {"destination", destination}});
@@ -1406,8 +1406,8 @@ inline status bit_or(view<const int, 1> source, const constant<int, 1>& value, v
 }
 
 /// destination = a ^ b
-inline status bit_xor(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                      1> destination)
+inline status bit_xor(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_xor", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1416,8 +1416,8 @@ inline status bit_xor(view<const unsigned char, 1> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status bit_xor(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                      3> destination)
+inline status bit_xor(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                      view<unsigned char, 3> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_xor", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1426,8 +1426,8 @@ inline status bit_xor(view<const unsigned char, 3> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status bit_xor(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                      4> destination)
+inline status bit_xor(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                      view<unsigned char, 4> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_xor", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1436,8 +1436,8 @@ inline status bit_xor(view<const unsigned char, 4> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status bit_xor(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned short,
-                      1> destination)
+inline status bit_xor(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                      view<unsigned short, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("bit_xor", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1635,8 +1635,8 @@ inline status right_shift(view<const unsigned short, 1> source, const constant<u
         detail::reason::memory);
 }
 
-inline status right_shift(view<const short, 1> source, const constant<unsigned int, 1>& count, view<short,
-                          1> destination)
+inline status right_shift(view<const short, 1> source, const constant<unsigned int, 1>& count,
+                          view<short, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("right_shift", {{"source", source},
         {"destination", destination}});
@@ -1684,8 +1684,8 @@ inline status less(view<const unsigned char, 4> a, view<const unsigned char, 4> 
         detail::reason::memory);
 }
 
-inline status less(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned char,
-                   1> destination)
+inline status less(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                   view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("less", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1722,8 +1722,8 @@ inline status less(view<const float, 3> a, view<const float, 3> b, view<unsigned
 }
 
 /// destination = 255 where source < value, else 0
-inline status less(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value, view<unsigned char,
-                   1> destination)
+inline status less(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value,
+                   view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less", {{"source", source},
         {"destination", destination}});
@@ -1733,8 +1733,8 @@ inline status less(view<const unsigned char, 1> source, const constant<unsigned 
         detail::reason::memory);
 }
 
-inline status less(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value, view<unsigned char,
-                   1> destination)
+inline status less(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value,
+                   view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less", {{"source", source},
         {"destination", destination}});
@@ -1744,8 +1744,8 @@ inline status less(view<const unsigned char, 3> source, const constant<unsigned 
         detail::reason::memory);
 }
 
-inline status less(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value, view<unsigned char,
-                   1> destination)
+inline status less(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value,
+                   view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less", {{"source", source},
         {"destination", destination}});
@@ -1755,8 +1755,8 @@ inline status less(view<const unsigned char, 4> source, const constant<unsigned 
         detail::reason::memory);
 }
 
-inline status less(view<const unsigned short, 1> source, const constant<unsigned short, 1>& value, view<unsigned char,
-                   1> destination)
+inline status less(view<const unsigned short, 1> source, const constant<unsigned short, 1>& value,
+                   view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less", {{"source", source},
         {"destination", destination}});
@@ -1795,8 +1795,8 @@ inline status less(view<const float, 3> source, const constant<float, 3>& value,
 }
 
 /// destination = 255 where a <= b, else 0
-inline status less_equal(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("less_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1805,8 +1805,8 @@ inline status less_equal(view<const unsigned char, 1> a, view<const unsigned cha
         detail::reason::memory);
 }
 
-inline status less_equal(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("less_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1815,8 +1815,8 @@ inline status less_equal(view<const unsigned char, 3> a, view<const unsigned cha
         detail::reason::memory);
 }
 
-inline status less_equal(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("less_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1825,8 +1825,8 @@ inline status less_equal(view<const unsigned char, 4> a, view<const unsigned cha
         detail::reason::memory);
 }
 
-inline status less_equal(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("less_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1907,8 +1907,8 @@ inline status less_equal(view<const unsigned short, 1> source, const constant<un
         source.height()), detail::reason::memory);
 }
 
-inline status less_equal(view<const short, 1> source, const constant<short, 1>& value, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const short, 1> source, const constant<short, 1>& value,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less_equal", {{"source", source},
         {"destination", destination}});
@@ -1918,8 +1918,8 @@ inline status less_equal(view<const short, 1> source, const constant<short, 1>& 
         source.height()), detail::reason::memory);
 }
 
-inline status less_equal(view<const float, 1> source, const constant<float, 1>& value, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const float, 1> source, const constant<float, 1>& value,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less_equal", {{"source", source},
         {"destination", destination}});
@@ -1928,8 +1928,8 @@ inline status less_equal(view<const float, 1> source, const constant<float, 1>& 
         source.height()), detail::reason::memory);
 }
 
-inline status less_equal(view<const float, 3> source, const constant<float, 3>& value, view<unsigned char,
-                         1> destination)
+inline status less_equal(view<const float, 3> source, const constant<float, 3>& value,
+                         view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("less_equal", {{"source", source},
         {"destination", destination}});
@@ -1939,8 +1939,8 @@ inline status less_equal(view<const float, 3> source, const constant<float, 3>& 
 }
 
 /// destination = 255 where a == b, else 0
-inline status equal(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1949,8 +1949,8 @@ inline status equal(view<const unsigned char, 1> a, view<const unsigned char, 1>
         detail::reason::memory);
 }
 
-inline status equal(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1959,8 +1959,8 @@ inline status equal(view<const unsigned char, 3> a, view<const unsigned char, 3>
         detail::reason::memory);
 }
 
-inline status equal(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -1969,8 +1969,8 @@ inline status equal(view<const unsigned char, 4> a, view<const unsigned char, 4>
         detail::reason::memory);
 }
 
-inline status equal(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2007,8 +2007,8 @@ inline status equal(view<const float, 3> a, view<const float, 3> b, view<unsigne
 }
 
 /// destination = 255 where source == value, else 0
-inline status equal(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned char, 1> source, const constant<unsigned char, 1>& value,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("equal", {{"source", source},
         {"destination", destination}});
@@ -2018,8 +2018,8 @@ inline status equal(view<const unsigned char, 1> source, const constant<unsigned
         detail::reason::memory);
 }
 
-inline status equal(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned char, 3> source, const constant<unsigned char, 3>& value,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("equal", {{"source", source},
         {"destination", destination}});
@@ -2029,8 +2029,8 @@ inline status equal(view<const unsigned char, 3> source, const constant<unsigned
         detail::reason::memory);
 }
 
-inline status equal(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value, view<unsigned char,
-                    1> destination)
+inline status equal(view<const unsigned char, 4> source, const constant<unsigned char, 4>& value,
+                    view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("equal", {{"source", source},
         {"destination", destination}});
@@ -2080,8 +2080,8 @@ inline status equal(view<const float, 3> source, const constant<float, 3>& value
 }
 
 /// destination = 255 where a >= b, else 0
-inline status greater_equal(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2090,8 +2090,8 @@ inline status greater_equal(view<const unsigned char, 1> a, view<const unsigned 
         detail::reason::memory);
 }
 
-inline status greater_equal(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2100,8 +2100,8 @@ inline status greater_equal(view<const unsigned char, 3> a, view<const unsigned 
         detail::reason::memory);
 }
 
-inline status greater_equal(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2110,8 +2110,8 @@ inline status greater_equal(view<const unsigned char, 4> a, view<const unsigned 
         detail::reason::memory);
 }
 
-inline status greater_equal(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater_equal", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2192,8 +2192,8 @@ inline status greater_equal(view<const unsigned short, 1> source, const constant
         source.height()), detail::reason::memory);
 }
 
-inline status greater_equal(view<const short, 1> source, const constant<short, 1>& value, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const short, 1> source, const constant<short, 1>& value,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("greater_equal", {{"source",
         source}, {"destination", destination}});
@@ -2203,8 +2203,8 @@ inline status greater_equal(view<const short, 1> source, const constant<short, 1
         source.height()), detail::reason::memory);
 }
 
-inline status greater_equal(view<const float, 1> source, const constant<float, 1>& value, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const float, 1> source, const constant<float, 1>& value,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("greater_equal", {{"source",
         source}, {"destination", destination}});
@@ -2213,8 +2213,8 @@ inline status greater_equal(view<const float, 1> source, const constant<float, 1
         source.height()), detail::reason::memory);
 }
 
-inline status greater_equal(view<const float, 3> source, const constant<float, 3>& value, view<unsigned char,
-                            1> destination)
+inline status greater_equal(view<const float, 3> source, const constant<float, 3>& value,
+                            view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("greater_equal", {{"source",
         source}, {"destination", destination}});
@@ -2224,8 +2224,8 @@ inline status greater_equal(view<const float, 3> source, const constant<float, 3
 }
 
 /// destination = 255 where a > b, else 0
-inline status greater(view<const unsigned char, 1> a, view<const unsigned char, 1> b, view<unsigned char,
-                      1> destination)
+inline status greater(view<const unsigned char, 1> a, view<const unsigned char, 1> b,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2234,8 +2234,8 @@ inline status greater(view<const unsigned char, 1> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status greater(view<const unsigned char, 3> a, view<const unsigned char, 3> b, view<unsigned char,
-                      1> destination)
+inline status greater(view<const unsigned char, 3> a, view<const unsigned char, 3> b,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2244,8 +2244,8 @@ inline status greater(view<const unsigned char, 3> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status greater(view<const unsigned char, 4> a, view<const unsigned char, 4> b, view<unsigned char,
-                      1> destination)
+inline status greater(view<const unsigned char, 4> a, view<const unsigned char, 4> b,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2254,8 +2254,8 @@ inline status greater(view<const unsigned char, 4> a, view<const unsigned char, 
         detail::reason::memory);
 }
 
-inline status greater(view<const unsigned short, 1> a, view<const unsigned short, 1> b, view<unsigned char,
-                      1> destination)
+inline status greater(view<const unsigned short, 1> a, view<const unsigned short, 1> b,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(a, b, destination)) return detail::unlike<detail::region>("greater", {{"a", a}, {"b", b},
         {"destination", destination}});
@@ -2336,8 +2336,8 @@ inline status greater(view<const unsigned short, 1> source, const constant<unsig
         source.height()), detail::reason::memory);
 }
 
-inline status greater(view<const short, 1> source, const constant<short, 1>& value, view<unsigned char,
-                      1> destination)
+inline status greater(view<const short, 1> source, const constant<short, 1>& value,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("greater", {{"source", source},
         {"destination", destination}});
@@ -2347,8 +2347,8 @@ inline status greater(view<const short, 1> source, const constant<short, 1>& val
         source.height()), detail::reason::memory);
 }
 
-inline status greater(view<const float, 1> source, const constant<float, 1>& value, view<unsigned char,
-                      1> destination)
+inline status greater(view<const float, 1> source, const constant<float, 1>& value,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("greater", {{"source", source},
         {"destination", destination}});
@@ -2357,8 +2357,8 @@ inline status greater(view<const float, 1> source, const constant<float, 1>& val
         source.height()), detail::reason::memory);
 }
 
-inline status greater(view<const float, 3> source, const constant<float, 3>& value, view<unsigned char,
-                      1> destination)
+inline status greater(view<const float, 3> source, const constant<float, 3>& value,
+                      view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("greater", {{"source", source},
         {"destination", destination}});
@@ -2368,8 +2368,8 @@ inline status greater(view<const float, 3> source, const constant<float, 3>& val
 }
 
 /// destination = source < threshold ? threshold : source
-inline status threshold_less(view<const float, 1> source, view<float, 1> destination, const constant<float,
-                             1>& threshold)
+inline status threshold_less(view<const float, 1> source, view<float, 1> destination,
+                             const constant<float, 1>& threshold)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_less", {{"source",
         source}, {"destination", destination}});
@@ -2378,8 +2378,8 @@ inline status threshold_less(view<const float, 1> source, view<float, 1> destina
         threshold.one()), detail::reason::memory);
 }
 
-inline status threshold_less(view<const float, 3> source, view<float, 3> destination, const constant<float,
-                             3>& threshold)
+inline status threshold_less(view<const float, 3> source, view<float, 3> destination,
+                             const constant<float, 3>& threshold)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_less", {{"source",
         source}, {"destination", destination}});
@@ -2389,8 +2389,8 @@ inline status threshold_less(view<const float, 3> source, view<float, 3> destina
 }
 
 /// destination = source < threshold ? value : source
-inline status threshold_less(view<const float, 1> source, view<float, 1> destination, const constant<float,
-                             1>& threshold, const constant<float, 1>& value)
+inline status threshold_less(view<const float, 1> source, view<float, 1> destination,
+                             const constant<float, 1>& threshold, const constant<float, 1>& value)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_less", {{"source",
         source}, {"destination", destination}});
@@ -2412,8 +2412,8 @@ inline status threshold_less(view<const unsigned char, 1> source, view<unsigned 
 }
 
 /// destination = source > threshold ? threshold : source
-inline status threshold_greater(view<const float, 1> source, view<float, 1> destination, const constant<float,
-                                1>& threshold)
+inline status threshold_greater(view<const float, 1> source, view<float, 1> destination,
+                                const constant<float, 1>& threshold)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_greater", {{"source",
         source}, {"destination", destination}});
@@ -2422,8 +2422,8 @@ inline status threshold_greater(view<const float, 1> source, view<float, 1> dest
         threshold.one()), detail::reason::memory);
 }
 
-inline status threshold_greater(view<const float, 3> source, view<float, 3> destination, const constant<float,
-                                3>& threshold)
+inline status threshold_greater(view<const float, 3> source, view<float, 3> destination,
+                                const constant<float, 3>& threshold)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_greater", {{"source",
         source}, {"destination", destination}});
@@ -2433,8 +2433,8 @@ inline status threshold_greater(view<const float, 3> source, view<float, 3> dest
 }
 
 /// destination = source > threshold ? value : source
-inline status threshold_greater(view<const float, 1> source, view<float, 1> destination, const constant<float,
-                                1>& threshold, const constant<float, 1>& value)
+inline status threshold_greater(view<const float, 1> source, view<float, 1> destination,
+                                const constant<float, 1>& threshold, const constant<float, 1>& value)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_greater", {{"source",
         source}, {"destination", destination}});
@@ -2456,8 +2456,8 @@ inline status threshold_greater(view<const unsigned char, 1> source, view<unsign
 }
 
 inline status threshold_greater(view<const unsigned short, 1> source, view<unsigned short, 1> destination,
-                                const constant<unsigned short, 1>& threshold, const constant<unsigned short,
-                                1>& value)
+                                const constant<unsigned short, 1>& threshold,
+                                const constant<unsigned short, 1>& value)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("threshold_greater", {{"source",
         source}, {"destination", destination}});
@@ -2570,8 +2570,9 @@ inline status yuv422_to_rgb(view<const unsigned char, 2> source, view<unsigned c
 }
 
 /// destination = (R, G, B) of three planes in 4:2:0
-inline status yuv420_to_rgb(view<const unsigned char, 1> y, view<const unsigned char, 1> u, view<const unsigned char,
-                            1> v, view<unsigned char, 3> destination, colour_standard standard)
+inline status yuv420_to_rgb(view<const unsigned char, 1> y, view<const unsigned char, 1> u,
+                            view<const unsigned char, 1> v, view<unsigned char, 3> destination,
+                            colour_standard standard)
 {
     if (!detail::alike(y)) return detail::unlike<detail::region>("yuv420_to_rgb", {{"y", y}});
     if (!detail::alike(u)) return detail::unlike<detail::region>("yuv420_to_rgb", {{"u", u}});
@@ -2591,8 +2592,8 @@ inline status yuv420_to_rgb(view<const unsigned char, 1> y, view<const unsigned 
 }
 
 /// destination = over over ground
-inline status composite(view<const unsigned char, 4> ground, view<const unsigned char, 4> over, view<unsigned char,
-                        4> destination, bool premultiplied = false)
+inline status composite(view<const unsigned char, 4> ground, view<const unsigned char, 4> over,
+                        view<unsigned char, 4> destination, bool premultiplied = false)
 {
     if (!detail::alike(ground, over, destination)) return detail::unlike<detail::region>("composite", {{"ground",
         ground}, {"over", over}, {"destination", destination}});
@@ -2626,8 +2627,8 @@ inline status blend(view<const unsigned char, 3> ground, view<const unsigned cha
 
 /// destination[c] = twist[4 c] source[0] + twist[4 c + 1] source[1] + twist[4 c + 2] source[2] + twist[4 c + 3], c =
 /// 0 ... 2
-inline status colour_matrix(view<const unsigned char, 3> source, const float (&twist)[12], view<unsigned char,
-                            3> destination)
+inline status colour_matrix(view<const unsigned char, 3> source, const float (&twist)[12],
+                            view<unsigned char, 3> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("colour_matrix", {{"source",
         source}, {"destination", destination}});
@@ -2636,8 +2637,8 @@ inline status colour_matrix(view<const unsigned char, 3> source, const float (&t
         detail::reason::memory);
 }
 
-inline status colour_matrix(view<const unsigned char, 4> source, const float (&twist)[12], view<unsigned char,
-                            4> destination)
+inline status colour_matrix(view<const unsigned char, 4> source, const float (&twist)[12],
+                            view<unsigned char, 4> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("colour_matrix", {{"source",
         source}, {"destination", destination}});
@@ -2656,8 +2657,8 @@ inline status colour_matrix(view<const float, 3> source, const float (&twist)[12
 }
 
 /// destination = table[source]
-inline status lookup(view<const unsigned char, 1> source, span<const unsigned char> table, view<unsigned char,
-                     1> destination)
+inline status lookup(view<const unsigned char, 1> source, span<const unsigned char> table,
+                     view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lookup", {{"source", source},
         {"destination", destination}});
@@ -2667,8 +2668,8 @@ inline status lookup(view<const unsigned char, 1> source, span<const unsigned ch
         detail::reason::memory);
 }
 
-inline status lookup(view<const unsigned char, 1> source, span<const unsigned short> table, view<unsigned short,
-                     1> destination)
+inline status lookup(view<const unsigned char, 1> source, span<const unsigned short> table,
+                     view<unsigned short, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lookup", {{"source", source},
         {"destination", destination}});
@@ -2688,8 +2689,8 @@ inline status lookup(view<const unsigned char, 1> source, span<const float> tabl
         detail::reason::memory);
 }
 
-inline status lookup(view<const unsigned short, 1> source, span<const unsigned short> table, view<unsigned short,
-                     1> destination)
+inline status lookup(view<const unsigned short, 1> source, span<const unsigned short> table,
+                     view<unsigned short, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lookup", {{"source", source},
         {"destination", destination}});
@@ -2699,8 +2700,8 @@ inline status lookup(view<const unsigned short, 1> source, span<const unsigned s
         detail::reason::memory);
 }
 
-inline status lookup(view<const unsigned short, 1> source, span<const unsigned char> table, view<unsigned char,
-                     1> destination)
+inline status lookup(view<const unsigned short, 1> source, span<const unsigned char> table,
+                     view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lookup", {{"source", source},
         {"destination", destination}});
@@ -2760,8 +2761,8 @@ inline status curve(view<const unsigned short, 1> source, span<const unsigned sh
         source.width(), source.height()), detail::reason::failed);
 }
 
-inline status curve(view<const float, 1> source, span<const float> levels, span<const float> values, view<float,
-                    1> destination)
+inline status curve(view<const float, 1> source, span<const float> levels, span<const float> values,
+                    view<float, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("curve", {{"source", source},
         {"destination", destination}});
@@ -2774,8 +2775,8 @@ inline status curve(view<const float, 1> source, span<const float> levels, span<
 }
 
 /// destination = colours[min(source, paletteSize - 1)]
-inline status palette(view<const unsigned short, 1> source, span<const unsigned int> colours, view<unsigned int,
-                      1> destination)
+inline status palette(view<const unsigned short, 1> source, span<const unsigned int> colours,
+                      view<unsigned int, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("palette", {{"source", source},
         {"destination", destination}});
@@ -3133,8 +3134,8 @@ inline status remap(view<const unsigned short, 1> source, view<const float, 1> x
         destination.width(), destination.height(), static_cast<int>(how)), detail::reason::memory);
 }
 
-inline status remap(view<const float, 1> source, view<const float, 1> x_map, view<const float, 1> y_map, view<float,
-                    1> destination, interpolation how = interpolation::linear)
+inline status remap(view<const float, 1> source, view<const float, 1> x_map, view<const float, 1> y_map,
+                    view<float, 1> destination, interpolation how = interpolation::linear)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("remap", {{"source", source}});
     if (!detail::alike(x_map)) return detail::unlike<detail::region>("remap", {{"x_map", x_map}});
@@ -3936,8 +3937,8 @@ inline status canny(view<const float, 1> source, view<unsigned char, 1> destinat
 }
 
 /// image = value for the pixels that are joined to the seed by its own value; count = their number
-inline status flood_fill(view<unsigned char, 1> image, int seed_x, int seed_y, const constant<unsigned char,
-                         1>& value, int& count)
+inline status flood_fill(view<unsigned char, 1> image, int seed_x, int seed_y,
+                         const constant<unsigned char, 1>& value, int& count)
 {
     if (!detail::alike(image)) return detail::unlike<detail::region>("flood_fill", {{"image", image}});
     if (!value.held()) return detail::unheld("flood_fill", "value", value);
