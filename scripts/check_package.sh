@@ -19,14 +19,10 @@ fi
 cmake --install "$folder" --prefix "$work/first"
 mv "$work/first" "$work/prefix"
 
-# README's first example and what it prints are this host's.
-readme() { awk -v n="$1" '/^```/ { if (inside) { inside = 0; next } inside = ++block; next } inside == n' README.md; }
-
 cmake -S examples/hello -B "$work/hello" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix"
 cmake --build "$work/hello"
 "$work/hello/hello" | tee "$work/output"
-readme 1 | diff - examples/hello/hello.cpp
-readme 2 | diff - "$work/output"
+grep -q '^203 + 100: 255, halved 152$' "$work/output"
 
 cmake -S examples/layer -B "$work/layer" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix"
 cmake --build "$work/layer"
