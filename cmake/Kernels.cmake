@@ -65,14 +65,18 @@ if(ORVANE_SANITIZE)
 endif()
 set(ORVANE_COVERAGE -fsanitize-coverage=inline-8bit-counters,pc-table)
 
+# A project that has this one as a folder may have configurations of its own, or none: only Debug is slow.
+set(ORVANE_OTHER_CONFIGURATIONS "$<$<NOT:$<CONFIG:Debug,Release,RelWithDebInfo,MinSizeRel>>:-O2;-DNDEBUG>")
+
 # Compiles everything that is not a kernel: the lowest level, the code every processor can run.
 function(orvane_common_options target)
   target_include_directories(${target} PRIVATE
     ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include ${PROJECT_BINARY_DIR}/families)
   if(NOT WIN32)
-    target_compile_definitions(${target} PRIVATE ORVANE_BUILDING)
+    target_compile_definitions(${target} PRIVATE $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,ORVANE_BUILDING,ORVANE_STATIC>)
   endif()
-  target_compile_options(${target} PRIVATE ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_px} ${ORVANE_CHECKS})
+  target_compile_options(${target} PRIVATE ${ORVANE_OTHER_CONFIGURATIONS}
+    ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_px} ${ORVANE_CHECKS})
 endfunction()
 
 # orvane_add_family(<folder>/<family> LEVELS <level>... [HEADER <header>] [OPTIONS <option>...])
@@ -113,9 +117,9 @@ function(orvane_add_kernels target level checked source)
   add_library(${target} OBJECT ${source})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/include)
   target_compile_definitions(${target} PRIVATE ORV_LEVEL=${family}_${level} ORV_LEVEL_IS_${level}=1)
-  target_compile_options(${target} PRIVATE
+  target_compile_options(${target} PRIVATE ${ORVANE_OTHER_CONFIGURATIONS}
     ${ORVANE_WARNINGS} ${ORVANE_EXACT} ${ORVANE_LEVEL_FLAGS_${level}}
-    $<$<CONFIG:Release,RelWithDebInfo>:-O2>
+    $<$<NOT:$<CONFIG:Debug>>:-O2>
     -fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables ${ARGN})
   if(ORVANE_SANITIZE)
     target_compile_options(${target} PRIVATE -O1)

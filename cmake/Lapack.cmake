@@ -20,7 +20,7 @@ set_property(CACHE ORVANE_LAPACK PROPERTY STRINGS archive source)
 set(ORVANE_LAPACK_ARCHIVES
   /usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/lapack/liblapack.a;/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/blas/libblas.a
   CACHE STRING "Static libraries of LAPACK and BLAS, position-independent (archive)")
-set(ORVANE_LAPACK_SOURCE ${PROJECT_SOURCE_DIR}/build/lapack CACHE PATH "The sources of LAPACK 3.11 (source)")
+set(ORVANE_LAPACK_SOURCE ${PROJECT_BINARY_DIR}/lapack CACHE PATH "The sources of LAPACK 3.11 (source)")
 
 # What the four routines need, modules first.
 set(lapack_sources

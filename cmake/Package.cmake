@@ -1,28 +1,19 @@
-# `cpack` in a build folder: a .deb of the Linux builds, a .zip of the Windows one.
+# `cpack` in a build folder: .debs of the Linux builds, a .zip of the Windows one.
 set(CPACK_PACKAGE_NAME orvane)
 set(CPACK_PACKAGE_VENDOR "${PROJECT_NAME}")
-set(CPACK_PACKAGE_CONTACT "the authors of ${PROJECT_NAME} primitives")
+set(ORVANE_MAINTAINER "The Orvane authors <maintainers@orvane.example>" CACHE STRING "Who answers for the packages")
+set(CPACK_PACKAGE_CONTACT "${ORVANE_MAINTAINER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/package)
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
 
 if(WIN32)
   set(CPACK_GENERATOR ZIP)
   set(CPACK_PACKAGE_FILE_NAME orvane-${PROJECT_VERSION}-win32)
   set(CPACK_STRIP_FILES OFF)  # nothing to strip, and not every tool knows import libraries
 else()
-  set(CPACK_GENERATOR DEB)
-  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-  set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-  set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
-  # What is linked, written out: the tool that finds it does not know the libraries of another architecture.
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.36), libstdc++6 (>= 12)")
-  set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-  if(ORVANE_32BIT)
-    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE i386)
-  else()
-    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE amd64)
-  endif()
+  include(cmake/Debian.cmake)
 endif()
 include(CPack)

@@ -2,11 +2,11 @@
 #ifndef ORVANE_EXPORT_H
 #define ORVANE_EXPORT_H
 
-#if defined(_WIN32) || defined(__CYGWIN__)
+#if defined(ORVANE_STATIC)
+#define ORVANE_API  // what is linked with a static library shows nothing of it
+#elif defined(_WIN32) || defined(__CYGWIN__)
 #if defined(ORVANE_BUILDING)
 #define ORVANE_API __declspec(dllexport)
-#elif defined(ORVANE_STATIC)
-#define ORVANE_API
 #else
 #define ORVANE_API __declspec(dllimport)
 #endif

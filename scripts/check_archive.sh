@@ -1,31 +1,59 @@
 #!/usr/bin/env bash
-# Makes the package of a build (a .deb or, of the Windows build, a .zip), unpacks it, and builds and runs a
-# small host against what was in it.
+# Makes the packages of a build (.debs or, of the Windows build, a .zip), looks whether they carry what they must,
+# unpacks them, and builds and runs a small host against what was in them.
 # Usage: check_archive.sh BUILD-FOLDER
 set -eu
 cd "$(dirname "$0")/.."
 build=$PWD/$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+host=hello run=() options=()
+
+# expect WHAT PATTERN: standard input has it.
+expect() { grep -Eq -- "$2" || { echo "$1: no '$2'"; exit 1; }; }
+
+debian_package() {
+    local name copyright=$work/usr/share/doc
+    name=$(dpkg-deb -f "$1" Package)
+    dpkg-deb -x "$1" "$work"
+    expect "$name" 'University of Tennessee' < "$copyright/$name/copyright"
+    case $name in
+    liborvane0)
+        expect "$1" '^(lib(c|stdc\+\+)6 \(>= [0-9.]+\)(, |$)){2}$' < <(dpkg-deb -f "$1" Depends)
+        expect "$1" "^lib${triplet/\//\\/}\$" < <(cd "$work/usr" && find lib -name liborvane.so.0 -printf '%h\n')
+        ;;
+    liborvane-dev) expect "$1" '^liborvane0 \(= ' < <(dpkg-deb -f "$1" Depends) ;;
+    esac
+    case $name in
+    liborvane-doc) ;;
+    liborvane*) expect "$1" '^same$' < <(dpkg-deb -f "$1" Multi-Arch) ;;
+    esac
+}
 
 rm -rf "$build/package"
 (cd "$build" && cpack)
-package=$(find "$build/package" -maxdepth 1 -name "*.deb" -o -maxdepth 1 -name "*.zip")
-options=() host=hello run=()
-case $package in
-*_i386.deb) dpkg-deb -x "$package" "$work"; prefix=$work/usr options=(-DCMAKE_CXX_FLAGS=-m32 -DCMAKE_LIBRARY_ARCHITECTURE=i386-linux-gnu) ;;
-*.deb) dpkg-deb -x "$package" "$work"; prefix=$work/usr ;;
+mapfile -t packages < <(find "$build/package" -maxdepth 1 -name "*.deb" -o -maxdepth 1 -name "*.zip")
+case ${packages[*]} in
+*.deb*)
+    triplet=/x86_64-linux-gnu prefix=$work/usr
+    case ${packages[*]} in
+    *_i386.deb*) triplet=/i386-linux-gnu options=(-DCMAKE_CXX_FLAGS=-m32 -DCMAKE_LIBRARY_ARCHITECTURE=i386-linux-gnu) ;;
+    esac
+    for package in "${packages[@]}"; do debian_package "$package"; done
+    lintian --allow-root --fail-on error "${packages[@]}"
+    ;;
 *.zip)
-    (cd "$work" && cmake -E tar xf "$package")
-    prefix=$work/$(basename "$package" .zip)
+    (cd "$work" && cmake -E tar xf "${packages[0]}")
+    prefix=$work/$(basename "${packages[0]}" .zip)
     options=(--toolchain "$PWD/cmake/toolchain-windows.cmake" -DCMAKE_CXX_FLAGS=-static) host=hello.exe run=(scripts/wine.sh)
+    for file in LICENSE THIRD_PARTY_NOTICES README.md CHANGELOG.md docs/windows.md lib/orvane.def; do cmp "$prefix/$file" "$prefix/$file"; done
     ;;
 esac
 [ -e "$prefix/include/orvane/ImageProcessingWrapper.h" ]
 
 cmake -S examples/hello -B "$work/hello" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" -DOrvane_DIR="$(dirname "$(find "$prefix" -name OrvaneConfig.cmake)")" "${options[@]}"
 cmake --build "$work/hello"
-case $package in *.zip) cp "$prefix/bin/orvane.dll" "$work/hello" ;; esac
+case ${packages[*]} in *.zip*) cp "$prefix/bin/orvane.dll" "$work/hello" ;; esac
 "${run[@]}" "$work/hello/$host" | tr -d '\r' | tee "$work/output"
 grep -q '^203 + 100: 255, halved 152$' "$work/output"
-ls -l "$package"
+ls -l "${packages[@]}"

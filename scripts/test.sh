@@ -81,8 +81,9 @@ if check "build, 64 bit" build release; then
     check "exports" tests/check_exports.sh build/release/src/liborvane.so
     check "symbols, layers, faults to plant" ctest --test-dir build/release -E 'orvane_tests|exports'
     check "package" scripts/check_package.sh build/release
+    check "installation" scripts/check_install.sh build/release
     check ".deb, 64 bit" scripts/check_archive.sh build/release
-    check "static library" scripts/check_package.sh --static
+    check "static library" scripts/check_static.sh
     check "site" scripts/check_site.sh build/release
 fi
 check "clang" scripts/check_clang.sh
@@ -95,6 +96,7 @@ elif check "build, 32 bit" build i386; then
     tests "tests, 32 bit" build/i386/tests/orvane_tests $seed
     check "kernel symbols, 32 bit" ctest --test-dir build/i386 -R kernel_symbols
     check ".deb, 32 bit" scripts/check_archive.sh build/i386
+    check ".debs side by side" scripts/check_debian.sh build/release build/i386
     if command -v qemu-i386 > /dev/null; then
         rm -f "$log_folder"/emulated_*
         # shellcheck disable=SC2086
