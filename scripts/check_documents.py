@@ -31,7 +31,7 @@ def run_cpp(source, folder):
     libraries = subprocess.run(["pkg-config", "--variable=libdir", "orvane"], capture_output=True, text=True, check=True)
     standard = "c++17" if "orvane.hpp" in source else "c++11"
     subprocess.run(["g++", f"-std={standard}", "-D_GNU_SOURCE", "-Wall", "-Wextra", "-Werror", f"{program}.cpp",
-                    *shlex.split(flags.stdout), *(f"-Wl,-rpath,{folder}" for folder in shlex.split(libraries.stdout)), "-o", program], check=True)
+                    *shlex.split(flags.stdout), f"-Wl,-rpath,{shlex.split(libraries.stdout)[0]}", "-o", program], check=True)
     return subprocess.run([program], capture_output=True, text=True, check=True).stdout
 
 
