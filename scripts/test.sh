@@ -82,6 +82,7 @@ if check "build, 64 bit" build release; then
     check "symbols, layers, faults to plant" ctest --test-dir build/release -E 'orvane_tests|exports'
     check "package" scripts/check_package.sh build/release
     check "installation" scripts/check_install.sh build/release
+    check "folder of another project" scripts/check_subproject.sh build/release
     check ".deb, 64 bit" scripts/check_archive.sh build/release
     check "static library" scripts/check_static.sh
     check "site" scripts/check_site.sh build/release
