@@ -37,7 +37,7 @@ promises() {
     done
     changed=$(join <(git show "$before:tests/hashes.inc" | hashes) <(hashes < tests/hashes.inc) | awk '$2 != $3 { print $1 }')
     [ -z "$changed" ] || notes | grep -q '^- Changed results:' ||
-        refuse "results differ from $before, and CHANGELOG.md has no 'Changed results:' for" $changed
+        refuse "results differ from $before, and CHANGELOG.md has no 'Changed results:' for ${changed//$'\n'/ }"
 }
 
 gather() {
