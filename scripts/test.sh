@@ -85,6 +85,7 @@ if check "build, 64 bit" build release; then
     check "folder of another project" scripts/check_subproject.sh build/release
     check ".deb, 64 bit" scripts/check_archive.sh build/release
     check "static library" scripts/check_static.sh
+    check "ports" scripts/check_ports.py
     check "site" scripts/check_site.sh build/release
 fi
 check "clang" scripts/check_clang.sh
@@ -129,6 +130,8 @@ elif check "build, Windows" build windows; then
         skip "tests and hosts on Windows" "Wine cannot be had ($log_folder/wine.log)"
     fi
 fi
+
+check "release, but for the tag" scripts/check_release.sh
 
 echo
 if [ $skipped -gt 0 ]; then
