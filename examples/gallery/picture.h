@@ -5,70 +5,58 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
-// An 8-bit picture of one or three channels.
-struct Picture {
+// Rows of pixels of some type, at the library's own step.
+template <class T>
+struct Rows {
     int width = 0, height = 0, channels = 0, step = 0;
-    std::shared_ptr<unsigned char> buffer;
+    std::shared_ptr<T> buffer;
 
-    Picture() = default;
-    Picture(int w, int h, int c) : width(w), height(h), channels(c)
+    Rows() = default;
+    Rows(int w, int h, int c) : width(w), height(h), channels(c)
     {
-        unsigned char* const p = c == 3 ? ImageProcessingWrapper::Malloc_8u_C3(w, h, &step)
-                                        : ImageProcessingWrapper::Malloc_8u_C1(w, h, &step);
-        buffer.reset(p, ImageProcessingWrapper::Free);
-        ImageProcessingWrapper::Set_8u_C1(0, p, step, w * c, h);
+        void* const p = ImageProcessingWrapper::Malloc_8u_C1(w * c * static_cast<int>(sizeof(T)), h, &step);
+        buffer.reset(static_cast<T*>(p), [](T* q) { ImageProcessingWrapper::Free(q); });
+        ImageProcessingWrapper::Set_8u_C1(0, static_cast<unsigned char*>(p), step, step, h);
     }
-    unsigned char* data() const { return buffer.get(); }
+    T* data() const { return buffer.get(); }
+    T* row(int y) const { return data() + y * (step / static_cast<int>(sizeof(T))); }
+    T* at(int x, int y) const { return row(y) + x * channels; }
 
-    Picture copy() const
+    Rows copy() const
     {
-        Picture other(width, height, channels);
-        ImageProcessingWrapper::Copy_8u_C1(data(), step, other.data(), other.step, width * channels, height);
+        Rows other(width, height, channels);
+        ImageProcessingWrapper::Copy_8u_C1(reinterpret_cast<const unsigned char*>(data()), step,
+                                           reinterpret_cast<unsigned char*>(other.data()), other.step, step, height);
         return other;
     }
 };
+using Picture = Rows<unsigned char>;
+using WordPicture = Rows<unsigned short>;
+using FloatPicture = Rows<float>;
+using ComplexPicture = Rows<Complex32f>;
 
-// A float picture of one or three channels.
-struct FloatPicture {
-    int width = 0, height = 0, channels = 0, step = 0;
-    std::shared_ptr<float> buffer;
-
-    FloatPicture(int w, int h, int c) : width(w), height(h), channels(c)
-    {
-        float* const p = c == 3 ? ImageProcessingWrapper::Malloc_32f_C3(w, h, &step)
-                                : ImageProcessingWrapper::Malloc_32f_C1(w, h, &step);
-        buffer.reset(p, ImageProcessingWrapper::Free);
-    }
-    float* data() const { return buffer.get(); }
+// The pictures that the gallery works on. Those that are missing are the photograph.
+struct Pictures {
+    Picture photo, astronaut, cat, coins, deep_field, left, page, retina, right;
 };
 
-// The brightness of a picture of three channels, as floats from 0 to 255.
-inline FloatPicture brightness(const Picture& photo)
-{
-    FloatPicture colour(photo.width, photo.height, 3), grey(photo.width, photo.height, 1);
-    ImageProcessingWrapper::Convert_8u32f_C3(photo.data(), photo.step, colour.data(), colour.step, photo.width,
-                                             photo.height);
-    for (int y = 0; y < photo.height; ++y) {
-        const float* const c = colour.data() + y * (colour.step / 4);
-        float* const g = grey.data() + y * (grey.step / 4);
-        for (int x = 0; x < photo.width; ++x) g[x] = 0.299f * c[3 * x] + 0.587f * c[3 * x + 1] + 0.114f * c[3 * x + 2];
-    }
-    return grey;
-}
-
-// Floats from `low` (black) to `high` (white) as a picture of one channel.
-inline Picture to_picture(const FloatPicture& f, float low = 0, float high = 255)
-{
-    Picture p(f.width, f.height, 1);
-    for (int y = 0; y < f.height; ++y) {
-        for (int x = 0; x < f.width; ++x) {
-            const float v = (f.data()[y * (f.step / 4) + x] - low) * 255 / (high - low);
-            p.data()[y * p.step + x] = static_cast<unsigned char>(v < 0 ? 0 : v > 255 ? 255 : v);
-        }
-    }
-    return p;
-}
-
 Picture read_picture(const std::string& path);  // three channels; throws std::runtime_error
+Pictures read_pictures(const std::string& photo, const std::string& folder);
 void write_png(const Picture& picture, const std::string& path);
+std::string png_of(const Picture& picture);  // the bytes of the file
+void write_jpeg(const Picture& picture, const std::string& path);
+
+FloatPicture brightness(const Picture& colour);  // from 0 to 255
+Picture grey(const Picture& colour);             // one channel
+Picture colours_of(const Picture& grey);         // three equal channels
+Picture channel(const Picture& colour, int c);
+Picture part(const Picture& picture, int x, int y, int width, int height);
+FloatPicture part(const FloatPicture& picture, int x, int y, int width, int height);
+Picture reduced(const Picture& picture, int width);                 // of that width, or smaller if it was smaller
+Picture enlarged(const Picture& picture, int times);                // pixel by pixel
+Picture difference(const Picture& a, const Picture& b, int times);  // |a - b|, so many times as large
+Picture beside(const Picture& a, const Picture& b);                 // with a gap; of the same height and channels
+// Floats from `low` (black) to `high` (white).
+Picture to_picture(const FloatPicture& f, float low = 0, float high = 255);

@@ -1,4 +1,5 @@
-// Reads PNG and JPEG, writes PNG.
+// Reads PNG and JPEG, writes both.
+#include <fstream>
 #include <stdexcept>
 
 #include "picture.h"
@@ -19,10 +20,49 @@ Picture read_picture(const std::string& path)
     return picture;
 }
 
+Pictures read_pictures(const std::string& photo, const std::string& folder)
+{
+    constexpr int kLargest = 900;  // what a page shows
+    Pictures p;
+    p.photo = reduced(read_picture(photo), kLargest);
+    if (p.photo.width < 128 || p.photo.height < 128)
+        throw std::runtime_error("the picture is too small: 128 x 128 pixels are the least");
+    const auto read = [&](const char* name) {
+        const std::string path = folder + "/" + name;
+        return std::ifstream(path) ? reduced(read_picture(path), kLargest) : p.photo;
+    };
+    p.astronaut = read("astronaut.png");
+    p.cat = read("chelsea.png");
+    p.coins = read("coins.png");
+    p.deep_field = read("hubble_deep_field.jpg");
+    p.left = read("motorcycle_left.png");
+    p.page = read("page.png");
+    p.retina = read("retina.jpg");
+    p.right = read("motorcycle_right.png");
+    return p;
+}
+
+std::string png_of(const Picture& picture)
+{
+    std::string bytes;
+    const auto append = [](void* to, void* data, int size) {
+        static_cast<std::string*>(to)->append(static_cast<const char*>(data), static_cast<std::size_t>(size));
+    };
+    stbi_write_png_to_func(append, &bytes, picture.width, picture.height, picture.channels, picture.data(),
+                           picture.step);
+    return bytes;
+}
+
 void write_png(const Picture& picture, const std::string& path)
 {
-    if (stbi_write_png(path.c_str(), picture.width, picture.height, picture.channels, picture.data(), picture.step) ==
-        0) {
+    if (!(std::ofstream(path, std::ios::binary) << png_of(picture))) throw std::runtime_error("cannot write " + path);
+}
+
+void write_jpeg(const Picture& picture, const std::string& path)
+{
+    std::vector<unsigned char> packed(static_cast<std::size_t>(picture.width * picture.height * picture.channels));
+    ImageProcessingWrapper::Copy_8u_C1(picture.data(), picture.step, packed.data(), picture.width * picture.channels,
+                                       picture.width * picture.channels, picture.height);
+    if (stbi_write_jpg(path.c_str(), picture.width, picture.height, picture.channels, packed.data(), 85) == 0)
         throw std::runtime_error("cannot write " + path);
-    }
 }

@@ -1,53 +1,40 @@
-// Small drawings on pictures: curves and bars, scaled to fit.
+// Plots with axes: drawings in SVG.
 #pragma once
 
-#include <algorithm>
+#include <string>
 #include <vector>
 
-#include "picture.h"
+class Plot {
+public:
+    // Labels say what the axes show and in which unit.
+    Plot(const std::string& x_label, const std::string& y_label, double x_from, double x_to, double y_from,
+         double y_to);
 
-inline void paint(Picture& p, int x, int y, unsigned char r, unsigned char g, unsigned char b)
-{
-    if (x < 0 || y < 0 || x >= p.width || y >= p.height) return;
-    unsigned char* const d = p.data() + y * p.step + 3 * x;
-    d[0] = r, d[1] = g, d[2] = b;
-}
+    Plot& names_left();  // the names of what follows stand on the left
+    // Values at equal distances from the left end of the plot to its right end.
+    Plot& curve(const std::vector<double>& values, const std::string& colour, const std::string& name = "");
+    Plot& curve(const std::vector<double>& xs, const std::vector<double>& ys, const std::string& colour,
+                const std::string& name = "");
+    Plot& points(const std::vector<double>& xs, const std::vector<double>& ys, const std::string& colour,
+                 const std::string& name = "");
+    // Columns beside each other, from the lower end of the plot.
+    Plot& columns(const std::vector<double>& values, const std::string& colour, const std::string& name = "");
+    // A raster picture, the bytes of a PNG file, that fills the plot.
+    Plot& picture(const std::string& png);
 
-// An empty sheet with a frame.
-inline Picture sheet(int width, int height)
-{
-    Picture p(width, height, 3);
-    static const unsigned char paper[3] = {252, 252, 250}, ink[3] = {200, 200, 200};
-    ImageProcessingWrapper::Set_8u_C3(ink, p.data(), p.step, width, height);
-    ImageProcessingWrapper::Set_8u_C3(paper, p.data() + p.step + 3, p.step, width - 2, height - 2);
-    return p;
-}
+    std::string svg() const;
 
-// The values as columns from the bottom, the largest one as high as the sheet.
-inline void draw_columns(Picture& p, const std::vector<double>& values, unsigned char r, unsigned char g,
-                         unsigned char b)
-{
-    const double most = *std::max_element(values.begin(), values.end());
-    for (int x = 2; x < p.width - 2; ++x) {
-        const double v =
-            values[static_cast<std::size_t>(x - 2) * values.size() / static_cast<std::size_t>(p.width - 4)];
-        const int top = p.height - 2 - static_cast<int>((p.height - 8) * v / (most > 0 ? most : 1));
-        for (int y = top; y < p.height - 2; ++y) paint(p, x, y, r, g, b);
-    }
-}
+private:
+    double at_x(double x) const;
+    double at_y(double y) const;
+    void name(const std::string& text, const std::string& colour);
+    std::string axis(bool horizontal) const;
 
-// The values as a curve between `low` at the bottom and `high` at the top.
-inline void draw_curve(Picture& p, const std::vector<double>& values, double low, double high, unsigned char r,
-                       unsigned char g, unsigned char b)
-{
-    int before = -1;
-    for (int x = 2; x < p.width - 2; ++x) {
-        const double v =
-            values[static_cast<std::size_t>(x - 2) * values.size() / static_cast<std::size_t>(p.width - 4)];
-        const int y =
-            std::clamp(p.height - 3 - static_cast<int>((p.height - 6) * (v - low) / (high - low)), 2, p.height - 3);
-        for (int at = std::min(y, before < 0 ? y : before); at <= std::max(y, before); ++at) paint(p, x, at, r, g, b);
-        paint(p, x, y, r, g, b);
-        before = y;
-    }
-}
+    std::string labels_[2], body_, names_;
+    double from_[2], to_[2];
+    int named_ = 0;
+    bool names_left_ = false;
+};
+
+// A text for XML.
+std::string escaped(const std::string& text);

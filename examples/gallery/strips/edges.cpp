@@ -3,27 +3,29 @@
 
 using W = ImageProcessingWrapper;
 
-void show_edges(const Picture& photo, Page& page)
+void show_edges(const Pictures& pictures, Page& page)
 {
-    const int width = photo.width, height = photo.height;
-    page.strip(
-        "Edges and areas",
-        "Edges of the smoothed photograph, between a weak and a strong threshold, and areas that are reached from "
-        "one pixel: of grey values in steps of 32.");
-    const FloatPicture grey = brightness(photo), smooth(width, height, 1);
-    W::FilterGaussBorder_32f_C1R(grey.data(), grey.step, smooth.data(), smooth.step, width, height, 9, 1.5f);
-    Picture edges(width, height, 1);
-    SHOW(page, edges, W::Canny_32f8u_C1(smooth.data(), smooth.step, edges.data(), edges.step, width, height, 10, 30));
-    SHOW(page, edges, W::Canny_32f8u_C1(smooth.data(), smooth.step, edges.data(), edges.step, width, height, 30, 90));
-    SHOW(page, edges, W::Canny_32f8u_C1(smooth.data(), smooth.step, edges.data(), edges.step, width, height, 80, 200));
+    page.family(
+        "ImageProcessingWrapper", "Edges and filled areas",
+        "Edges of a smoothed photograph, one pixel wide: those above a high threshold, and those above a low one "
+        "that are joined to them. Areas of one value, filled from one pixel.");
+    const FloatPicture light = brightness(pictures.cat);
+    const int width = light.width, height = light.height;
+    FloatPicture smooth(width, height, 1);
+    W::FilterGaussBorder_32f_C1R(light.data(), light.step, smooth.data(), smooth.step, width, height, 9, 1.2f);
+    const Picture edges(width, height, 1);
+    SHOW(page, edges, "Thresholds 15 and 45: whiskers and fur",
+         W::Canny_32f8u_C1(smooth.data(), smooth.step, edges.data(), edges.step, width, height, 15, 45));
+    page.feature();
+    SHOW(page, edges, "Thresholds 40 and 110: the outlines",
+         W::Canny_32f8u_C1(smooth.data(), smooth.step, edges.data(), edges.step, width, height, 40, 110));
 
-    const Picture smooth_bytes = to_picture(smooth), steps(width, height, 1);
-    W::AndC_8u_C1(smooth_bytes.data(), smooth_bytes.step, 0xE0, steps.data(), steps.step, width, height);
-    page.show(steps, "grey values in steps of 32", 0, true);
+    // The background of the coins, from a corner.
+    const Picture coins = grey(pictures.coins), mask(coins.width, coins.height, 1);
+    W::CompareCGreater_8u_C1R(coins.data(), coins.step, 120, mask.data(), mask.step, coins.width, coins.height);
     int count = 0;
-    SHOW_IN_PLACE(page, steps, sky,
-                  W::FloodFill_8Con_8u_C1IR(sky.data(), sky.step, width, height, width / 2, 5, 255, &count));
-    SHOW_IN_PLACE(
-        page, steps, ground,
-        W::FloodFill_8Con_8u_C1IR(ground.data(), ground.step, width, height, width / 2, height - 5, 255, &count));
+    SHOW_IN_PLACE(page, mask, filled, filled,
+                  "A mask of coins, its background filled with grey from the lower left corner",
+                  W::FloodFill_8Con_8u_C1IR(filled.data(), filled.step, filled.width, filled.height, 2,
+                                            filled.height - 3, 128, &count));
 }

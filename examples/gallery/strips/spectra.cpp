@@ -1,146 +1,21 @@
-// Spectra of a sound and of the photograph, and noise.
+// Spectra of pictures, as they are packed and as they are transformed.
 #include <FFT2Wrapper.h>
-#include <FFTWrapper.h>
-#include <RandomNumberGenerator.h>
 #include <SignalProcessingWrapper.h>
 
 #include <cmath>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 
-#include "plot.h"
 #include "strips.h"
-#include "text.h"
+
+using W = ImageProcessingWrapper;
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-
-// The samples of a 16-bit WAV file, of its first channel; empty where there is none.
-std::vector<float> read_sound(const std::string& path)
+// The largest square from the middle whose side is a power of two up to 512, as brightness.
+FloatPicture square(const Picture& picture)
 {
-    std::ifstream file(path, std::ios::binary);
-    const std::vector<char> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    std::vector<float> samples;
-    if (bytes.size() < 44 || std::memcmp(bytes.data(), "RIFF", 4) != 0) return samples;
-    unsigned short channels = 1;
-    for (std::size_t at = 12; at + 8 <= bytes.size();) {
-        unsigned size;
-        std::memcpy(&size, &bytes[at + 4], 4);
-        if (std::memcmp(&bytes[at], "fmt ", 4) == 0) std::memcpy(&channels, &bytes[at + 10], 2);
-        if (std::memcmp(&bytes[at], "data", 4) == 0) {
-            for (std::size_t i = at + 8; i + 2 <= bytes.size(); i += 2u * channels) {
-                short sample;
-                std::memcpy(&sample, &bytes[i], 2);
-                samples.push_back(sample);
-            }
-        }
-        at += 8 + size + (size & 1);
-    }
-    return samples;
-}
-
-std::vector<float> hann(int n)
-{
-    std::vector<float> w;
-    for (int i = 0; i < n; ++i) w.push_back(static_cast<float>(0.5 - 0.5 * std::cos(2 * kPi * i / n)));
-    return w;
-}
-
-void show_sound(const std::string& path, Page& page)
-{
-    const int n = 1024, hop = 256;
-    const std::vector<float> sound = read_sound(path), window = hann(n);
-    const int blocks = (static_cast<int>(sound.size()) - n) / hop;
-    if (blocks < 8) return;
-
-    FFTWrapper fft(n);
-    std::vector<float> power(n);
-    const int rows = n / 4;
-    std::vector<double> decibels, mean(static_cast<std::size_t>(rows), 0.0);
-    for (int b = 0; b < blocks; ++b) {
-        fft.PsdFFT(&sound[static_cast<std::size_t>(b * hop)], window.data(), power.data(), n);
-        for (int k = 0; k < rows; ++k) {
-            const double p = power[static_cast<std::size_t>(k)];
-            decibels.push_back(10 * std::log10(p + 1e-6));
-            mean[static_cast<std::size_t>(k)] += p / blocks;
-        }
-    }
-    // 80 dB from black to white, the loudest being white.
-    const double loudest = *std::max_element(decibels.begin(), decibels.end());
-    Picture spectrogram(blocks, rows, 1);
-    for (int b = 0; b < blocks; ++b) {
-        for (int k = 0; k < rows; ++k) {
-            const double shade = 255 * (1 + (decibels[static_cast<std::size_t>(b * rows + k)] - loudest) / 80);
-            spectrogram.data()[(rows - 1 - k) * spectrogram.step + b] =
-                static_cast<unsigned char>(shade < 0 ? 0 : shade);
-        }
-    }
-    for (double& v : mean) v = 10 * std::log10(v + 1e-6);
-    Picture plot = sheet(640, 360);
-    draw_curve(plot, mean, *std::min_element(mean.begin(), mean.end()), *std::max_element(mean.begin(), mean.end()),
-               160, 60, 40);
-    SHOW(page, spectrogram, fft.PsdFFT(&sound[0], window.data(), power.data(), n));
-    page.show(plot, "the mean of the power over all blocks, in decibels, up to a quarter of the sampling rate", 0,
-              true);
-}
-
-// The magnitudes of a packed spectrum: row 0 and column 0 hold frequency 0; every other pair of columns is
-// one complex column. Drawn for the frequencies it stores, logarithmically.
-Picture magnitudes(const FloatPicture& packed)
-{
-    Picture p(packed.width / 2, packed.height, 1);
-    const int step = packed.step / 4;
-    for (int y = 0; y < packed.height; ++y) {
-        const int from = (y + packed.height / 2) % packed.height;
-        for (int x = 1; x < packed.width / 2; ++x) {
-            const float re = packed.data()[from * step + 2 * x - 1], im = packed.data()[from * step + 2 * x];
-            const double v = 22 * std::log(1 + 0.05 * std::hypot(re, im));
-            p.data()[y * p.step + x] = static_cast<unsigned char>(v > 255 ? 255 : v);
-        }
-    }
-    return p;
-}
-
-void show_image_spectrum(const Picture& photo, Page& page)
-{
-    const int side = 512;
-    FloatPicture grey = brightness(photo), image(side, side, 1), spectrum(side, side, 1), back(side, side, 1);
-    if (photo.width < side || photo.height < 2 * side) return;
-    ImageProcessingWrapper::Copy_32f_C1(
-        grey.data() + (photo.height - side) / 2 * (grey.step / 4) + (photo.width - side) / 2, grey.step, image.data(),
-        image.step, side, side);
-    FFT2Wrapper fft(side, side, false);
-    fft.Forward(image.data(), image.step, spectrum.data(), spectrum.step, side, side);
-    SHOW(page, magnitudes(spectrum),
-         (fft.Forward(image.data(), image.step, spectrum.data(), spectrum.step, side, side), true));
-
-    // A low-pass: what lies outside a disc of frequencies is set to 0.
-    const int radius = 24, step = spectrum.step / 4;
-    for (int y = 0; y < side; ++y) {
-        const int fy = y <= side / 2 ? y : side - y;
-        for (int x = 0; x < side; ++x) {
-            const int fx = (x + 1) / 2;
-            // In the first and the last column the rows are packed like a one-dimensional spectrum.
-            const int row = x == 0 || x == side - 1 ? (y + 1) / 2 : fy;
-            if (fx * fx + row * row > radius * radius) spectrum.data()[y * step + x] = 0;
-        }
-    }
-    fft.Inverse(spectrum.data(), spectrum.step, back.data(), back.step, side, side);
-    SHOW(page, to_picture(back),
-         (fft.Inverse(spectrum.data(), spectrum.step, back.data(), back.step, side, side), true));
-}
-
-// All values of the spectrum of a picture whose sides are powers of two.
-std::vector<Complex32f> all_values(FFT2Wrapper& fft, const FloatPicture& image)
-{
-    FloatPicture packed(image.width, image.height, 1);
-    std::vector<Complex32f> all(static_cast<std::size_t>(image.width * image.height));
-    fft.Forward(image.data(), image.step, packed.data(), packed.step, image.width, image.height);
-    ImageProcessingWrapper::PackToCplxExtend_32f32fc_C1R(packed.data(), packed.step, all.data(), 8 * image.width,
-                                                         image.width, image.height);
-    return all;
+    int side = 512;
+    while (side > picture.width || side > picture.height) side /= 2;
+    return part(brightness(picture), (picture.width - side) / 2, (picture.height - side) / 2, side, side);
 }
 
 // With frequency 0 in the middle.
@@ -148,10 +23,8 @@ FloatPicture centred(const FloatPicture& f)
 {
     FloatPicture c(f.width, f.height, 1);
     for (int y = 0; y < f.height; ++y) {
-        for (int x = 0; x < f.width; ++x) {
-            c.data()[y * (c.step / 4) + x] =
-                f.data()[(y + f.height / 2) % f.height * (f.step / 4) + (x + f.width / 2) % f.width];
-        }
+        for (int x = 0; x < f.width; ++x)
+            *c.at(x, y) = *f.at((x + f.width / 2) % f.width, (y + f.height / 2) % f.height);
     }
     return c;
 }
@@ -159,114 +32,137 @@ FloatPicture centred(const FloatPicture& f)
 FloatPicture logarithm_of(const FloatPicture& f)
 {
     FloatPicture l(f.width, f.height, 1);
-    for (int y = 0; y < f.height; ++y) {
-        for (int x = 0; x < f.width; ++x) l.data()[y * (l.step / 4) + x] = std::log(1 + f.data()[y * (f.step / 4) + x]);
-    }
+    W::AddC_32f_C1(f.data(), f.step, 1, l.data(), l.step, f.width, f.height);
+    W::Ln_32f_C1I(l.data(), l.step, l.width, l.height);
     return l;
 }
 
-// The picture that has the magnitudes of one spectrum and the phases of another.
-FloatPicture mixture(FFT2Wrapper& fft, const std::vector<Complex32f>& magnitudes, const std::vector<Complex32f>& phases,
-                     int side)
+FloatPicture transformed(const FloatPicture& image)
 {
-    const int n = side * side;
-    std::vector<float> size(magnitudes.size()), angle(size), sine(size), cosine(size);
-    ImageProcessingWrapper::Magnitude_32fc32f_C1R(magnitudes.data(), 8 * side, size.data(), 4 * side, side, side);
-    ImageProcessingWrapper::Phase_32fc32f_C1R(phases.data(), 8 * side, angle.data(), 4 * side, side, side);
-    SignalProcessingWrapper::SinCos_32f_A11(angle.data(), sine.data(), cosine.data(), n);
-    std::vector<Complex32f> mixed(size.size());
-    for (std::size_t i = 0; i < mixed.size(); ++i) mixed[i] = {size[i] * cosine[i], size[i] * sine[i]};
-    FloatPicture packed(side, side, 1), back(side, side, 1);
-    ImageProcessingWrapper::CplxExtendToPack_32fc32f_C1R(mixed.data(), 8 * side, packed.data(), packed.step, side,
-                                                         side);
-    fft.Inverse(packed.data(), packed.step, back.data(), back.step, side, side);
-    return back;
+    FloatPicture packed(image.width, image.height, 1);
+    FFT2Wrapper fft(image.width, image.height, false);
+    fft.Forward(image.data(), image.step, packed.data(), packed.step, image.width, image.height);
+    return packed;
+}
+
+FloatPicture back_from(const FloatPicture& packed)
+{
+    FloatPicture image(packed.width, packed.height, 1);
+    FFT2Wrapper fft(packed.width, packed.height, false);
+    fft.Inverse(packed.data(), packed.step, image.data(), image.step, packed.width, packed.height);
+    return image;
+}
+
+// All values of a packed spectrum, also those that follow from others by symmetry.
+ComplexPicture all_values(const FloatPicture& packed)
+{
+    ComplexPicture all(packed.width, packed.height, 1);
+    W::PackToCplxExtend_32f32fc_C1R(packed.data(), packed.step, all.data(), all.step, all.width, all.height);
+    return all;
+}
+
+// The picture that has the magnitudes of one spectrum and the phases of another.
+FloatPicture mixture(const ComplexPicture& magnitudes, const ComplexPicture& phases)
+{
+    const int side = phases.width;
+    FloatPicture size(side, side, 1), angle(side, side, 1), sine(side, 1, 1), cosine(side, 1, 1), packed(side, side, 1);
+    W::Magnitude_32fc32f_C1R(magnitudes.data(), magnitudes.step, size.data(), size.step, side, side);
+    W::Phase_32fc32f_C1R(phases.data(), phases.step, angle.data(), angle.step, side, side);
+    ComplexPicture mixed(side, side, 1);
+    for (int y = 0; y < side; ++y) {
+        SignalProcessingWrapper::SinCos_32f_A11(angle.row(y), sine.data(), cosine.data(), side);
+        for (int x = 0; x < side; ++x)
+            *mixed.at(x, y) = {*size.at(x, y) * *cosine.at(x, 0), *size.at(x, y) * *sine.at(x, 0)};
+    }
+    W::CplxExtendToPack_32fc32f_C1R(mixed.data(), mixed.step, packed.data(), packed.step, side, side);
+    return back_from(packed);
 }
 
 // Grey values that lie around the mean; what is far from it is black or white.
 Picture around_the_mean(const FloatPicture& f)
 {
-    double sum = 0, squares = 0;
+    double mean = 0, squares = 0;
+    W::Mean_32f_C1R(f.data(), f.step, f.width, f.height, &mean, false);
     for (int y = 0; y < f.height; ++y) {
-        for (int x = 0; x < f.width; ++x) {
-            const double v = f.data()[y * (f.step / 4) + x];
-            sum += v, squares += v * v;
-        }
+        for (int x = 0; x < f.width; ++x) squares += (*f.at(x, y) - mean) * (*f.at(x, y) - mean);
     }
-    const double n = static_cast<double>(f.width) * f.height, mean = sum / n;
-    const double reach = 2.5 * std::sqrt(squares / n - mean * mean);
+    const double reach = 2.5 * std::sqrt(squares / f.width / f.height);
     return to_picture(f, static_cast<float>(mean - reach), static_cast<float>(mean + reach));
 }
 
-// Magnitude and phase of the photograph's spectrum; and those of two pictures exchanged: it is the phase that shows.
-void show_magnitude_and_phase(const Picture& photo, Page& page)
+// A picture blurred by a kernel, through the product of their spectra.
+void show_product(const FloatPicture& image, Page& page)
 {
-    const int side = 512;
-    if (photo.width < side || photo.height < 2 * side) return;
-    FloatPicture image(side, side, 1), packed(side, side, 1), result(side, side, 1);
-    const FloatPicture grey = brightness(photo);
-    const float* const part = grey.data() + photo.height / 4 * (grey.step / 4) + (photo.width - side);
-    ImageProcessingWrapper::WinHamming_32f_C1R(part, grey.step, image.data(), image.step, side, side);
-    page.show(to_picture(image), "WinHamming_32f_C1R: no edges where the picture ends", 0, true);
-    FFT2Wrapper fft(side, side, false);
-    fft.Forward(image.data(), image.step, packed.data(), packed.step, side, side);
-    ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side);
-    SHOW(page, to_picture(logarithm_of(centred(result)), 4, 16),
-         ImageProcessingWrapper::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side,
-                                                       side));
-    ImageProcessingWrapper::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side);
-    SHOW(page, to_picture(centred(result), -3.2f, 3.2f),
-         ImageProcessingWrapper::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
-
-    Picture letters(side, side, 1);
-    ImageProcessingWrapper::Set_8u_C1(230, letters.data(), letters.step, side, side);
-    for (int line = 0; line < 5; ++line)
-        write_text(letters, 40, 40 + 90 * line, 7, line % 2 == 0 ? "Phase shows" : "the forms");
-    FloatPicture writing(side, side, 1);
-    ImageProcessingWrapper::Convert_8u32f_C1(letters.data(), letters.step, writing.data(), writing.step, side, side);
-    page.show(letters, "a second picture", 0, true);
-    ImageProcessingWrapper::Copy_32f_C1(part, grey.step, image.data(), image.step, side, side);
-    const auto of_photo = all_values(fft, image), of_writing = all_values(fft, writing);
-    page.show(around_the_mean(mixture(fft, of_writing, of_photo, side)),
-              "the magnitudes of the second picture, the phases of the photograph", 0, true);
-    page.show(around_the_mean(mixture(fft, of_photo, of_writing, side)),
-              "the magnitudes of the photograph, the phases of the second picture", 0, true);
-}
-
-void show_noise(const Picture& photo, Page& page)
-{
-    const int width = photo.width, height = photo.height, n = width * height;
-    RandomNumberGenerator random;
-    random.Init(250);
-    std::vector<double> noise(static_cast<std::size_t>(n));
-    random.GenerateGaussian(n, noise.data(), 0.0, 20.0);
-    FloatPicture grey = brightness(photo);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
-            grey.data()[y * (grey.step / 4) + x] += static_cast<float>(
-                noise[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]);
+    const int side = image.width;
+    FloatPicture kernel(side, side, 1);
+    int count = 0;
+    for (int y = -12; y <= 12; ++y) {
+        for (int x = -12; x <= 12; ++x) {
+            const bool on_ring = std::fabs(std::hypot(x, y) - 11) < 0.7;
+            if (on_ring) ++count, *kernel.at((x + side) % side, (y + side) % side) = 1;
+        }
     }
-    SHOW(page, to_picture(grey), random.GenerateGaussian(n, noise.data(), 0.0, 20.0));
-    std::vector<double> histogram(160, 0.0);
-    for (const double v : noise) {
-        const int bin = static_cast<int>(std::floor(v)) + 80;
-        if (bin >= 0 && bin < 160) histogram[static_cast<std::size_t>(bin)] += 1;
-    }
-    Picture plot = sheet(640, 360);
-    draw_columns(plot, histogram, 90, 140, 90);
-    page.show(plot, "the histogram of that noise, deviation 20, from -80 to 80", 0, true);
+    W::MulC_32f_C1(kernel.data(), kernel.step, 1 / static_cast<float>(count), kernel.data(), kernel.step, side, side);
+    const FloatPicture a = transformed(image), b = transformed(kernel), product(side, side, 1);
+    W::MulPack_32f_C1R(a.data(), a.step, b.data(), b.step, product.data(), product.step, side, side);
+    SHOW(page, to_picture(back_from(product)), "Every point becomes a ring: the product with the spectrum of a ring",
+         W::MulPack_32f_C1R(a.data(), a.step, b.data(), b.step, product.data(), product.step, side, side));
 }
 
 }  // namespace
 
-void show_spectra(const Picture& photo, const std::string& sound, Page& page)
+void show_packed_spectra(const Pictures& pictures, Page& page)
 {
-    page.strip(
-        "Spectra and noise",
-        "Power of a spoken sound, block by block; the photograph's two-dimensional spectrum, and what is left of it "
-        "when only the low frequencies stay; Gaussian noise added to the photograph.");
-    show_sound(sound, page);
-    show_image_spectrum(photo, page);
-    show_magnitude_and_phase(photo, page);
-    show_noise(photo, page);
+    page.family("ImageProcessingWrapper", "Packed spectra and windows",
+                "Spectra of pictures in the memory of the pictures: windows, magnitudes and phases, products.");
+    const FloatPicture image = square(pictures.astronaut);
+    const int side = image.width;
+    const FloatPicture windowed(side, side, 1), result(side, side, 1);
+    SHOW(page, to_picture(windowed), "Times a Hamming window: no edges where the picture ends",
+         W::WinHamming_32f_C1R(image.data(), image.step, windowed.data(), windowed.step, side, side));
+    const FloatPicture packed = transformed(windowed);
+    SHOW(page, to_picture(logarithm_of(centred(result)), 4, 15),
+         "Magnitudes of the spectrum, logarithmically, the mean in the middle; right is 256 periods a picture",
+         W::MagnitudePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
+    SHOW(page, to_picture(centred(result), -3.2f, 3.2f), "Its phases: black is -pi, white is pi",
+         W::PhasePack_32f_C1R(packed.data(), packed.step, result.data(), result.step, side, side));
+    show_product(image, page);
+
+    FloatPicture other = square(pictures.retina);
+    if (other.width < side) return;
+    other = part(other, 0, 0, side, side);
+    const ComplexPicture of_one = all_values(transformed(image)), of_other = all_values(transformed(other));
+    page.show(around_the_mean(mixture(of_other, of_one)),
+              "The magnitudes of a retina with the phases of the astronaut: it is the phases that show");
+}
+
+// Zero for frequencies outside a disc, or inside it.
+FloatPicture kept(const FloatPicture& packed, int radius, bool inside)
+{
+    const int side = packed.width;
+    FloatPicture out = packed.copy();
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const int u = (x + 1) / 2;
+            // In the first and the last column the rows are packed like a one-dimensional spectrum.
+            const int v = x == 0 || x == side - 1 ? (y + 1) / 2 : std::min(y, side - y);
+            if ((u * u + v * v <= radius * radius) != inside) *out.at(x, y) = 0;
+        }
+    }
+    return out;
+}
+
+void show_fft2(const Pictures& pictures, Page& page)
+{
+    page.family("FFT2Wrapper", "Two-dimensional transforms",
+                "Pictures to spectra and back. Here frequencies are left out on the way.");
+    const FloatPicture image = square(pictures.astronaut);
+    const int side = image.width;
+    FFT2Wrapper fft(side, side, false);
+    const FloatPicture packed = transformed(image), low = kept(packed, side / 20, true),
+                       high = kept(packed, side / 20, false), out(side, side, 1);
+    SHOW(page, to_picture(out), "What is left of the picture when only the low frequencies stay: one in 400",
+         (fft.Inverse(low.data(), low.step, out.data(), out.step, side, side), true));
+    SHOW(page, to_picture(out, -60, 60), "And when only the others stay",
+         (fft.Inverse(high.data(), high.step, out.data(), out.step, side, side), true));
 }

@@ -1,10 +1,10 @@
-// The elementary functions of vectors against exact values, and what a window does to a spectrum.
+// Vectors: arithmetic, elementary functions against exact values, and what a window does to a spectrum.
 #include <FFTWrapper.h>
 #include <SignalProcessingWrapper.h>
 
+#include <algorithm>
 #include <cmath>
 
-#include "plot.h"
 #include "strips.h"
 
 namespace {
@@ -12,34 +12,70 @@ namespace {
 using W = SignalProcessingWrapper;
 
 constexpr int kPoints = 1 << 16;
+constexpr double kPi = 3.14159265358979323846;
 
-std::vector<float> ramp(double from, double to)
+std::vector<float> ramp(double from, double to, int points = kPoints)
 {
     std::vector<float> x;
-    for (int i = 0; i < kPoints; ++i) x.push_back(static_cast<float>(from + (to - from) * i / (kPoints - 1)));
+    for (int i = 0; i < points; ++i) x.push_back(static_cast<float>(from + (to - from) * i / (points - 1)));
     return x;
 }
 
-// The greatest of each column's errors, in units of the last place of the exact value.
-std::vector<double> errors(const std::vector<float>& result, const std::vector<long double>& exact, int columns)
+std::vector<double> doubles(const std::vector<float>& x) { return {x.begin(), x.end()}; }
+
+void show_memory(Page& page)
 {
-    std::vector<double> worst(static_cast<std::size_t>(columns), 0.0);
+    page.family("SignalProcessingWrapper", "Buffers",
+                "Vectors that begin on 64-byte boundaries: W::Malloc_32f(n) and its like, released by W::Free.");
+    page.family("SignalProcessingWrapper", "Filling and moving",
+                "Elements are moved as if through a temporary, also within one vector.");
+    std::vector<unsigned short> v;
+    for (int i = 0; i < 64; ++i) v.push_back(static_cast<unsigned short>(i < 32 ? 100 * i : 0));
+    std::vector<unsigned short> moved = v;
+    const Run run{"W::Copy_16u(&moved[0], &moved[16], 40)", 0, W::Copy_16u(&moved[0], &moved[16], 40)};
+    page.show(Plot("element", "value", 0, 64, 0, 4000)
+                  .curve({v.begin(), v.end()}, "#999999", "before")
+                  .curve({moved.begin(), moved.end()}, "#3b76a8", "after"),
+              "Forty elements, moved to the right by sixteen within their own vector", run);
+}
+
+void show_vector_arithmetic(Page& page)
+{
+    page.family("SignalProcessingWrapper", "Vector arithmetic",
+                "Sums, products and quotients of vectors and constants.");
+    const int n = 640;
+    const std::vector<float> t = ramp(0, 1, n), fade = ramp(1, 0, n);
+    std::vector<float> low, high, sum(n), product(n);
+    for (const float x : t) {
+        low.push_back(static_cast<float>(std::sin(2 * kPi * 4 * x)));
+        high.push_back(static_cast<float>(0.4 * std::sin(2 * kPi * 30 * x)));
+    }
+    Run run{
+        "W::Add_32f(low.data(), high.data(), sum.data(), n) && W::Mul_32f(sum.data(), fade.data(), product.data(), n)"};
+    run.microseconds = best_microseconds(
+        [&] {
+            return W::Add_32f(low.data(), high.data(), sum.data(), n) &&
+                   W::Mul_32f(sum.data(), fade.data(), product.data(), n);
+        },
+        run.ok);
+    page.show(Plot("time (s)", "amplitude", 0, 1, -1.6, 2.6)
+                  .curve(doubles(sum), "#b9c6d3", "4 Hz and 30 Hz, added")
+                  .curve(doubles(product), "#3b76a8", "times a ramp: faded out"),
+              "Two tones, mixed and faded out", run);
+}
+
+// The greatest of each column's errors, in units of the last place of the exact value.
+std::vector<double> errors(const std::vector<float>& result, const std::vector<long double>& exact)
+{
+    std::vector<double> worst(546, 0.0);
     for (std::size_t i = 0; i < result.size(); ++i) {
         int exponent;
         std::frexp(exact[i], &exponent);
         const long double unit = std::ldexp(1.0L, exponent - 24);
-        const double error = static_cast<double>(std::fabs(result[i] - exact[i]) / unit);
         double& column = worst[i * worst.size() / result.size()];
-        column = std::max(column, error);
+        column = std::max(column, static_cast<double>(std::fabs(result[i] - exact[i]) / unit));
     }
     return worst;
-}
-
-Picture error_plot(const std::vector<float>& result, const std::vector<long double>& exact, double top)
-{
-    Picture p = sheet(640, 200);
-    draw_curve(p, errors(result, exact, p.width - 4), 0, top, 160, 60, 40);
-    return p;
 }
 
 template <class Exact>
@@ -52,59 +88,66 @@ std::vector<long double> exact_of(const std::vector<float>& x, Exact exact)
 
 void show_errors(Page& page)
 {
+    page.family("SignalProcessingWrapper", "Elementary functions",
+                "Exponential, logarithm, angles: their errors against exact values, the worst of 120 arguments at each "
+                "place, in units of the last place. 0.5 is perfect rounding.");
     const std::vector<float> angle = ramp(-25, 25), exponent = ramp(-80, 80), ones(kPoints, 1.0f);
-    std::vector<float> y(kPoints);
+    std::vector<float> y(kPoints), cosine(kPoints);
     const auto sine = exact_of(angle, [](long double x) { return sinl(x); });
-    SHOW(page, error_plot(y, exact_of(exponent, [](long double x) { return expl(x); }), 1),
-         W::Exp_32f(exponent.data(), y.data(), kPoints));
-    SHOW(page, error_plot(y, exact_of(angle, [](long double x) { return atan2l(x, 1); }), 1),
-         W::Atan2_32f_A24(angle.data(), ones.data(), y.data(), kPoints));
-    SHOW(page, error_plot(y, exact_of(angle, [](long double x) { return hypotl(x, 1); }), 1),
-         W::Hypot_32f_A24(angle.data(), ones.data(), y.data(), kPoints));
-    SHOW(page, error_plot(y, sine, 8192), W::Sin_32f_A11(angle.data(), y.data(), kPoints));
-    std::vector<float> cosine(kPoints);
-    SHOW(page, error_plot(y, sine, 8192), W::SinCos_32f_A11(angle.data(), y.data(), cosine.data(), kPoints));
+    const std::string unit = "error (units of the last place)";
+    SHOW(page,
+         Plot("x", unit, -80, 80, 0, 1)
+             .columns(errors(y, exact_of(exponent, [](long double x) { return expl(x); })), "#c25b4e"),
+         "exp(x), to half a unit", W::Exp_32f(exponent.data(), y.data(), kPoints));
+    SHOW(page,
+         Plot("x", unit, -25, 25, 0, 1)
+             .columns(errors(y, exact_of(angle, [](long double x) { return atan2l(x, 1); })), "#c25b4e"),
+         "atan(x)", W::Atan2_32f_A24(angle.data(), ones.data(), y.data(), kPoints));
+    SHOW(page,
+         Plot("x", unit, -25, 25, 0, 1)
+             .columns(errors(y, exact_of(angle, [](long double x) { return hypotl(x, 1); })), "#c25b4e"),
+         "The square root of x^2 + 1", W::Hypot_32f_A24(angle.data(), ones.data(), y.data(), kPoints));
+    SHOW(page, Plot("x (radians)", unit, -25, 25, 0, 8192).columns(errors(y, sine), "#c25b4e"),
+         "sin(x) in the cheap class of 11 bits, which are 8192 units", W::Sin_32f_A11(angle.data(), y.data(), kPoints));
+    SHOW(page, Plot("x (radians)", unit, -25, 25, 0, 8192).columns(errors(y, sine), "#c25b4e"),
+         "sin(x) together with its cosine, in the same class",
+         W::SinCos_32f_A11(angle.data(), y.data(), cosine.data(), kPoints));
 }
 
-std::vector<double> decibels(const std::vector<float>& power, int count)
+std::vector<double> decibels(const std::vector<float>& power, int count, double unit)
 {
     std::vector<double> d;
-    for (int i = 0; i < count; ++i) d.push_back(10 * std::log10(power[static_cast<std::size_t>(i)] + 1e-9));
+    for (int i = 0; i < count; ++i) d.push_back(10 * std::log10(power[static_cast<std::size_t>(i)] * unit + 1e-12));
     return d;
 }
 
 void show_windows(Page& page)
 {
-    const int n = 1024;
-    const double pi = 3.14159265358979323846;
-    std::vector<float> none(n, 1.0f), window(n), tones(n), power(n);
+    page.family("SignalProcessingWrapper", "Vector spectra and windows",
+                "A window keeps the leakage of strong tones from weak ones.");
+    const int n = 1024, bins = 158;
+    std::vector<float> none(n, 1.0f), window(n), tones(n), plain(n), power(n);
     for (int i = 0; i < n; ++i) {
-        const double t = 2 * pi * i / n;
+        const double t = 2 * kPi * i / n;
         tones[static_cast<std::size_t>(i)] = static_cast<float>(std::sin(60.5 * t) + 0.003 * std::sin(90 * t));
     }
-    Picture shape = sheet(640, 200), spectra = sheet(640, 360);
-    SHOW(page, (draw_curve(shape, std::vector<double>(window.begin(), window.end()), 0, 1.05, 60, 90, 160), shape),
+    SHOW(page, Plot("sample", "weight", 0, n, 0, 1.1).curve(doubles(window), "#3b76a8"), "The Hamming window",
          W::WinHamming_32f(none.data(), window.data(), n));
     FFTWrapper fft(n);
-    fft.PsdFFT(tones.data(), none.data(), power.data(), n);
-    draw_curve(spectra, decibels(power, 158), -40, 60, 190, 190, 190);
+    fft.PsdFFT(tones.data(), none.data(), plain.data(), n);
     fft.PsdFFT(tones.data(), window.data(), power.data(), n);
-    draw_curve(spectra, decibels(power, 158), -40, 60, 60, 90, 160);
-    SHOW(page, spectra, fft.PsdFFT(tones.data(), window.data(), power.data(), n));
+    page.show(Plot("periods in 1024 samples", "power (dB)", 0, bins, -100, 40)
+                  .curve(decibels(plain, bins, 4.0 / n / n), "#999999", "without a window")
+                  .curve(decibels(power, bins, 4.0 / n / n / 0.2916), "#3b76a8", "with the Hamming window"),
+              "A tone of 60.5 periods, and one of 90 that is 50 dB weaker: without the window it is hidden");
 }
 
 }  // namespace
 
 void show_vectors(Page& page)
 {
-    page.strip("Elementary functions and windows",
-               "Errors against exact values, each column the worst of a hundred arguments, in units of the last place: "
-               "the sheet is one unit high for "
-               "exponential, arc tangent (from -25 to 25) and hypotenuse, half a unit being perfect rounding, and 2^13 "
-               "units, 11 bits, for "
-               "the sines of the cheap class, alone and together with the cosine. Below, the Hamming window, and a "
-               "tone with one 50 dB weaker beside it: "
-               "without the window (grey) the leakage of the first hides the second.");
+    show_memory(page);
+    show_vector_arithmetic(page);
     show_errors(page);
     show_windows(page);
 }
