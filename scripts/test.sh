@@ -86,6 +86,7 @@ if check "build, 64 bit" build release; then
     check ".deb, 64 bit" scripts/check_archive.sh build/release
     check "static library" scripts/check_static.sh
     check "ports" scripts/check_ports.py
+    check "gallery" scripts/check_gallery.sh build/release
     check "site" scripts/check_site.sh build/release
 fi
 check "clang" scripts/check_clang.sh

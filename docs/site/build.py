@@ -70,7 +70,7 @@ def pictures(gallery):
     found = {}
     if gallery:
         for picture in json.loads((gallery / "pictures.json").read_text()):
-            found.setdefault(picture["family"], []).append(picture)
+            found.setdefault((picture["class"], picture["family"]), []).append(picture)
     return found
 
 
@@ -85,7 +85,8 @@ def family_page(family, shown):
              f"`#include <{family.header}>`; methods of [{family.owner}](@ref {family.owner}).", ""]
     lines += family.text or [f"Its contract is that of the class: [{family.owner}](@ref {family.owner})."]
     if shown:
-        lines += ["", "## In the gallery", "", '<div class="pictures">', *map(figure, shown), "</div>"]
+        lines += ["", "## In the gallery", "", '@htmlonly <div class="pictures">', *map(figure, shown),
+                  "</div> @endhtmlonly"]
         call = next((p["call"] for p in shown if "(" in p["call"]), None)
         if call:
             lines += ["", "## An example", "", "The call that made one of them:", "", "```cpp", call, "```"]
@@ -105,10 +106,22 @@ def write_families(output, found):
         for family in members:
             index.append(f"- @subpage {family.page}")
             written.append(output / f"{family.page}.md")
-            written[-1].write_text(family_page(family, found.get(family.title, [])))
+            written[-1].write_text(family_page(family, found.get(family.key, [])))
         index.append("")
     (output / "families.md").write_text("\n".join(index))
     return [output / "families.md", *written]
+
+
+def copy_gallery(gallery, target):
+    """The gallery with links to the families' pages instead of the headers."""
+    shutil.copytree(gallery, target)
+    page = (target / "index.html").read_text()
+    for members in families.by_class(ROOT / "include").values():
+        for family in members:
+            name = "/".join(family.key)
+            page = re.sub(f'(data-family="{re.escape(name)}" href=)"[^"]*"', rf'\1"../{family.page}.html"', page)
+    page = page.replace("<body>", '<body>\n<p><a href="../index.html">Orvane primitives: reference</a></p>', 1)
+    (target / "index.html").write_text(page)
 
 
 def write_layout(output, gallery):
@@ -158,7 +171,7 @@ def main():
     write_layout(output, gallery)
     subprocess.run(["doxygen", "-"], input=settings(output, inputs, options.version), text=True, check=True)
     if gallery:
-        shutil.copytree(gallery, output / "html/gallery")
+        copy_gallery(gallery, output / "html/gallery")
     else:
         print("without the gallery: scripts/demo.sh makes it")
     print(f"the site: {output / 'html/index.html'}")

@@ -20,6 +20,11 @@ class Family:
     methods: list = field(default_factory=list)  # names and what they do
 
     @property
+    def key(self):
+        """The class, without namespaces, and the title, as the gallery names families."""
+        return self.owner.split("::")[-1], self.title
+
+    @property
     def page(self):
         return "family_" + self.owner.split("::")[-1] + "_" + re.sub(r"\W+", "_", self.title).lower()
 

@@ -1,6 +1,7 @@
 #include "page.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -21,8 +22,8 @@ h2 { font-weight: 600; margin: 2.5rem 0 0; border-top: 1px solid var(--line); pa
 h2 small { font-weight: 400; font-size: .85rem; padding-left: .6rem; }
 p { max-width: 50rem; }
 a { color: var(--link); }
-nav { columns: 16rem; font-size: .9rem; border: 1px solid var(--line); border-radius: 8px; padding: .8rem 1rem; background: var(--card); }
-nav b { display: block; margin-top: .4rem; }
+nav { columns: 4 9rem; font-size: .9rem; border: 1px solid var(--line); border-radius: 8px; padding: .8rem 1rem; background: var(--card); }
+nav b { display: block; margin-top: .4rem; font-size: .8rem; overflow-wrap: anywhere; }
 nav a { display: block; text-decoration: none; padding: .1rem 0; }
 .strip { display: grid; grid-template-columns: repeat(auto-fill, minmax(min(280px, 100%), 1fr)); gap: 1.2rem; margin-top: 1rem; align-items: start; }
 figure { margin: 0; background: var(--card); border: 1px solid var(--line); border-radius: 8px; overflow: hidden; }
@@ -57,7 +58,18 @@ std::string quoted(const std::string& text)
     return out + "\"";
 }
 
-// Three in a row, each cut to three by two.
+// A call as the text of the program has it, with the class in the place of its short name there.
+std::string with_class(std::string call, const std::string& owner)
+{
+    for (const char* alias : {"W::", "M::"}) {
+        for (std::size_t at = call.find(alias); at != std::string::npos; at = call.find(alias, at + owner.size())) {
+            if (at == 0 || (!std::isalnum(static_cast<unsigned char>(call[at - 1])))) call.replace(at, 1, owner);
+        }
+    }
+    return call;
+}
+
+// Four in a row, each cut to three by two.
 Picture strip(const std::vector<Picture>& pictures)
 {
     constexpr int kWidth = 300, kHeight = 200, kGap = 6, kColumns = 4;
@@ -129,7 +141,7 @@ void Page::show(const Picture& picture, const std::string& caption, const Run& r
         thumbnail = number + ".jpg";
         write_jpeg(reduced(picture, kThumbnail), folder_ + "/" + thumbnail);
     }
-    last_ = picture;
+    last_ = picture.copy();  // its buffer may become the next picture
     figure(file, thumbnail, caption, run, bytes);
 }
 
@@ -149,15 +161,16 @@ void Page::figure(const std::string& file, const std::string& thumbnail, const s
     body_ += "<figure><a href=\"" + file + "\"><img loading=\"lazy\" src=\"" + thumbnail + "\" alt=\"" + escaped(alt) +
              "\"></a><figcaption>" + escaped(caption);
     if (!run.ok) body_ += " <span class=\"refused\">returned false</span>";
-    if (!run.call.empty()) {
+    const std::string call = with_class(run.call, owner_);
+    if (!call.empty()) {
         body_ += "<details><summary>the call";
         if (run.microseconds > 0) body_ += ", " + time_text(run.microseconds);
-        body_ += "</summary><code>" + escaped(run.call) + "</code></details>";
+        body_ += "</summary><code>" + escaped(call) + "</code></details>";
     }
     body_ += "</figcaption></figure>\n";
     json_ += (json_.empty() ? "" : ",\n") + ("{\"file\": " + quoted(file)) + ", \"thumbnail\": " + quoted(thumbnail) +
              ", \"class\": " + quoted(title_.empty() ? "" : owner_) + ", \"family\": " + quoted(title_) + ", \"caption\": " +
-             quoted(caption) + ", \"alt\": " + quoted(alt) + ", \"call\": " + quoted(run.call) + "}";
+             quoted(caption) + ", \"alt\": " + quoted(alt) + ", \"call\": " + quoted(call) + "}";
 }
 
 void Page::feature() { featured_.push_back(last_); }

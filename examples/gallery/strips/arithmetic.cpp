@@ -88,6 +88,7 @@ void show_logarithm(const Pictures& pictures, Page& page)
     SHOW_IN_PLACE(page, shifted, image, to_picture(image, std::log(7.f), std::log(150.f)),
                   "The logarithm of its brightness: the faint ones can be seen",
                   W::Ln_32f_C1I(image.data(), image.step, image.width, image.height));
+    page.feature();
     FloatPicture stretched(sky.width, sky.height, 1);
     W::MulC_32f_C1(light.data(), light.step, 1 / 46.f, stretched.data(), stretched.step, sky.width, sky.height);
     SHOW(page, to_picture(back, 1, 255), "The exponential of its brightness: only the brightest are left",

@@ -147,7 +147,6 @@ void show_matrices_of_colour(const Picture& photo, Page& page)
     SHOW(
         page, result, "Colours twice as far from grey",
         W::ColorTwist32f_8u_C3(photo.data(), photo.step, vivid, result.data(), result.step, photo.width, photo.height));
-    page.feature();
 }
 
 void show_composition(const Picture& photo, Page& page)

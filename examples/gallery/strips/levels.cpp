@@ -139,7 +139,8 @@ void show_levels(Page& page)
     ROW(Hypot_32f_A24);
     ROW(Floor_32f);
 #undef ROW
-    table += "</table></div>\n<p id=\"machine\">" + escaped(processor()) + ", Orvane " + orvaneVersionString() + "; calls run at level " + orvaneLevel() + ". " +
+    table += "</table></div>\n<p id=\"machine\">" + escaped(processor()) + ", Orvane " + orvaneVersionString() +
+             "; calls run at level " + orvaneLevel() + ". " +
              (different == 0 ? "All equal." : std::to_string(different) + " differ!") + "</p>\n";
     page.block(table);
 }

@@ -119,7 +119,7 @@ void show_resize(const Pictures& pictures, Page& page)
         "A zone plate of 600 x 600 pixels, whose rings become two pixels fine at the edge, at 0.4 of its size. "
         "What does not average shows rings beside the middle that are not in the picture; the average of areas "
         "shows them much weaker.");
-    page.show(to_picture(zone_plate(600)), "The zone plate");
+    page.show(part(to_picture(zone_plate(600)), 150, 150, 300, 300), "The middle of the zone plate");
     show_interpolations(page, zone_plate(600), 0.4, 2,
                         {{1, "Reduced by the nearest pixel"},
                          {2, "Reduced linearly"},

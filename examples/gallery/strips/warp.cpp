@@ -138,6 +138,7 @@ void show_lens(const Picture& photo, Page& page)
          W::Remap_8u_C3(photo.data(), photo.width, photo.height, photo.step, 0, 0, photo.width, photo.height,
                         distort.x.data(), step, distort.y.data(), step, barrel.data(), barrel.step, photo.width,
                         photo.height, 4));
+    page.feature();
     SHOW(page, straight, "The map that undoes it",
          W::Remap_8u_C3(barrel.data(), photo.width, photo.height, barrel.step, 0, 0, photo.width, photo.height,
                         undo.x.data(), step, undo.y.data(), step, straight.data(), straight.step, photo.width,
@@ -153,5 +154,5 @@ void show_warp(const Pictures& pictures, Page& page)
     show_rotations(pictures, page);
     show_full_turn(pictures.astronaut, page);
     show_document(pictures.page, page);
-    show_lens(pictures.left, page);
+    show_lens(pictures.astronaut, page);
 }
