@@ -60,14 +60,7 @@ struct Buffer {
 template <class T>
 ORV_INLINE void copy_square(View<const T> src, View<T> dst, ptrdiff_t n)
 {
-    for (ptrdiff_t i = 0; i < n; ++i) {
-        if (kVectors && src.has_dense_rows() && dst.has_dense_rows()) {
-            const T* const row = src.at(i, 0);
-            for_vectors(n, dst.at(i, 0), [row](auto load) { return load(row); });
-            continue;
-        }
-        for (ptrdiff_t j = 0; j < n; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
-    }
+    copy_elements(src, dst, n, n);
 }
 
 // copy_square() where the two may share memory. False, and nothing written, when memory runs out.
@@ -675,13 +668,11 @@ ORV_INLINE Status invert_by_cofactors(View<const float> src, View<float> dst, In
 // False for anything but floats of sizes 2 to 4.
 ORV_INLINE bool inverted_by_cofactors(View<const float> src, View<float> dst, int n, Status& status)
 {
-    if (n == 3)
-        return status = invert_by_cofactors<3>(src, dst, [](auto& a, auto& x) { return invert_3x3(a, x); }), true;
-    if (n == 4)
-        return status = invert_by_cofactors<4>(src, dst, [](auto& a, auto& x) { return invert_4x4(a, x); }), true;
-    if (n == 2)
-        return status = invert_by_cofactors<2>(src, dst, [](auto& a, auto& x) { return invert_2x2(a, x); }), true;
-    return false;
+    if (n == 3) status = invert_by_cofactors<3>(src, dst, [](auto& a, auto& x) { return invert_3x3(a, x); });
+    else if (n == 4) status = invert_by_cofactors<4>(src, dst, [](auto& a, auto& x) { return invert_4x4(a, x); });
+    else if (n == 2) status = invert_by_cofactors<2>(src, dst, [](auto& a, auto& x) { return invert_2x2(a, x); });
+    else return false;
+    return true;
 }
 ORV_INLINE bool inverted_by_cofactors(View<const double>, View<double>, int, Status&) { return false; }
 

@@ -240,7 +240,6 @@ void product_by_vectors(const Product<T>& p)
     else strips<simd::widest<T>>(p);
 }
 
-
 template <class T>
 void product_apart(const Product<T>& p)
 {
@@ -248,9 +247,6 @@ void product_apart(const Product<T>& p)
     if (kVectors && p.a.has_dense_columns() && p.dst.has_dense_columns()) return product_by_vectors(p.transposed());
     product_by_elements(p);
 }
-
-template <class T>
-void copy_elements(View<const T> src, View<T> dst, ptrdiff_t width, ptrdiff_t height);
 
 template <class T>
 ORV_INLINE bool touches_sources(const Product<T>& p)
@@ -459,19 +455,6 @@ ORV_INLINE void transpose_apart(View<const float> src, View<float> dst, ptrdiff_
         return;
     }
     elements(0, 0, width, height);
-}
-
-template <class T>
-void copy_elements(View<const T> src, View<T> dst, ptrdiff_t width, ptrdiff_t height)
-{
-    for (ptrdiff_t i = 0; i < height; ++i) {
-        if (kVectors && src.has_dense_rows() && dst.has_dense_rows()) {
-            const T* const row = src.at(i, 0);
-            for_vectors(width, dst.at(i, 0), [row](auto load) { return load(row); });
-            continue;
-        }
-        for (ptrdiff_t j = 0; j < width; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
-    }
 }
 
 void identity(View<float> dst, ptrdiff_t width, ptrdiff_t height)

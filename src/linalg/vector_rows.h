@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/checks.h"
+#include "linalg/views.h"
 #include "simd/partial.h"
 #include "simd/shuffles.h"
 
@@ -24,6 +25,19 @@ ORV_INLINE void for_vectors(std::ptrdiff_t n, T* dst, Compute compute)
     const int rest = static_cast<int>(n - i);
     if (rest > 0) {
         simd::store_part(dst + i, compute([i, rest](const T* p) { return simd::load_part<V>(p + i, rest); }), rest);
+    }
+}
+
+template <class T>
+ORV_INLINE void copy_elements(View<const T> src, View<T> dst, std::ptrdiff_t width, std::ptrdiff_t height)
+{
+    for (std::ptrdiff_t i = 0; i < height; ++i) {
+        if (kVectors && src.has_dense_rows() && dst.has_dense_rows()) {
+            const T* const row = src.at(i, 0);
+            for_vectors(width, dst.at(i, 0), [row](auto load) { return load(row); });
+            continue;
+        }
+        for (std::ptrdiff_t j = 0; j < width; ++j) __builtin_memcpy(dst.at(i, j), src.at(i, j), sizeof(T));
     }
 }
 

@@ -57,6 +57,23 @@ void complex_plane(const Complex32f* src1, int src1Step, const Complex32f* src2,
     op = local;
 }
 
+ORV_INLINE Status status_of(const ComplexProduct&) { return StatusOk; }
+ORV_INLINE Status status_of(const ComplexQuotient& op) { return op.zeros ? StatusDivideByZero : StatusOk; }
+
+template <class Op, class Self>
+ORV_INLINE Status by_values(Self self, const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step,
+                            Complex32f* dst, int dstStep, Size roi, int)
+{
+    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
+    if (may_overlap(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
+        return by_rows(self, 1, src1, src1Step, src2, src2Step, dst, dstStep, roi);
+    }
+    const FloatControl control;
+    Op op;
+    complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
+    return status_of(op);
+}
+
 void multiply(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
 {
     const Rows rows(roi, 1, sizeof(Complex32f), srcStep, dstStep);
@@ -74,31 +91,8 @@ TWO_IMAGES(Sub_32fc_C1, by_parts<FloatDifference<float>>, Complex32f, Complex32f
 ONE_CONSTANT(AddC_32fc_C1, constant_by_parts<FloatSum<float>>, Complex32f, Complex32f, Complex32f, 1)
 ONE_CONSTANT(SubC_32fc_C1, constant_by_parts<FloatDifference<float>>, Complex32f, Complex32f, Complex32f, 1)
 
-Status Mul_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
-                   int dstStep, Size roi)
-{
-    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
-    if (may_overlap(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
-        return by_rows(Mul_32fc_C1, 1, src1, src1Step, src2, src2Step, dst, dstStep, roi);
-    }
-    const FloatControl control;
-    ComplexProduct op;
-    complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
-    return StatusOk;
-}
-
-Status Div_32fc_C1(const Complex32f* src1, int src1Step, const Complex32f* src2, int src2Step, Complex32f* dst,
-                   int dstStep, Size roi)
-{
-    if (const Status bad = check_image(roi, src1, src2, dst)) return bad;
-    if (may_overlap(roi, 1, src1, src1Step, src2, src2Step, dst, dstStep)) {
-        return by_rows(Div_32fc_C1, 1, src1, src1Step, src2, src2Step, dst, dstStep, roi);
-    }
-    const FloatControl control;
-    ComplexQuotient op;
-    complex_plane(src1, src1Step, src2, src2Step, dst, dstStep, roi, op);
-    return op.zeros ? StatusDivideByZero : StatusOk;
-}
+TWO_IMAGES(Mul_32fc_C1, by_values<ComplexProduct>, Complex32f, Complex32f, 1)
+TWO_IMAGES(Div_32fc_C1, by_values<ComplexQuotient>, Complex32f, Complex32f, 1)
 
 Status MulC_32fc_C1(const Complex32f* src, int srcStep, Complex32f value, Complex32f* dst, int dstStep, Size roi)
 {

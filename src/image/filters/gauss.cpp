@@ -75,7 +75,7 @@ void make_weights(int radius, double sigma, Weights& weights)
 constexpr double kNothing = -0.0;
 
 // A source row in double, and as often as the taps reach beyond them its first and its last pixel.
-void widen_row(const float* src, std::ptrdiff_t width, std::ptrdiff_t radius, double* row)
+void widen_with_ends(const float* src, std::ptrdiff_t width, std::ptrdiff_t radius, double* row)
 {
     along_doubles<1>(width, [=](std::ptrdiff_t i, auto lanes, auto) __attribute__((always_inline)) {
         store(row + radius + i, widened<decltype(lanes)>(src + i));
@@ -190,7 +190,7 @@ void smooth(const float* src, int srcStep, float* dst, int dstStep, Size roi, co
         for (int j = 0; j < weights.taps() + count - 1; ++j) {
             const int row = clamped(y - radius + j, roi);
             for (; summed <= row; ++summed) {
-                widen_row(row_at(src, srcStep, summed), roi.width, radius, work.source_row());
+                widen_with_ends(row_at(src, srcStep, summed), roi.width, radius, work.source_row());
                 sum_row<fixed>(work.source_row(), roi.width, weights, work.sums_of_row(summed));
             }
             rows[j] = work.sums_of_row(row);
