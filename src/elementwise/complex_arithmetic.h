@@ -141,29 +141,29 @@ template <class A, class Op>
 ORV_INLINE void complex_row(A a, ComplexVector b, float* dst, std::ptrdiff_t n, Op& op)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    constexpr int N = kComplexes;
-    using F = simd::widest<float>;
-    const auto at = [&](std::ptrdiff_t k) { return simd::to_float(op.many(a.many(k), b.many(k))); };
-    const auto one_at = [&](std::ptrdiff_t k) {
-        const F v = at(k);
-        return __builtin_expect(simd::any(simd::unordered(v, v)), false) ? with_one_nan(v, a, k, op) : v;
-    };
-    const auto store = [dst](std::ptrdiff_t k, F v) { simd::store(dst + 2 * k, v); };
-    const auto others = [&](std::ptrdiff_t end) {
-        for (; i < end - N; i += 2 * N) {
-            F first = at(i), second = at(i + N);
-            if (__builtin_expect(simd::any(simd::unordered(first, second)), false)) {
-                first = with_one_nan(first, a, i, op);
-                second = with_one_nan(second, a, i + N, op);
+    if constexpr (ORV_HAVE_VECTORS) {
+        constexpr int N = kComplexes;
+        using F = simd::widest<float>;
+        const auto at = [&](std::ptrdiff_t k) { return simd::to_float(op.many(a.many(k), b.many(k))); };
+        const auto one_at = [&](std::ptrdiff_t k) {
+            const F v = at(k);
+            return __builtin_expect(simd::any(simd::unordered(v, v)), false) ? with_one_nan(v, a, k, op) : v;
+        };
+        const auto store = [dst](std::ptrdiff_t k, F v) { simd::store(dst + 2 * k, v); };
+        const auto others = [&](std::ptrdiff_t end) {
+            for (; i < end - N; i += 2 * N) {
+                F first = at(i), second = at(i + N);
+                if (__builtin_expect(simd::any(simd::unordered(first, second)), false)) {
+                    first = with_one_nan(first, a, i, op);
+                    second = with_one_nan(second, a, i + N, op);
+                }
+                store(i, first);
+                store(i + N, second);
             }
-            store(i, first);
-            store(i + N, second);
-        }
-        if (i < end) store(i, one_at(i));
-    };
-    if (n >= N) return full_vectors<N>(n, one_at, store, others);
-#endif
+            if (i < end) store(i, one_at(i));
+        };
+        if (n >= N) return full_vectors<N>(n, one_at, store, others);
+    }
     std::uint32_t* const bits = reinterpret_cast<std::uint32_t*>(dst);
     for (; i < n; ++i) {
         const ComplexDouble result = op.one(a.one(i), b.one(i));

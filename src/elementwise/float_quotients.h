@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include "elementwise/scaled_arithmetic.h"
+#include "simd/conversion.h"
 #include "simd/halves.h"
 #include "simd/reductions.h"
 

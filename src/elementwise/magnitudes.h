@@ -13,7 +13,6 @@ ORV_INLINE double root_of_squares(double re, double im)
     return __builtin_sqrt(rounded(rounded(re * re) + rounded(im * im)));
 }
 
-#if ORV_HAVE_VECTORS
 // For few values or, where there is no quicker way, for all.
 #if ORV_HAVE_FUSED
 inline __attribute__((noinline))
@@ -39,20 +38,19 @@ ORV_INLINE floats magnitude(const float* re, const float* im)
     if (quick_magnitude(re, im, &quick)) return quick;
     return magnitude_in_double(re, im);
 }
-#endif
 
 // Of n numbers. The destination may be one of the sources.
 ORV_INLINE void magnitudes(const float* re, const float* im, float* dst, std::ptrdiff_t n)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    constexpr int N = floats::N;
-    if (n >= N) {
-        return full_vectors<N>(
-            n, [=](std::ptrdiff_t k) { return magnitude(re + k, im + k); },
-            [=](std::ptrdiff_t k, floats v) { simd::store(dst + k, v); });
+    if constexpr (ORV_HAVE_VECTORS) {
+        constexpr int N = floats::N;
+        if (n >= N) {
+            return full_vectors<N>(
+                n, [=](std::ptrdiff_t k) { return magnitude(re + k, im + k); },
+                [=](std::ptrdiff_t k, floats v) { simd::store(dst + k, v); });
+        }
     }
-#endif
     for (; i < n; ++i) {
         const double root = root_of_squares(static_cast<double>(get(re + i)), static_cast<double>(get(im + i)));
         put(reinterpret_cast<std::uint32_t*>(dst + i), stored(root));

@@ -17,6 +17,7 @@
 #include "elementwise/float_quotients.h"
 #include "elementwise/full_vectors.h"
 #include "elementwise/long_division.h"
+#include "simd/conversion.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
@@ -164,7 +165,7 @@ ORV_INLINE Status with_quotient(int scaleFactor, Loop loop)
         return op.zeros ? StatusDivideByZero : StatusOk;
     };
     const QuotientOfScalars<T, rounding> scalars = {scaleFactor, false};
-#if ORV_HAVE_VECTORS
+    if constexpr (!ORV_HAVE_VECTORS) return run(scalars);
     // Quotients are rounded by the conversion to integers, and reciprocals are inexact: hosts may have that
     // exception unmasked.
     const FloatControl control;
@@ -185,9 +186,6 @@ ORV_INLINE Status with_quotient(int scaleFactor, Loop loop)
             return run(QuotientInFixedPoint{{scalars, Down{scaleFactor > 18 ? 18 : scaleFactor}}, factor});
         }
     }
-#else
-    return run(scalars);
-#endif
 }
 
 }  // namespace ORV_LEVEL

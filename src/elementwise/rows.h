@@ -15,6 +15,7 @@
 
 #include "core/checks.h"
 #include "elementwise/full_vectors.h"
+#include "simd/partial.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -114,25 +115,19 @@ struct FromTwo {
 };
 
 // Rows of up to so many bytes are read before any of it is stored.
-#if ORV_HAVE_VECTORS
-constexpr int kReadAtOnce = 16;
-#else
-constexpr int kReadAtOnce = 0;
-#endif
+constexpr int kReadAtOnce = ORV_HAVE_VECTORS ? 16 : 0;
 
 template <class T, class Compute>
 ORV_INLINE void run_row(T* dst, std::ptrdiff_t n, Compute compute)
 {
-#if ORV_HAVE_VECTORS
     using Wide = simd::widest<T>;
-    if (n >= Wide::N) {
+    if constexpr (!ORV_HAVE_VECTORS) {
+        for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
+    } else if (n >= Wide::N) {
         row_of_vectors<Wide, pace<Compute>>(dst, n, compute);
     } else {
         short_row(dst, n, compute);
     }
-#else
-    for (std::ptrdiff_t i = 0; i < n; ++i) put(dst + i, compute.one(i));
-#endif
 }
 
 // A region as rows of elements. Rows that follow each other without a gap become one long row:
@@ -202,54 +197,56 @@ struct Pattern {
 };
 
 #if ORV_HAVE_VECTORS
+template <class Word>
+ORV_INLINE simd::half<std::uint32_t> repeated(const void* word)
+{
+    Word bits;
+    std::memcpy(&bits, word, sizeof(bits));
+    return simd::as<std::uint32_t>(simd::splat<simd::half<Word>>(bits));
+}
 // One, two or four constants over 128 bits: the bits of them, whatever they mean.
 template <class T>
-ORV_INLINE __m128i repeat(const T* values, int channels)
+ORV_INLINE simd::half<std::uint32_t> repeated(const T* values, int channels)
 {
-    __m128i pixel = _mm_setzero_si128();
-    if constexpr (sizeof(T) <= 2) {
-        if (channels == 1) return simd::splat<simd::half<T>>(values[0]).v;
-        std::memcpy(&pixel, values, 4 * sizeof(T));
-        return sizeof(T) == 1 ? _mm_shuffle_epi32(pixel, 0) : _mm_unpacklo_epi64(pixel, pixel);
-    } else if constexpr (sizeof(T) == 4) {
-        std::memcpy(&pixel, values, channels == 4 ? 16 : channels == 2 ? 8 : 4);
-        if (channels == 1) return _mm_shuffle_epi32(pixel, 0);
-        return channels == 2 ? _mm_unpacklo_epi64(pixel, pixel) : pixel;
-    } else {
-        std::memcpy(&pixel, values, 8);
-        return _mm_unpacklo_epi64(pixel, pixel);
-    }
+    if (channels == 1) return repeated<simd::word_like<T>>(values);
+    if constexpr (sizeof(T) == 1) return repeated<std::uint32_t>(values);
+    if (sizeof(T) < 4 || (sizeof(T) == 4 && channels == 2)) return repeated<std::uint64_t>(values);
+    return simd::load<simd::half<std::uint32_t>>(reinterpret_cast<const std::uint32_t*>(values));
 }
 
 template <class T>
 ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
 {
     Pattern<T> pattern;
-    __m128i* const row = reinterpret_cast<__m128i*>(pattern.row);
     if (channels != 3) {
         pattern.period = 1;
-        const __m128i once = repeat(values, channels);
-#if ORV_HAVE_FLOAT256
-        // One store: a load of this width would have to wait for two of them.
-        const __m256i twice = _mm256_insertf128_si256(_mm256_castsi128_si256(once), once, 1);
-        _mm256_store_si256(reinterpret_cast<__m256i*>(pattern.row), twice);
-#else
-        row[0] = row[1] = once;
-#endif
+        const auto once = from_bits(simd::as<std::uint64_t>(repeated(values, channels)));
+        // One store where registers are so wide: a load of this width would have to wait for two of them.
+        simd::store(reinterpret_cast<double*>(pattern.row), of_parts(once, once));
         return pattern;
     }
     if constexpr (sizeof(T) <= 4) {
         constexpr int period = 12 / static_cast<int>(sizeof(T));  // the elements of three 32-bit words
         T elements[period];
         for (int i = 0; i < period; ++i) std::memcpy(elements + i, values + i % 3, sizeof(T));
-        int word[3];
-        std::memcpy(word, elements, sizeof(word));
-        const __m128i vectors[3] = {_mm_setr_epi32(word[0], word[1], word[2], word[0]),
-                                    _mm_setr_epi32(word[1], word[2], word[0], word[1]),
-                                    _mm_setr_epi32(word[2], word[0], word[1], word[2])};
+        using Words = simd::half<std::uint32_t>;
+        std::uint32_t w[3];
+        std::memcpy(w, elements, sizeof(w));
+        const Words vectors[3] = {simd::of_lanes(w[0], w[1], w[2], w[0]), simd::of_lanes(w[1], w[2], w[0], w[1]),
+                                  simd::of_lanes(w[2], w[0], w[1], w[2])};
         pattern.period = 3;
-        for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) row[i] = vectors[i % 3];
+        std::uint32_t* const row = reinterpret_cast<std::uint32_t*>(pattern.row);
+        for (int i = 0; i < Pattern<T>::kBytes / 16; ++i) simd::store(row + i * Words::N, vectors[i % 3]);
     }
+    return pattern;
+}
+#else
+// The constants alone, of which the plain loops take each in its turn.
+template <class T>
+ORV_INLINE Pattern<T> make_pattern(const T* values, int channels)
+{
+    Pattern<T> pattern;
+    __builtin_memcpy(pattern.row, values, sizeof(T) * static_cast<std::size_t>(channels));
     return pattern;
 }
 #endif
@@ -292,34 +289,32 @@ inline void constant_plane(const T* values, const T* src, int srcStep, T* dst, i
                            int channels, Op& op)
 {
     const Rows rows(roi, channels, sizeof(T), srcStep, dstStep);
-#if ORV_HAVE_VECTORS
     const Pattern<T> pattern = make_pattern(values, channels);
-    Op local = op;
-    for (int y = 0; y < rows.count; ++y) {
-        const T* const s = row_at(src, srcStep, y);
-        T* const d = row_at(dst, dstStep, y);
-        if (rows.n < simd::widest<T>::N) {
-            short_row(d, rows.n, FromTwo<T, Op>{pattern.row, s, &local});
-        } else if (channels == 3) {
-            pattern_row<3>(pattern, s, d, rows.n, local);
-        } else {
-            pattern_row<1>(pattern, s, d, rows.n, local);
+    if constexpr (ORV_HAVE_VECTORS) {
+        Op local = op;
+        for (int y = 0; y < rows.count; ++y) {
+            const T* const s = row_at(src, srcStep, y);
+            T* const d = row_at(dst, dstStep, y);
+            if (rows.n < simd::widest<T>::N) {
+                short_row(d, rows.n, FromTwo<T, Op>{pattern.row, s, &local});
+            } else if (channels == 3) {
+                pattern_row<3>(pattern, s, d, rows.n, local);
+            } else {
+                pattern_row<1>(pattern, s, d, rows.n, local);
+            }
+        }
+        op = local;
+    } else {
+        for (int y = 0; y < rows.count; ++y) {
+            const T* const s = row_at(src, srcStep, y);
+            T* const d = row_at(dst, dstStep, y);
+            int channel = 0;
+            for (std::ptrdiff_t i = 0; i < rows.n; ++i) {
+                put(d + i, op.one(pattern.row[channel], get(s + i)));
+                if (++channel == channels) channel = 0;
+            }
         }
     }
-    op = local;
-#else
-    T kept[4];
-    __builtin_memcpy(kept, values, sizeof(T) * static_cast<std::size_t>(channels));
-    for (int y = 0; y < rows.count; ++y) {
-        const T* const s = row_at(src, srcStep, y);
-        T* const d = row_at(dst, dstStep, y);
-        int channel = 0;
-        for (std::ptrdiff_t i = 0; i < rows.n; ++i) {
-            put(d + i, op.one(kept[channel], get(s + i)));
-            if (++channel == channels) channel = 0;
-        }
-    }
-#endif
 }
 
 }  // namespace ORV_LEVEL

@@ -174,7 +174,8 @@ ORV_INLINE void with_scaling(int scaleFactor, Loop loop)
         loop(Saturated<T, Kind>{});
     } else if (scaleFactor > Kind::kBits) {
         loop(Nothing<T>{});
-#if ORV_HAVE_VECTORS
+    } else if constexpr (!ORV_HAVE_VECTORS) {
+        loop(Scaled<T, Kind, int>{scaleFactor, 0});
     } else if (scaleFactor < 0) {
         using W = wider_t<T>;
         constexpr int most = 8 * static_cast<int>(sizeof(T));
@@ -194,11 +195,6 @@ ORV_INLINE void with_scaling(int scaleFactor, Loop loop)
             loop(Scaled<T, Kind, ScaleDownCarry<T, W>>{scaleFactor, {scaleFactor}});
         }
     }
-#else
-    } else {
-        loop(Scaled<T, Kind, int>{scaleFactor, 0});
-    }
-#endif
 }
 
 }  // namespace ORV_LEVEL

@@ -35,17 +35,17 @@ ORV_INLINE Rounded2 quick_arctangent(floats2 y, floats2 x)
     // c in eighths, as an integer in the low bits: its place in the tables.
     const ints2 eighth = bits(fused(min(least * reciprocal_estimate(most), 7.25f / 8), 8.0f - 0x1p-8f, kRoundFloat));
     const floats2 c = pick(eighths, eighth);
-    const floats2 numerator = fused_minus(least, c, most);
+    const floats2 numerator = minus_product(least, c, most);
     const floats2 denominator = fused(c, least, most);
     const floats2 denominator_rest = fused(c, least, most - denominator);
     // v, and what a division in single precision leaves of it.
     const floats2 inverse = floats2(1.0f) / denominator;
     const floats2 v = numerator * inverse;
-    const floats2 v_rest = fused_minus(fused_minus(numerator, v, denominator), v, denominator_rest) * inverse;
+    const floats2 v_rest = minus_product(minus_product(numerator, v, denominator), v, denominator_rest) * inverse;
     // atan(v) = v + tail.
     const floats2 z = v * v;
     const floats2 p = fused(fused(z, -0x1.25921ap-3f, 0x1.999d1ep-3f), z, -0x1.555556p-2f);
-    const floats2 tail = fused(z * v, p, fused_minus(v_rest, z, v_rest));
+    const floats2 tail = fused(z * v, p, minus_product(v_rest, z, v_rest));
 
     // Sums of three parts: what the rounded sum leaves of the smaller one joins the rest.
     const floats2 c_angle = pick(angle_high, eighth);

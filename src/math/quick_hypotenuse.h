@@ -19,8 +19,8 @@ ORV_INLINE auto quick_hypotenuse(F a, F b)
     const F sum = most + least, root = sqrt(sum);
     // All of these are exact but for digits below 2^-149, which is 2^-89 of the smallest sum in range.
     const F sum_rest = least - (sum - most);
-    const F square_rests = fused_less(a, a, aa) + fused_less(b, b, bb);
-    const F left = fused_minus(sum, root, root) + (sum_rest + square_rests);
+    const F square_rests = product_minus(a, a, aa) + product_minus(b, b, bb);
+    const F left = minus_product(sum, root, root) + (sum_rest + square_rests);
     auto result = round_pair(root, left * (reciprocal_root_estimate(max(sum, 0x1p-60f)) * 0.5f), 0x1p-34f);
     const auto in_range = between(most, 0x21800000, 0x7B800000);  // 2^-60 to 2^120
     const auto zeros = equal(from_bits(bits(a) | bits(b)), 0.0f);

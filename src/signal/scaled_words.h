@@ -12,6 +12,7 @@
 #include "core/float_control.h"
 #include "elementwise/full_vectors.h"
 #include "elementwise/scaled_arithmetic.h"
+#include "simd/conversion.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {

@@ -81,17 +81,17 @@ Status RealToCplx_32f(const float* re, const float* im, Complex32f* dst, Length 
     const uint32_t* const imaginary = reinterpret_cast<const uint32_t*>(im);
     uint32_t* const parts = reinterpret_cast<uint32_t*>(dst);
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    using V = simd::half<uint32_t>;
-    const auto load = [](const uint32_t* p, std::ptrdiff_t k) {
-        return p != nullptr ? simd::load<V>(p + k) : simd::zero<V>();
-    };
-    for (; i + V::N <= n; i += V::N) {
-        const auto both = interleave(load(real, i), load(imaginary, i));
-        simd::store(parts + 2 * i, simd::as<uint32_t>(both.lo));
-        simd::store(parts + 2 * i + V::N, simd::as<uint32_t>(both.hi));
+    if constexpr (ORV_HAVE_VECTORS) {
+        using V = simd::half<uint32_t>;
+        const auto load = [](const uint32_t* p, std::ptrdiff_t k) {
+            return p != nullptr ? simd::load<V>(p + k) : simd::zero<V>();
+        };
+        for (; i + V::N <= n; i += V::N) {
+            const auto both = interleave(load(real, i), load(imaginary, i));
+            simd::store(parts + 2 * i, simd::as<uint32_t>(both.lo));
+            simd::store(parts + 2 * i + V::N, simd::as<uint32_t>(both.hi));
+        }
     }
-#endif
     for (; i < n; ++i) {
         put(parts + 2 * i, real != nullptr ? get(real + i) : 0);
         put(parts + 2 * i + 1, imaginary != nullptr ? get(imaginary + i) : 0);

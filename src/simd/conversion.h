@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/nan.h"
+#include "simd/partial.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -77,38 +78,76 @@ struct load_as<vec<float, 4>> {
         return to_float(load_as<vec<s32, 4>>::from(p));
     }
 };
-#endif
+
+// Rounded to float.
+ORV_INLINE void store(float* p, vec<double, 2> a)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castps_si128(_mm_cvtpd_ps(a.v)));
+}
+
+// Bytes that two narrow()s have made of four vectors, in memory order.
+ORV_INLINE vec<u8, 16> narrowed_twice(vec<u8, 16> a) { return a; }
+
+// 32-bit lanes from 0 to the most of the narrower type, packed in memory order.
+ORV_INLINE vec<u16, 8> pack(vec<s32, 4> a, vec<s32, 4> b)
+{
+    return narrow(pair<vec<u32, 4>>{{a.v}, {b.v}});
+}
+template <int N>
+ORV_INLINE vec<u8, 4 * N> pack(vec<s32, N> a, vec<s32, N> b, vec<s32, N> c, vec<s32, N> d)
+{
+    using Words = vec<s16, 2 * N>;
+    const Words low = narrow(pair<vec<s32, N>>{a, b}), high = narrow(pair<vec<s32, N>>{c, d});
+    return narrowed_twice(narrow(pair<vec<u16, 2 * N>>{{low.v}, {high.v}}));
+}
+
+// Lanes of all ones and all zeros as bytes, in memory order.
+template <class T>
+ORV_INLINE vec<u8, 16> pack_masks(vec<T, 16 / sizeof(T)> a, vec<T, 16 / sizeof(T)> b)
+{
+    static_assert(sizeof(T) == 2, "words");
+    return {_mm_packs_epi16(a.v, b.v)};
+}
+ORV_INLINE vec<u8, 16> pack_masks(vec<s32, 4> a, vec<s32, 4> b, vec<s32, 4> c, vec<s32, 4> d)
+{
+    return {_mm_packs_epi16(_mm_packs_epi32(a.v, b.v), _mm_packs_epi32(c.v, d.v))};
+}
+
+// Toward minus infinity; NaNs become quiet.
+ORV_INLINE vec<float, 4> floor(vec<float, 4> a)
+{
+    using V = vec<float, 4>;
+    const V toward_zero = to_float(truncate(a));
+    const V below = toward_zero - (less(a, toward_zero) & V(1.0f));
+    const V sign = from_bits(bits(a) & vec<u32, 4>(0x80000000));
+    const V small = less(magnitude(a), 0x1p23f);  // from 2^23 on: an integer already
+    return select(small, from_bits(bits(below) | bits(sign)), a + V(0.0f));
+}
 
 #if ORV_HAVE_FLOAT256
 using four_doubles = vec<double, 4>;
-#elif ORV_HAVE_VECTORS
-using four_doubles = twice<vec<double, 2>>;
-#endif
-#if ORV_HAVE_FLOAT256
 template <>
 struct load_as<vec<double, 4>> {
     static ORV_INLINE vec<double, 4> from(const float* p) { return {_mm256_cvtps_pd(_mm_loadu_ps(p))}; }
-#if ORV_HAVE_INT256
     static ORV_INLINE vec<double, 4> from(const u8* p) { return {_mm256_cvtepi32_pd(_mm_cvtepu8_epi32(load_32(p)))}; }
     static ORV_INLINE vec<double, 4> from(const u16* p) { return {_mm256_cvtepi32_pd(_mm_cvtepu16_epi32(load_64(p)))}; }
-#endif
 };
 ORV_INLINE vec<float, 4> to_float(vec<double, 4> a) { return {_mm256_cvtpd_ps(a.v)}; }
 // Rounded to the digits and the range of floats.
 ORV_INLINE vec<double, 4> to_single(vec<double, 4> a) { return {_mm256_cvtps_pd(_mm256_cvtpd_ps(a.v))}; }
+ORV_INLINE void store(float* p, vec<double, 4> a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a.v)); }
+ORV_INLINE vec<float, 8> floor(vec<float, 8> a)
+{
+    return {_mm256_round_ps(a.v, _MM_FROUND_TO_NEG_INF | _MM_FROUND_NO_EXC)};
+}
+#else
+using four_doubles = twice<vec<double, 2>>;
 #endif
-
-#if ORV_HAVE_VECTORS
 // 2^52 + n has the integer n in its lower half.
 ORV_INLINE four_doubles to_four_doubles(vec<u32, 4> a)
 {
-    const twice<vec<u64, 2>> raised = interleave(a, vec<u32, 4>{_mm_set1_epi32(0x43300000)});
-#if ORV_HAVE_FLOAT256
-    const __m256i both = _mm256_insertf128_si256(_mm256_castsi128_si256(raised.lo.v), raised.hi.v, 1);
-    return vec<double, 4>{_mm256_castsi256_pd(both)} - splat<vec<double, 4>>(0x1p52);
-#else
-    return from_bits(raised) - four_doubles(0x1p52);
-#endif
+    const auto raised = from_bits(interleave(a, vec<u32, 4>(0x43300000)));
+    return of_parts(raised.lo, raised.hi) - four_doubles(0x1p52);
 }
 #endif
 
@@ -152,58 +191,25 @@ struct load_as<twice<vec<double, 4>>> {
         return r;
     }
 };
-#endif
 
-#if ORV_HAVE_VECTORS
-// Rounded to float.
-ORV_INLINE void store(float* p, vec<double, 2> a)
+ORV_INLINE twice<vec<double, 4>> to_double(vec<s32, 8> a)
 {
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castps_si128(_mm_cvtpd_ps(a.v)));
+    return {{_mm256_cvtepi32_pd(_mm256_castsi256_si128(a.v))}, {_mm256_cvtepi32_pd(_mm256_extracti128_si256(a.v, 1))}};
 }
-#if ORV_HAVE_FLOAT256
-ORV_INLINE void store(float* p, vec<double, 4> a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a.v)); }
-#endif
+ORV_INLINE vec<s32, 8> round_to_int(twice<vec<double, 4>> a)
+{
+    const __m256i low = _mm256_castsi128_si256(_mm256_cvtpd_epi32(a.lo.v));
+    return {_mm256_inserti128_si256(low, _mm256_cvtpd_epi32(a.hi.v), 1)};
+}
 
-// Bytes that two narrow()s have made of four vectors, in memory order.
-ORV_INLINE vec<u8, 16> narrowed_twice(vec<u8, 16> a) { return a; }
-#if ORV_HAVE_INT256
 ORV_INLINE vec<u8, 32> narrowed_twice(vec<u8, 32> a)
 {
     return {_mm256_permutevar8x32_epi32(a.v, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7))};
 }
-#endif
-
-// 32-bit lanes from 0 to the most of the narrower type, packed in memory order.
-ORV_INLINE vec<u16, 8> pack(vec<s32, 4> a, vec<s32, 4> b)
-{
-    return narrow(pair<vec<u32, 4>>{{a.v}, {b.v}});
-}
-template <int N>
-ORV_INLINE vec<u8, 4 * N> pack(vec<s32, N> a, vec<s32, N> b, vec<s32, N> c, vec<s32, N> d)
-{
-    using Words = vec<s16, 2 * N>;
-    const Words low = narrow(pair<vec<s32, N>>{a, b}), high = narrow(pair<vec<s32, N>>{c, d});
-    return narrowed_twice(narrow(pair<vec<u16, 2 * N>>{{low.v}, {high.v}}));
-}
-#if ORV_HAVE_INT256
 ORV_INLINE vec<u16, 16> pack(vec<s32, 8> a, vec<s32, 8> b)
 {
     return {_mm256_permute4x64_epi64(_mm256_packus_epi32(a.v, b.v), 0xD8)};
 }
-#endif
-
-// Lanes of all ones and all zeros as bytes, in memory order.
-template <class T>
-ORV_INLINE vec<u8, 16> pack_masks(vec<T, 16 / sizeof(T)> a, vec<T, 16 / sizeof(T)> b)
-{
-    static_assert(sizeof(T) == 2, "words");
-    return {_mm_packs_epi16(a.v, b.v)};
-}
-ORV_INLINE vec<u8, 16> pack_masks(vec<s32, 4> a, vec<s32, 4> b, vec<s32, 4> c, vec<s32, 4> d)
-{
-    return {_mm_packs_epi16(_mm_packs_epi32(a.v, b.v), _mm_packs_epi32(c.v, d.v))};
-}
-#if ORV_HAVE_INT256
 template <class T>
 ORV_INLINE vec<u8, 32> pack_masks(vec<T, 32 / sizeof(T)> a, vec<T, 32 / sizeof(T)> b)
 {
@@ -215,12 +221,9 @@ ORV_INLINE vec<u8, 32> pack_masks(vec<s32, 8> a, vec<s32, 8> b, vec<s32, 8> c, v
     const vec<u8, 32> packed = {_mm256_packs_epi16(_mm256_packs_epi32(a.v, b.v), _mm256_packs_epi32(c.v, d.v))};
     return narrowed_twice(packed);
 }
-#endif
-#endif
 
 // --- Results ----------------------------------------------------------------------------------------
 
-#if ORV_HAVE_INT256
 // One NaN for all.
 ORV_INLINE vec<float, 8> with_one_nan(vec<float, 8> a)
 {

@@ -21,14 +21,11 @@ ORV_INLINE vec<s16, 1> magnitude(vec<s16, 1> a) { return {static_cast<s16>(a.v <
 #if ORV_HAVE_VECTORS
 ORV_INLINE vec<u8, 16> average(vec<u8, 16> a, vec<u8, 16> b) { return {_mm_avg_epu8(a.v, b.v)}; }
 ORV_INLINE vec<u16, 8> average(vec<u16, 8> a, vec<u16, 8> b) { return {_mm_avg_epu16(a.v, b.v)}; }
-#if ORV_HAVE_BYTE_SHUFFLE
-ORV_INLINE vec<s16, 8> magnitude(vec<s16, 8> a) { return {_mm_abs_epi16(a.v)}; }
-#else
 ORV_INLINE vec<s16, 8> magnitude(vec<s16, 8> a)
 {
-    return {_mm_max_epi16(a.v, _mm_sub_epi16(_mm_setzero_si128(), a.v))};
+    if constexpr (ORV_HAVE_BYTE_SHUFFLE) return {_mm_abs_epi16(a.v)};
+    else return {_mm_max_epi16(a.v, _mm_sub_epi16(_mm_setzero_si128(), a.v))};
 }
-#endif
 #endif
 
 #if ORV_HAVE_INT256

@@ -15,6 +15,7 @@
 #include "core/float_control.h"
 #include "core/level.h"
 #include "simd/conversion.h"
+#include "simd/partial.h"
 #include "simd/vec.h"
 
 namespace orv {
@@ -27,6 +28,7 @@ using ints = simd::recast<std::uint32_t, floats>;
 using mask64 = simd::mask_of<doubles>;
 using mask32 = simd::mask_of<floats>;
 using simd::bit_cast;
+using simd::floor;
 using simd::shifted_left;
 using simd::shifted_right;
 using simd::shifted_right_signed;
@@ -94,11 +96,7 @@ ORV_INLINE floats pick_of_four(const float (&table)[4], ints index)
 // Indices are below 2^31.
 ORV_INLINE __m128d lookup_two(const double* table, __m128i index)
 {
-#if ORV_HAVE_SSE41
-    const int first = _mm_cvtsi128_si32(index), second = _mm_extract_epi32(index, 2);
-#else
-    const int first = _mm_cvtsi128_si32(index), second = _mm_cvtsi128_si32(_mm_unpackhi_epi64(index, index));
-#endif
+    const int first = _mm_cvtsi128_si32(index), second = simd::third_dword(index);
     return _mm_loadh_pd(_mm_load_sd(table + first), table + second);
 }
 #if ORV_HAVE_FLOAT256
@@ -132,50 +130,19 @@ ORV_INLINE mask32 less_signed(ints a, ints b)
 {
     return from_bits(simd::as<std::uint32_t>(greater(simd::as<simd::s32>(b), simd::as<simd::s32>(a))));
 }
-#endif
-
-// The sign bit where this bit, 0 or 1, is set.
+// The sign bit where this bit, 0 or 1, is set. A shuffle by the low two bits: shifts would compete with multiplications
+// for their ports.
 template <int bit>
 ORV_INLINE ints sign_if(ints a)
 {
-#if ORV_HAVE_INT256
-    // A shuffle by the low two bits: shifts would compete with multiplications for their ports.
     alignas(16) static const float signs[4] = {0.0f, bit == 0 ? -0.0f : 0.0f, bit == 0 ? 0.0f : -0.0f, -0.0f};
     return bits(pick_of_four(signs, a));
-#else
-    return shifted_left<31 - bit>(a) & ints(0x80000000);
-#endif
 }
-
-// Toward minus infinity; NaNs become quiet.
-#if ORV_HAVE_FLOAT256
-using simd::floor;
-#elif ORV_HAVE_VECTORS
-ORV_INLINE floats floor(floats a)
-{
-    const floats toward_zero = to_float(truncate(a));
-    const floats below = toward_zero - (less(a, toward_zero) & floats(1.0f));
-    const floats sign = from_bits(bits(a) & ints(0x80000000));
-    const mask32 small = less(magnitude(a), 0x1p23f);  // from 2^23 on: an integer already
-    return select(small, from_bits(bits(below) | bits(sign)), a + 0.0f);
-}
-#else
-ORV_INLINE floats floor(floats a)
-{
-    const std::uint32_t b = bits(a).v, size = b & 0x7FFFFFFF;
-    if (size > 0x7F800000) return from_bits(ints(b | 0x00400000));
-    if (size >= 0x4B000000) return a;  // 2^23 and beyond: an integer already
-    const float toward_zero = static_cast<float>(static_cast<std::int32_t>(a.v));
-    const float below = toward_zero > a.v ? toward_zero - 1 : toward_zero;
-    return from_bits(ints(bit_cast<std::uint32_t>(below) | (b & 0x80000000)));
-}
-#endif
 
 // --- Two registers --------------------------------------------------------------------------------
 //
 // For long formulas: the processor looks only so many operations ahead, and where each waits for the one before, two
-// values in step keep it busy. For levels that fuse.
-#if ORV_HAVE_FUSED
+// values in step keep it busy.
 using floats2 = simd::twice<floats>;
 using ints2 = simd::twice<ints>;
 using mask2 = simd::mask_of<floats2>;
@@ -188,6 +155,8 @@ ORV_INLINE floats2 pick_of_four(const float (&table)[4], ints2 i)
 }
 ORV_INLINE mask2 less_signed(ints2 a, ints2 b) { return {less_signed(a.lo, b.lo), less_signed(a.hi, b.hi)}; }
 template <int bit> ORV_INLINE ints2 sign_if(ints2 x) { return {sign_if<bit>(x.lo), sign_if<bit>(x.hi)}; }
+#else
+template <int bit> ORV_INLINE ints sign_if(ints a) { return shifted_left<31 - bit>(a) & ints(0x80000000); }
 #endif
 
 }  // namespace ORV_LEVEL

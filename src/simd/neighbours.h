@@ -29,18 +29,6 @@ ORV_INLINE vec<double, 2> exchanged(vec<double, 2> a) { return {_mm_shuffle_pd(a
 ORV_INLINE vec<double, 2> even_of(vec<double, 2> a, vec<double, 2> b) { return {_mm_unpacklo_pd(a.v, b.v)}; }
 ORV_INLINE vec<double, 2> odd_of(vec<double, 2> a, vec<double, 2> b) { return {_mm_unpackhi_pd(a.v, b.v)}; }
 template <> ORV_INLINE vec<double, 2> splat_two(double first, double second) { return {_mm_setr_pd(first, second)}; }
-#if !ORV_HAVE_FLOAT256
-ORV_INLINE vec<double, 2> product_minus_plus(vec<double, 2> a, vec<double, 2> b, vec<double, 2> c)
-{
-    return a * b + (c ^ splat_two<vec<double, 2>>(-0.0, 0.0));
-}
-ORV_INLINE vec<double, 2> product_plus_minus(vec<double, 2> a, vec<double, 2> b, vec<double, 2> c)
-{
-    return a * b + (c ^ splat_two<vec<double, 2>>(0.0, -0.0));
-}
-#endif
-#endif
-
 #if ORV_HAVE_FLOAT256
 ORV_INLINE vec<double, 4> even_twice(vec<double, 4> a) { return {_mm256_unpacklo_pd(a.v, a.v)}; }
 ORV_INLINE vec<double, 4> odd_twice(vec<double, 4> a) { return {_mm256_unpackhi_pd(a.v, a.v)}; }
@@ -58,23 +46,24 @@ ORV_INLINE vec<double, 4> splat_two(double first, double second)
     const __m128d two = _mm_setr_pd(first, second);
     return {_mm256_insertf128_pd(_mm256_castpd128_pd256(two), two, 1)};
 }
-#if ORV_HAVE_FUSED
 ORV_INLINE vec<double, 4> product_minus_plus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
 {
-    return {_mm256_fmaddsub_pd(a.v, b.v, c.v)};
+    if constexpr (ORV_HAVE_FUSED) return {_mm256_fmaddsub_pd(a.v, b.v, c.v)};
+    else return {_mm256_addsub_pd((a * b).v, c.v)};
 }
 ORV_INLINE vec<double, 4> product_plus_minus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
 {
-    return {_mm256_fmsubadd_pd(a.v, b.v, c.v)};
+    if constexpr (ORV_HAVE_FUSED) return {_mm256_fmsubadd_pd(a.v, b.v, c.v)};
+    else return product_minus_plus(a, b, c ^ splat<vec<double, 4>>(-0.0));
 }
 #else
-ORV_INLINE vec<double, 4> product_minus_plus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
+ORV_INLINE vec<double, 2> product_minus_plus(vec<double, 2> a, vec<double, 2> b, vec<double, 2> c)
 {
-    return {_mm256_addsub_pd((a * b).v, c.v)};
+    return a * b + (c ^ splat_two<vec<double, 2>>(-0.0, 0.0));
 }
-ORV_INLINE vec<double, 4> product_plus_minus(vec<double, 4> a, vec<double, 4> b, vec<double, 4> c)
+ORV_INLINE vec<double, 2> product_plus_minus(vec<double, 2> a, vec<double, 2> b, vec<double, 2> c)
 {
-    return product_minus_plus(a, b, c ^ splat<vec<double, 4>>(-0.0));
+    return a * b + (c ^ splat_two<vec<double, 2>>(0.0, -0.0));
 }
 #endif
 #endif

@@ -9,17 +9,12 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
-#if ORV_HAVE_VECTORS
 using Doubles = simd::widest<double>;
 template <class D>
 ORV_INLINE D of(double value)
 {
     return simd::splat<D>(value);
 }
-#else
-template <class D>
-ORV_INLINE D of(double value);
-#endif
 template <>
 ORV_INLINE double of<double>(double value)
 {

@@ -21,10 +21,8 @@ ORV_INLINE unsigned mask_of_bytes(vec<u8, 1> a) { return a.v >> 7; }
 ORV_INLINE vec<u64, 2> sum_of_bytes(vec<u8, 16> a) { return {_mm_sad_epu8(a.v, _mm_setzero_si128())}; }
 // a b of two lanes side by side, added.
 ORV_INLINE vec<s32, 4> sum_of_products(vec<s16, 8> a, vec<s16, 8> b) { return {_mm_madd_epi16(a.v, b.v)}; }
-#if ORV_HAVE_BYTE_SHUFFLE
-// Of two bytes side by side; the second factors are signed, the sums saturated.
+// Of two bytes side by side; the second factors are signed, the sums saturated. For levels that shuffle bytes.
 ORV_INLINE vec<s16, 8> sum_of_products(vec<u8, 16> a, vec<s8, 16> b) { return {_mm_maddubs_epi16(a.v, b.v)}; }
-#endif
 ORV_INLINE unsigned mask_of_bytes(vec<u8, 16> a) { return static_cast<unsigned>(_mm_movemask_epi8(a.v)); }
 #endif
 
@@ -35,7 +33,6 @@ ORV_INLINE vec<s16, 16> sum_of_products(vec<u8, 32> a, vec<s8, 32> b) { return {
 ORV_INLINE unsigned mask_of_bytes(vec<u8, 32> a) { return static_cast<unsigned>(_mm256_movemask_epi8(a.v)); }
 #endif
 
-#if ORV_HAVE_VECTORS
 // Bytes of all lanes equal to those of b, one bit each.
 template <class V>
 ORV_INLINE unsigned equal_bytes(V a, V b)
@@ -45,7 +42,6 @@ ORV_INLINE unsigned equal_bytes(V a, V b)
 // All bits set: a mask of every byte of the register.
 template <class V>
 constexpr unsigned all_bytes = sizeof(V) == 32 ? 0xFFFFFFFFu : 0xFFFFu;
-#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace simd

@@ -29,13 +29,9 @@
 #include "core/level.h"
 
 #if ORV_HAVE_FLOAT256
-#include <immintrin.h>
-#elif ORV_HAVE_SSE41
-#include <smmintrin.h>
-#elif ORV_HAVE_BYTE_SHUFFLE
-#include <tmmintrin.h>
+#include <immintrin.h>  // takes the compiler half a second
 #elif ORV_HAVE_VECTORS
-#include <emmintrin.h>
+#include <smmintrin.h>
 #endif
 
 namespace orv {
@@ -58,19 +54,31 @@ template <class T, std::size_t bytes> struct register_of<T, 1, bytes> { using ty
 template <class T, int N> struct register_of<T, N, 16> { using type = __m128i; };
 template <int N> struct register_of<float, N, 16> { using type = __m128; };
 template <int N> struct register_of<double, N, 16> { using type = __m128d; };
+// A shift count in the register that the shift instructions want.
+struct count {
+    __m128i v;
+    explicit ORV_INLINE count(int bits) : v(_mm_cvtsi32_si128(bits)) {}
+    ORV_INLINE int bits() const { return _mm_cvtsi128_si32(v); }
+};
+#else
+struct count {
+    int v;
+    explicit ORV_INLINE count(int bits) : v(bits) {}
+    ORV_INLINE int bits() const { return v; }
+};
 #endif
 #if ORV_HAVE_FLOAT256
 template <int N> struct register_of<float, N, 32> { using type = __m256; };
 template <int N> struct register_of<double, N, 32> { using type = __m256d; };
-#endif
 #if ORV_HAVE_INT256
 template <class T, int N> struct register_of<T, N, 32> { using type = __m256i; };
-#elif ORV_HAVE_FLOAT256
+#else
 // Integers beside floats of 256 bits, where there are none so wide: in two halves. Formulas have them, loops do not.
 struct split_register {
     __m128i lo, hi;
 };
 template <class T, int N> struct register_of<T, N, 32> { using type = split_register; };
+#endif
 #endif
 
 template <class T, int lanes>
@@ -145,21 +153,6 @@ struct products {
     typename register_of<s64, (N > 1 ? N / 2 : 1)>::type even, odd;
 };
 
-#if ORV_HAVE_VECTORS
-// A shift count in the register that the shift instructions want.
-struct count {
-    __m128i v;
-    explicit ORV_INLINE count(int bits) : v(_mm_cvtsi32_si128(bits)) {}
-    ORV_INLINE int bits() const { return _mm_cvtsi128_si32(v); }
-};
-#else
-struct count {
-    int v;
-    explicit ORV_INLINE count(int bits) : v(bits) {}
-    ORV_INLINE int bits() const { return v; }
-};
-#endif
-
 #include "simd/one_lane.inc"
 
 #if ORV_HAVE_VECTORS
@@ -168,45 +161,46 @@ struct count {
 
 #define ORV_BYTES 16
 #define ORV_FROM_SI(type) _mm_castsi128_##type
+#define ORV_TO_SI(type) _mm_cast##type##_si128
 #define ORV_I __m128i
 #define ORV_MM(op) _mm_##op
 #define ORV_SI(op) _mm_##op##_si128
 #define ORV_GAP41(op) ORV_GAP41_128(op)
+#define ORV_SHIFT_32(op, a, c) _mm_##op##_epi32(a.v, c.v)
+#define ORV_COMPARED(type, a, b, op, predicate) _mm_cmp##op##_##type(a, b)
 #include "simd/integer.inc"
 #include "simd/floating.inc"
 #include "simd/double.inc"
-#undef ORV_BYTES
-#undef ORV_FROM_SI
-#undef ORV_I
-#undef ORV_MM
-#undef ORV_SI
-#undef ORV_GAP41
 #undef ORV_GAP41_128
-#endif
-#if ORV_HAVE_FLOAT256 && !ORV_HAVE_INT256
-#include "simd/split.inc"
+#include "simd/end_of_width.inc"
 #endif
 
 #if ORV_HAVE_FLOAT256
 #define ORV_SIMD_WIDE
 #define ORV_BYTES 32
 #define ORV_FROM_SI(type) _mm256_castsi256_##type
+#define ORV_TO_SI(type) _mm256_cast##type##_si256
 #define ORV_MM(op) _mm256_##op
 #define ORV_SI(op) _mm256_##op##_si256
 #define ORV_GAP41(op) _mm256_##op
+// By a count in every lane: one operation where the shift by a single count is two.
+#define ORV_SHIFT_32(op, a, c) _mm256_##op##v_epi32(a.v, _mm256_broadcastd_epi32(c.v))
+#define ORV_COMPARED(type, a, b, op, predicate) _mm256_cmp_##type(a, b, predicate)
 #if ORV_HAVE_INT256
 #define ORV_I __m256i
+ORV_INLINE __m256i blend_by_sign(__m256i a, __m256i b, __m256i mask)
+{
+    return _mm256_castps_si256(
+        _mm256_blendv_ps(_mm256_castsi256_ps(a), _mm256_castsi256_ps(b), _mm256_castsi256_ps(mask)));
+}
 #include "simd/integer.inc"
+#else
+#include "simd/split.inc"
 #endif
 #include "simd/floating.inc"
 #include "simd/double.inc"
 #undef ORV_SIMD_WIDE
-#undef ORV_BYTES
-#undef ORV_FROM_SI
-#undef ORV_I
-#undef ORV_MM
-#undef ORV_SI
-#undef ORV_GAP41
+#include "simd/end_of_width.inc"
 #endif
 
 #include "simd/twice.inc"
@@ -248,57 +242,6 @@ ORV_INLINE V in_register(V a)
     if constexpr (V::N > 1) __asm__("" : "+x"(a.v));
     return a;
 }
-
-// The first and the last `Bytes` (8 or 4) of a row of n lanes, side by side in one vector of 16 bytes; whatever
-// is above holds copies. Every lane is live, so a division sees no made-up zeros.
-template <class V, int Bytes> V load_ends(const typename V::lane* p, std::ptrdiff_t n);
-template <class V, int Bytes> void store_ends(typename V::lane* p, std::ptrdiff_t n, V value);
-
-#if ORV_HAVE_VECTORS
-
-// A 128-bit register of any kind as bits, and back.
-ORV_INLINE __m128i to_bits(__m128i v) { return v; }
-ORV_INLINE __m128i to_bits(__m128 v) { return _mm_castps_si128(v); }
-ORV_INLINE __m128i to_bits(__m128d v) { return _mm_castpd_si128(v); }
-ORV_INLINE void set_bits(__m128i& r, __m128i v) { r = v; }
-ORV_INLINE void set_bits(__m128& r, __m128i v) { r = _mm_castsi128_ps(v); }
-ORV_INLINE void set_bits(__m128d& r, __m128i v) { r = _mm_castsi128_pd(v); }
-
-template <class V, int Bytes>
-ORV_INLINE V load_ends(const typename V::lane* p, std::ptrdiff_t n)
-{
-    const typename V::lane* const last = p + n - Bytes / static_cast<int>(sizeof(typename V::lane));
-    V r;
-    if (Bytes == 8) {
-        set_bits(r.v, _mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
-                                         _mm_loadl_epi64(reinterpret_cast<const __m128i*>(last))));
-    } else {
-        s32 first_word, last_word;
-        std::memcpy(&first_word, p, 4);
-        std::memcpy(&last_word, last, 4);
-        const __m128i both = _mm_unpacklo_epi32(_mm_cvtsi32_si128(first_word),
-                                                _mm_cvtsi32_si128(last_word));
-        set_bits(r.v, _mm_unpacklo_epi64(both, both));
-    }
-    return r;
-}
-
-template <class V, int Bytes>
-ORV_INLINE void store_ends(typename V::lane* p, std::ptrdiff_t n, V value)
-{
-    typename V::lane* const last = p + n - Bytes / static_cast<int>(sizeof(typename V::lane));
-    const __m128i bits = to_bits(value.v);
-    if (Bytes == 8) {
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), bits);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(last), _mm_unpackhi_epi64(bits, bits));
-    } else {
-        const s32 first_word = _mm_cvtsi128_si32(bits);
-        const s32 last_word = _mm_cvtsi128_si32(_mm_shuffle_epi32(bits, 1));
-        std::memcpy(p, &first_word, 4);
-        std::memcpy(last, &last_word, 4);
-    }
-}
-#endif
 
 }  // namespace ORV_LEVEL
 }  // namespace simd

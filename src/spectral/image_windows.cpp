@@ -32,20 +32,20 @@ struct Bartlett {
 void weigh_row(const float* src, const double* weights, double weight, float* dst, std::ptrdiff_t n)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    using V = simd::widest<double>;
-    constexpr int N = V::N;
-    const auto weighted = [&](std::ptrdiff_t k) {
-        return simd::load_as<V>::from(src + k) * (simd::load<V>(weights + k) * V(weight));
-    };
-    for (; n - i >= 4 * N; i += 4 * N) {
-        const V a = weighted(i), b = weighted(i + N), c = weighted(i + 2 * N), d = weighted(i + 3 * N);
-        store(dst + i, a);
-        store(dst + i + N, b);
-        store(dst + i + 2 * N, c);
-        store(dst + i + 3 * N, d);
+    if constexpr (ORV_HAVE_VECTORS) {
+        using V = simd::widest<double>;
+        constexpr int N = V::N;
+        const auto weighted = [&](std::ptrdiff_t k) {
+            return simd::load_as<V>::from(src + k) * (simd::load<V>(weights + k) * V(weight));
+        };
+        for (; n - i >= 4 * N; i += 4 * N) {
+            const V a = weighted(i), b = weighted(i + N), c = weighted(i + 2 * N), d = weighted(i + 3 * N);
+            store(dst + i, a);
+            store(dst + i + N, b);
+            store(dst + i + 2 * N, c);
+            store(dst + i + 3 * N, d);
+        }
     }
-#endif
     for (; i < n; ++i) weigh(src + i, dst + i, rounded(weights[i] * weight));
 }
 

@@ -102,9 +102,7 @@ struct Magnitudes {
         magnitudes(re, im, result, n);
     }
     static ORV_INLINE uint32_t mirrored(uint32_t value) { return value; }
-#if ORV_HAVE_VECTORS
     static ORV_INLINE floats mirrored(floats value) { return value; }
-#endif
 };
 
 struct Phases {
@@ -115,12 +113,10 @@ struct Phases {
     }
     // A NaN stays as it is.
     static ORV_INLINE uint32_t mirrored(uint32_t value) { return is_nan_bits<float>(value) ? value : value ^ kSign; }
-#if ORV_HAVE_VECTORS
     static ORV_INLINE floats mirrored(floats value)
     {
         return simd::select(simd::unordered(value, value), value, value ^ floats(-0.0f));
     }
-#endif
 };
 
 constexpr int kAtOnce = 256;
@@ -135,13 +131,13 @@ ORV_INLINE std::ptrdiff_t block_length(std::ptrdiff_t left) { return left < kAtO
 ORV_INLINE void separate(const float* src, Block& block, std::ptrdiff_t n)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    for (; i + floats::N <= n; i += floats::N) {
-        const simd::twice<floats> both = simd::interleaved<floats>::load(src + 2 * i);
-        store(block.re + i, both.lo);
-        store(block.im + i, both.hi);
+    if constexpr (ORV_HAVE_VECTORS) {
+        for (; i + floats::N <= n; i += floats::N) {
+            const simd::twice<floats> both = simd::interleaved<floats>::load(src + 2 * i);
+            store(block.re + i, both.lo);
+            store(block.im + i, both.hi);
+        }
     }
-#endif
     for (; i < n; ++i) {
         move(src + 2 * i, block.re + i);
         move(src + 2 * i + 1, block.im + i);
@@ -153,13 +149,13 @@ template <class Op>
 ORV_INLINE void store_twice(const float* results, float* dst, float* mirror, std::ptrdiff_t n)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    for (; i + floats::N <= n; i += floats::N) {
-        const floats value = load_floats(results + i);
-        store(dst + i, value);
-        store(mirror - i - (floats::N - 1), simd::reversed(Op::mirrored(value)));
+    if constexpr (ORV_HAVE_VECTORS) {
+        for (; i + floats::N <= n; i += floats::N) {
+            const floats value = load_floats(results + i);
+            store(dst + i, value);
+            store(mirror - i - (floats::N - 1), simd::reversed(Op::mirrored(value)));
+        }
     }
-#endif
     for (; i < n; ++i) {
         put_word(dst + i, word_at(results + i));
         put_word(mirror - i, Op::mirrored(word_at(results + i)));
@@ -239,16 +235,16 @@ Status results_of_complex(const Complex32f* src, int srcStep, float* dst, int ds
 ORV_INLINE void extend_row(const float* src, float* dst, float* mirror, std::ptrdiff_t n)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    alignas(32) static const float signs[8] = {0.0f, -0.0f, 0.0f, -0.0f, 0.0f, -0.0f, 0.0f, -0.0f};
-    const floats conjugate = load_floats(signs);
-    constexpr int kValues = floats::N / 2;
-    for (; i + kValues <= n; i += kValues) {
-        const floats values = load_floats(src + 2 * i);
-        store(dst + 2 * i, values);
-        store(mirror - 2 * (i + kValues - 1), simd::reversed_pairs(values) ^ conjugate);
+    if constexpr (ORV_HAVE_VECTORS) {
+        alignas(32) static const float signs[8] = {0.0f, -0.0f, 0.0f, -0.0f, 0.0f, -0.0f, 0.0f, -0.0f};
+        const floats conjugate = load_floats(signs);
+        constexpr int kValues = floats::N / 2;
+        for (; i + kValues <= n; i += kValues) {
+            const floats values = load_floats(src + 2 * i);
+            store(dst + 2 * i, values);
+            store(mirror - 2 * (i + kValues - 1), simd::reversed_pairs(values) ^ conjugate);
+        }
     }
-#endif
     for (; i < n; ++i) {
         const uint32_t re = word_at(src + 2 * i), im = word_at(src + 2 * i + 1);
         put_word(dst + 2 * i, re);

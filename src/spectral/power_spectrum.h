@@ -72,23 +72,22 @@ ORV_INLINE float power_of(const float* p)
     return rounded(static_cast<float>(rounded(rounded(re * re) + rounded(im * im))));
 }
 
-#if ORV_HAVE_VECTORS
 // Of four values.
+template <class D>
 ORV_INLINE Narrow powers_of_four(const float* p)
 {
     const auto squares = [p](int i) {
-        const auto v = simd::load_as<simd::widest<double>>::from(p + i);
+        const auto v = simd::load_as<D>::from(p + i);
         return v * v;
     };
-#if ORV_HAVE_FLOAT256
-    const simd::four_doubles a = squares(0), b = squares(4);
-    return simd::permuted<0, 2, 1, 3>(to_float(even_of(a, b) + odd_of(a, b)));
-#else
-    const auto a = squares(0), b = squares(2), c = squares(4), d = squares(6);
-    return to_float(simd::four_doubles{even_of(a, b) + odd_of(a, b), even_of(c, d) + odd_of(c, d)});
-#endif
+    if constexpr (D::N == 4) {
+        const D a = squares(0), b = squares(4);
+        return simd::permuted<0, 2, 1, 3>(to_float(even_of(a, b) + odd_of(a, b)));
+    } else {
+        const D a = squares(0), b = squares(2), c = squares(4), d = squares(6);
+        return to_float(simd::twice<D>{even_of(a, b) + odd_of(a, b), even_of(c, d) + odd_of(c, d)});
+    }
 }
-#endif
 
 // out[k] = |X[k]|^2 for all `count` bins of a spectrum of which the first half is given.
 inline void mirrored_power(const float* spectrum, float* out, std::ptrdiff_t count)
@@ -96,13 +95,13 @@ inline void mirrored_power(const float* spectrum, float* out, std::ptrdiff_t cou
     const std::ptrdiff_t half = count / 2;
     put(out, power_of(spectrum));
     std::ptrdiff_t k = 1;
-#if ORV_HAVE_VECTORS
-    for (; k + 4 <= half; k += 4) {
-        const Narrow powers = powers_of_four(spectrum + 2 * k);
-        simd::store(out + k, powers);
-        simd::store(out + count - k - 3, simd::permuted<3, 2, 1, 0>(powers));
+    if constexpr (ORV_HAVE_VECTORS) {
+        for (; k + 4 <= half; k += 4) {
+            const Narrow powers = powers_of_four<simd::widest<double>>(spectrum + 2 * k);
+            simd::store(out + k, powers);
+            simd::store(out + count - k - 3, simd::permuted<3, 2, 1, 0>(powers));
+        }
     }
-#endif
     for (; k < half; ++k) {
         const float power = power_of(spectrum + 2 * k);
         put(out + k, power);

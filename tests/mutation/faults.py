@@ -49,7 +49,7 @@ CONVOLUTION_SUMS = "src/image/filters/convolution_doubles.h"
 CONVOLUTION_FACTORS = "src/image/filters/convolution_factors.h"
 CONVOLUTION_QUOTIENTS = "src/image/filters/convolution_quotients.h"
 
-COMPLEX_START = "    std::ptrdiff_t i = 0;\n#if ORV_HAVE_VECTORS\n    using V = simd::half<uint32_t>;\n"
+COMPLEX_START = "    std::ptrdiff_t i = 0;\n    if constexpr (ORV_HAVE_VECTORS) {\n        using V = simd::half<uint32_t>;\n"
 
 FAULTS = [
     # Reading and writing outside the region.
@@ -125,7 +125,7 @@ FAULTS = [
      "others = 0;\n    for (int i = 1; i <= radius; ++i) others = rounded(others + g[i]);", "Gauss*:Hashes*"),
     ("a row of sums too few is kept", GAUSS, "2 * radius + kTogether < roi.height ? 2 * radius + kTogether :",
      "2 * radius + kTogether - 1 < roi.height ? 2 * radius + kTogether - 1 :", "Gauss*"),
-    ("quotients by a rounded reciprocal", WIENER, "return fused_minus(quotient, fused_less(quotient, V(count_), a), V(inverse_));",
+    ("quotients by a rounded reciprocal", WIENER, "return minus_product(quotient, product_minus(quotient, V(count_), a), V(inverse_));",
      "return quotient;", "Wiener*"),
     ("variances below 0 are summed", WIENER, "select(less(V(0.0), local.variance), local.variance, V(0.0))", "local.variance", "Wiener*"),
     ("a mirrored phase keeps its sign", PACKED, "return is_nan_bits<float>(value) ? value : value ^ kSign;", "return value;", "PackedImages*"),

@@ -114,8 +114,8 @@ OPERATION(ProductMinusPlus, product_minus_plus(a, splat<V>(1), c))
 OPERATION(ProductPlusMinus, product_plus_minus(a, splat<V>(1), c))
 #if ORV_HAVE_FUSED
 OPERATION(Fused, fused(a, b, c))
-OPERATION(FusedMinus, fused_minus(c, a, b))
-OPERATION(FusedLess, fused_less(a, b, c))
+OPERATION(FusedMinus, minus_product(c, a, b))
+OPERATION(FusedLess, product_minus(a, b, c))
 #endif
 OPERATION(Truncate, truncate(a))
 OPERATION(RoundToInt, round_to_int(a))

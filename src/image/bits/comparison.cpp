@@ -91,17 +91,11 @@ ORV_INLINE Status with_constant(Self self, const T* src, int srcStep, const T* v
     }
     const Environment<T> environment;
     const ImageOperand<T, Channels> image{src, srcStep};
-#if ORV_HAVE_VECTORS
     using Word = typename word<T>::type;
     Word words[Channels];
     __builtin_memcpy(words, values, sizeof(words));
     const Pattern<Word> pattern = make_pattern(words, Channels);
     const ConstantOperand<T, Channels> constants{reinterpret_cast<const T*>(pattern.row)};
-#else
-    T kept[Channels];
-    __builtin_memcpy(kept, values, sizeof(kept));
-    const ConstantOperand<T, Channels> constants{kept};
-#endif
     compare<T, Channels>(relation, image, constants, dst, dstStep, roi);
     return StatusOk;
 }

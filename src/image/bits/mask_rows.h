@@ -61,7 +61,6 @@ struct ConstantOperand {
 //
 // Bytes that are 0 where a channel is fine, three or four vectors of them, become a mask of pixels.
 
-#if ORV_HAVE_VECTORS
 // Lanes hold 24 bits, so narrowing may saturate them but never to 0.
 template <class V>
 ORV_INLINE V fine_pixels3(V f0, V f1, V f2)
@@ -85,7 +84,6 @@ ORV_INLINE V fine_pixels4(V f0, V f1, V f2, V f3)
     return pack_masks(equal(simd::as<std::int32_t>(f0), none), equal(simd::as<std::int32_t>(f1), none),
                       equal(simd::as<std::int32_t>(f2), none), equal(simd::as<std::int32_t>(f3), none));
 }
-#endif
 
 // --- Rows -----------------------------------------------------------------------------------------
 
@@ -147,13 +145,13 @@ private:
 template <class T, int Channels, class Test, class A, class B>
 ORV_INLINE void mask_row(std::uint8_t* dst, std::ptrdiff_t n, MaskOf<T, Channels, Test, A, B> compute)
 {
-#if ORV_HAVE_VECTORS
-    using Wide = simd::widest<std::uint8_t>;
-    using Half = simd::half<std::uint8_t>;
-    if (n >= Wide::N) return row_of_vectors<Wide, Pace::kOne>(dst, n, compute);
-    if constexpr (sizeof(T) == 1 && Channels == 1) return short_row(dst, n, compute);
-    if (n >= Half::N) return row_of_vectors<Half, Pace::kOne>(dst, n, compute);
-#endif
+    if constexpr (ORV_HAVE_VECTORS) {
+        using Wide = simd::widest<std::uint8_t>;
+        using Half = simd::half<std::uint8_t>;
+        if (n >= Wide::N) return row_of_vectors<Wide, Pace::kOne>(dst, n, compute);
+        if constexpr (sizeof(T) == 1 && Channels == 1) return short_row(dst, n, compute);
+        if (n >= Half::N) return row_of_vectors<Half, Pace::kOne>(dst, n, compute);
+    }
     for (std::ptrdiff_t i = 0; i < n; ++i) dst[i] = compute.one(i);
 }
 

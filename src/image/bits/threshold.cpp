@@ -179,30 +179,28 @@ template <class T, class Rule>
 void three_channel_plane(const T* src, int srcStep, T* dst, int dstStep, Size roi, const ForThree<T, Rule>& op)
 {
     const Rows rows(roi, 3, sizeof(T), srcStep, dstStep);
-#if ORV_HAVE_VECTORS
     Pattern<T> patterns[Rule::kConstants];
     for (int k = 0; k < Rule::kConstants; ++k) patterns[k] = make_pattern(op.constant[k], 3);
-#endif
     for (int y = 0; y < rows.count; ++y) {
         const T* const s = row_at(src, srcStep, y);
         T* const d = row_at(dst, dstStep, y);
-#if ORV_HAVE_VECTORS
-        using Wide = simd::widest<T>;
-        using Half = simd::half<T>;
-        const auto at = [&](auto pixels, ptrdiff_t phase) {
-            return op.many(patterns, pixels, phase, typename ForThree<T, Rule>::Indices());
-        };
-        if (rows.n >= Wide::N) {
-            three_channel_row<Wide>(d, rows.n,
-                                    [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Wide>(s + i), phase); });
-            continue;
+        if constexpr (ORV_HAVE_VECTORS) {
+            using Wide = simd::widest<T>;
+            using Half = simd::half<T>;
+            const auto at = [&](auto pixels, ptrdiff_t phase) {
+                return op.many(patterns, pixels, phase, typename ForThree<T, Rule>::Indices());
+            };
+            if (rows.n >= Wide::N) {
+                three_channel_row<Wide>(
+                    d, rows.n, [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Wide>(s + i), phase); });
+                continue;
+            }
+            if (rows.n >= Half::N) {
+                three_channel_row<Half>(
+                    d, rows.n, [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Half>(s + i), phase); });
+                continue;
+            }
         }
-        if (rows.n >= Half::N) {
-            three_channel_row<Half>(d, rows.n,
-                                    [&](ptrdiff_t i, ptrdiff_t phase) { return at(simd::load<Half>(s + i), phase); });
-            continue;
-        }
-#endif
         for (ptrdiff_t i = 0; i < rows.n; i += 3) {
             for (int c = 0; c < 3; ++c) put(d + i + c, op.one(c, get(s + i + c)));
         }

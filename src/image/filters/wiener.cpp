@@ -32,7 +32,7 @@ public:
 #if ORV_HAVE_FUSED
         if constexpr (V::N > 1) {
             const V quotient = a * V(inverse_);
-            return fused_minus(quotient, fused_less(quotient, V(count_), a), V(inverse_));
+            return minus_product(quotient, product_minus(quotient, V(count_), a), V(inverse_));
         }
 #endif
         return divide(a);

@@ -82,18 +82,18 @@ template <class From, class To, class Op>
 ORV_INLINE void convert_row(const From* src, To* dst, std::ptrdiff_t n, Op op)
 {
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    if (n >= Op::kLanes) {
-        for (; i < n - Op::kLanes; i += Op::kLanes) simd::store(dst + i, op.many(src + i));
-        simd::store(dst + n - Op::kLanes, op.many(src + n - Op::kLanes));
-        return;
+    if constexpr (ORV_HAVE_VECTORS) {
+        if (n >= Op::kLanes) {
+            for (; i < n - Op::kLanes; i += Op::kLanes) simd::store(dst + i, op.many(src + i));
+            simd::store(dst + n - Op::kLanes, op.many(src + n - Op::kLanes));
+            return;
+        }
+        if (n >= Op::kFewLanes) {
+            for (; i < n - Op::kFewLanes; i += Op::kFewLanes) simd::store(dst + i, op.few(src + i));
+            simd::store(dst + n - Op::kFewLanes, op.few(src + n - Op::kFewLanes));
+            return;
+        }
     }
-    if (n >= Op::kFewLanes) {
-        for (; i < n - Op::kFewLanes; i += Op::kFewLanes) simd::store(dst + i, op.few(src + i));
-        simd::store(dst + n - Op::kFewLanes, op.few(src + n - Op::kFewLanes));
-        return;
-    }
-#endif
     for (; i < n; ++i) put(dst + i, op.one(get(src + i)));
 }
 
@@ -183,7 +183,6 @@ ORV_INLINE Status narrow(Self self, const float* src, int srcStep, To* dst, int 
 // vector from that vector or from a neighbour in the group; so does one of the pixels back to front,
 // once the three vectors are taken back to front. Two groups at a time where vectors are twice as wide.
 
-#if ORV_HAVE_BYTE_SHUFFLE
 // Three vectors side by side. Members, not an array: an array would be kept in memory.
 template <class V>
 struct Group3 {
@@ -265,7 +264,6 @@ ORV_INLINE void reorder_groups(const Groups3<V, false>& groups, const uint8_t* s
         n, [&](std::ptrdiff_t i) __attribute__((always_inline)) { return fetch_group(groups, src + 3 * i); },
         [=](std::ptrdiff_t i, Group3<V> group) __attribute__((always_inline)) { store_group(dst + 3 * i, group); });
 }
-#endif
 
 // --- Channel order --------------------------------------------------------------------------------
 
@@ -279,26 +277,18 @@ ORV_INLINE Pixel<Channels> reordered(Pixel<Channels> p, const int* order)
 
 struct Reorder4 {
     int order[4];
-#if ORV_HAVE_BYTE_SHUFFLE
     uint8_t from[32];  // of the bytes of a vector
-#endif
 
     ORV_INLINE explicit Reorder4(const int* channels)
     {
         for (int c = 0; c < 4; ++c) order[c] = channels[c];
-#if ORV_HAVE_BYTE_SHUFFLE
+        if constexpr (!ORV_HAVE_BYTE_SHUFFLE) return;
         for (int b = 0; b < 32; ++b) from[b] = static_cast<uint8_t>((b & 12) + order[b & 3]);
-#endif
     }
     ORV_INLINE Pixel<4> one(Pixel<4> p) const { return reordered(p, order); }
-#if ORV_HAVE_BYTE_SHUFFLE
     template <class V> ORV_INLINE V many(V p) const
     {
-        return simd::shuffle_bytes(p, simd::load<simd::recast<uint8_t, V>>(from));
-    }
-#elif ORV_HAVE_VECTORS
-    template <class V> ORV_INLINE V many(V p) const
-    {
+        if constexpr (ORV_HAVE_BYTE_SHUFFLE) return simd::shuffle_bytes(p, simd::load<simd::recast<uint8_t, V>>(from));
         using Words = simd::recast<uint32_t, V>;
         const Words low_byte = simd::splat<Words>(255);
         Words r = simd::zero<Words>();
@@ -308,7 +298,6 @@ struct Reorder4 {
         }
         return simd::as<Pixel<4>>(r);
     }
-#endif
 };
 
 // Steps are checked before the size here. Index 3 is refused for three channels as well: there is no
@@ -344,19 +333,19 @@ void reorder_row3(const uint8_t* src, uint8_t* dst, std::ptrdiff_t n, const int*
 
 void reorder3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, const int* order)
 {
-#if ORV_HAVE_BYTE_SHUFFLE
-    uint8_t from[48];
-    for (int b = 0; b < 48; ++b) from[b] = static_cast<uint8_t>(b - b % 3 + order[b % 3]);
-    const auto run = [&](auto groups) {
-        for (int y = 0; y < roi.height; ++y) {
-            reorder_groups(groups, row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width);
-        }
-    };
-    using Wide = Groups3<simd::widest<uint8_t>, false>;
-    using Half = Groups3<simd::half<uint8_t>, false>;
-    if (roi.width >= Wide::kPixels) return run(Wide(from));
-    if (roi.width >= Half::kPixels) return run(Half(from));
-#endif
+    if constexpr (ORV_HAVE_BYTE_SHUFFLE) {
+        uint8_t from[48];
+        for (int b = 0; b < 48; ++b) from[b] = static_cast<uint8_t>(b - b % 3 + order[b % 3]);
+        const auto run = [&](auto groups) {
+            for (int y = 0; y < roi.height; ++y) {
+                reorder_groups(groups, row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width);
+            }
+        };
+        using Wide = Groups3<simd::widest<uint8_t>, false>;
+        using Half = Groups3<simd::half<uint8_t>, false>;
+        if (roi.width >= Wide::kPixels) return run(Wide(from));
+        if (roi.width >= Half::kPixels) return run(Half(from));
+    }
     for (int y = 0; y < roi.height; ++y)
         reorder_row3(row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width, order);
 }
@@ -386,7 +375,7 @@ struct AllButAlpha {
 template <bool mirrored, class Keep, int Bytes>
 struct PixelMoves {
     using P = Pixel<Bytes>;
-    static constexpr bool kMirrored = mirrored;
+    static constexpr bool kMirrored = mirrored, kByVectors = ORV_HAVE_VECTORS;
 
     ORV_INLINE void one(const P* from, P* to) const { *to = Keep::merge(*from, to); }
     using Wide = simd::widest<P>;
@@ -404,7 +393,7 @@ struct PixelMoves {
 // Three-byte pixels back to front; a "vector" is a group.
 struct MirroredPixels3 {
     using P = Pixel<3>;
-    static constexpr bool kMirrored = true;
+    static constexpr bool kMirrored = true, kByVectors = ORV_HAVE_BYTE_SHUFFLE;
 
     ORV_INLINE void one(const P* from, P* to) const { *to = *from; }
 #if ORV_HAVE_BYTE_SHUFFLE
@@ -429,17 +418,13 @@ struct MirroredPixels3 {
         else return fetch_group(half, p->byte);
     }
     template <class V> ORV_INLINE void store(P* p, V g) const { store_group(p->byte, g); }
-#elif ORV_HAVE_VECTORS
-    struct Wide { static constexpr int N = 0; };  // no vectors without a byte shuffle
-    using Half = Wide;
 #endif
 };
 
 template <class Moves>
 ORV_INLINE void move_row(const Moves& moves, const typename Moves::P* src, typename Moves::P* dst, std::ptrdiff_t n)
 {
-#if ORV_HAVE_VECTORS
-    if constexpr (Moves::Wide::N > 0) {
+    if constexpr (Moves::kByVectors) {
         const auto run = [&](auto sample) {
             using V = decltype(sample);
             for (std::ptrdiff_t i = 0; i < n - V::N; i += V::N) {
@@ -450,7 +435,6 @@ ORV_INLINE void move_row(const Moves& moves, const typename Moves::P* src, typen
         if (n >= Moves::Wide::N) return run(typename Moves::Wide());
         if (n >= Moves::Half::N) return run(typename Moves::Half());
     }
-#endif
     for (std::ptrdiff_t i = 0; i < n; ++i) moves.one(src + (Moves::kMirrored ? n - 1 - i : i), dst + i);
 }
 
@@ -461,8 +445,7 @@ ORV_INLINE void exchange_rows(const Moves& moves, typename Moves::P* upper, type
     // In one row each exchange serves two places, so half the way is enough.
     const std::ptrdiff_t end = upper == lower ? (n + 1) / 2 : n;
     std::ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    if constexpr (Moves::Wide::N > 0) {
+    if constexpr (Moves::kByVectors) {
         const auto run = [&](auto sample) {
             using V = decltype(sample);
             for (; i + V::N <= end; i += V::N) {
@@ -476,7 +459,6 @@ ORV_INLINE void exchange_rows(const Moves& moves, typename Moves::P* upper, type
         run(typename Moves::Wide());
         run(typename Moves::Half());
     }
-#endif
     for (; i < end; ++i) {
         auto* const a = upper + i;
         auto* const b = lower + (Moves::kMirrored ? n - 1 - i : i);
@@ -543,22 +525,14 @@ ORV_INLINE void transpose_plain(const Word* src, int srcStep, Word* dst, int dst
 #if ORV_HAVE_VECTORS
 using WordsOfBlock = simd::recast<float, simd::widest<uint32_t>>;
 constexpr int kBlock = WordsOfBlock::N;
-// A source row; where vectors have two parts, those of four rows and of the four below them lie side by side, so that
-// columns come out in memory order, without a crossing of the parts.
-ORV_INLINE WordsOfBlock block_row(const float* row, [[maybe_unused]] int step)
-{
-#if ORV_HAVE_INT256
-    return simd::load_halves(row, row_at(row, step, 4));
-#else
-    return simd::load<WordsOfBlock>(row);
-#endif
-}
-// Four columns of the source.
+// Four columns of the source. Where vectors have two parts, those of four rows and of the four below them lie side by
+// side, so that columns come out in memory order, without a crossing of the parts.
 ORV_INLINE void transpose_strip(const Word* src, int srcStep, Word* dst, int dstStep)
 {
     using V = WordsOfBlock;
     const auto row = [=](int i) {
-        return block_row(reinterpret_cast<const float*>(row_at(src, srcStep, i)), srcStep);
+        const float* const p = reinterpret_cast<const float*>(row_at(src, srcStep, i));
+        return simd::load_parts<V>(p, row_at(p, srcStep, 4));
     };
     const auto store_column = [=](int i, V v) { simd::store(reinterpret_cast<float*>(row_at(dst, dstStep, i)), v); };
     V r0 = row(0), r1 = row(1), r2 = row(2), r3 = row(3);
@@ -573,12 +547,10 @@ ORV_INLINE void transpose_block(const Word* src, int srcStep, Word* dst, int dst
     transpose_strip(src, srcStep, dst, dstStep);
     if (kBlock == 8) transpose_strip(src + 4, srcStep, row_at(dst, dstStep, 4), dstStep);
 }
-#endif
 
 // A tile that stays in the nearest cache on both sides.
 void transpose_tile(const Word* src, int srcStep, Word* dst, int dstStep, int width, int height)
 {
-#if ORV_HAVE_VECTORS
     const int whole_width = width & -kBlock, whole_height = height & -kBlock;
     for (int x = 0; x < whole_width; x += kBlock) {
         for (int y = 0; y < whole_height; y += kBlock) {
@@ -589,10 +561,13 @@ void transpose_tile(const Word* src, int srcStep, Word* dst, int dstStep, int wi
                     height - whole_height);
     transpose_plain(src + whole_width, srcStep, row_at(dst, dstStep, whole_width), dstStep, width - whole_width,
                     height);
-#else
-    transpose_plain(src, srcStep, dst, dstStep, width, height);
-#endif
 }
+#else
+void transpose_tile(const Word* src, int srcStep, Word* dst, int dstStep, int width, int height)
+{
+    transpose_plain(src, srcStep, dst, dstStep, width, height);
+}
+#endif
 
 void transpose_tiles(const Word* src, int srcStep, Word* dst, int dstStep, int width, int height)
 {

@@ -41,18 +41,13 @@ public:
     {
         const char* const from = reinterpret_cast<const char*>(src);
         char* const to = reinterpret_cast<char*>(dst);
-#if ORV_HAVE_INT256
         if constexpr (kWords) {
             if (windows_ == 1) return pick_words<1>(from, to);
             if (windows_ == 2) return pick_words<2>(from, to);
-        }
-#endif
-#if ORV_HAVE_BYTE_SHUFFLE
-        if constexpr (!kWords) {
+        } else if constexpr (ORV_HAVE_BYTE_SHUFFLE) {
             if (windows_ == 1) return pick_blocks<1>(from, to);
             if (windows_ == 2) return pick_blocks<2>(from, to);
         }
-#endif
         for (std::ptrdiff_t x = 0; x < width_; ++x) {
             __builtin_memcpy(to + x * kPixelBytes, from + std::ptrdiff_t{index_[x]} * kPixelBytes, kPixelBytes);
         }
@@ -102,12 +97,11 @@ private:
         return windows;
     }
 
-#if ORV_HAVE_INT256
     template <int Windows>
     ORV_INLINE void pick_words(const char* from, char* to) const
     {
         const auto picked_words = [&](const Block& block) {
-            using V = simd::vec<std::int32_t, 8>;
+            using V = simd::widest<std::int32_t>;
             const auto load = [](const void* p) { return simd::load<V>(static_cast<const std::int32_t*>(p)); };
             const V index = load(block.from), first = permuted(load(from + block.start[0]), index);
             if constexpr (Windows == 1) return first;
@@ -123,9 +117,7 @@ private:
         }
         store(std::ptrdiff_t{first_of(last)} * kPixelBytes, picked_words(blocks[last]));
     }
-#endif
 
-#if ORV_HAVE_BYTE_SHUFFLE
     template <int Windows>
     static ORV_INLINE simd::half<std::uint8_t> picked(const Block& block, const char* from)
     {
@@ -150,7 +142,6 @@ private:
         simd::store(bytes, picked<Windows>(blocks[last], from));
         __builtin_memcpy(to + std::ptrdiff_t{first_of(last)} * kPixelBytes, bytes, kBlockBytes);
     }
-#endif
 
     const int* index_;
     int width_;

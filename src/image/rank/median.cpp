@@ -14,7 +14,6 @@ namespace {
 
 // --- By exchanges ---------------------------------------------------------------------------------
 
-#if ORV_HAVE_VECTORS
 constexpr int kStrip = 512;
 
 // Two rows of results at a time, of a strip of the image: keys of the rows that they need, then the sorted columns
@@ -125,7 +124,6 @@ Status by_exchanges(const float* src, int srcStep, float* dst, int dstStep, Size
     orv_release(memory);
     return StatusOk;
 }
-#endif
 
 // --- By ranks -------------------------------------------------------------------------------------
 
@@ -174,10 +172,10 @@ Status FilterMedian_32f_C1(const float* src, int srcStep, float* dst, int dstSte
 {
     if (const Status bad = check_images(src, srcStep, dst, dstStep, roi)) return bad;
     if (!is_mask_side(maskWidth) || !is_mask_side(maskHeight)) return StatusBadMaskSize;
-#if ORV_HAVE_VECTORS
-    if (maskWidth == 3 && maskHeight == 3) return by_exchanges<3>(src, srcStep, dst, dstStep, roi);
-    if (maskWidth == 5 && maskHeight == 5) return by_exchanges<5>(src, srcStep, dst, dstStep, roi);
-#endif
+    if constexpr (ORV_HAVE_VECTORS) {
+        if (maskWidth == 3 && maskHeight == 3) return by_exchanges<3>(src, srcStep, dst, dstStep, roi);
+        if (maskWidth == 5 && maskHeight == 5) return by_exchanges<5>(src, srcStep, dst, dstStep, roi);
+    }
     return by_ranks(src, srcStep, dst, dstStep, roi, maskWidth, maskHeight);
 }
 

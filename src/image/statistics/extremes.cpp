@@ -76,7 +76,6 @@ struct Extremes {
     }
 };
 
-#if ORV_HAVE_VECTORS
 // The extremes of the lanes of `kVectors` vectors side by side. That many hide the latency of the comparison,
 // and three channels come round after them.
 template <class T, Wanted wanted, int channels>
@@ -189,7 +188,6 @@ struct Lanes {
         }
     }
 };
-#endif
 
 // The extremes of the whole region. A search that has arrived at the end of the range stops within
 // kChunk elements of there.
@@ -198,28 +196,28 @@ Extremes<T> find(const T* src, int srcStep, Size roi)
 {
     Extremes<T> found;
     const Rows rows(roi, channels, sizeof(T), srcStep);
-#if ORV_HAVE_VECTORS
-    using L = Lanes<T, wanted, channels>;
-    constexpr ptrdiff_t kChunk = 64 * L::kStep;
-    L lanes;
-    for (int y = 0; y < rows.count; ++y) {
-        const T* row = row_at(src, srcStep, y);
-        ptrdiff_t n = rows.n;
-        for (; n >= 2 * kChunk; n -= kChunk, row += kChunk) {
-            lanes.include_row(row, kChunk);
+    if constexpr (ORV_HAVE_VECTORS) {
+        using L = Lanes<T, wanted, channels>;
+        constexpr ptrdiff_t kChunk = 64 * L::kStep;
+        L lanes;
+        for (int y = 0; y < rows.count; ++y) {
+            const T* row = row_at(src, srcStep, y);
+            ptrdiff_t n = rows.n;
+            for (; n >= 2 * kChunk; n -= kChunk, row += kChunk) {
+                lanes.include_row(row, kChunk);
+                if (lanes.is_final()) break;
+            }
+            if (n >= L::kStep) lanes.include_row(row, n < 2 * kChunk ? n : kChunk);
+            else lanes.include_short_row(row, n);
             if (lanes.is_final()) break;
         }
-        if (n >= L::kStep) lanes.include_row(row, n < 2 * kChunk ? n : kChunk);
-        else lanes.include_short_row(row, n);
-        if (lanes.is_final()) break;
+        lanes.take(found);
+    } else {
+        for (int y = 0; y < rows.count; ++y) {
+            found.template include_row<wanted>(row_at(src, srcStep, y), rows.n, channels);
+            if (!std::is_same<T, float>::value && found.template is_final<wanted>(channels)) break;
+        }
     }
-    lanes.take(found);
-#else
-    for (int y = 0; y < rows.count; ++y) {
-        found.template include_row<wanted>(row_at(src, srcStep, y), rows.n, channels);
-        if (!std::is_same<T, float>::value && found.template is_final<wanted>(channels)) break;
-    }
-#endif
     return found;
 }
 
@@ -313,27 +311,27 @@ ORV_INLINE bool better(T a, T b)
 template <Wanted wanted, class T>
 ORV_INLINE T best_of(const T* p, ptrdiff_t n, T best)
 {
-#if ORV_HAVE_VECTORS
-    using V = simd::widest<T>;
-    constexpr int kVectors = 4;
-    if (n >= V::N) {
-        const auto join = [](V a, V b) { return wanted == least ? simd::min(a, b) : simd::max(a, b); };
-        const V before = simd::splat<V>(best);
-        V lanes[kVectors] = {before, before, before, before};
-        ptrdiff_t i = 0;
-        for (; i <= n - kVectors * V::N; i += kVectors * V::N) {
-            for (int k = 0; k < kVectors; ++k) lanes[k] = join(lanes[k], simd::load<V>(p + i + k * V::N));
+    if constexpr (ORV_HAVE_VECTORS) {
+        using V = simd::widest<T>;
+        constexpr int kVectors = 4;
+        if (n >= V::N) {
+            const auto join = [](V a, V b) { return wanted == least ? simd::min(a, b) : simd::max(a, b); };
+            const V before = simd::splat<V>(best);
+            V lanes[kVectors] = {before, before, before, before};
+            ptrdiff_t i = 0;
+            for (; i <= n - kVectors * V::N; i += kVectors * V::N) {
+                for (int k = 0; k < kVectors; ++k) lanes[k] = join(lanes[k], simd::load<V>(p + i + k * V::N));
+            }
+            for (; i <= n - V::N; i += V::N) lanes[0] = join(lanes[0], simd::load<V>(p + i));
+            lanes[1] = join(lanes[1], simd::load<V>(p + n - V::N));
+            const V joined = join(join(lanes[0], lanes[1]), join(lanes[2], lanes[3]));
+            if (simd::equal_bytes(joined, before) == simd::all_bytes<V>) return best;
+            T lane[V::N];
+            simd::store(lane, joined);
+            for (int k = 0; k < V::N; ++k) best = better<wanted>(lane[k], best) ? lane[k] : best;
+            return best;
         }
-        for (; i <= n - V::N; i += V::N) lanes[0] = join(lanes[0], simd::load<V>(p + i));
-        lanes[1] = join(lanes[1], simd::load<V>(p + n - V::N));
-        const V joined = join(join(lanes[0], lanes[1]), join(lanes[2], lanes[3]));
-        if (simd::equal_bytes(joined, before) == simd::all_bytes<V>) return best;
-        T lane[V::N];
-        simd::store(lane, joined);
-        for (int k = 0; k < V::N; ++k) best = better<wanted>(lane[k], best) ? lane[k] : best;
-        return best;
     }
-#endif
     for (ptrdiff_t i = 0; i < n; ++i) {
         const T value = get(p + i);
         if (better<wanted>(value, best)) best = value;
@@ -346,14 +344,14 @@ template <class T>
 ORV_INLINE ptrdiff_t index_of(const T* p, ptrdiff_t n, T value)
 {
     ptrdiff_t i = 0;
-#if ORV_HAVE_VECTORS
-    using V = simd::widest<T>;
-    const V wanted = simd::splat<V>(value);
-    for (; i <= n - V::N; i += V::N) {
-        const unsigned mask = simd::equal_bytes(simd::load<V>(p + i), wanted);
-        if (mask != 0) return i + __builtin_ctz(mask) / static_cast<int>(sizeof(T));
+    if constexpr (ORV_HAVE_VECTORS) {
+        using V = simd::widest<T>;
+        const V wanted = simd::splat<V>(value);
+        for (; i <= n - V::N; i += V::N) {
+            const unsigned mask = simd::equal_bytes(simd::load<V>(p + i), wanted);
+            if (mask != 0) return i + __builtin_ctz(mask) / static_cast<int>(sizeof(T));
+        }
     }
-#endif
     while (i < n - 1 && get(p + i) != value) ++i;
     return i;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 #include "core/checks.h"
 #include "core/float_control.h"
@@ -149,14 +150,12 @@ struct Affinity {
 
 // What lies on the horizon or beyond has no point: NaNs.
 ORV_INLINE double reciprocal_if_positive(double w) { return w > 0 ? 1 / w : from_bits_of(kPlainNan64); }
-#if ORV_HAVE_VECTORS
 ORV_INLINE Doubles reciprocal_if_positive(Doubles w)
 {
-    const Doubles in_front = greater(w, of<Doubles>(0));
+    const simd::mask_of<Doubles> in_front = greater(w, of<Doubles>(0));
     return select(in_front, of<Doubles>(1) / select(in_front, w, of<Doubles>(1)),
                   of<Doubles>(from_bits_of(kPlainNan64)));
 }
-#endif
 
 struct Projection {
     static constexpr bool kMonotone = false;  // almost, but for roundings
@@ -211,9 +210,7 @@ private:
 };
 
 ORV_INLINE void load_doubles(double& to, const float* p) { to = static_cast<double>(get(p)); }
-#if ORV_HAVE_VECTORS
 ORV_INLINE void load_doubles(Doubles& to, const float* p) { to = simd::load_as<Doubles>::from(p); }
-#endif
 
 struct Maps {
     static constexpr bool kMonotone = false;
@@ -252,7 +249,6 @@ ORV_INLINE double columns_from<double>(double x)
 {
     return x;
 }
-#if ORV_HAVE_VECTORS
 template <>
 constexpr int lanes<Doubles> = Doubles::N;
 template <>
@@ -261,10 +257,10 @@ ORV_INLINE Doubles columns_from<Doubles>(double x)
     static const double ascending[] = {0, 1, 2, 3};
     return of<Doubles>(x) + simd::load<Doubles>(ascending);
 }
-ORV_INLINE Doubles lanes_within(const Window& window, Doubles x, Doubles y)
+ORV_INLINE simd::mask_of<Doubles> lanes_within(const Window& window, Doubles x, Doubles y)
 {
-    const Doubles columns = greater_equal(x, of<Doubles>(window.left)) & greater(of<Doubles>(window.right), x);
-    const Doubles rows = greater_equal(y, of<Doubles>(window.top)) & greater(of<Doubles>(window.bottom), y);
+    const auto columns = greater_equal(x, of<Doubles>(window.left)) & greater(of<Doubles>(window.right), x);
+    const auto rows = greater_equal(y, of<Doubles>(window.top)) & greater(of<Doubles>(window.bottom), y);
     return columns & rows;
 }
 ORV_INLINE unsigned within(const Window& window, Doubles x, Doubles y)
@@ -272,7 +268,6 @@ ORV_INLINE unsigned within(const Window& window, Doubles x, Doubles y)
     return simd::lanes_of(lanes_within(window, x, y));
 }
 ORV_INLINE void put_lanes(double* to, Doubles value) { simd::store(to, value); }
-#endif
 
 constexpr std::uint64_t first_bits(int count) { return ~std::uint64_t{0} >> (64 - count); }
 
@@ -299,13 +294,13 @@ public:
             }
         }
         int k = 0;
-#if ORV_HAVE_VECTORS
-        if (!Map::kMonotone && count == Chunk::kMost && all_inner(first, x, chunk)) {
-            chunk.shown = chunk.inner = ~std::uint64_t{0};
-            return;
+        if constexpr (ORV_HAVE_VECTORS) {
+            if (!Map::kMonotone && count == Chunk::kMost && all_inner(first, x, chunk)) {
+                chunk.shown = chunk.inner = ~std::uint64_t{0};
+                return;
+            }
+            k = test<Doubles>(first, x, k, count, chunk);
         }
-        k = test<Doubles>(first, x, k, count, chunk);
-#endif
         test<double>(first, x, k, count, chunk);
     }
 
@@ -331,21 +326,16 @@ private:
     // Whole vectors: there is room.
     ORV_INLINE void place_all(double first, int count, Chunk& chunk) const
     {
-#if ORV_HAVE_VECTORS
-        using D = Doubles;
-#else
-        using D = double;
-#endif
+        using D = std::conditional_t<ORV_HAVE_VECTORS, Doubles, double>;
         for (int k = 0; k < count; k += lanes<D>)
             put(map_.template at<D>(row_, columns_from<D>(first + k), 0), k, chunk);
     }
-#if ORV_HAVE_VECTORS
     // Places a whole chunk as if all were inner, and says whether that was so: most often it is, and bits of single
     // pixels cost more than their positions.
     ORV_INLINE bool all_inner(double first, std::int64_t x, Chunk& chunk) const
     {
         for (int k = 0; k < Chunk::kMost; k += 16) {
-            Doubles all = equal(of<Doubles>(0), of<Doubles>(0));
+            simd::mask_of<Doubles> all = equal(of<Doubles>(0), of<Doubles>(0));
             for (int n = k; n < k + 16; n += Doubles::N) {
                 const Position<Doubles> p = map_.template at<Doubles>(row_, columns_from<Doubles>(first + n), x + n);
                 put(p, n, chunk);
@@ -355,7 +345,6 @@ private:
         }
         return true;
     }
-#endif
     // As far as whole steps go; returns how far.
     template <class D>
     ORV_INLINE int test(double first, std::int64_t x, int k, int count, Chunk& chunk) const
