@@ -138,7 +138,7 @@ def write_layout(output, gallery):
 def settings(output, inputs, version):
     style = [STYLE / "doxygen-awesome.css", STYLE / "doxygen-awesome-sidebar-only.css", ROOT / "docs/site/site.css"]
     values = {
-        "INPUT": [ROOT / "include", *inputs],
+        "INPUT": [ROOT / "include", ROOT / "docs/site/layer.dox", *inputs],
         "OUTPUT_DIRECTORY": [output],
         "STRIP_FROM_PATH": [ROOT, output / "pages"],
         "IMAGE_PATH": [output / "images"],

@@ -14,6 +14,7 @@ import sys
 import urllib.parse
 
 import families
+import plots
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PRIVATE = {"FFT2Wrapper::Cleanup", "ImageProcessingWrapper::CalculateShift"}
@@ -91,6 +92,13 @@ def check_families(folder, pages):
                     yield f"{path.name} lacks the first sentence of {family.title}"
 
 
+def check_readme():
+    rows, median = plots.headline(ROOT / "bench/RESULTS.md")
+    readme = " ".join((ROOT / "README.md").read_text().split())
+    if f"Of {rows} rows" not in readme or f"the median is {median:.2f}." not in readme:
+        yield f"README.md: there are {rows} rows, and the median is {median:.2f}"
+
+
 def problems(folder):
     pages = {path: Page(path) for path in folder.rglob("*.html") if "search" not in path.parts}
     found = index(folder)
@@ -104,6 +112,7 @@ def problems(folder):
         if anchor not in pages[folder / file].anchors:
             yield f"{url} of {name} leads nowhere"
     yield from check_families(folder, pages)
+    yield from check_readme()
     for path, page in pages.items():
         for link in dead(page, path, pages):
             yield f"{path.relative_to(folder)}: dead link {link}"

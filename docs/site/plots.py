@@ -120,6 +120,12 @@ plot {", ".join(curves)}
 """)
 
 
+def headline(results):
+    """How many rows the first curve has, and their median."""
+    ratios = [ratio for heading, _, _, ratio in read(results) if heading.startswith(CURVES[0][0])]
+    return len(ratios), statistics.median(ratios)
+
+
 def write(results, folder):
     rows = list(read(results))
     draw_chosen(rows, folder / "speed.svg")
