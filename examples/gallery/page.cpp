@@ -4,7 +4,6 @@
 #include <cctype>
 #include <cstdio>
 #include <fstream>
-#include <stdexcept>
 
 namespace {
 
@@ -131,10 +130,13 @@ void Page::section(const std::string& title, const std::string& text)
 
 void Page::block(const std::string& html) { body_ += "</div>\n" + html + "\n<div class=\"strip\">\n"; }
 
+bool Page::is_new(const std::string& bytes) { return seen_.insert(digest(bytes.data(), bytes.size())).second; }
+
 void Page::show(const Picture& picture, const std::string& caption, const Run& run)
 {
-    const std::string number = std::to_string(++pictures_), file = number + ".png";
     const std::string bytes = png_of(picture);
+    if (!is_new(bytes)) return;
+    const std::string number = std::to_string(++pictures_), file = number + ".png";
     std::ofstream(folder_ + "/" + file, std::ios::binary) << bytes;
     std::string thumbnail = file;
     if (picture.width > kThumbnail || bytes.size() > 60000) {
@@ -142,21 +144,20 @@ void Page::show(const Picture& picture, const std::string& caption, const Run& r
         write_jpeg(reduced(picture, kThumbnail), folder_ + "/" + thumbnail);
     }
     last_ = picture.copy();  // its buffer may become the next picture
-    figure(file, thumbnail, caption, run, bytes);
+    figure(file, thumbnail, caption, run);
 }
 
 void Page::show(const Plot& plot, const std::string& caption, const Run& run)
 {
-    const std::string file = std::to_string(++pictures_) + ".svg", text = plot.svg();
+    const std::string text = plot.svg();
+    if (!is_new(text)) return;
+    const std::string file = std::to_string(++pictures_) + ".svg";
     std::ofstream(folder_ + "/" + file) << text;
-    figure(file, file, caption, run, text);
+    figure(file, file, caption, run);
 }
 
-void Page::figure(const std::string& file, const std::string& thumbnail, const std::string& caption, const Run& run,
-                  const std::string& bytes)
+void Page::figure(const std::string& file, const std::string& thumbnail, const std::string& caption, const Run& run)
 {
-    if (!seen_.insert(digest(bytes.data(), bytes.size())).second)
-        throw std::runtime_error("a picture was shown twice: " + caption);
     const std::string alt = (title_.empty() ? "" : title_ + ": ") + caption;
     body_ += "<figure><a href=\"" + file + "\"><img loading=\"lazy\" src=\"" + thumbnail + "\" alt=\"" + escaped(alt) +
              "\"></a><figcaption>" + escaped(caption);

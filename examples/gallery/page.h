@@ -25,15 +25,15 @@ public:
     void family(const std::string& owner, const std::string& title, const std::string& text);
     void section(const std::string& title, const std::string& text);  // one that is about no family
     void block(const std::string& html);                              // within the section
-    // A picture with a caption. No two pictures may be equal.
+    // A picture with a caption, unless an equal one was shown before: those of a user's own may be grey, say.
     void show(const Picture& picture, const std::string& caption, const Run& run = {});
     void show(const Plot& plot, const std::string& caption, const Run& run = {});
     void feature();      // the last picture belongs to the strip that stands for the gallery
     void write() const;  // index.html, pictures.json, strip.jpg
 
 private:
-    void figure(const std::string& file, const std::string& thumbnail, const std::string& caption, const Run& run,
-                const std::string& bytes);
+    bool is_new(const std::string& bytes);
+    void figure(const std::string& file, const std::string& thumbnail, const std::string& caption, const Run& run);
     void begin(const std::string& title, const std::string& text, const std::string& link);
 
     std::string folder_, body_, contents_, json_, owner_, title_;

@@ -1,6 +1,7 @@
 #include "picture.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 using W = ImageProcessingWrapper;
 
@@ -36,8 +37,20 @@ Picture channel(const Picture& colour, int c)
     return p;
 }
 
+namespace {
+
+template <class T>
+void require_inside(const Rows<T>& picture, int x, int y, int width, int height)
+{
+    if (x < 0 || y < 0 || x + width > picture.width || y + height > picture.height)
+        throw std::out_of_range("a part of a picture that lies outside");
+}
+
+}  // namespace
+
 Picture part(const Picture& picture, int x, int y, int width, int height)
 {
+    require_inside(picture, x, y, width, height);
     Picture p(width, height, picture.channels);
     W::Copy_8u_C1(picture.at(x, y), picture.step, p.data(), p.step, width * p.channels, height);
     return p;
@@ -45,6 +58,7 @@ Picture part(const Picture& picture, int x, int y, int width, int height)
 
 FloatPicture part(const FloatPicture& picture, int x, int y, int width, int height)
 {
+    require_inside(picture, x, y, width, height);
     FloatPicture p(width, height, picture.channels);
     W::Copy_32f_C1(picture.at(x, y), picture.step, p.data(), p.step, width * p.channels, height);
     return p;

@@ -57,23 +57,25 @@ void show_integers(const Pictures& pictures, Page& page)
 // Sixteen exposures of one scene, each with its own noise, summed as floats.
 void show_averaging(const Picture& photo, Page& page)
 {
-    const Picture scene = part(grey(photo), photo.width / 4, photo.height / 4, 240, 160);
+    const int width = std::min(240, photo.width / 2), height = std::min(160, photo.height / 2);
+    const Picture scene = part(grey(photo), photo.width / 4, photo.height / 4, width, height);
     RandomNumberGenerator random;
     random.Init(16);
-    std::vector<double> noise(240);
-    FloatPicture sum(240, 160, 1), exposure(240, 160, 1);
+    std::vector<double> noise(static_cast<std::size_t>(width));
+    FloatPicture sum(width, height, 1), exposure(width, height, 1);
     for (int i = 0; i < 16; ++i) {
-        W::Convert_8u32f_C1(scene.data(), scene.step, exposure.data(), exposure.step, 240, 160);
-        for (int y = 0; y < 160; ++y) {
-            random.GenerateGaussian(240, noise.data(), 0, 40);
-            for (int x = 0; x < 240; ++x) *exposure.at(x, y) += static_cast<float>(noise[static_cast<std::size_t>(x)]);
+        W::Convert_8u32f_C1(scene.data(), scene.step, exposure.data(), exposure.step, width, height);
+        for (int y = 0; y < height; ++y) {
+            random.GenerateGaussian(width, noise.data(), 0, 40);
+            for (int x = 0; x < width; ++x)
+                *exposure.at(x, y) += static_cast<float>(noise[static_cast<std::size_t>(x)]);
         }
-        W::Add_32f_C1I(exposure.data(), exposure.step, sum.data(), sum.step, 240, 160);
+        W::Add_32f_C1I(exposure.data(), exposure.step, sum.data(), sum.step, width, height);
     }
-    const FloatPicture mean(240, 160, 1);
+    const FloatPicture mean(width, height, 1);
     SHOW(page, enlarged(beside(to_picture(exposure), to_picture(mean)), 2),
          "One of sixteen noisy exposures, and the mean of all: their sum, divided by 16",
-         W::DivC_32f_C1(sum.data(), sum.step, 16, mean.data(), mean.step, 240, 160));
+         W::DivC_32f_C1(sum.data(), sum.step, 16, mean.data(), mean.step, width, height));
 }
 
 // Faint things beside bright ones.

@@ -2,6 +2,7 @@
 #include <MKLWrapper.h>
 #include <MatrixWrapper.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "strips.h"
@@ -84,7 +85,7 @@ void show_sums(const FloatPicture& a, const FloatPicture& b, Page& page)
     page.family("MatrixWrapper", "Sums and products with a constant", "Matrices of any strides, element by element.");
     const FloatPicture difference(a.width, a.height, 1);
     SHOW(page, to_picture(difference, -120, 120),
-         "The difference of two matrices of 256 x 256, a picture and its mirror image about the diagonal: the same "
+         "The difference of two square matrices, a picture and its mirror image about the diagonal: the same "
          "memory "
          "with its strides exchanged",
          M::Sub_mm_32f(a.data(), a.step, 4, b.data(), 4, b.step, difference.data(), difference.step, 4, a.width,
@@ -278,7 +279,9 @@ void show_hole(const FloatPicture& image, Page& page)
 
 void show_matrices(const Pictures& pictures, Page& page)
 {
-    const FloatPicture image = brightness(pictures.astronaut), square = part(image, 64, 0, 256, 256);
+    const FloatPicture image = brightness(pictures.astronaut);
+    const int side = std::min({256, image.width, image.height});
+    const FloatPicture square = part(image, std::min(64, image.width - side), 0, side, side);
     show_sums(square, square, page);
     show_products(page);
     show_matrix_transposition(part(image, 0, 0, std::min(320, image.width), std::min(256, image.height)), page);
