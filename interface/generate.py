@@ -4,6 +4,7 @@
 Usage: generate.py             writes the layer's headers and the page of operations
        generate.py --check     says what is stale, neither bound nor omitted, or not in the registries
        generate.py --tests DIR writes the generated tests
+       generate.py --python DIR writes the table of the Python module and the stubs of the package
 """
 
 import pathlib
@@ -14,6 +15,7 @@ sys.dont_write_bytecode = True  # the sources stay as they are
 import headers
 import layer
 import page
+import python
 import tests
 from table import Mistake, Table
 
@@ -42,6 +44,8 @@ def main(arguments):
     if arguments[:1] == ["--tests"]:
         for name, text in tests.sources(layer.overloads(table.operations)):
             write(pathlib.Path(arguments[1], name), text)
+    elif arguments[:1] == ["--python"]:
+        python.write(table, ROOT / "include", pathlib.Path(arguments[1]), write)
     elif arguments == ["--check"]:
         table.check_complete()
         table.check_hand(ROOT / "include")

@@ -48,6 +48,7 @@ class Operation:
     note: str = ""
     hand: str = ""
     exclude: list = field(default_factory=list)
+    python: dict = field(default_factory=dict)
 
     def __post_init__(self):
         self.parameters = [parse_parameter(p) for p in self.call.split(", ")] if self.call else []
