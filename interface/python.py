@@ -87,7 +87,8 @@ def split(text, separator=","):
 
 
 def kind_of(type_text, enumerations):
-    for start, kind in (("view<", "image"), ("span<", "vector"), ("matrix<", "matrix"), ("const constant<", "constant")):
+    for start, kind in (("view<", "image"), ("span<", "vector"), ("matrix<", "matrix"),
+                        ("const constant<", "constant")):
         if type_text.startswith(start):
             return kind
     if "&" in type_text:

@@ -29,8 +29,8 @@ public:
     call_of(const operation& what, PyObject* const* objects, Py_ssize_t count, PyObject* names) : op_(what)
     {
         if (count > op_.positional) {
-            throw argument_error(op_.name + " takes " + std::to_string(op_.positional) + " arguments by position, not " +
-                                 std::to_string(count));
+            throw argument_error(op_.name + " takes " + std::to_string(op_.positional) +
+                                 " arguments by position, not " + std::to_string(count));
         }
         std::copy(objects, objects + count, given_);
         if (names != nullptr) take_named(objects + count, names);
@@ -72,7 +72,9 @@ private:
 
     int named(PyObject* key) const
     {
-        const auto is_it = [=](const argument& a) { return a.key.ptr() == key || PyUnicode_Compare(a.key.ptr(), key) == 0; };
+        const auto is_it = [=](const argument& a) {
+            return a.key.ptr() == key || PyUnicode_Compare(a.key.ptr(), key) == 0;
+        };
         const auto found = std::find_if(op_.arguments.begin(), op_.arguments.end(), is_it);
         if (found != op_.arguments.end()) return int(found - op_.arguments.begin());
         throw argument_error(op_.name + " has no argument '" + std::string(py::str(py::handle(key))) + "'");
@@ -118,7 +120,7 @@ private:
         const py::array& a = as_array(object);
         const auto dimensions = a.ndim();
         const auto last = dimensions > 0 ? a.shape(dimensions - 1) : 1;
-        if (a.dtype().num() != is.type) return false;
+        if (a.dtype().num() != is.type || (dimensions == 0 && is_number_beside_array(object))) return false;
         if (is.kind == role::matrix) return dimensions == 2;
         if (op_.elementwise) {
             if (is.channels > 1) return dimensions > 1 && last == is.channels;
@@ -127,6 +129,13 @@ private:
         if (is.kind == role::vector) return dimensions == 1;
         if (is.channels > 1) return dimensions == 3 && last == is.channels;
         return dimensions == 2 || (dimensions == 1 && op_.measures);
+    }
+
+    // An array without axes is a number where the first argument is an array that has some.
+    bool is_number_beside_array(PyObject* object) const
+    {
+        PyObject* const first = given_[0];
+        return object != first && first != nullptr && py::isinstance<py::array>(first) && as_array(first).ndim() > 0;
     }
 
     bool fits(const place& p, PyObject* object) const
@@ -173,7 +182,8 @@ private:
             const int at = unfit(f);
             furthest = std::max(furthest, at);
             if (at < int(op_.arguments.size())) continue;
-            if (op_.dtype < 0 || wanted_type_ || outputs_[0] != nullptr || made_type(f) == f.places[0].is.type) return f;
+            const bool is_clear = op_.dtype < 0 || wanted_type_ || outputs_[0] != nullptr;
+            if (is_clear || made_type(f) == f.places[0].is.type) return f;
             if (found != nullptr && made_type(f) != made_type(*found)) refuse(op_.dtype, "is missing");
             found = &f;
         }
@@ -200,7 +210,7 @@ private:
                 if (made || p.argument == at) add_once(takes, described(p.is));
             }
         }
-        const std::string what = at == op_.dtype ? std::string(py::str(py::handle(object))) : described(object);
+        const std::string what = at == op_.dtype ? type_name(*wanted_type_) : described(object);
         if (takes.empty()) refuse(at, "is not taken with " + described(given_[0]));
         refuse(at, "is " + what + "; " + op_.name + " takes " + listed(takes));
     }
@@ -223,7 +233,8 @@ private:
 
     void fill_number(const place& p, slot& s)
     {
-        const py::handle object = given(given_[p.argument]) ? given_[p.argument] : op_.arguments[p.argument].standard.ptr();
+        const py::handle standard = op_.arguments[p.argument].standard;
+        const py::handle object = given(given_[p.argument]) ? py::handle(given_[p.argument]) : standard;
         if (p.is.kind == role::code) return fill_code(p, s, object);
         if (const std::string why = write_numbers(s.values, p.is, object); !why.empty()) refuse(p.argument, why);
     }
@@ -330,6 +341,7 @@ private:
             const place& p = form_->places[k];
             if (p.output < 0) continue;
             PyObject* const out = outputs_[p.output];
+            if (out != nullptr && op_.shape >= 0) check_given_shape(as_array(out));
             operand& o = add(out == nullptr ? new_output(p) : as_array(out), k);
             results_[p.output] = o.array;
             if (op_.equal) check_size(o);
@@ -338,7 +350,8 @@ private:
         }
     }
 
-    // What is read before it is written, or not written in part, begins as a copy.
+    // What is read before it is written, or not written in part, begins as a copy; what shows a source at other places,
+    // as zeros, because some pixels may show nothing of it.
     py::array new_output(const place& p) const
     {
         if (p.argument >= 0) return packed(as_array(given_[p.argument]), p.is.type);
@@ -346,7 +359,10 @@ private:
         std::vector<py::ssize_t> sizes = new_sizes();
         if (p.is.kind == role::vector && !op_.elementwise) sizes = {sizes.back()};
         if (p.is.channels > 1) sizes.push_back(p.is.channels);
-        return {py::dtype(p.is.type), std::move(sizes)};
+        if (op_.equal) return {py::dtype(p.is.type), std::move(sizes)};
+        py::tuple shape(sizes.size());
+        for (std::size_t k = 0; k < sizes.size(); ++k) shape[k] = sizes[k];
+        return py::array(py::module_::import("numpy").attr("zeros")(shape, py::dtype(p.is.type)));
     }
 
     std::vector<py::ssize_t> new_sizes() const
@@ -371,6 +387,14 @@ private:
         refuse(op_.shape, "is no height and width");
     }
 
+    void check_given_shape(const py::array& out) const
+    {
+        if (!given(given_[op_.shape])) return;
+        const std::vector<py::ssize_t> sizes = given_sizes();
+        if (out.shape(0) != sizes[0] || out.shape(1) != sizes[1])
+            refuse(op_.out, "has the shape " + shape_of(out) + ", not the one that is asked for");
+    }
+
     void copy_source(const place& p, const py::array& out) const
     {
         const py::array& source = as_array(given_[p.argument]);
@@ -386,7 +410,7 @@ private:
 
     void unpacked(operand& o) const
     {
-        if (place_of(o).output >= 0) refuse(op_.out, "does not lie in rows of packed pixels, each below the one before");
+        if (place_of(o).output >= 0) refuse(op_.out, "does not lie in rows of packed pixels, from the top down");
         pack(o);
     }
 
@@ -399,7 +423,7 @@ private:
             p = {o.array.shape(1), o.array.shape(0)};
             o.step = o.stride(0);
             s.column_step = o.stride(1);
-        } else if (o.array.size() > 0 && !image_of(o, p)) {
+        } else if (!image_of(o, p) && o.array.size() > 0) {
             unpacked(o);
             image_of(o, p);
         }

@@ -29,7 +29,7 @@ template <class T>
 columns<T> copied(const char* operation, const char* name, const py::object& object)
 {
     const auto a = packed_argument<T>(operation, name, object, 2);
-    if (a.size() == 0 || a.shape(0) > INT_MAX || a.shape(1) > INT_MAX) refuse(operation, name, "is empty, or too large");
+    if (a.size() == 0 || a.size() > INT_MAX) refuse(operation, name, "is empty, or too large");
     return columns<T>(a.attr("copy")("F"));
 }
 
@@ -100,7 +100,10 @@ py::object getrs(const py::object& lu, const py::object& pivots, const py::objec
     const auto rows = packed_argument<int>("getrs", "pivots", pivots, 1);
     int n = int(factors.shape(0)), info = 0;
     if (factors.shape(1) != n) refuse("getrs", "lu", "is not square");
-    if (rows.size() != n) refuse("getrs", "pivots", "has " + std::to_string(rows.size()) + " elements, lu that many rows: " + std::to_string(n));
+    const auto others = [=](py::ssize_t count) {
+        return "has " + std::to_string(count) + " rows, lu has " + std::to_string(n);
+    };
+    if (rows.size() != n) refuse("getrs", "pivots", others(rows.size()));
     std::vector<int> from_one(rows.data(), rows.data() + n);
     for (int& row : from_one) {
         if (row < 0 || row >= n) refuse("getrs", "pivots", "has a row that is outside of lu");
@@ -108,7 +111,7 @@ py::object getrs(const py::object& lu, const py::object& pivots, const py::objec
     }
     const bool single = py::isinstance<py::array>(b) && py::reinterpret_borrow<py::array>(b).ndim() == 1;
     columns<float> x = copied<float>("getrs", "b", single ? py::object(b.attr("reshape")(-1, 1)) : b);
-    if (x.shape(0) != n) refuse("getrs", "b", "has " + std::to_string(x.shape(0)) + " rows, lu has " + std::to_string(n));
+    if (x.shape(0) != n) refuse("getrs", "b", others(x.shape(0)));
     int count = int(x.shape(1));
     char trans = transposed ? 'T' : 'N';
     {

@@ -12,10 +12,10 @@ namespace py = pybind11;
 
 // An array in the part of an operand.
 struct operand {
-    py::array array;
-    int place = 0;               // of the function's parameters
-    int pixel = 0;               // bytes
-    std::ptrdiff_t step = 0;     // from row to row
+    py::array array = py::reinterpret_steal<py::array>(py::handle());  // null: the default is an array, which costs
+    int place = 0;                                                     // of the function's parameters
+    int pixel = 0;                                                     // bytes
+    std::ptrdiff_t step = 0;                                           // from row to row
     std::ptrdiff_t stride(int axis) const { return array.strides(axis); }
     void* data() const { return const_cast<void*>(array.data()); }
 };

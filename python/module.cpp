@@ -71,9 +71,10 @@ PYBIND11_MODULE(_core, module)
     });
     module.def("level", &orvane::level, "The processor level whose kernels run: 'px', 'w7', ... 'h9'.");
     module.attr("__version__") = orvane::version();
-    py::module_ linalg = module.def_submodule("linalg");
+    py::module_ linalg = module.def_submodule("_linalg");
     for (const operation_row& row : table()) add(std::string(row.module) == "orvane" ? module : linalg, row);
-    add_objects(module);
+    add_transforms(module);
+    add_random(module.def_submodule("_random"));
     add_lapack(linalg);
 }
 

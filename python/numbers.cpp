@@ -38,11 +38,9 @@ bool failed()
 template <class T>
 std::string write_whole(T& value, py::handle object)
 {
-    const auto index = py::reinterpret_steal<py::object>(PyFloat_Check(object.ptr()) &&
-                                                                 std::floor(PyFloat_AS_DOUBLE(object.ptr())) ==
-                                                                     PyFloat_AS_DOUBLE(object.ptr())
-                                                             ? PyNumber_Long(object.ptr())
-                                                             : PyNumber_Index(object.ptr()));
+    PyObject* const o = object.ptr();
+    const bool whole_float = PyFloat_Check(o) && std::floor(PyFloat_AS_DOUBLE(o)) == PyFloat_AS_DOUBLE(o);
+    const auto index = py::reinterpret_steal<py::object>(whole_float ? PyNumber_Long(o) : PyNumber_Index(o));
     if (failed()) return "is " + text_of(object) + ", no whole number";
     const long long whole = PyLong_AsLongLong(index.ptr());
     value = static_cast<T>(whole);
@@ -85,7 +83,8 @@ std::string write_numbers(void* values, const parameter& is, py::handle object)
                 to[c] = to[0];
                 continue;
             }
-            const py::object element = single ? py::reinterpret_borrow<py::object>(object) : py::object(object[py::int_(c)]);
+            const auto all = py::reinterpret_borrow<py::object>(object);
+            const py::object element = single ? all : py::object(all[py::int_(c)]);
             if (std::string why = write_element(to[c], element); !why.empty()) return why;
         }
         return {};
@@ -152,7 +151,8 @@ std::string described(py::handle object)
 std::string described(const parameter& is)
 {
     if (is.kind == role::constant) return is.channels == 1 ? "a number" : std::to_string(is.channels) + " numbers";
-    if (is.kind == role::number || is.kind == role::result) return is.type == number_of<int> ? "a whole number" : "a number";
+    const bool number = is.kind == role::number || is.kind == role::result;
+    if (number) return is.type == number_of<int> ? "a whole number" : "a number";
     const std::string type = type_name(is.type);
     const bool pixels = is.kind == role::image || is.kind == role::vector;
     return pixels ? type + " x" + std::to_string(is.channels) : type;

@@ -88,7 +88,8 @@ py::array psd(const py::object& signal, const py::object& window, const py::obje
         weights = packed_argument<float>("psd", "window", window, 1);
     }
     py::array power = output<float>("psd", out, {samples.size()});
-    auto& object = prepared<orvane::psd>("psd", "signal", std::make_tuple(checked_size("psd", samples.size()), which(truncate)));
+    const auto length = std::make_tuple(checked_size("psd", samples.size()), which(truncate));
+    auto& object = prepared<orvane::psd>("psd", "signal", length);
     const auto run = [&] {
         const py::gil_scoped_release unlocked;
         return object(elements<const float>(samples), elements<const float>(weights), elements<float>(power));
@@ -104,7 +105,8 @@ py::array transformed(const char* name, const char* argument, transform how, con
 {
     const floats from = packed_argument<float>(name, argument, source, 2);
     py::array to = output<float>(name, out, {from.shape(0), from.shape(1)});
-    const auto size = std::make_tuple(checked_size(name, from.shape(1)), checked_size(name, from.shape(0)), which(truncate));
+    checked_size(name, from.size());
+    const auto size = std::make_tuple(int(from.shape(1)), int(from.shape(0)), which(truncate));
     auto& object = prepared<orvane::fft2>(name, argument, size);
     const auto run = [&] {
         const py::gil_scoped_release unlocked;
@@ -193,7 +195,7 @@ Raises ArgumentError where sigma is not above 0.)";
 
 }  // namespace
 
-void add_objects(py::module_& module)
+void add_transforms(py::module_& module)
 {
     py::options options;
     options.disable_function_signatures();
@@ -208,10 +210,16 @@ void add_objects(py::module_& module)
     };
     module.def("fft2", forward, kFft2, py::arg("source"), none_out, py::kw_only(), py::arg("truncate") = false);
     module.def("ifft2", inverse, kIfft2, py::arg("spectrum"), none_out, py::kw_only(), py::arg("truncate") = false);
-    py::class_<gaussian>(module, "Gaussian", kGaussian)
+}
+
+void add_random(py::module_ random)
+{
+    py::options options;
+    options.disable_function_signatures();
+    py::class_<gaussian>(random, "Gaussian", kGaussian, py::metaclass(reinterpret_cast<PyObject*>(&PyType_Type)))
         .def(py::init<int>(), py::arg("seed"))
         .def("normal", &gaussian::normal, kNormal, py::arg("shape") = py::none(), py::arg("mean") = 0.0,
-             py::arg("sigma") = 1.0, py::kw_only(), none_out);
+             py::arg("sigma") = 1.0, py::kw_only(), py::arg("out") = py::none());
 }
 
 }  // namespace orvane_python

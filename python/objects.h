@@ -12,7 +12,8 @@ namespace orvane_python {
 namespace py = pybind11;
 
 // Functions that are given their names and signatures by their docstrings, as the table's are.
-void add_objects(py::module_& module);
+void add_transforms(py::module_& module);
+void add_random(py::module_ random);
 void add_lapack(py::module_& linalg);
 
 // An array of a type, packed; ArgumentError, which names it, for anything else.

@@ -8,5 +8,4 @@ from . import _core, linalg, random
 from ._core import *
 from ._core import __version__
 
-__all__ = [name for name in vars(_core) if name[0] != "_" and name not in ("Gaussian", "linalg")]
-__all__ += ["linalg", "random", "__version__"]
+__all__ = [name for name in vars(_core) if name[0] != "_"] + ["linalg", "random", "__version__"]

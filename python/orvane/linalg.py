@@ -2,5 +2,5 @@
 
 from . import _core
 
-globals().update({name: value for name, value in vars(_core.linalg).items() if name[0] != "_"})
-__all__ = [name for name in vars(_core.linalg) if name[0] != "_"]
+__all__ = [name for name in vars(_core._linalg) if name[0] != "_"]
+globals().update({name: getattr(_core._linalg, name) for name in __all__})

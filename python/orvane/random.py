@@ -1,7 +1,8 @@
 """Random numbers that are the same everywhere."""
 
-from ._core import Gaussian
+from . import _core
 
 __all__ = ["Gaussian"]
 
+Gaussian = _core._random.Gaussian
 Gaussian.__module__ = __name__
