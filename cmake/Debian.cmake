@@ -12,6 +12,9 @@ set(CPACK_COMPONENTS_ALL orvane_development orvane_documentation)
 if(BUILD_SHARED_LIBS)
   list(PREPEND CPACK_COMPONENTS_ALL orvane_runtime)
 endif()
+if(ORVANE_BUILD_PYTHON)
+  list(APPEND CPACK_COMPONENTS_ALL orvane_python)
+endif()
 if(ORVANE_32BIT)
   set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE i386)
 else()
@@ -38,6 +41,8 @@ orvane_debian_package(development liborvane-dev libdevel same "development files
   "This package has what it takes to build programs with it.")
 orvane_debian_package(documentation liborvane-doc doc foreign "documentation"
   "This package has the documents and example programs.")
+orvane_debian_package(python python3-orvane python same "for Python"
+  "This package has the package orvane for Python 3, on NumPy's arrays.")
 
 # (CPack would write both, and call ldconfig in scripts, which no package does any more.)
 file(WRITE ${PROJECT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
@@ -57,4 +62,5 @@ set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/debian/dependencie
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/debian/documents.cmake)
 set(CPACK_ORVANE_SOURCE ${PROJECT_SOURCE_DIR})
 set(CPACK_ORVANE_LIBRARY ${PROJECT_BINARY_DIR}/src/liborvane.so)
+set(CPACK_ORVANE_RUNTIME_NEEDED "${runtime} ${exactly}")
 set(CPACK_ORVANE_SCRATCH ${PROJECT_BINARY_DIR}/shlibdeps)

@@ -4,6 +4,7 @@
 #   orvane_runtime        what programs need that were linked with the shared library
 #   orvane_development    what it takes to link one
 #   orvane_documentation  the documents and example hosts
+#   orvane_python         the package for Python, where it is built; it needs orvane_runtime
 include(CMakePackageConfigHelpers)
 set(ORVANE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Orvane)
 set(ORVANE_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/orvane)
@@ -20,7 +21,11 @@ install(FILES ${PROJECT_BINARY_DIR}/OrvaneConfigVersion.cmake
 if(WIN32)
   set(ORVANE_DOC_DIR .)
 endif()
-foreach(component runtime development)
+set(components runtime development)
+if(ORVANE_BUILD_PYTHON)
+  list(APPEND components python)
+endif()
+foreach(component ${components})
   install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/THIRD_PARTY_NOTICES
     DESTINATION ${ORVANE_DOC_DIR} COMPONENT orvane_${component})
 endforeach()

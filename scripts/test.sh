@@ -71,11 +71,15 @@ have_lapack_sources() {
     [ -d build/lapack ] || scripts/fetch_lapack.sh "$PWD/build/lapack" > "$log_folder/lapack.log" 2>&1
 }
 
-build() { cmake --preset "$1" && cmake --build --preset "$1"; }
+# build PRESET [OPTION...]
+build() { cmake --preset "$1" "${@:2}" && cmake --build --preset "$1"; }
 
 scripts/setup.sh test || { echo "some packages are missing; going on with what there is"; }
 
-if check "build, 64 bit" build release; then
+python=OFF
+if scripts/setup.sh python > "$log_folder/setup_python.log" 2>&1; then python=ON; fi
+
+if check "build, 64 bit" build release -DORVANE_BUILD_PYTHON=$python; then
     tests "tests, 64 bit" build/release/tests/orvane_tests $seed
     check "interface" interface/generate.py --check
     check "exports" tests/check_exports.sh build/release/src/liborvane.so
@@ -83,6 +87,11 @@ if check "build, 64 bit" build release; then
     check "package" scripts/check_package.sh build/release
     check "installation" scripts/check_install.sh build/release
     check "folder of another project" scripts/check_subproject.sh build/release
+    if [ $python = ON ]; then
+        check "Python" scripts/check_python.sh build/release
+    else
+        skip "Python" "its packages are not there ($log_folder/setup_python.log)"
+    fi
     check ".deb, 64 bit" scripts/check_archive.sh build/release
     check "static library" scripts/check_static.sh
     check "ports" scripts/check_ports.py

@@ -3443,7 +3443,7 @@ inline status median(view<const float, 1> source, view<float, 1> destination, in
             mask_height); });
 }
 
-/// destination = first in order of the 3x3 pixels around source (. Of bytes in one channel it reports no lack of
+/// destination = first in order of the 3x3 pixels around source. Of bytes in one channel it reports no lack of
 /// memory: the method is true whatever happens.
 inline status erode(view<const unsigned char, 1> source, view<unsigned char, 1> destination)
 {
@@ -3490,8 +3490,8 @@ inline status erode(view<const float, 1> source, view<float, 1> destination)
         destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
 }
 
-/// destination = last in order of the 3x3 pixels around source (. Of bytes in one channel it reports no lack of
-/// memory: the method is true whatever happens.
+/// destination = last in order of the 3x3 pixels around source. Of bytes in one channel it reports no lack of memory:
+/// the method is true whatever happens.
 inline status dilate(view<const unsigned char, 1> source, view<unsigned char, 1> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("dilate", {{"source", source},

@@ -57,7 +57,7 @@ def called(name, arguments, value_first, **more):
 SHAPES = st.lists(st.integers(1, 7), min_size=1, max_size=4)
 
 
-@settings(max_examples=25, deadline=None)
+@settings(max_examples=25)
 @given(data=st.data())
 @pytest.mark.parametrize("name", ELEMENTWISE)
 def test_elementwise(name, data):

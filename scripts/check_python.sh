@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# The package for Python: its tests, its stubs against what they describe, and its wheel, installed without a network.
+# Usage: check_python.sh BUILD-FOLDER       a build with ORVANE_BUILD_PYTHON
+set -eu
+cd "$(dirname "$0")/.."
+build=$PWD/$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export PYTHONDONTWRITEBYTECODE=1
+python=/usr/bin/python3
+cmake --build "$build" --target orvane_python wheel
+
+PYTHONPATH=$build/python $python -m pytest -q -p no:cacheprovider tests/python
+(cd "$build/python" && MYPY_CACHE_DIR=$work/mypy $python -m mypy.stubtest orvane)
+
+$python -m venv --system-site-packages "$work/venv"
+"$work/venv/bin/pip" install -q --no-index "$build"/python/orvane-*.whl
+(cd "$work" && venv/bin/python -c '
+import numpy, orvane
+assert orvane.__file__.startswith("'"$work"'"), orvane.__file__
+assert (orvane.add(numpy.full((2, 2), 200, "u1"), 100) == 255).all()')
