@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # The package for Python: its tests, its stubs against what they describe, and its wheel, installed without a network.
+# Where scripts/demo.sh has made the gallery, the darkroom is compared with it.
 # Usage: check_python.sh BUILD-FOLDER       a build with ORVANE_BUILD_PYTHON
 set -eu
 cd "$(dirname "$0")/.."
@@ -7,6 +8,7 @@ build=$PWD/$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export PYTHONDONTWRITEBYTECODE=1
+if [ -e build/demo/page/pictures.json ]; then export ORVANE_GALLERY=$PWD/build/demo; fi
 python=/usr/bin/python3
 cmake --build "$build" --target orvane_python wheel
 

@@ -87,15 +87,15 @@ if check "build, 64 bit" build release -DORVANE_BUILD_PYTHON=$python; then
     check "package" scripts/check_package.sh build/release
     check "installation" scripts/check_install.sh build/release
     check "folder of another project" scripts/check_subproject.sh build/release
+    check ".deb, 64 bit" scripts/check_archive.sh build/release
+    check "static library" scripts/check_static.sh
+    check "ports" scripts/check_ports.py
+    check "gallery" scripts/check_gallery.sh build/release
     if [ $python = ON ]; then
         check "Python" scripts/check_python.sh build/release
     else
         skip "Python" "its packages are not there ($log_folder/setup_python.log)"
     fi
-    check ".deb, 64 bit" scripts/check_archive.sh build/release
-    check "static library" scripts/check_static.sh
-    check "ports" scripts/check_ports.py
-    check "gallery" scripts/check_gallery.sh build/release
     check "site" scripts/check_site.sh build/release
 fi
 check "clang" scripts/check_clang.sh

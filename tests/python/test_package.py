@@ -4,22 +4,25 @@ import inspect
 import pathlib
 import re
 
-import pytest
-
+import numpy as np
 import orvane
+import pytest
+from PIL import Image
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
-def test_readme(capsys):
-    program = re.search(r"```python\n(.*?)```", (ROOT / "README.md").read_text(), re.DOTALL)[1]
-    *lines, last = program.strip().split("\n")
+def test_readme(tmp_path, monkeypatch):
+    monkeypatch.chdir(tmp_path)
+    text = (ROOT / "README.md").read_text()
     scope = {}
-    exec("\n".join(lines), scope)
-    assert "(240, 320, 3)" in capsys.readouterr().out
-    call, message = re.fullmatch(r"(.*?) +# (.*) \.\.\.", last).groups()
-    with pytest.raises(orvane.ArgumentError, match=re.escape(message)):
-        exec(call, scope)
+    exec(re.search(r"```python\n(.*?)```", text, re.DOTALL)[1], scope)
+    height, width, _ = scope["photo"].shape
+    made = np.asarray(Image.open("cat.png"))
+    assert made.shape == (height, 3 * width, 3) and (made[:, :width] == scope["photo"]).all()
+    call, message = re.search(r">>> (.*)\norvane.ArgumentError: (.*)\n", text).groups()
+    with pytest.raises(orvane.ArgumentError, match=f"^{re.escape(message)}$"):
+        eval(call, scope)
 
 
 def test_signatures_are_those_of_the_docstrings():
