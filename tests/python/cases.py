@@ -66,8 +66,10 @@ def linear(a, height, width):
 calls("resize", *(Call(nearest(a, 6, 23), a, (6, 23), how="nearest") for a in (COLOURS, ALPHA, WORDS, FLOATS)),
       Call(linear(FLOATS, 13, 7), FLOATS, (13, 7), within=1e-4), Call(linear(WORDS, 18, 22), WORDS, (18, 22), within=1),
       Call(FLOATS[:8, :10].reshape(4, 2, 5, 2).mean((1, 3)), FLOATS[:8, :10], (4, 5), how="area", within=1e-5))
-calls("zoom", Call(np.repeat(np.repeat(FLOATS[2:6, 3:7], 2, 0), 2, 1), FLOATS[:8, 1:9], 2, smooth=False), Call(WORDS, WORDS, 1, smooth=False))
-calls("rotate", Call(COLOURS, COLOURS, 0, 0, 0), Call(np.rot90(FLOATS, 1), FLOATS, 90, 0, 11, shape=(11, 9), how="nearest"))
+calls("zoom", Call(np.repeat(np.repeat(FLOATS[2:6, 3:7], 2, 0), 2, 1), FLOATS[:8, 1:9], 2, smooth=False),
+      Call(WORDS, WORDS, 1, smooth=False))
+calls("rotate", Call(COLOURS, COLOURS, 0, 0, 0),
+      Call(np.rot90(FLOATS, 1), FLOATS, 90, 0, 11, shape=(11, 9), how="nearest"))
 calls("rotate_about", *(Call(a[::-1, ::-1], a, 180, 5.5, 4.5) for a in (COLOURS, ALPHA, WORDS, FLOATS)))
 shift = [1, 0, 2, 0, 1, -3, 0, 0, 1]
 moved = np.zeros_like(BYTES)
@@ -76,7 +78,8 @@ calls("warp_perspective", Call(BYTES, BYTES, np.eye(3)), Call(moved, BYTES, shif
       Call(moved, BYTES, np.reshape(shift, (3, 3)), how="nearest"))
 x, y = np.meshgrid(np.linspace(0, 10, 8, dtype="f4"), np.linspace(8, 0, 5, dtype="f4"))
 sampled = ndimage.map_coordinates(FLOATS.astype(float), [y, x], order=1)
-calls("remap", Call(sampled, FLOATS, x, y, within=1e-4), Call(WORDS[::-1], WORDS, *np.float32(np.meshgrid(range(11), range(8, -1, -1)))))
+upwards = np.float32(np.meshgrid(range(11), range(8, -1, -1)))
+calls("remap", Call(sampled, FLOATS, x, y, within=1e-4), Call(WORDS[::-1], WORDS, *upwards))
 calls("rotate_bound", Call((0, -11, 9, 0), 11, 9, 90, 0, 0, within=1e-9))
 calls("rotate_shift", Call((10, 8), 5, 4, 180, within=1e-9))
 calls("perspective_bound", Call((2, -3, 13, 6), 11, 9, shift, within=1e-9))
@@ -102,7 +105,8 @@ SMOOTH = {3: np.outer([1, 2, 1], [1, 2, 1]) / 16,
           5: np.array([[2, 7, 12, 7, 2], [7, 31, 52, 31, 7], [12, 52, 127, 52, 12], [7, 31, 52, 31, 7],
                        [2, 7, 12, 7, 2]]) / 571}
 CROSS = {3: -np.outer([-1, 0, 1], [-1, 0, 1]), 5: -np.outer([-1, -2, 0, 2, 1], [-1, -2, 0, 2, 1])}
-calls("lowpass", *(Call(np.rint(weighted(a, np.full((s, s), 1 / s ** 2))), a, s) for s in (3, 5) for a in (COLOURS, WORDS)),
+calls("lowpass", *(Call(np.rint(weighted(a, np.full((s, s), 1 / s ** 2))), a, s)
+                   for s in (3, 5) for a in (COLOURS, WORDS)),
       Call(weighted(FLOATS, np.full((5, 5), 0.04)), FLOATS, 5, within=1e-5),
       Call(weighted(FLOATS, np.full((3, 3), 1 / 9), mode="constant", cval=2), FLOATS, 3, beyond="constant", value=2,
            within=1e-5))
@@ -117,8 +121,9 @@ box = np.full((5, 3), 1 / 15)
 mean, square = weighted(FLOATS, box), weighted(FLOATS.astype(float) ** 2, box)
 variance = square - mean ** 2
 for_noise = [variance.mean(), 4.0]
-calls("wiener", *(Call((np.where(variance > n, mean + (FLOATS - mean) * (variance - n) / variance, mean), n), FLOATS, 3, 5,
-                       noise=given, within=1e-4) for n, given in zip(for_noise, (-1, 4.0))))
+cleaned = [np.where(variance > n, mean + (FLOATS - mean) * (variance - n) / variance, mean) for n in for_noise]
+calls("wiener", *(Call((clean, n), FLOATS, 3, 5, noise=given, within=1e-4)
+                  for clean, n, given in zip(cleaned, for_noise, (-1, 4.0))))
 calls("median", Call(ndimage.median_filter(FLOATS, (3, 5), mode="nearest"), FLOATS, 5, 3))
 around = [(3, 3) + (1,) * (a.ndim - 2) for a in IMAGES]
 calls("erode", *(Call(ndimage.grey_erosion(a, s, mode="nearest"), a) for a, s in zip(IMAGES, around)))
@@ -135,7 +140,8 @@ def convolved(a, kernel, divisor=1, **how):
 
 kernel = np.array([[1, -2, 3], [4, 5, -6], [7, 0, 1]])
 calls("convolve", *(Call(convolved(a, kernel, 5), a, kernel, divisor=5) for a in (BYTES, COLOURS, WORDS)),
-      Call(weighted(BYTES, np.flip(kernel)), BYTES, kernel / 1.0), Call(weighted(FLOATS, np.flip(kernel)), FLOATS, kernel, within=1e-4),
+      Call(weighted(BYTES, np.flip(kernel)), BYTES, kernel / 1.0),
+      Call(weighted(FLOATS, np.flip(kernel)), FLOATS, kernel, within=1e-4),
       Call(np.clip(weighted(BYTES, np.flip(kernel)), -32768, 32767), BYTES, kernel.tolist(), dtype="i2"),
       Call(convolved(BYTES, kernel, mode="constant", cval=9), BYTES, kernel, beyond="constant", value=9))
 
@@ -183,7 +189,8 @@ half = [pixels("u1", 5, 6) for _ in "uv"]
 fine = [np.repeat(np.repeat(p, 2, 0), 2, 1)[:9, :11] for p in half]
 calls("rgb_to_yuv422", *(Call(to_422(even, s), even, s, within=0.51) for s in STANDARDS))
 calls("yuv422_to_rgb", *(Call(from_422(coded, s), coded, s, within=0.54) for s in STANDARDS))
-calls("yuv420_to_rgb", *(Call(to_rgb(np.stack([BYTES, *fine], -1), s), BYTES, *half, s, within=0.54) for s in STANDARDS))
+calls("yuv420_to_rgb", *(Call(to_rgb(np.stack([BYTES, *fine], -1), s), BYTES, *half, s, within=0.54)
+                         for s in STANDARDS))
 
 # --- statistics -------------------------------------------------------------------------------------
 
@@ -192,12 +199,15 @@ FLOAT_COLOURS = pixels("f4", 9, 11, 3)
 
 
 def reduced(function, *images):
-    return [Call(tuple(function(a, (0, 1)).tolist()) if a.ndim > 2 else function(a.astype(a.dtype.str.replace("f4", "f8"))), a,
-                 within=1e-4) for a in images]
+    def wanted(a):
+        exact = a.astype("f8") if a.dtype == "f4" else a
+        return tuple(function(exact, (0, 1)).tolist()) if a.ndim > 2 else function(exact)
+    return [Call(wanted(a), a, within=1e-4) for a in images]
 
 
-calls("sum", *reduced(lambda a, axis=None: a.sum(axis, dtype=float), BYTES, COLOURS, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS))
-calls("mean", *reduced(np.mean, BYTES, COLOURS, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS, FLOATS[0]))
+EACH = [BYTES, COLOURS, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS]
+calls("sum", *reduced(lambda a, axis=None: a.sum(axis, dtype=float), *EACH))
+calls("mean", *reduced(np.mean, *EACH, FLOATS[0]))
 calls("minimum", *reduced(np.min, BYTES, COLOURS, WORDS, SIGNED, FLOATS, FLOAT_COLOURS))
 calls("maximum", *reduced(np.max, BYTES, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS))
 calls("minimum_maximum", *(Call((a.min(), a.max()), a) for a in (BYTES, WORDS, SIGNED, FLOATS)))
@@ -257,7 +267,8 @@ wide, long_vector, short_vector = pixels("f8", 5, 4), pixels("f8", 5), pixels("f
 LINALG = {
     "add": [Call(a + b, a, b)],
     "subtract": [Call(a - b, a, b), Call(a.T[:2] - b.T[:2], a.T[:2], b.T[:2])],
-    "multiply": [Call(a @ c, a, c, within=1e-4), Call(a * 3, a, 3), Call(wide @ short_vector, wide, short_vector, within=1e-9)],
+    "multiply": [Call(a @ c, a, c, within=1e-4), Call(a * 3, a, 3),
+                 Call(wide @ short_vector, wide, short_vector, within=1e-9)],
     "transpose_multiply": [Call(wide.T @ long_vector, wide, long_vector, within=1e-9),
                            Call(wide.T @ wide, wide, wide, within=1e-9)],
     "transpose": [Call(a.T, a)],

@@ -1,4 +1,4 @@
-"""The same examples in every run, so that a failure is the change's and not the day's; nothing is written beside them."""
+"""The same examples in every run, so that a failure is the change's and not the day's; none of them is stored."""
 
 from hypothesis import settings
 
