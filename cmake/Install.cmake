@@ -35,8 +35,14 @@ endforeach()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${ORVANE_DOC_DIR} COMPONENT orvane_documentation
   FILES_MATCHING REGEX "\\.(md|png|svg|jpg|webp)$")
 install(FILES ${PROJECT_SOURCE_DIR}/bench/RESULTS.md DESTINATION ${ORVANE_DOC_DIR}/bench COMPONENT orvane_documentation)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/hello
-  DESTINATION ${ORVANE_DOC_DIR}/examples COMPONENT orvane_documentation)
+set(examples hello layer)
+if(WIN32)
+  list(APPEND examples windows)
+endif()
+foreach(example ${examples})
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/${example}
+    DESTINATION ${ORVANE_DOC_DIR}/examples COMPONENT orvane_documentation)
+endforeach()
 
 if(WIN32)
   # The DLL is not a target that CMake could export: it is linked by hand.

@@ -129,6 +129,11 @@ function(orvane_add_kernels target level checked source)
   elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(${target} PRIVATE -Wa,-march=${ORVANE_GATE_BASE}${ORVANE_GATE_${level}})
   endif()
+  if(WIN32 AND ORVANE_LINE_NUMBERS)
+    find_package(Python3 REQUIRED COMPONENTS Interpreter)
+    set_property(TARGET ${target} PROPERTY CXX_COMPILER_LAUNCHER
+      ${Python3_EXECUTABLE} -B ${PROJECT_SOURCE_DIR}/cmake/line_numbers.py ${CMAKE_CXX_COMPILER_LAUNCHER})
+  endif()
 endfunction()
 
 # The tables of a family's operations, and <folder>_<family>_kernels.h, which declares the kernels of all levels.

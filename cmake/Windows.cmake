@@ -49,6 +49,8 @@ function(orvane_windows_dll)
     OUTPUT_VARIABLE libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   set(libraries /usr/i686-w64-mingw32/lib)
   # The version of the file, for those who look at its properties.
+  file(STRINGS ${PROJECT_SOURCE_DIR}/LICENSE copyright REGEX "^Copyright" LIMIT_COUNT 1)
+  string(APPEND copyright ". MIT License; see THIRD_PARTY_NOTICES for what is built in.")
   configure_file(${sources}/facade/windows/orvane.rc.in ${folder}/orvane.rc @ONLY)
   add_library(orvane_windows_version OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${folder}/orvane.rc)
 

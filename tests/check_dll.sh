@@ -12,7 +12,10 @@ headers=$(i686-w64-mingw32-objdump -p "$dll")
 expect imports "$(echo "$headers" | sed -n 's/.*DLL Name: //p' | sort | tr '\n' ' ')" "KERNEL32.dll msvcrt.dll "
 expect hardening "$(echo "$headers" | grep -cE '^[[:space:]]*(DYNAMIC_BASE|NX_COMPAT)')" 2
 expect relocations "$(i686-w64-mingw32-objdump -h "$dll" | grep -c ' \.reloc ')" 1
-expect "version resource" "$(i686-w64-mingw32-objdump -h "$dll" | grep -c ' \.rsrc ')" 1
+said=$(strings -el "$dll")
+for word in CompanyName LegalCopyright FileVersion; do
+    expect "'$word' in the version resource" "$(echo "$said" | grep -c "^$word\$")" 1
+done
 # Copy, assignment and destruction of the four classes without instances: one body each, for either ABI.
 shared='(ImageProcessing|SignalProcessing|Matrix|MKL)Wrapper(@@(IAE|QAEAAV0)@|C[12]ERKS_$|aSERKS_$|D[12]Ev$)'
 bodies=$(echo "$headers" | awk '/^\t\[ *[0-9]+\]/ {
@@ -25,6 +28,12 @@ bodies=$(echo "$headers" | awk '/^\t\[ *[0-9]+\]/ {
 expect "members that the static-only classes share" "$(echo "$bodies" | wc -l)" 32
 expect "bodies of them" "$(echo "$bodies" | sort -u | wc -l)" 6
 expect "folders in the debug information" "$(grep -acF "$(pwd)/" "$1/orvane.pdb")" 0
+# Every kernel source has lines in the .pdb.
+lines=$(llvm-pdbutil dump -l "$1/orvane.pdb" | sed -n 's|^.*/src/\(.*\.cpp\) (no checksum)$|\1|p' | sort -u)
+sources=$(sed -n 's/^orvane_add_family(\([^ )]*\).*/\1.cpp/p' src/CMakeLists.txt | sort)
+expect "kernel sources without lines" "$(echo "$sources" | while read -r name; do
+    echo "$lines" | grep -qxF "$name" || echo "$name"
+done)" ""
 first=$(sha256sum < "$dll")
 rm "$dll"
 cmake --build "$1/../.." --target orvane_dll > /dev/null
