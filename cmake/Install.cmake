@@ -34,14 +34,18 @@ foreach(document README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md)
 endforeach()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${ORVANE_DOC_DIR} COMPONENT orvane_documentation
   FILES_MATCHING REGEX "\\.(md|png|svg|jpg|webp)$")
-install(FILES ${PROJECT_SOURCE_DIR}/bench/RESULTS.md DESTINATION ${ORVANE_DOC_DIR}/bench COMPONENT orvane_documentation)
-set(examples hello layer)
+foreach(pointed_to bench/RESULTS.md scripts/packages.txt)
+  get_filename_component(folder ${pointed_to} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/${pointed_to} DESTINATION ${ORVANE_DOC_DIR}/${folder}
+    COMPONENT orvane_documentation)
+endforeach()
+set(examples hello layer python)
 if(WIN32)
   list(APPEND examples windows)
 endif()
 foreach(example ${examples})
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/${example}
-    DESTINATION ${ORVANE_DOC_DIR}/examples COMPONENT orvane_documentation)
+    DESTINATION ${ORVANE_DOC_DIR}/examples COMPONENT orvane_documentation PATTERN __pycache__ EXCLUDE)
 endforeach()
 
 if(WIN32)

@@ -1,5 +1,5 @@
-# What the shared library and the module for Python need, as the tool finds it. On a machine of the other architecture the libraries of a 32-bit
-# compiler stand in; their packages have names of their own, their symbols have the same versions.
+# What the shared library and the module for Python need, as the tool finds it. On a machine of the other architecture
+# the libraries of a 32-bit compiler stand in; their packages have names of their own, their symbols the same versions.
 if(NOT EXISTS ${CPACK_ORVANE_LIBRARY})
   return()
 endif()
