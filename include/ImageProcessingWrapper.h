@@ -1560,6 +1560,8 @@ public:
     /// 4:2:0 (P3): planes Y of width x height, U and V of ceil(width / 2) x ceil(height / 2); pixel (x, y) takes the
     /// chroma at (x / 2, y / 2), rounded down. Exchange U and V for YV12. Odd sizes are ordinary.
     ///
+    /// RGBToGray is Y alone, of any standard: 1 is what most mean by the grey of a colour.
+    ///
     /// AC4 keeps the destination's fourth channel. Where source and destination have as many channels, dst may be src.
     ///
     /// Checks: null pointer, width or height below 1, a standard other than 0 ... 3.
@@ -1571,6 +1573,12 @@ public:
     /// dst = (Y, Cb, Cr) of src = (R, G, B), alpha kept
     static bool ORVANE_CALL RGBToYCbCr_8u_AC4(const unsigned char* src, int srcStep, unsigned char* dst,
                                               int dstStep, int width, int height, int standard);
+    /// dst = Y of src = (R, G, B)
+    static bool ORVANE_CALL RGBToGray_8u_C3C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                               int dstStep, int width, int height, int standard);
+    /// dst = Y of src = (R, G, B, whatever)
+    static bool ORVANE_CALL RGBToGray_8u_AC4C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                int dstStep, int width, int height, int standard);
     /// dst = (R, G, B) of src = (Y, Cb, Cr)
     static bool ORVANE_CALL YCbCrToRGB_8u_C3(const unsigned char* src, int srcStep, unsigned char* dst,
                                              int dstStep, int width, int height, int standard);
@@ -1775,6 +1783,13 @@ public:
     static bool ORVANE_CALL ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
                                              int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
                                              int interpolation, int* size);
+    /// dst(X, Y) = src((X + 1/2 - xShift) / xFactor, (Y + 1/2 - yShift) / yFactor), interpolated
+    static bool ORVANE_CALL ResizeSqrPixel_8u_C1R(const unsigned char* src, int srcWidth, int srcHeight, int srcStep,
+                                                  int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
+                                                  unsigned char* dst, int dstStep, int dstRoiX, int dstRoiY,
+                                                  int dstRoiWidth, int dstRoiHeight, double xFactor, double yFactor,
+                                                  double xShift, double yShift, int interpolation,
+                                                  unsigned char* buffer);
     /// dst(X, Y) = src((X + 1/2 - xShift) / xFactor, (Y + 1/2 - yShift) / yFactor), interpolated
     static bool ORVANE_CALL ResizeSqrPixel_16u_C1R(const unsigned short* src, int srcWidth, int srcHeight, int srcStep,
                                                    int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight,
@@ -2071,6 +2086,12 @@ public:
     /// Checks: null pointer, width or height below 1, a step below 1.
     /// @{
 
+    /// dst = mean of 3x3 pixels, rounded to nearest
+    static bool ORVANE_CALL FilterLowpass3x3_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                    int dstStep, int width, int height);
+    /// dst = mean of 5x5 pixels, rounded to nearest
+    static bool ORVANE_CALL FilterLowpass5x5_8u_C1R(const unsigned char* src, int srcStep, unsigned char* dst,
+                                                    int dstStep, int width, int height);
     /// dst = mean of 3x3 pixels, rounded to nearest
     static bool ORVANE_CALL FilterLowpass3x3_8u_C3R(const unsigned char* src, int srcStep, unsigned char* dst,
                                                     int dstStep, int width, int height);

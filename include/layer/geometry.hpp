@@ -16,6 +16,10 @@ template <class T>
 using zoom_method = bool (*)(const T*, int, int, int, T*, int, int, int, float, int, int, bool);
 
 template <class T>
+using square_method = bool (*)(const T*, int, int, int, int, int, int, int, T*, int, int, int, int, int, double, double,
+                               double, double, int, unsigned char*);
+
+template <class T>
 struct resizers {
     plan_method<T> nearest, cubic;  // null where there is none
     warp_method<T> warp;
@@ -58,8 +62,9 @@ status resize_by_area(zoom_method<T> zoom, const view<const T, Channels>& source
     return {"resize", "", reason::memory};
 }
 
-inline status resize_square(const view<const unsigned short>& source, const view<unsigned short>& destination,
-                            interpolation how)
+template <class T>
+status resize_square(square_method<T> square, const view<const T>& source, const view<T>& destination,
+                     interpolation how)
 {
     int size = 0;
     const bool sized =
@@ -69,10 +74,10 @@ inline status resize_square(const view<const unsigned short>& source, const view
     if (!sized || buffer.data() == nullptr) return {"resize", "", reason::memory};
     const double x = static_cast<double>(destination.width()) / source.width();
     const double y = static_cast<double>(destination.height()) / source.height();
-    const bool done = ImageProcessingWrapper::ResizeSqrPixel_16u_C1R(
-        source.data(), source.width(), source.height(), step(source), 0, 0, source.width(), source.height(),
-        destination.data(), step(destination), 0, 0, destination.width(), destination.height(), x, y, 0, 0,
-        static_cast<int>(how), static_cast<unsigned char*>(buffer.data()));
+    const bool done = square(source.data(), source.width(), source.height(), step(source), 0, 0, source.width(),
+                             source.height(), destination.data(), step(destination), 0, 0, destination.width(),
+                             destination.height(), x, y, 0, 0, static_cast<int>(how),
+                             static_cast<unsigned char*>(buffer.data()));
     return answer("resize", done, reason::memory);
 }
 
@@ -108,6 +113,12 @@ status resize(const view<const T, Channels>& source, const view<T, Channels>& de
 
 /// The whole source to the whole destination; pixel centres are aligned. Only `area` filters before a reduction; of
 /// colours and floats it takes reductions that keep the ratio of the sides.
+inline status resize(view<const unsigned char, 1> source, view<unsigned char, 1> destination, interpolation how)
+{
+    if (const status s = detail::resize_operands(source, destination, how); !s) return s;
+    return detail::resize_square(&ImageProcessingWrapper::ResizeSqrPixel_8u_C1R, source, destination, how);
+}
+
 inline status resize(view<const unsigned char, 3> source, view<unsigned char, 3> destination, interpolation how)
 {
     return detail::resize(source, destination, how,
@@ -134,7 +145,8 @@ inline status resize(view<const float, 1> source, view<float, 1> destination, in
 inline status resize(view<const unsigned short, 1> source, view<unsigned short, 1> destination, interpolation how)
 {
     if (const status s = detail::resize_operands(source, destination, how); !s) return s;
-    if (how != interpolation::nearest) return detail::resize_square(source, destination, how);
+    if (how != interpolation::nearest)
+        return detail::resize_square(&ImageProcessingWrapper::ResizeSqrPixel_16u_C1R, source, destination, how);
     return detail::answer("resize",
                           detail::resize_by_plan(&ImageProcessingWrapper::ResizeNN_16u_C1R, source, destination),
                           detail::reason::memory);

@@ -2516,6 +2516,29 @@ inline status rgb_to_ycbcr(view<const unsigned char, 4> source, view<unsigned ch
         static_cast<int>(standard)), detail::reason::memory);
 }
 
+/// destination = Y of source = (R, G, B)
+inline status rgb_to_grey(view<const unsigned char, 3> source, view<unsigned char, 1> destination,
+                          colour_standard standard = colour_standard::bt601_full)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("rgb_to_grey", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("rgb_to_grey", "standard", static_cast<int>(standard), 0xf); !s) return s;
+    return detail::answer("rgb_to_grey", ImageProcessingWrapper::RGBToGray_8u_C3C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height(),
+        static_cast<int>(standard)), detail::reason::memory);
+}
+
+inline status rgb_to_grey(view<const unsigned char, 4> source, view<unsigned char, 1> destination,
+                          colour_standard standard = colour_standard::bt601_full)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("rgb_to_grey", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("rgb_to_grey", "standard", static_cast<int>(standard), 0xf); !s) return s;
+    return detail::answer("rgb_to_grey", ImageProcessingWrapper::RGBToGray_8u_AC4C1R(source.data(),
+        detail::step(source), destination.data(), detail::step(destination), source.width(), source.height(),
+        static_cast<int>(standard)), detail::reason::memory);
+}
+
 /// destination = (R, G, B) of source = (Y, Cb, Cr)
 inline status ycbcr_to_rgb(view<const unsigned char, 3> source, view<unsigned char, 3> destination,
                            colour_standard standard)
@@ -3154,6 +3177,33 @@ inline status remap(view<const float, 1> source, view<const float, 1> x_map, vie
 }
 
 /// destination = mean of 3x3 pixels, rounded to nearest
+inline status lowpass(view<const unsigned char, 1> source, view<unsigned char, 1> destination, mask size)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lowpass", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("lowpass", "size", static_cast<int>(size), 0x28); !s) return s;
+    if (const status s = detail::framed("lowpass", "source", source.around(), detail::half(size), detail::half(size),
+        detail::half(size), detail::half(size)); !s) return s;
+    if (const status s = detail::apart("lowpass", "destination", destination, source); !s) return s;
+    return detail::answer("lowpass",
+        size == mask::size3x3 ? ImageProcessingWrapper::FilterLowpass3x3_8u_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(),
+        source.height()) : ImageProcessingWrapper::FilterLowpass5x5_8u_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
+}
+
+inline status lowpass(view<const unsigned char, 1> source, view<unsigned char, 1> destination, mask size, edge beyond,
+                      const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lowpass", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("lowpass", "size", static_cast<int>(size), 0x28); !s) return s;
+    return detail::with_frame("lowpass", source, destination, {detail::half(size), detail::half(size),
+            detail::half(size), detail::half(size)}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<unsigned char, 1>& band) { return lowpass(part, band,
+            size); });
+}
+
 inline status lowpass(view<const unsigned char, 3> source, view<unsigned char, 3> destination, mask size)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("lowpass", {{"source", source},

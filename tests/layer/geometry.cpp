@@ -63,6 +63,7 @@ void expect_resizes(double tolerance)
 
 TEST(LayerResize, TypesAndInterpolations)
 {
+    expect_resizes<unsigned char, 1>(0.55);
     expect_resizes<unsigned char, 3>(0.55);
     expect_resizes<unsigned char, 4>(0.55);
     expect_resizes<unsigned short, 1>(0.55);

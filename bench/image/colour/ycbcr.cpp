@@ -31,6 +31,11 @@ void add_whole(int side)
         "YCbCrToRGB_8u_C3", side, a, d,
         [=] { W::YCbCrToRGB_8u_C3(a->as<u8>(), a->step(), d->as<u8>(), d->step(), side, side, 1); }, "opencv",
         [=]() mutable { cv::cvtColor(from, to, cv::COLOR_YCrCb2RGB); });
+    const Picture grey = picture(side, 1);
+    compare(
+        "RGBToGray_8u_C3C1R", side, a, grey,
+        [=] { W::RGBToGray_8u_C3C1R(a->as<u8>(), a->step(), grey->as<u8>(), grey->step(), side, side, 1); }, "opencv",
+        [=, to = mat(grey, CV_8UC1)]() mutable { cv::cvtColor(from, to, cv::COLOR_RGB2GRAY); });
     compare("RGBToYCbCr_8u_AC4", side, a4, d4,
             [=] { W::RGBToYCbCr_8u_AC4(a4->as<u8>(), a4->step(), d4->as<u8>(), d4->step(), side, side, 1); });
     compare("YCbCrToRGB_8u_AC4", side, a4, d4,

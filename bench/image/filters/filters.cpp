@@ -79,6 +79,8 @@ const auto cross5 = [](const cv::Mat& a, cv::Mat& d) {
 
 const bool registered = [] {
 #define FILTER(name, T, channels, radius, peer) filter<T>(#name, channels, radius, W::Filter##name, peer)
+    FILTER(Lowpass3x3_8u_C1R, u8, 1, 1, box3);
+    FILTER(Lowpass5x5_8u_C1R, u8, 1, 2, box5);
     FILTER(Lowpass3x3_8u_C3R, u8, 3, 1, box3);
     FILTER(Lowpass5x5_8u_C3R, u8, 3, 2, box5);
     FILTER(Lowpass3x3_16u_C1R, u16, 1, 1, box3);

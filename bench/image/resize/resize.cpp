@@ -129,10 +129,23 @@ auto zoom(Method method, bool smooth)
     };
 }
 
+auto square(int code)
+{
+    static std::vector<u8> work(1 << 20);
+    return [code](const Pair<u8>& p) {
+        const double factor = static_cast<double>(p.to) / p.from;
+        W::ResizeSqrPixel_8u_C1R(p.src->as<u8>(), p.from, p.from, p.src->step(), 0, 0, p.from, p.from, p.dst->as<u8>(),
+                                 p.dst->step(), 0, 0, p.to, p.to, factor, factor, 0, 0, code, work.data());
+    };
+}
+
 const bool registered = [] {
     for (const Scale& scale : {kUp, kDouble, kDown}) {
         row<u8>("ResizeNN_8u_C3R", scale, 3, cv::INTER_NEAREST, plain<u8>(W::ResizeNN_8u_C3R));
         row<u8>("ResizeNN_8u_C4R", scale, 4, cv::INTER_NEAREST, plain<u8>(W::ResizeNN_8u_C4R));
+        row<u8>("ResizeSqrPixel_8u_C1R nearest", scale, 1, cv::INTER_NEAREST, square(1));
+        row<u8>("ResizeSqrPixel_8u_C1R linear", scale, 1, cv::INTER_LINEAR, square(2));
+        row<u8>("ResizeSqrPixel_8u_C1R cubic", scale, 1, cv::INTER_CUBIC, square(4));
         row<u16>("ResizeNN_16u_C1R", scale, 1, cv::INTER_NEAREST, plain<u16>(W::ResizeNN_16u_C1R));
         row<u16>("ResizeCenterNN_16u_C1R (linear)", scale, 1, cv::INTER_LINEAR, [](const Pair<u16>& p) {
             W::ResizeCenterNN_16u_C1R(p.src->as<u16>(), p.from, p.from, p.src->step(), p.dst->as<u16>(), p.dst->step(),
@@ -145,6 +158,7 @@ const bool registered = [] {
     for (const Scale& scale : {kHalf, kArea}) {
         row<u8>("Resize_8u_C3 area", scale, 3, cv::INTER_AREA, zoom<u8>(W::Resize_8u_C3, false));
         row<u8>("Resize_8u_C4 area", scale, 4, cv::INTER_AREA, zoom<u8>(W::Resize_8u_C4, false));
+        row<u8>("ResizeSqrPixel_8u_C1R area", scale, 1, cv::INTER_AREA, square(8));
         row<u16>("Resize_16u_C1 area", scale, 1, cv::INTER_AREA, zoom<u16>(W::Resize_16u_C1, false));
         row<float>("Resize_32f_C1 area", scale, 1, cv::INTER_AREA, zoom<float>(W::Resize_32f_C1, false));
     }

@@ -94,6 +94,70 @@ struct ToRgbPixels {
     }
 };
 
+// --- Luma alone -----------------------------------------------------------------------------------
+
+#if ORV_HAVE_BYTE_SHUFFLE
+struct ToLuma {
+    static constexpr int N = Bytes::N;  // pixels of a block
+    FromRgbLanes::Row luma;
+    explicit ToLuma(int standard) : luma(FromRgbLanes(kFromRgb[standard]).luma) {}
+
+    template <class From>
+    ORV_INLINE Ints four(Bytes bytes) const
+    {
+        const FromRgbLanes::Pixels p = FromRgbLanes::pixels<From>(bytes);
+        return simd::shifted_right<15>(luma.sum(p.red_green, p.blue));
+    }
+    static ORV_INLINE Bytes packed(Ints a, Ints b, Ints c, Ints d)
+    {
+        const Words low = simd::narrow(simd::pair<Ints>{a, b}), high = simd::narrow(simd::pair<Ints>{c, d});
+        return simd::narrow(simd::pair<UnsignedWords>{simd::as<std::uint16_t>(low), simd::as<std::uint16_t>(high)});
+    }
+    ORV_INLINE void block(const uint8_t* src, uint8_t* dst, Interleaved<3, 0> first) const
+    {
+        using First = decltype(first);
+        using simd::load_parts;
+        simd::store(dst, packed(four<First>(load_parts<Bytes, 48>(src)), four<First>(load_parts<Bytes, 48>(src + 12)),
+                                four<First>(load_parts<Bytes, 48>(src + 24)),
+                                four<Interleaved<3, 4>>(load_parts<Bytes, 48>(src + 32))));
+    }
+    ORV_INLINE void block(const uint8_t* src, uint8_t* dst, Interleaved<4, 0> first) const
+    {
+        using First = decltype(first);
+        const auto at = [&](int k) { return four<First>(simd::load_parts<Bytes, 64>(src + 16 * k)); };
+        simd::store(dst, packed(at(0), at(1), at(2), at(3)));
+    }
+};
+#endif
+
+template <int Channels>
+void luma_row(const uint8_t* src, uint8_t* dst, std::ptrdiff_t n, int standard)
+{
+#if ORV_HAVE_BYTE_SHUFFLE
+    constexpr int N = ToLuma::N;
+    constexpr Interleaved<Channels, 0> layout;
+    const ToLuma op(standard);
+    for (; n >= N; n -= N, src += N * Channels, dst += N) op.block(src, dst, layout);
+    if (n == 0) return;
+    uint8_t in[N * Channels] = {}, out[N];
+    __builtin_memcpy(in, src, static_cast<std::size_t>(n * Channels));
+    op.block(in, out, layout);
+    __builtin_memcpy(dst, out, static_cast<std::size_t>(n));
+#else
+    const FromRgb& m = kFromRgb[standard];
+    for (; n > 0; --n, src += Channels, ++dst) *dst = luma_of(m, src);
+#endif
+}
+
+template <int Channels>
+Status to_luma(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)
+{
+    if (const Status bad = check_conversion(roi, standard, src, dst)) return bad;
+    for (int y = 0; y < roi.height; ++y)
+        luma_row<Channels>(row_at(src, srcStep, y), row_at(dst, dstStep, y), roi.width, standard);
+    return StatusOk;
+}
+
 template <class Op, int Channels>
 Status convert(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)
 {
@@ -114,6 +178,16 @@ CONVERSION(RGBToYCbCr_8u_AC4, FromRgbPixels, 4)
 CONVERSION(YCbCrToRGB_8u_C3, ToRgbPixels, 3)
 CONVERSION(YCbCrToRGB_8u_AC4, ToRgbPixels, 4)
 #undef CONVERSION
+
+Status RGBToGray_8u_C3C1(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)
+{
+    return to_luma<3>(src, srcStep, dst, dstStep, roi, standard);
+}
+
+Status RGBToGray_8u_AC4C1(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)
+{
+    return to_luma<4>(src, srcStep, dst, dstStep, roi, standard);
+}
 
 }  // namespace ORV_LEVEL
 }  // namespace ycbcr

@@ -466,6 +466,11 @@ Status gauss5(const uint16_t* src, int srcStep, uint16_t* dst, int dstStep, Size
 
 // --- Kernels --------------------------------------------------------------------------------------
 
+Status FilterLowpass_8u_C1(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int mask)
+{
+    return lowpass<1>(src, srcStep, dst, dstStep, roi, mask);
+}
+
 Status FilterLowpass_8u_C3(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int mask)
 {
     return lowpass<3>(src, srcStep, dst, dstStep, roi, mask);

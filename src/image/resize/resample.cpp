@@ -279,6 +279,7 @@ Status ResizeGetBufSize(Rectangle srcRoi, Rectangle dstRoi, int channels, int in
                                      xShift, yShift, interpolation, buffer);                                      \
     }
 
+RESAMPLE(ResizeSqrPixel_8u_C1, std::uint8_t, 1)
 RESAMPLE(ResizeSqrPixel_8u_C3, std::uint8_t, 3)
 RESAMPLE(ResizeSqrPixel_8u_C4, std::uint8_t, 4)
 RESAMPLE(ResizeSqrPixel_16u_C1, std::uint16_t, 1)

@@ -96,6 +96,10 @@ TEST_P(EveryPixel, IsWhatTheIntegersSay)
             ASSERT_EQ(kernel(src.data(), 768, got.data(), 768, {256, 256}, code), orv::StatusOk);
             ASSERT_TRUE(got == ycc) << "to YCbCr, red " << first;
         }
+        for (auto* const kernel : built_variants(orv::orv_RGBToGray_8u_C3C1.variant)) {
+            ASSERT_EQ(kernel(src.data(), 768, got.data(), 256, {256, 256}, code), orv::StatusOk);
+            for (std::size_t i = 0; i < 65536; ++i) ASSERT_EQ(got[i], ycc[3 * i]) << "grey, red " << first;
+        }
         for (auto* const kernel : built_variants(orv::orv_YCbCrToRGB_8u_C3.variant)) {
             ASSERT_EQ(kernel(src.data(), 768, got.data(), 768, {256, 256}, code), orv::StatusOk);
             ASSERT_TRUE(got == rgb) << "to RGB, luma " << first;
@@ -172,6 +176,26 @@ TEST(YCbCr, RowsOfEveryWidth)
     }
 }
 
+TEST(YCbCr, GreyOfEveryWidth)
+{
+    std::mt19937 g = make_generator("grey");
+    for (const int channels : {3, 4}) {
+        for (int width = 1; width <= 70; width += options().brief ? 7 : 1) {
+            const int code = width % 4;
+            Image a = random_pixels<u8>(width * channels, 3, g), d = random_image(width, 3, g);
+            const auto before = d.bytes();
+            at_every_level([&] {
+                ASSERT_TRUE((channels == 3 ? W::RGBToGray_8u_C3C1R : W::RGBToGray_8u_AC4C1R)(
+                    a.pixels<u8>(), a.step(), d.pixels<u8>(), d.step(), width, 3, code));
+                expect_pixels<u8>(d, before, [&](int y, int x) {
+                    const u8* const p = a.row(y) + x * channels;
+                    return static_cast<u8>(to_ycc(standard(code), {p[0], p[1], p[2]})[0]);
+                });
+            });
+        }
+    }
+}
+
 TEST(YCbCr, RefusalsWriteNothing)
 {
     std::mt19937 g = make_generator("refusals");
@@ -182,6 +206,7 @@ TEST(YCbCr, RefusalsWriteNothing)
     const int step = image.step();
     at_every_level([&] {
         for (const auto* const operation : {&orv::orv_RGBToYCbCr_8u_C3, &orv::orv_RGBToYCbCr_8u_AC4,
+                                            &orv::orv_RGBToGray_8u_C3C1, &orv::orv_RGBToGray_8u_AC4C1,
                                             &orv::orv_YCbCrToRGB_8u_C3, &orv::orv_YCbCrToRGB_8u_AC4}) {
             EXPECT_EQ((*operation)(nullptr, step, d, step, {0, 2}, 9), -8);
             EXPECT_EQ((*operation)(s, step, nullptr, step, {2, 2}, 0), -8);

@@ -127,6 +127,8 @@ const FilterRow<float> kFloatFilters[] = {
     {"SobelCross5x5_32f_C1R", W::FilterSobelCross5x5_32f_C1R, cross5, 2, 1},
 };
 const FilterRow<u8> kByteFilters[] = {
+    {"Lowpass3x3_8u_C1R", W::FilterLowpass3x3_8u_C1R, mean<u8, 1>, 1, 1},
+    {"Lowpass5x5_8u_C1R", W::FilterLowpass5x5_8u_C1R, mean<u8, 2>, 2, 1},
     {"Lowpass3x3_8u_C3R", W::FilterLowpass3x3_8u_C3R, mean<u8, 1>, 1, 3},
     {"Lowpass5x5_8u_C3R", W::FilterLowpass5x5_8u_C3R, mean<u8, 2>, 2, 3},
 };

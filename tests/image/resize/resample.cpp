@@ -28,9 +28,11 @@ template <class T> constexpr int channels_from(int wide) { return sizeof(T) == 1
 template <class T>
 const orv::Operation<orv::Resample<T>>& operation(int channels)
 {
-    if constexpr (sizeof(T) == 1) return channels == 3 ? orv::orv_ResizeSqrPixel_8u_C3 : orv::orv_ResizeSqrPixel_8u_C4;
-    else if constexpr (sizeof(T) == 2)
-        return channels == 1 ? orv::orv_ResizeSqrPixel_16u_C1 : orv::orv_ResizeSqrPixel_16u_C1;
+    if constexpr (sizeof(T) == 1)
+        return channels == 1   ? orv::orv_ResizeSqrPixel_8u_C1
+               : channels == 3 ? orv::orv_ResizeSqrPixel_8u_C3
+                               : orv::orv_ResizeSqrPixel_8u_C4;
+    else if constexpr (sizeof(T) == 2) return orv::orv_ResizeSqrPixel_16u_C1;
     else return orv::orv_ResizeSqrPixel_32f_C1;
 }
 
@@ -251,6 +253,7 @@ TEST(Resample, EveryInterpolationFollowsItsDefinition)
     std::mt19937 g = make_generator("resample");
     for (const int code : {1, 2, 4, 5, 6, 7, 8, 16}) {
         for (int i = 0; i < (options().brief ? 8 : 150); ++i) {
+            check_interpolation<u8>(code, 1, g);
             check_interpolation<u8>(code, 3, g);
             check_interpolation<u8>(code, 4, g);
             check_interpolation<u16>(code, 1, g);
@@ -426,6 +429,7 @@ TEST(Resample, FarCornersOfTheLargestImages)
     std::mt19937 g = make_generator("far");
     for (const int code : {1, 2, 4, 5, 7, 8, 16, 1 | kSmooth, 5 | kSmooth}) {
         at_every_level([&] {
+            check_far_corner<u8>(code, 1, g);
             check_far_corner<u8>(code, 3, g);
             check_far_corner<u8>(code, 4, g);
             check_far_corner<u16>(code, 1, g);

@@ -6,6 +6,8 @@
 
 using namespace orv;
 
+SRC_DST(FilterLowpass3x3_8u_C1R, with(orv_FilterLowpass_8u_C1, mask_3x3), unsigned char, unsigned char)
+SRC_DST(FilterLowpass5x5_8u_C1R, with(orv_FilterLowpass_8u_C1, mask_5x5), unsigned char, unsigned char)
 SRC_DST(FilterLowpass3x3_8u_C3R, with(orv_FilterLowpass_8u_C3, mask_3x3), unsigned char, unsigned char)
 SRC_DST(FilterLowpass5x5_8u_C3R, with(orv_FilterLowpass_8u_C3, mask_5x5), unsigned char, unsigned char)
 SRC_DST(FilterLowpass3x3_16u_C1R, with(orv_FilterLowpass_16u_C1, mask_3x3), unsigned short, unsigned short)

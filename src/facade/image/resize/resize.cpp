@@ -181,6 +181,8 @@ bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcR
                                 size) == StatusOk;
 }
 
+SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_8u_C1R, orv_ResizeSqrPixel_8u_C1, unsigned char, double, double, double,
+                            double, int, unsigned char*)
 SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_16u_C1R, orv_ResizeSqrPixel_16u_C1, unsigned short, double, double, double,
                             double, int, unsigned char*)
 
