@@ -11,6 +11,7 @@
 #endif
 
 #include "layer/codes.hpp"
+#include "layer/conversions.hpp"
 #include "layer/geometry.hpp"
 #include "layer/images.hpp"
 #include "layer/in_place.hpp"

@@ -129,6 +129,8 @@ class Writer:
 
 def brief(overload):
     """What the first overload of an entry says of itself, in the layer's names."""
+    if overload.operation.again:
+        return overload.operation.note
     text = re.sub(r"[.:;,]? *\(?(Inverted|always true|Always true).*", "", overload.method.brief).rstrip(".")
     for p in sorted(overload.public, key=lambda p: -len(p.source)):
         if p.source:

@@ -122,6 +122,10 @@ class Overload:
             return self.operation.given[name]
         if name in ("xFactor", "yFactor"):
             return "1"
+        if self.operation.choice and name in ("kernelWidth", "kernelHeight"):
+            return f"static_cast<int>({self.operation.choice[0]})"
+        if self.operation.choice and name in ("anchorX", "anchorY"):
+            return f"detail::half({self.operation.choice[0]})"
         if name in ("width", "height"):
             return f"{self.size_operand()}.{name}()"
         if name == "len":

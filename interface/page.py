@@ -15,7 +15,7 @@ def kind(method):
 
 
 def page(operations):
-    lines = ["# Operations of the typed layer", "",
+    lines = ["<!-- Made from interface/table.toml by interface/generate.py. -->", "# Operations of the typed layer", "",
              "Made from `interface/table.toml` by `interface/generate.py`. Names of types as in the classes; C1, C3,",
              "C4 are channels of images, types without them vectors. \"Cut\" says whether the parts of a region, each",
              "for itself, give the same bytes as the whole.", "",
@@ -24,7 +24,7 @@ def page(operations):
     for operation in operations:
         merged.setdefault(operation.name, []).append(operation)
     for name, entries in merged.items():
-        kinds = list(dict.fromkeys(kind(b.method) for e in entries for b in e.bindings))
+        kinds = list(dict.fromkeys(k for e in entries for k in e.kinds or [kind(b.method) for b in e.bindings]))
         where = entries[0].hand
         cut = f"see `{where}`" if where else CUTS[entries[0].cut]
         lines.append(f"| `{name}` | {', '.join(kinds)} | {cut} |")

@@ -47,6 +47,8 @@ class Operation:
     example: str = ""
     note: str = ""
     hand: str = ""
+    again: bool = False
+    kinds: list = field(default_factory=list)
     exclude: list = field(default_factory=list)
     python: dict = field(default_factory=dict)
 
@@ -86,19 +88,16 @@ def expand(pattern, texts):
 def bind(operation, methods, names, taken):
     choice = operation.choice
     for pattern in operation.methods:
-        first = expand(pattern, list(choice[2].values())[:1])[0] if choice else pattern
-        found = [m for m in methods if fnmatch.fnmatchcase(m.qualified, first) and m.qualified not in taken
+        texts = list(choice[2].values()) if choice else []
+        first = expand(pattern, texts[:1])[0] if texts else pattern
+        found = [m for m in methods if fnmatch.fnmatchcase(m.qualified, first)
+                 and (operation.again or m.qualified not in taken)
                  and not any(fnmatch.fnmatchcase(m.qualified, e) for e in operation.exclude)
                  and not in_place_twin(m.qualified, names)]
         for method in found:
-            if operation.hand:
-                taken.add(method.qualified)
-                operation.bindings.append(Binding(method))
-                continue
             others = ()
-            if choice:
-                start = list(choice[2].values())[0]
-                others = tuple((value, names[method.qualified.replace(start, text, 1)])
+            if texts:
+                others = tuple((value, names[method.qualified.replace(texts[0], text, 1)])
                                for value, text in choice[2].items())
             operation.bindings.append(Binding(method, others))
             taken.update([method.qualified] + [m.qualified for _, m in others])

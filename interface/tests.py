@@ -85,7 +85,8 @@ class Case:
     def method(self):
         binding = self.overload.binding
         chosen = binding.others[0][1] if binding.others else binding.method
-        return self.overload.call(chosen).replace("detail::", "")
+        call = re.sub(r"detail::(step|length)\(", r"\1(", self.overload.call(chosen))
+        return re.sub(r"(?<![:\w])(detail|mask)::", r"orvane::\1::", call)
 
     def text(self):
         overload = self.overload

@@ -26,15 +26,17 @@ struct resizers {
     zoom_method<T> zoom;
 };
 
-// A resize is a perspective without one. The nearest pixel has the plans' bias: a reduction by two takes the left
-// pixel of each pair.
+// How far the nearest pixel lies to the left, as plans have it: a reduction by two takes the left pixel of each pair.
+constexpr double bias_of(interpolation how) { return how == interpolation::nearest ? 1e-10 : 0; }
+
+// A resize is a perspective without one.
 template <class T, int Channels>
 bool resize_by_warp(warp_method<T> warp, const view<const T, Channels>& source, const view<T, Channels>& destination,
                     interpolation how)
 {
     const double x = static_cast<double>(destination.width()) / source.width();
     const double y = static_cast<double>(destination.height()) / source.height();
-    const double bias = how == interpolation::nearest ? 1e-10 : 0;
+    const double bias = bias_of(how);
     const double map[9] = {x, 0, bias * x, 0, y, bias * y, 0, 0, 1};
     return warp(source.data(), source.width(), source.height(), step(source), 0, 0, source.width(), source.height(),
                 destination.data(), step(destination), 0, 0, destination.width(), destination.height(), map,
@@ -74,9 +76,10 @@ status resize_square(square_method<T> square, const view<const T>& source, const
     if (!sized || buffer.data() == nullptr) return {"resize", "", reason::memory};
     const double x = static_cast<double>(destination.width()) / source.width();
     const double y = static_cast<double>(destination.height()) / source.height();
+    const double bias = bias_of(how);
     const bool done = square(source.data(), source.width(), source.height(), step(source), 0, 0, source.width(),
                              source.height(), destination.data(), step(destination), 0, 0, destination.width(),
-                             destination.height(), x, y, 0, 0, static_cast<int>(how),
+                             destination.height(), x, y, bias * x, bias * y, static_cast<int>(how),
                              static_cast<unsigned char*>(buffer.data()));
     return answer("resize", done, reason::memory);
 }

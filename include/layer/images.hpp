@@ -3419,6 +3419,114 @@ inline status gauss(view<const unsigned short, 1> source, view<unsigned short, 1
             size); });
 }
 
+/// destination = 8 or 24 times source - the sum of its neighbours, 3x3 or 5x5
+inline status highpass(view<const unsigned char, 1> source, view<short, 1> destination, mask size)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("highpass", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("highpass", "size", static_cast<int>(size), 0x28); !s) return s;
+    if (const status s = detail::framed("highpass", "source", source.around(), detail::half(size), detail::half(size),
+        detail::half(size), detail::half(size)); !s) return s;
+    if (const status s = detail::apart("highpass", "destination", destination, source); !s) return s;
+    return detail::answer("highpass", ImageProcessingWrapper::Filter_8u16s_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), detail::highpass_kernel(size),
+        static_cast<int>(size), static_cast<int>(size), detail::half(size), detail::half(size), 1),
+        detail::reason::memory);
+}
+
+inline status highpass(view<const unsigned char, 1> source, view<short, 1> destination, mask size, edge beyond,
+                       const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("highpass", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("highpass", "size", static_cast<int>(size), 0x28); !s) return s;
+    return detail::with_frame("highpass", source, destination, {detail::half(size), detail::half(size),
+            detail::half(size), detail::half(size)}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<short, 1>& band) { return highpass(part, band,
+            size); });
+}
+
+/// destination = Laplacian, signed
+inline status laplace(view<const unsigned char, 1> source, view<short, 1> destination, mask size)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("laplace", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("laplace", "size", static_cast<int>(size), 0x28); !s) return s;
+    if (const status s = detail::framed("laplace", "source", source.around(), detail::half(size), detail::half(size),
+        detail::half(size), detail::half(size)); !s) return s;
+    if (const status s = detail::apart("laplace", "destination", destination, source); !s) return s;
+    return detail::answer("laplace", ImageProcessingWrapper::Filter_8u16s_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), detail::laplace_kernel(size),
+        static_cast<int>(size), static_cast<int>(size), detail::half(size), detail::half(size), 1),
+        detail::reason::memory);
+}
+
+inline status laplace(view<const unsigned char, 1> source, view<short, 1> destination, mask size, edge beyond,
+                      const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("laplace", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("laplace", "size", static_cast<int>(size), 0x28); !s) return s;
+    return detail::with_frame("laplace", source, destination, {detail::half(size), detail::half(size),
+            detail::half(size), detail::half(size)}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<short, 1>& band) { return laplace(part, band,
+            size); });
+}
+
+/// destination = second cross derivative, signed
+inline status sobel_cross(view<const unsigned char, 1> source, view<short, 1> destination, mask size)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("sobel_cross", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("sobel_cross", "size", static_cast<int>(size), 0x28); !s) return s;
+    if (const status s = detail::framed("sobel_cross", "source", source.around(), detail::half(size),
+        detail::half(size), detail::half(size), detail::half(size)); !s) return s;
+    if (const status s = detail::apart("sobel_cross", "destination", destination, source); !s) return s;
+    return detail::answer("sobel_cross", ImageProcessingWrapper::Filter_8u16s_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), detail::cross_kernel(size),
+        static_cast<int>(size), static_cast<int>(size), detail::half(size), detail::half(size), 1),
+        detail::reason::memory);
+}
+
+inline status sobel_cross(view<const unsigned char, 1> source, view<short, 1> destination, mask size, edge beyond,
+                          const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("sobel_cross", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("sobel_cross", "size", static_cast<int>(size), 0x28); !s) return s;
+    return detail::with_frame("sobel_cross", source, destination, {detail::half(size), detail::half(size),
+            detail::half(size), detail::half(size)}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<short, 1>& band) { return sobel_cross(part, band,
+            size); });
+}
+
+/// destination = weighted sum of 3x3 pixels / 16 or 5x5 / 571, rounded to nearest, ties to even
+inline status gauss(view<const unsigned char, 1> source, view<unsigned char, 1> destination, mask size)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("gauss", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("gauss", "size", static_cast<int>(size), 0x28); !s) return s;
+    if (const status s = detail::framed("gauss", "source", source.around(), detail::half(size), detail::half(size),
+        detail::half(size), detail::half(size)); !s) return s;
+    if (const status s = detail::apart("gauss", "destination", destination, source); !s) return s;
+    return detail::answer("gauss", ImageProcessingWrapper::Filter_8u_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), detail::gauss_kernel(size),
+        static_cast<int>(size), static_cast<int>(size), detail::half(size), detail::half(size),
+        size == mask::size3x3 ? 16 : 571), detail::reason::memory);
+}
+
+inline status gauss(view<const unsigned char, 1> source, view<unsigned char, 1> destination, mask size, edge beyond,
+                    const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("gauss", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::code("gauss", "size", static_cast<int>(size), 0x28); !s) return s;
+    return detail::with_frame("gauss", source, destination, {detail::half(size), detail::half(size),
+            detail::half(size), detail::half(size)}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<unsigned char, 1>& band) { return gauss(part, band,
+            size); });
+}
+
 /// destination = sum of w[|i|] * w[|j|] * source(x + i, y + j), |i|, |j| <= r, by rows and columns; see above
 inline status gauss(view<const float, 1> source, view<float, 1> destination, int kernel_size, float sigma)
 {
@@ -3588,46 +3696,6 @@ inline status dilate(view<const float, 1> source, view<float, 1> destination)
 }
 
 /// destination = sum / divisor
-inline status convolve(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
-                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
-                       int divisor = 1)
-{
-    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
-        {"destination", destination}});
-    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
-    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
-    if (const status s = detail::filled("convolve", "kernel", kernel,
-        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
-    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
-    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
-        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
-    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
-    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u_C1R(source.data(), detail::step(source),
-        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
-        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
-}
-
-inline status convolve(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
-                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
-                       int divisor, edge beyond, const constant<unsigned char, 1>& value = 0)
-{
-    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
-        {"destination", destination}});
-    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
-    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
-    if (const status s = detail::filled("convolve", "kernel", kernel,
-        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
-    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
-    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
-            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
-        [&](const view<const unsigned char, 1>& part, const view<unsigned char, 1>& band) { return convolve(part,
-            band, kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
-}
-
 inline status convolve(view<const unsigned char, 3> source, view<unsigned char, 3> destination,
                        span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
                        int divisor = 1)
@@ -3785,45 +3853,6 @@ inline status convolve(view<const short, 1> source, view<short, 1> destination, 
             kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
         [&](const view<const short, 1>& part, const view<short, 1>& band) { return convolve(part, band, kernel,
             kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
-}
-
-inline status convolve(view<const unsigned char, 1> source, view<short, 1> destination, span<const int> kernel,
-                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor = 1)
-{
-    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
-        {"destination", destination}});
-    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
-    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
-    if (const status s = detail::filled("convolve", "kernel", kernel,
-        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
-    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
-    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
-        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
-    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
-    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u16s_C1R(source.data(), detail::step(source),
-        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
-        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
-}
-
-inline status convolve(view<const unsigned char, 1> source, view<short, 1> destination, span<const int> kernel,
-                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor, edge beyond,
-                       const constant<unsigned char, 1>& value = 0)
-{
-    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
-        {"destination", destination}});
-    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
-    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
-    if (const status s = detail::filled("convolve", "kernel", kernel,
-        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
-    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
-    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
-    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
-            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
-        [&](const view<const unsigned char, 1>& part, const view<short, 1>& band) { return convolve(part, band,
-            kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
 }
 
 inline status convolve(view<const float, 1> source, view<float, 1> destination, span<const float> kernel,

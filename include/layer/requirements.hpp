@@ -131,6 +131,40 @@ inline status whole(const char* operation, const char* name, const region& desti
 
 constexpr int half(mask size) { return static_cast<int>(size) / 2; }
 
+// The fixed filters as convolutions; the formulas are those of FilterHipass and the others.
+inline const int* chosen_kernel(mask size, const int (&three)[9], const int (&five)[25])
+{
+    return size == mask::size3x3 ? three : five;
+}
+inline const int* highpass_kernel(mask size)
+{
+    static constexpr int three[] = {-1, -1, -1, -1, 8, -1, -1, -1, -1};
+    static constexpr int five[] = {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 24,
+                                   -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+    return chosen_kernel(size, three, five);
+}
+inline const int* laplace_kernel(mask size)
+{
+    static constexpr int three[] = {-1, -1, -1, -1, 8, -1, -1, -1, -1};
+    static constexpr int five[] = {-1, -3, -4, -3, -1, -3, 0,  6,  0,  -3, -4, 6, 20,
+                                   6,  -4, -3, 0,  6,  0,  -3, -1, -3, -4, -3, -1};
+    return chosen_kernel(size, three, five);
+}
+inline const int* cross_kernel(mask size)
+{
+    static constexpr int three[] = {-1, 0, 1, 0, 0, 0, 1, 0, -1};
+    static constexpr int five[] = {-1, -2, 0, 2, 1, -2, -4, 0,  4,  2, 0,  0, 0,
+                                   0,  0,  2, 4, 0, -4, -2, 1,  2,  0, -2, -1};
+    return chosen_kernel(size, three, five);
+}
+inline const int* gauss_kernel(mask size)
+{
+    static constexpr int three[] = {1, 2, 1, 2, 4, 2, 1, 2, 1};
+    static constexpr int five[] = {2,  7, 12, 7,  2,  7,  31, 52, 31, 7, 12, 52, 127,
+                                   52, 12, 7, 31, 52, 31, 7,  2,  7,  12, 7, 2};
+    return chosen_kernel(size, three, five);
+}
+
 inline status framed(const char* operation, const char* name, const frame& around, int left, int top, int right,
                      int bottom)
 {

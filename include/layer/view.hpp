@@ -2,6 +2,7 @@
 #ifndef ORVANE_LAYER_VIEW_HPP
 #define ORVANE_LAYER_VIEW_HPP
 
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <limits>
@@ -106,6 +107,24 @@ struct frame_of<P, std::enable_if_t<std::is_same_v<decltype(std::declval<const P
     static constexpr frame get(const P& p) { return p.around(); }
 };
 
+// Multidimensional spans: std::mdspan, where the library has it, and those that are made like it.
+template <class M, class = void>
+struct is_mdspan : std::false_type {};
+template <class M>
+struct is_mdspan<M, std::void_t<typename M::mapping_type, typename M::extents_type, typename M::index_type,
+                                decltype(std::declval<const M&>().data_handle()),
+                                decltype(std::declval<const M&>().stride(0))>> : std::true_type {};
+
+template <class M>
+using mdspan_element = std::remove_pointer_t<decltype(std::declval<const M&>().data_handle())>;
+
+// Rows and columns, and a third extent where pixels have several channels.
+template <class M, class T, int Channels, class = void>
+struct is_mdspan_of : std::false_type {};
+template <class M, class T, int Channels>
+struct is_mdspan_of<M, T, Channels, std::enable_if_t<is_mdspan<M>::value>>
+    : std::bool_constant<M::rank() == (Channels == 1 ? 2 : 3) && seen_as<mdspan_element<M>, T>> {};
+
 template <class T>
 using byte_like = std::conditional_t<std::is_const_v<T>, const char, char>;
 
@@ -148,6 +167,32 @@ public:
     {
     }
 
+    /// From a std::mdspan (of rows, columns and, if there are several, channels); an empty view, which every operation
+    /// refuses, where the elements of a row do not stand side by side.
+    template <class M, std::enable_if_t<detail::is_mdspan_of<M, T, Channels>::value, int> = 0>
+    constexpr view(const M& m) : view(from_mdspan(m))
+    {
+    }
+    /// As a std::mdspan with strides, M; an empty one where the step is no multiple of an element.
+    template <class M>
+    constexpr M as() const
+    {
+        static_assert(detail::is_mdspan_of<M, std::remove_const_t<T>, Channels>::value ||
+                          detail::is_mdspan_of<M, const T, Channels>::value,
+                      "an mdspan of these elements, with three extents where there are several channels");
+        using index = typename M::index_type;
+        constexpr auto element = static_cast<std::ptrdiff_t>(sizeof(T));
+        if (step_ % element != 0) return M();
+        const auto row = static_cast<index>(step_ / element);
+        if constexpr (Channels == 1) {
+            const typename M::extents_type extents(height_, width_);
+            return M(data_, typename M::mapping_type(extents, std::array<index, 2>{row, 1}));
+        } else {
+            const typename M::extents_type extents(height_, width_, Channels);
+            return M(data_, typename M::mapping_type(extents, std::array<index, 3>{row, Channels, 1}));
+        }
+    }
+
     constexpr T* data() const { return data_; }
     constexpr int width() const { return width_; }
     constexpr int height() const { return height_; }
@@ -174,6 +219,17 @@ public:
     }
 
 private:
+    template <class M>
+    static constexpr view from_mdspan(const M& m)
+    {
+        constexpr auto channels_last = static_cast<std::size_t>(Channels == 1 ? 1 : 2);
+        const bool packed = m.stride(channels_last) == 1 &&
+                            (Channels == 1 || (m.extent(channels_last) == Channels && m.stride(1) == Channels));
+        if (!packed) return {};
+        const auto row = static_cast<std::ptrdiff_t>(m.stride(0)) * static_cast<std::ptrdiff_t>(sizeof(T));
+        return {m.data_handle(), static_cast<int>(m.extent(1)), static_cast<int>(m.extent(0)), row};
+    }
+
     T* data_ = nullptr;
     std::ptrdiff_t step_ = 0;
     int width_ = 0, height_ = 0;

@@ -163,6 +163,13 @@ FAULTS = [
     ("a step of zero in place", "src/facade/in_place.h", "return step < 1 ? StatusBadStep", "return step < 0 ? StatusBadStep", "*"),
     ("a binding that hosts depend on is mended", "src/facade/image/arithmetic/integer_arithmetic.cpp", "VALUE_SRCDST(AddC_8u_C1I, orv_MulC_8u_C1, ", "VALUE_SRCDST(AddC_8u_C1I, orv_AddC_8u_C1, ", "IntegerArithmetic*"),
     ("an inverted result is mended", "src/facade/signal/vector_arithmetic.cpp", "VECTOR_SRC_SRCDST(Mul_8u_I, inverted(orv_Mul_8u), ", "VECTOR_SRC_SRCDST(Mul_8u_I, orv_Mul_8u, ", "VectorArithmetic*"),
+    # The typed layer.
+    ("a step that is not compared with the row", "include/layer/checks.hpp", "height > 0 && step >= row() && step", "height > 0 && step", "Layer*"),
+    ("regions beside each other overlap", "include/layer/checks.hpp", "return from_a < static_cast<std::size_t>(a.row()) ||", "return from_a <= static_cast<std::size_t>(a.row()) ||", "Layer*"),
+    ("a part that does not know its frame", "include/layer/view.hpp", "v.around_.right = detail::frame_side(around_.right, width_ - w - x);", "v.around_.right = around_.right;", "Layer*"),
+    ("bands that begin a row too late", "include/layer/requirements.hpp", "const int top = more.top - (y - first);", "const int top = y == 0 ? more.top : 0;", "Layer*"),
+    ("the rest of a row is not converted", "include/layer/conversions.hpp", "(width % 3 == 0 || convert(width - 3, 1))", "width > 0", "Layer*"),
+    ("a fraction is a value of an integer", "include/layer/view.hpp", "(std::is_floating_point_v<T> || std::is_integral_v<V>);", "true;", "types"),
     # Dispatch, symbols, levels, layers.
     ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
     ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),

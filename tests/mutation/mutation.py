@@ -14,7 +14,7 @@ from faults import FAULTS
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 JOBS = "2"
-CTESTS = ("exports", "kernel_symbols", "layers")
+CTESTS = ("exports", "kernel_symbols", "layers", "types")
 
 
 def run(command, folder, seconds=7200):
