@@ -19,6 +19,7 @@
 #include "layer/objects.hpp"
 #include "layer/library.hpp"
 #include "layer/status.hpp"
+#include "layer/tables.hpp"
 #include "layer/vectors.hpp"
 #include "layer/version.hpp"
 #include "layer/view.hpp"

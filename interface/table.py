@@ -100,7 +100,8 @@ def bind(operation, methods, names, taken):
                 others = tuple((value, names[method.qualified.replace(texts[0], text, 1)])
                                for value, text in choice[2].items())
             operation.bindings.append(Binding(method, others))
-            taken.update([method.qualified] + [m.qualified for _, m in others])
+            if not operation.again:  # another entry has them, too: it may come later
+                taken.update([method.qualified] + [m.qualified for _, m in others])
 
 
 def kernel_names(method):

@@ -3696,6 +3696,46 @@ inline status dilate(view<const float, 1> source, view<float, 1> destination)
 }
 
 /// destination = sum / divisor
+inline status convolve(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
+                       span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
+                       int divisor, edge beyond, const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<unsigned char, 1>& band) { return convolve(part,
+            band, kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
 inline status convolve(view<const unsigned char, 3> source, view<unsigned char, 3> destination,
                        span<const int> kernel, int kernel_width, int kernel_height, int anchor_x, int anchor_y,
                        int divisor = 1)
@@ -3853,6 +3893,45 @@ inline status convolve(view<const short, 1> source, view<short, 1> destination, 
             kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
         [&](const view<const short, 1>& part, const view<short, 1>& band) { return convolve(part, band, kernel,
             kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<short, 1> destination, span<const int> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor = 1)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    if (const status s = detail::framed("convolve", "source", source.around(), kernel_width - 1 - anchor_x,
+        kernel_height - 1 - anchor_y, anchor_x, anchor_y); !s) return s;
+    if (const status s = detail::apart("convolve", "destination", destination, source); !s) return s;
+    return detail::answer("convolve", ImageProcessingWrapper::Filter_8u16s_C1R(source.data(), detail::step(source),
+        destination.data(), detail::step(destination), source.width(), source.height(), kernel.data(), kernel_width,
+        kernel_height, anchor_x, anchor_y, divisor), detail::reason::memory);
+}
+
+inline status convolve(view<const unsigned char, 1> source, view<short, 1> destination, span<const int> kernel,
+                       int kernel_width, int kernel_height, int anchor_x, int anchor_y, int divisor, edge beyond,
+                       const constant<unsigned char, 1>& value = 0)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::region>("convolve", {{"source", source},
+        {"destination", destination}});
+    if (const status s = detail::between("convolve", "kernel_width", kernel_width, 1, 255); !s) return s;
+    if (const status s = detail::between("convolve", "kernel_height", kernel_height, 1, 255); !s) return s;
+    if (const status s = detail::filled("convolve", "kernel", kernel,
+        static_cast<std::size_t>(kernel_width) * static_cast<std::size_t>(kernel_height)); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_x", anchor_x, 0, kernel_width - 1); !s) return s;
+    if (const status s = detail::between("convolve", "anchor_y", anchor_y, 0, kernel_height - 1); !s) return s;
+    if (const status s = detail::nonzero("convolve", "divisor", divisor); !s) return s;
+    return detail::with_frame("convolve", source, destination, {kernel_width - 1 - anchor_x,
+            kernel_height - 1 - anchor_y, anchor_x, anchor_y}, beyond, value,
+        [&](const view<const unsigned char, 1>& part, const view<short, 1>& band) { return convolve(part, band,
+            kernel, kernel_width, kernel_height, anchor_x, anchor_y, divisor); });
 }
 
 inline status convolve(view<const float, 1> source, view<float, 1> destination, span<const float> kernel,

@@ -2,6 +2,7 @@
 #ifndef ORVANE_LAYER_MATRICES_HPP
 #define ORVANE_LAYER_MATRICES_HPP
 
+#include "../ImageProcessingWrapper.h"
 #include "../MatrixWrapper.h"
 #include "requirements.hpp"
 
@@ -97,6 +98,21 @@ constexpr int column_step(const matrix<T>& m)
 }
 
 }  // namespace detail
+
+/// destination = source
+inline status copy(matrix<const float> source, matrix<float> destination)
+{
+    if (const status s = detail::shaped("copy", "source", source); !s) return s;
+    if (const status s = detail::shaped("copy", "destination", destination, source.rows(), source.columns()); !s)
+        return s;
+    return detail::answer(
+        "copy",
+        ImageProcessingWrapper::Copy_ma_32f_SS(source.data(), sizeof(float), detail::row_step(source),
+                                               detail::column_step(source), destination.data(), sizeof(float),
+                                               detail::row_step(destination), detail::column_step(destination),
+                                               source.columns(), source.rows(), 1),
+        detail::reason::failed);
+}
 
 /// destination = a + b
 inline status add(matrix<const float> a, matrix<const float> b, matrix<float> destination)

@@ -111,6 +111,8 @@ TEST(LayerMatrices, Values)
     EXPECT_THAT(std::vector<float>(&product[0][0], &product[0][0] + 4), ::testing::ElementsAre(7, 8, 16, 17));
     orvane::transpose(a, turned).check();
     EXPECT_EQ(turned[2][1], 6);
+    orvane::copy(matrix<const float>(turned).transposed(), sum).check();
+    EXPECT_THAT(std::vector<float>(&sum[0][0], &sum[0][0] + 6), ::testing::ElementsAre(1, 2, 3, 4, 5, 6));
     orvane::subtract(a, matrix<const float>(b).transposed(), sum).check();
     EXPECT_THAT(std::vector<float>(&sum[0][0], &sum[0][0] + 6), ::testing::ElementsAre(0, 2, 1, 4, 4, 4));
     orvane::add(a, a, sum).check();
@@ -176,6 +178,8 @@ TEST(LayerMatrices, Refusals)
         {orvane::subtract(a, a, b), "destination"},
         {orvane::multiply(a, 1.0F, b), "destination"},
         {orvane::transpose(a, a), "destination"},
+        {orvane::copy(none, a), "source"},
+        {orvane::copy(a, b), "destination"},
         {orvane::multiply(d, three, two), "x"},
         {orvane::multiply(d, two, three), "destination"},
         {orvane::transpose_multiply(d, three, two), "x"},

@@ -365,12 +365,26 @@ TEST(LayerFrames, TallImages)
     EXPECT_STREQ(orvane::lowpass(source, result, mask::size3x3, edge{7}).argument(), "beyond");
 }
 
+TEST(LayerCalls, ATableForEachChannel)
+{
+    std::vector<unsigned char> twice(256), half(256), none(256);
+    for (std::size_t k = 0; k < 256; ++k) {
+        twice[k] = static_cast<unsigned char>(2 * k);
+        half[k] = static_cast<unsigned char>(k / 2);
+    }
+    unsigned char bytes[8] = {10, 20, 30, 40, 11, 21, 31, 41}, made[8];
+    orvane::lookup({bytes, 2, 1, 6}, {twice, half, none}, {made, 2, 1, 6}).check();
+    EXPECT_THAT(std::vector<int>(made, made + 6), ::testing::ElementsAre(20, 10, 0, 80, 5, 0));
+    orvane::lookup({bytes, 2, 1, 8}, {twice, half, none, twice}, {made, 2, 1, 8}).check();
+    EXPECT_THAT(std::vector<int>(made, made + 8), ::testing::ElementsAre(20, 10, 0, 80, 22, 10, 0, 82));
+}
+
 TEST(LayerCalls, Requirements)
 {
     image<unsigned char, 3> photo(4, 4), row(4, 1), larger(6, 6);
     image<unsigned char> grey(4, 4);
     image<float> plane(4, 4), tall(3, 5);
-    std::vector<unsigned char> short_table(255), levels = {0, 9, 9}, values = {1, 2, 3};
+    std::vector<unsigned char> table(256), short_table(255), levels = {0, 9, 9}, values = {1, 2, 3};
     std::vector<int> counts(4), edges(4);
     const float thresholds[2] = {1, 2};
     const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -385,6 +399,8 @@ TEST(LayerCalls, Requirements)
         {orvane::extend_replicate(photo, larger, 3, 0), "left"},
         {orvane::extend_replicate(photo, larger, 0, -1), "top"},
         {orvane::lookup(grey, short_table, grey), "table"},
+        {orvane::lookup(photo, {table, table, short_table}, photo), "tables"},
+        {orvane::lookup(photo, {table, table, table}, larger), "destination"},
         {orvane::curve(grey, levels, values, grey), "levels"},
         {orvane::curve(grey, orvane::span<unsigned char>(levels).part(0, 2), values, grey), "values"},
         {orvane::histogram(grey, counts, edges, 0, 255), "counts"},
