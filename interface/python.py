@@ -294,6 +294,8 @@ def operations(table, include):
         overloads.setdefault(id(overload.operation), []).append(overload)
     read = set()
     for entry in table.operations:
+        if "omitted" in entry.python:
+            continue
         functions = [from_overload(o, enumerations) for o in overloads.get(id(entry), [])]
         if entry.hand and (entry.name, entry.hand) not in read:
             read.add((entry.name, entry.hand))

@@ -63,7 +63,7 @@ def linear(a, height, width):
     return ndimage.map_coordinates(a.astype(float), np.meshgrid(rows, columns, indexing="ij"), order=1, mode="nearest")
 
 
-calls("resize", *(Call(nearest(a, 6, 23), a, (6, 23), how="nearest") for a in (COLOURS, ALPHA, WORDS, FLOATS)),
+calls("resize", *(Call(nearest(a, 6, 23), a, (6, 23), how="nearest") for a in (BYTES, COLOURS, ALPHA, WORDS, FLOATS)),
       Call(linear(FLOATS, 13, 7), FLOATS, (13, 7), within=1e-4), Call(linear(WORDS, 18, 22), WORDS, (18, 22), within=1),
       Call(FLOATS[:8, :10].reshape(4, 2, 5, 2).mean((1, 3)), FLOATS[:8, :10], (4, 5), how="area", within=1e-5))
 calls("zoom", Call(np.repeat(np.repeat(FLOATS[2:6, 3:7], 2, 0), 2, 1), FLOATS[:8, 1:9], 2, smooth=False),
@@ -106,16 +106,16 @@ SMOOTH = {3: np.outer([1, 2, 1], [1, 2, 1]) / 16,
                        [2, 7, 12, 7, 2]]) / 571}
 CROSS = {3: -np.outer([-1, 0, 1], [-1, 0, 1]), 5: -np.outer([-1, -2, 0, 2, 1], [-1, -2, 0, 2, 1])}
 calls("lowpass", *(Call(np.rint(weighted(a, np.full((s, s), 1 / s ** 2))), a, s)
-                   for s in (3, 5) for a in (COLOURS, WORDS)),
+                   for s in (3, 5) for a in (BYTES, COLOURS, WORDS)),
       Call(weighted(FLOATS, np.full((5, 5), 0.04)), FLOATS, 5, within=1e-5),
       Call(weighted(FLOATS, np.full((3, 3), 1 / 9), mode="constant", cval=2), FLOATS, 3, beyond="constant", value=2,
            within=1e-5))
-calls("highpass", *(Call(weighted(FLOATS, highpass(s)), FLOATS, s, within=1e-3) for s in (3, 5)))
-calls("laplace", Call(weighted(FLOATS, highpass(3)), FLOATS, 3, within=1e-3),
+calls("highpass", *(Call(weighted(a, highpass(s)), a, s, within=1e-3) for s in (3, 5) for a in (BYTES, FLOATS)))
+calls("laplace", Call(weighted(BYTES, LAPLACE), BYTES, 5), Call(weighted(FLOATS, highpass(3)), FLOATS, 3, within=1e-3),
       Call(weighted(FLOATS, LAPLACE), FLOATS, 5, within=1e-3))
-calls("sobel_cross", *(Call(weighted(FLOATS, CROSS[s]), FLOATS, s, within=1e-3) for s in (3, 5)))
+calls("sobel_cross", *(Call(weighted(a, CROSS[s]), a, s, within=1e-3) for s in (3, 5) for a in (BYTES, FLOATS)))
 taps = np.exp(-np.arange(-3, 4) ** 2 / (2 * 1.5 ** 2))
-calls("gauss", *(Call(np.rint(weighted(WORDS, SMOOTH[s])), WORDS, s) for s in (3, 5)),
+calls("gauss", *(Call(np.rint(weighted(a, SMOOTH[s])), a, s) for s in (3, 5) for a in (BYTES, WORDS)),
       Call(weighted(FLOATS, np.outer(taps, taps) / taps.sum() ** 2), FLOATS, kernel_size=7, sigma=1.5, within=1e-5))
 box = np.full((5, 3), 1 / 15)
 mean, square = weighted(FLOATS, box), weighted(FLOATS.astype(float) ** 2, box)
@@ -187,6 +187,8 @@ def from_422(yuv, standard):
 even, coded = COLOURS[:, :10], pixels("u1", 9, 10, 2)
 half = [pixels("u1", 5, 6) for _ in "uv"]
 fine = [np.repeat(np.repeat(p, 2, 0), 2, 1)[:9, :11] for p in half]
+calls("rgb_to_grey", *(Call(to_ycbcr(a, s)[..., 0], a, standard=s, within=0.51) for a in (COLOURS, ALPHA)
+                       for s in STANDARDS))
 calls("rgb_to_yuv422", *(Call(to_422(even, s), even, s, within=0.51) for s in STANDARDS))
 calls("yuv422_to_rgb", *(Call(from_422(coded, s), coded, s, within=0.54) for s in STANDARDS))
 calls("yuv420_to_rgb", *(Call(to_rgb(np.stack([BYTES, *fine], -1), s), BYTES, *half, s, within=0.54)
@@ -271,6 +273,7 @@ LINALG = {
                  Call(wide @ short_vector, wide, short_vector, within=1e-9)],
     "transpose_multiply": [Call(wide.T @ long_vector, wide, long_vector, within=1e-9),
                            Call(wide.T @ wide, wide, wide, within=1e-9)],
+    "copy": [Call(a.T, a.T)],
     "transpose": [Call(a.T, a)],
     "invert": [Call(np.linalg.inv(m), m, within=1e-5) for m in (square, square.astype(float))],
     "identity": [Call(np.eye(3, 5), (3, 5))],
