@@ -21,7 +21,7 @@ include/ImageProcessingWrapper.h|s/bool ORVANE_CALL Add_8u_C1(/bool ORVANE_CALL 
 interface/table.toml|s/"ImageProcessingWrapper::Erode3x3_\*"/"ImageProcessingWrapper::Erode5x5_*"/|entries without a method
 interface/table.toml|s/"ImageProcessingWrapper::GetCpuClocks"/"ImageProcessingWrapper::GetClocks"/|no method is like
 interface/table.toml|s/a = src2, b = src1, destination = dst, scale/a = src2, destination = dst, scale/|nothing says what
-interface/table.toml|s/name = "lookup"/name = "look_up"/|stale
+interface/table.toml|s/name = "curve"/name = "curves"/|stale
 include/layer/images.hpp|s/inline status add(/inline status sum_up(/|stale
 docs/operations.md|s/add/sum/|stale
 include/layer/geometry.hpp|s/status rotate_bound(/status bound(/|has no rotate_bound
