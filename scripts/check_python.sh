@@ -13,6 +13,7 @@ python=/usr/bin/python3
 cmake --build "$build" --target orvane_python wheel
 
 PYTHONPATH=$build/python $python -m pytest -q -p no:cacheprovider tests/python
+PYTHONPATH=$build/python $python scripts/check_documents.py "$build" docs/start_python.md
 (cd "$build/python" && MYPY_CACHE_DIR=$work/mypy $python -m mypy.stubtest orvane)
 
 $python -m venv --system-site-packages "$work/venv"
