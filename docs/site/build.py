@@ -57,7 +57,7 @@ def linked(text, folder):
 
 def write_page(output, path, name):
     text = (ROOT / path).read_text()
-    title, rest = text.split("\n", 1)
+    title, rest = re.search(r"^(# .*)\n([\s\S]*)", text, re.M).groups()  # a comment may precede it
     rest = linked(rest, pathlib.Path(path).parent)
     rest = re.sub(r"!\[([^\]]*)\]\((?:[^)\s]*/)?([^)/\s]+)\)", r"![\1](\2)", rest)
     target = output / f"{name}.md"
