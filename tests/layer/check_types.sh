@@ -41,7 +41,7 @@ resize(photo, photo, %).check();|interpolation::linear|2
 lowpass(photo, photo, %).check();|mask::size3x3, edge::replicate|edge::replicate
 exponential(%).check();|span<const float>(floats), floats|samples, floats
 %add(photo, fixed, photo);|const status s = |
-const bool done%{add(photo, fixed, photo)};|| = 
+const bool done%{add(photo, fixed, photo)};|| =
 image<float> other%;|(std::move(plane))|(plane)
 view<unsigned char> seen%;|(camera)| = camera
 view<unsigned char, %> seen(photo);|3|1
