@@ -11,7 +11,7 @@ TYPES = {"unsigned char": "uint8", "short": "int16", "unsigned short": "uint16",
          "unsigned int": "uint32", "float": "float32", "double": "float64", "Complex32f": "complex64"}
 ENUMERATION = re.compile(r"enum class (\w+) \{(.*?)\}", re.DOTALL)
 PIXELS = ("image", "vector", "matrix")
-VALUES = (*PIXELS, "constant", "number")
+VALUES = (*PIXELS, "constant", "number", "array", "tables")
 
 # What arguments mean that several operations have, and their defaults where the layer has none.
 MEANINGS = {
@@ -32,7 +32,7 @@ class Parameter:
     """One of a function, in the layer's terms and in Python's."""
     name: str
     type: str        # C++'s
-    kind: str        # image, vector, matrix, array, constant, number, code, result
+    kind: str        # image, vector, matrix, array, tables, constant, number, code, result
     made: bool = False   # the result, or written over a copy of what is given
     given: bool = True   # by Python's caller
     default: str | None = None
@@ -88,7 +88,7 @@ def split(text, separator=","):
 
 def kind_of(type_text, enumerations):
     for start, kind in (("view<", "image"), ("span<", "vector"), ("matrix<", "matrix"),
-                        ("const constant<", "constant")):
+                        ("const constant<", "constant"), ("const span<", "tables")):
         if type_text.startswith(start):
             return kind
     if "&" in type_text:
@@ -143,9 +143,9 @@ class Operation:
         self.elementwise = any(not f.entry.hand and f.entry.cut == "anywhere" and f.entry.sizes == "equal"
                                for f in self.functions)
         self.equal = self.elementwise or all(not f.entry.hand and f.entry.sizes == "equal" for f in self.functions)
-        vectors_first = (lambda f: all(p.kind != "vector" for p in f.parameters)) if not self.elementwise else None
-        if vectors_first:
-            self.functions.sort(key=vectors_first)
+        # What asks for more comes first: tables for each channel; vectors, but where images do as well for any shape.
+        first = ("tables",) if self.elementwise else ("tables", "vector")
+        self.functions.sort(key=lambda f: all(p.kind not in first for p in f.parameters))
         for f in self.functions:
             self.adapt(f)
         self.rename()
@@ -450,7 +450,7 @@ def number(element):
 def annotation(p, enumerations):
     if p.kind in PIXELS:
         return f"NDArray[{TYPES[p.element]}]"
-    if p.kind == "array":
+    if p.kind in ("array", "tables"):
         return "ArrayLike"
     if p.kind == "code":
         return "Literal[" + ", ".join(f'"{word}"' for word, _ in enumerations[p.type]) + "]"

@@ -23,6 +23,8 @@ bool is_operand(const place& p)
     return p.is.kind == role::image || p.is.kind == role::vector || p.is.kind == role::matrix;
 }
 
+bool is_array(const place& p) { return p.is.kind == role::array || p.is.kind == role::tables; }
+
 class call_of
 {
 public:
@@ -84,7 +86,7 @@ private:
     void take_arrays()
     {
         for (const place& p : op_.forms[0].places) {
-            if (p.is.kind != role::array || p.argument < 0 || !given(given_[p.argument])) continue;
+            if (!is_array(p) || p.argument < 0 || !given(given_[p.argument])) continue;
             held_[p.argument] = py::array::ensure(given_[p.argument]);
             if (!held_[p.argument]) refuse(p.argument, "is no array of numbers");
             given_[p.argument] = held_[p.argument].ptr();
@@ -138,13 +140,17 @@ private:
         return object != first && first != nullptr && py::isinstance<py::array>(first) && as_array(first).ndim() > 0;
     }
 
+    static bool array_fits(const parameter& is, const py::array& a)
+    {
+        const int type = a.dtype().num();
+        if (is.kind == role::tables && (a.ndim() != 2 || a.shape(0) != is.channels)) return false;
+        return type == is.type || (untyped(type) && (is_float(is.type) || !is_float(type)));
+    }
+
     bool fits(const place& p, PyObject* object) const
     {
         if (is_operand(p)) return pixels_fit(p.is, object);
-        if (p.is.kind == role::array) {
-            const int type = as_array(object).dtype().num();
-            return type == p.is.type || (untyped(type) && (is_float(p.is.type) || !is_float(type)));
-        }
+        if (is_array(p)) return array_fits(p.is, as_array(object));
         if (p.is.kind == role::code) return true;
         const int count = count_numbers(object);
         return count == 0 || (count == p.is.channels && p.is.kind != role::number);
@@ -221,7 +227,7 @@ private:
     {
         for (std::size_t k = 0; k < form_->places.size(); ++k) {
             const place& p = form_->places[k];
-            if (p.is.kind == role::array) {
+            if (is_array(p)) {
                 p.sized_by >= 0 ? make_array(p, slots_[k]) : fill_array(p, slots_[k]);
             } else if (!p.side.empty() && (p.argument < 0 || !given(given_[p.argument]))) {
                 write_number(slots_[k].values, p.is.type, side_of(p));
@@ -277,7 +283,7 @@ private:
         const bool changed = held.dtype().num() != p.is.type && !is_float(p.is.type);
         if (changed && !py::cast<bool>(elements.attr("__eq__")(held).attr("all")()))
             refuse(p.argument, "has values beyond " + type_name(p.is.type));
-        if (p.is.channels > 1 && elements.size() != p.is.channels) {
+        if (p.is.kind == role::array && p.is.channels > 1 && elements.size() != p.is.channels) {
             refuse(p.argument, "has " + std::to_string(elements.size()) + " elements where " +
                                    std::to_string(p.is.channels) + " are needed");
         }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <stdexcept>
 
 namespace orvane_python {
 namespace {
@@ -42,6 +43,9 @@ operation::operation(const operation_row& row) : elementwise(row.elementwise), e
     shape = find("shape");
     for (int k = 0; k < row.count; ++k) {
         forms.push_back(read_form(row.first[k]));
+    }
+    for (const form& f : forms) {
+        if (arguments.size() > kMost || f.places.size() > kMost) throw std::length_error(name);
     }
     flat = std::all_of(forms.begin(), forms.end(), alike_channels);
     measures = outputs == 0;

@@ -74,7 +74,7 @@ public:
     bool measures;  // it has no array as result
     bool stores;    // it has no array but the result
 
-    static constexpr int kMost = 20;  // arguments of an operation, parameters of a function
+    static constexpr int kMost = 12;  // arguments of an operation, parameters of a function
 
 private:
     void read_signature(const std::string& signature);

@@ -3,12 +3,13 @@
 
 #include <orvane.hpp>
 
+#include <new>
 #include <type_traits>
 #include <utility>
 
 namespace orvane_python {
 
-enum class role : unsigned char { image, vector, matrix, array, constant, number, code, result };
+enum class role : unsigned char { image, vector, matrix, array, tables, constant, number, code, result };
 
 struct code_name {
     const char* name;
@@ -20,7 +21,7 @@ struct parameter {
     role kind;
     bool written;
     int type;      // NumPy's number of the element's type
-    int channels;  // of a pixel, or how many elements a fixed array, a constant or a result has
+    int channels;  // of a pixel, or how many elements a fixed array, a constant or a result has, or how many tables
     const code_name* codes;
 };
 
@@ -29,7 +30,7 @@ struct slot {
     void* data = nullptr;
     std::ptrdiff_t step = 0, column_step = 0;
     std::ptrdiff_t width = 0, height = 1;  // columns and rows; an array's elements are its columns
-    alignas(8) unsigned char values[64];   // constants, numbers and results, of the element's type
+    alignas(8) unsigned char values[64];   // constants, numbers and results, of the element's type; spans of tables
 };
 
 struct extent {
@@ -125,6 +126,21 @@ struct from<const T (&)[Length]> {
     static constexpr parameter is{role::array, false, number_of<T>, Length, nullptr};
     using array = const T (&)[Length];
     static array get(const slot& s) { return *static_cast<const T(*)[Length]>(s.data); }
+};
+
+// Tables stand one behind the other.
+template <class T, std::size_t Count>
+struct from<const orvane::span<T> (&)[Count]> {
+    static constexpr parameter is{role::tables, false, element_number<T>, Count, nullptr};
+    using tables = orvane::span<T>[Count];
+    static const tables& get(slot& s)
+    {
+        static_assert(sizeof(tables) <= sizeof(s.values));
+        auto* const all = reinterpret_cast<orvane::span<T>*>(s.values);
+        const std::size_t length = static_cast<std::size_t>(s.width) / Count;
+        for (std::size_t k = 0; k < Count; ++k) new (all + k) orvane::span<T>(static_cast<T*>(s.data) + k * length, length);
+        return reinterpret_cast<const tables&>(s.values);
+    }
 };
 
 template <class T>

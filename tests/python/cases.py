@@ -25,6 +25,7 @@ def calls(name, *all_calls):
 
 calls("fill", Call(np.full((3, 4), 7, "u1"), BYTES[:3, :4].copy(), 7),
       Call(np.full((3, 4, 3), (1, 2, 3), "u1"), COLOURS[:3, :4].copy(), (1, 2, 3)))
+calls("convert", Call(np.clip(np.rint(FLOATS * 40), 0, 255), FLOATS * 40, "uint8"))
 calls("clear", Call(np.zeros((3, 4), "u2"), WORDS[:3, :4].copy()))
 calls("transpose", Call(FLOATS.T, FLOATS))
 calls("mirror", *(Call(np.flip(a, axes), a, about=about) for a in (WORDS, COLOURS, ALPHA)
@@ -63,7 +64,7 @@ def linear(a, height, width):
     return ndimage.map_coordinates(a.astype(float), np.meshgrid(rows, columns, indexing="ij"), order=1, mode="nearest")
 
 
-calls("resize", *(Call(nearest(a, 6, 23), a, (6, 23), how="nearest") for a in (BYTES, COLOURS, ALPHA, WORDS, FLOATS)),
+calls("resize", *(Call(nearest(a, 6, 23), a, (6, 23), how="nearest") for a in IMAGES),
       Call(linear(FLOATS, 13, 7), FLOATS, (13, 7), within=1e-4), Call(linear(WORDS, 18, 22), WORDS, (18, 22), within=1),
       Call(FLOATS[:8, :10].reshape(4, 2, 5, 2).mean((1, 3)), FLOATS[:8, :10], (4, 5), how="area", within=1e-5))
 calls("zoom", Call(np.repeat(np.repeat(FLOATS[2:6, 3:7], 2, 0), 2, 1), FLOATS[:8, 1:9], 2, smooth=False),
@@ -110,12 +111,12 @@ calls("lowpass", *(Call(np.rint(weighted(a, np.full((s, s), 1 / s ** 2))), a, s)
       Call(weighted(FLOATS, np.full((5, 5), 0.04)), FLOATS, 5, within=1e-5),
       Call(weighted(FLOATS, np.full((3, 3), 1 / 9), mode="constant", cval=2), FLOATS, 3, beyond="constant", value=2,
            within=1e-5))
-calls("highpass", *(Call(weighted(a, highpass(s)), a, s, within=1e-3) for s in (3, 5) for a in (BYTES, FLOATS)))
-calls("laplace", Call(weighted(BYTES, LAPLACE), BYTES, 5), Call(weighted(FLOATS, highpass(3)), FLOATS, 3, within=1e-3),
-      Call(weighted(FLOATS, LAPLACE), FLOATS, 5, within=1e-3))
-calls("sobel_cross", *(Call(weighted(a, CROSS[s]), a, s, within=1e-3) for s in (3, 5) for a in (BYTES, FLOATS)))
+both = [(a, s, 1e-3 if a is FLOATS else 0) for a in (BYTES, FLOATS) for s in (3, 5)]
+calls("highpass", *(Call(weighted(a, highpass(s)), a, s, within=w) for a, s, w in both))
+calls("laplace", *(Call(weighted(a, highpass(3) if s == 3 else LAPLACE), a, s, within=w) for a, s, w in both))
+calls("sobel_cross", *(Call(weighted(a, CROSS[s]), a, s, within=w) for a, s, w in both))
 taps = np.exp(-np.arange(-3, 4) ** 2 / (2 * 1.5 ** 2))
-calls("gauss", *(Call(np.rint(weighted(a, SMOOTH[s])), a, s) for s in (3, 5) for a in (BYTES, WORDS)),
+calls("gauss", *(Call(np.rint(weighted(a, SMOOTH[s])), a, s) for a in (BYTES, WORDS) for s in (3, 5)),
       Call(weighted(FLOATS, np.outer(taps, taps) / taps.sum() ** 2), FLOATS, kernel_size=7, sigma=1.5, within=1e-5))
 box = np.full((5, 3), 1 / 15)
 mean, square = weighted(FLOATS, box), weighted(FLOATS.astype(float) ** 2, box)
@@ -187,8 +188,6 @@ def from_422(yuv, standard):
 even, coded = COLOURS[:, :10], pixels("u1", 9, 10, 2)
 half = [pixels("u1", 5, 6) for _ in "uv"]
 fine = [np.repeat(np.repeat(p, 2, 0), 2, 1)[:9, :11] for p in half]
-calls("rgb_to_grey", *(Call(to_ycbcr(a, s)[..., 0], a, standard=s, within=0.51) for a in (COLOURS, ALPHA)
-                       for s in STANDARDS))
 calls("rgb_to_yuv422", *(Call(to_422(even, s), even, s, within=0.51) for s in STANDARDS))
 calls("yuv422_to_rgb", *(Call(from_422(coded, s), coded, s, within=0.54) for s in STANDARDS))
 calls("yuv420_to_rgb", *(Call(to_rgb(np.stack([BYTES, *fine], -1), s), BYTES, *half, s, within=0.54)
@@ -267,13 +266,13 @@ a, b, c = pixels("f4", 5, 4), pixels("f4", 5, 4), pixels("f4", 4, 3)
 square = pixels("f4", 5, 5) + 20 * np.eye(5, dtype="f4")
 wide, long_vector, short_vector = pixels("f8", 5, 4), pixels("f8", 5), pixels("f8", 4)
 LINALG = {
+    "copy": [Call(a.T, a.T)],
     "add": [Call(a + b, a, b)],
     "subtract": [Call(a - b, a, b), Call(a.T[:2] - b.T[:2], a.T[:2], b.T[:2])],
     "multiply": [Call(a @ c, a, c, within=1e-4), Call(a * 3, a, 3),
                  Call(wide @ short_vector, wide, short_vector, within=1e-9)],
     "transpose_multiply": [Call(wide.T @ long_vector, wide, long_vector, within=1e-9),
                            Call(wide.T @ wide, wide, wide, within=1e-9)],
-    "copy": [Call(a.T, a.T)],
     "transpose": [Call(a.T, a)],
     "invert": [Call(np.linalg.inv(m), m, within=1e-5) for m in (square, square.astype(float))],
     "identity": [Call(np.eye(3, 5), (3, 5))],

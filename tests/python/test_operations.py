@@ -96,14 +96,11 @@ def test_channels(name):
             for layout in LAYOUTS:
                 for maker in makers:
                     a = pixels("u1", *shape)
-                    arguments = [a, *maker(a)]
-                    if len(arguments) == 4 and arguments[2] is None:  # a destination, and then what is given by name
-                        named = {"premultiplied": arguments.pop()}
-                        arguments.pop()
-                    else:
-                        named = {}
+                    *arguments, last = a, *maker(a)
+                    named = last if isinstance(last, dict) else {}
+                    arguments += [] if named else [last]
                     wanted = oracle(*arguments, **named)
-                    close(getattr(orvane, name)(layout(arguments[0]), *arguments[1:], **named), wanted, within)
+                    close(getattr(orvane, name)(layout(a), *arguments[1:], **named), wanted, within)
 
 
 def test_factors_solve():
