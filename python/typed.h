@@ -138,7 +138,8 @@ struct from<const orvane::span<T> (&)[Count]> {
         static_assert(sizeof(tables) <= sizeof(s.values));
         auto* const all = reinterpret_cast<orvane::span<T>*>(s.values);
         const std::size_t length = static_cast<std::size_t>(s.width) / Count;
-        for (std::size_t k = 0; k < Count; ++k) new (all + k) orvane::span<T>(static_cast<T*>(s.data) + k * length, length);
+        for (std::size_t k = 0; k < Count; ++k)
+            new (all + k) orvane::span<T>(static_cast<T*>(s.data) + k * length, length);
         return reinterpret_cast<const tables&>(s.values);
     }
 };
