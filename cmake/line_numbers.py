@@ -68,7 +68,8 @@ def relative(name):
 
 
 def subsection(kind, number, body):
-    return [f".long {kind}", f".long Lcve{number}-Lcvb{number}", f"Lcvb{number}:", *body, f"Lcve{number}:", ".p2align 2"]
+    begin, end = f"Lcvb{number}", f"Lcve{number}"
+    return [f".long {kind}", f".long {end}-{begin}", f"{begin}:", *body, f"{end}:", ".p2align 2"]
 
 
 def runs(lines):

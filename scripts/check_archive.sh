@@ -35,8 +35,12 @@ windows_package() {
     local project=$prefix/examples/windows/host.vcxproj name
     ls "$prefix"/{LICENSE,THIRD_PARTY_NOTICES,README.md,CHANGELOG.md,docs/windows.md,lib/orvane.def} > /dev/null
     python3 -c 'import sys, xml.dom.minidom as dom; dom.parse(sys.argv[1])' "$project"
-    grep -oP '\$\(OrvaneDir\)\K[\w\\.]+' "$project" | tr '\\' / | sort -u | while read -r name; do ls -d "$prefix/$name"; done
-    grep -oP '<ClCompile Include="\K[^"]+' "$project" | while read -r name; do ls "$(dirname "$project")/$name"; done
+    grep -oP '\$\(OrvaneDir\)\K[\w\\.]+' "$project" | tr '\\' / | sort -u | while read -r name; do
+        ls -d "$prefix/$name" || exit 1
+    done
+    grep -oP '<ClCompile Include="\K[^"]+' "$project" | while read -r name; do
+        ls "$(dirname "$project")/$name" || exit 1
+    done
     i686-w64-mingw32-g++-posix -std=c++11 -Wall -Wextra -Werror -I"$prefix/include/orvane" -I"$prefix/include" \
         "$prefix/examples/windows/host.cpp" "$prefix/lib/liborvane.dll.a" -static -o "$prefix/bin/host.exe"
     scripts/wine.sh "$prefix/bin/host.exe" | tr -d '\r' | tee "$work/output"
@@ -58,13 +62,15 @@ case ${packages[*]} in
 *.zip)
     (cd "$work" && cmake -E tar xf "${packages[0]}")
     prefix=$work/$(basename "${packages[0]}" .zip)
-    options=(--toolchain "$PWD/cmake/toolchain-windows.cmake" -DCMAKE_CXX_FLAGS=-static) host=hello.exe run=(scripts/wine.sh)
+    options=(--toolchain "$PWD/cmake/toolchain-windows.cmake" -DCMAKE_CXX_FLAGS=-static)
+    host=hello.exe run=(scripts/wine.sh)
     windows_package
     ;;
 esac
 [ -e "$prefix/include/orvane/ImageProcessingWrapper.h" ]
 
-cmake -S examples/hello -B "$work/hello" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" -DOrvane_DIR="$(dirname "$(find "$prefix" -name OrvaneConfig.cmake)")" "${options[@]}"
+config=$(find "$prefix" -name OrvaneConfig.cmake)
+cmake -S examples/hello -B "$work/hello" -G Ninja -DOrvane_DIR="$(dirname "$config")" "${options[@]}"
 cmake --build "$work/hello"
 case ${packages[*]} in *.zip*) cp "$prefix/bin/orvane.dll" "$work/hello" ;; esac
 "${run[@]}" "$work/hello/$host" | tr -d '\r' | tee "$work/output"

@@ -30,7 +30,8 @@ for component in runtime development; do
 done
 # What is built in says what has to be said.
 [ ! -e build/lapack/LICENSE ] ||
-    python3 -c 'import sys; sys.exit(open("build/lapack/LICENSE").read().strip() not in open("THIRD_PARTY_NOTICES").read())'
+    python3 -c 'from pathlib import Path
+assert Path("build/lapack/LICENSE").read_text().strip() in Path("THIRD_PARTY_NOTICES").read_text()'
 
 step "documents"
 documents=$work/documentation/share/doc/orvane
@@ -44,10 +45,12 @@ expect "dead links" "$dead" ""
 
 step "under /usr"
 DESTDIR=$work/root cmake --install "$build" --prefix /usr
-expect "pkg-config under /usr" "$(pkg_config "$work/root" --cflags --libs | sed 's/ *$//')" "-I/usr/include/orvane -lorvane"
+expect "pkg-config under /usr" \
+    "$(pkg_config "$work/root" --cflags --libs | sed 's/ *$//')" "-I/usr/include/orvane -lorvane"
 
 step "folders outside the prefix, spaces in their names, and what is built if nothing is asked for"
-cmake -S . -B "$work/build" -G Ninja -DCMAKE_INSTALL_PREFIX="$work/the prefix" -DCMAKE_INSTALL_LIBDIR="$work/the libraries"
+cmake -S . -B "$work/build" -G Ninja -DCMAKE_INSTALL_PREFIX="$work/the prefix" \
+    -DCMAKE_INSTALL_LIBDIR="$work/the libraries"
 expect "build type" "$(sed -n 's/^CMAKE_BUILD_TYPE:.*=//p' "$work/build/CMakeCache.txt")" Release
 expect "warnings that stop a build" "$(grep -c -e -Werror "$work/build/build.ninja")" 0
 expect "tests" "$(grep -c -e googletest "$work/build/build.ninja")" 0

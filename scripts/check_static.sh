@@ -27,8 +27,9 @@ build "$work/by_component" static
 [ "$(needs "$work/static/hello")" = 0 ]
 "$work/static/hello" | cmp - <("$work/shared/hello")
 rm "$work"/prefix/lib/*/*.so*
-g++ examples/hello/hello.cpp $(PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name orvane.pc)") pkg-config --static --cflags --libs orvane) \
-    -o "$work/by-pkg-config"
+export PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name orvane.pc)")
+# shellcheck disable=SC2046
+g++ examples/hello/hello.cpp $(pkg-config --static --cflags --libs orvane) -o "$work/by-pkg-config"
 "$work/by-pkg-config" | cmp - <("$work/static/hello")
 
 # A plugin has its own names alone.

@@ -37,8 +37,8 @@ for way in "-DORVANE=$PWD" "-DFETCHCONTENT_SOURCE_DIR_ORVANE=$PWD"; do
     expect "the host's cache" "$(echo "$cache" | sed 's/:[A-Z]*=/=/' | sort | tr '\n' ' ')" \
         "CMAKE_BUILD_TYPE= ORVANE_LAPACK_SOURCE=$host/_deps/orvane-build/lapack "
     library=$host/_deps/orvane-build/src
-    expect "kernels that are not optimised" "$(grep -L -e '-O2 -DNDEBUG' "$library"/CMakeFiles/kernel_*.dir/flags.make)" ""
-    expect "sources that are not optimised" "$(grep -L -e '-O2 -DNDEBUG' "$library"/CMakeFiles/orvane_{core,facade}.dir/flags.make)" ""
+    expect "targets that are not optimised" \
+        "$(grep -L -e '-O2 -DNDEBUG' "$library"/CMakeFiles/{kernel_*,orvane_core,orvane_facade}.dir/flags.make)" ""
     expect "warnings asked for" "$(grep -rl -e '-Wall' "$library" --include=flags.make)" ""
     cp -P "$build"/src/liborvane.so* "$library"
     make -C "$host" own/fast hello/fast

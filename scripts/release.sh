@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes a release of the version that CMakeLists.txt names: looks whether it keeps what versions promise, runs all tests,
-# gathers the packages that were tested with checksums, hashes and lists of exports in build/release-<version>, and
+# Makes a release of the version that CMakeLists.txt names: looks whether it keeps what versions promise, runs all
+# tests, gathers the packages that were tested with checksums, hashes and lists of exports in build/release-<version>, and
 # sets the tag v<version>. docs/versions.md has the rules.
 # Usage: release.sh [--dry-run]       without tests and tag, with the packages that there are
 set -eu
@@ -20,9 +20,11 @@ ready() {
     "## $version (unreleased)") [ "$dry" ] || refuse "CHANGELOG.md has no date for $version" ;;
     *) refuse "CHANGELOG.md does not know $version" ;;
     esac
-    grep -q "\"version\": \"$version\"" packaging/vcpkg/orvane/vcpkg.json || refuse "the port for vcpkg has another version"
+    grep -q "\"version\": \"$version\"" packaging/vcpkg/orvane/vcpkg.json ||
+        refuse "the port for vcpkg has another version"
     [ -z "$(git tag --list "v$version")" ] || refuse "v$version exists"
-    [ "$dry" ] || [ -z "$(git status --porcelain --untracked-files=no)" ] || refuse "there are changes that are not committed"
+    [ "$dry" ] || [ -z "$(git status --porcelain --untracked-files=no)" ] ||
+        refuse "there are changes that are not committed"
 }
 
 hashes() { sed -n 's/^HASH("\(.*\)", \(.*\))$/\1 \2/p' | sort; }
@@ -35,7 +37,8 @@ promises() {
         gone=$(comm -23 <(git show "$before:$list" | sort) <(sort "$list") | head -n 5)
         [ -z "$gone" ] || [ "${before%%.*}" != "v${version%%.*}" ] || refuse "$before exported what $list lacks: $gone"
     done
-    changed=$(join <(git show "$before:tests/hashes.inc" | hashes) <(hashes < tests/hashes.inc) | awk '$2 != $3 { print $1 }')
+    changed=$(join <(git show "$before:tests/hashes.inc" | hashes) <(hashes < tests/hashes.inc) |
+        awk '$2 != $3 { print $1 }')
     [ -z "$changed" ] || notes | grep -q '^- Changed results:' ||
         refuse "results differ from $before, and CHANGELOG.md has no 'Changed results:' for ${changed//$'\n'/ }"
 }
@@ -43,8 +46,8 @@ promises() {
 gather() {
     rm -rf "$output"
     mkdir -p "$output"
-    for pattern in 'build/release/package/*_amd64.deb' 'build/release/package/*_all.deb' 'build/i386/package/*_i386.deb' \
-        "build/windows/package/orvane-$version-*.zip"; do
+    for pattern in 'build/release/package/*_amd64.deb' 'build/release/package/*_all.deb' \
+        'build/i386/package/*_i386.deb' "build/windows/package/orvane-$version-*.zip"; do
         # shellcheck disable=SC2086
         cp $pattern "$output" 2> /dev/null || [ "$dry" ] || refuse "there is no $pattern"
     done
