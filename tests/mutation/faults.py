@@ -147,7 +147,9 @@ FAULTS = [
     ("an index that is not checked", ELIMINATION, "    if (!are_factors(lu, srcIndex, widthHeight)) return StatusSingularMatrix;\n", "", "Matrices*:Elimination*"),
     ("windows of two samples", SPECTRA, "if (len.count < 3) return StatusBadSize;", "if (len.count < 2) return StatusBadSize;", "*Spectra*:*Win*"),
     ("a block of another length", PSD, "length != record->n) return;", "length < record->n) return;", "*Psd*:*PowerSpectrum*"),
-    ("a size that wraps", "src/facade/in_place.h", "size_product(copy_step, height)", "copy_step * height", "InPlace*"),
+    ("a size that wraps", "src/facade/in_place.h",
+     "copy_step = padded_to_lines(width * pixel_bytes);\n    void* const memory = allocate_for_copy(needs_copy, size_product(copy_step, height));",
+     "copy_step = (width * pixel_bytes + 63) / 64 * 64;\n    void* const memory = allocate_for_copy(needs_copy, copy_step * height);", "InPlace*"),
     # The host's processor and memory.
     ("upper register halves left dirty", SPECTRA, COMPLEX_START, COMPLEX_START + "#if ORV_HAVE_INT256\n    __asm__ volatile(\"vpcmpeqd %ymm15, %ymm15, %ymm15\");\n#endif\n", VARIANTS),
     ("a changed control word", SPECTRA, COMPLEX_START, COMPLEX_START + "    _mm_setcsr(_mm_getcsr() | 0x8040);\n", VARIANTS),
