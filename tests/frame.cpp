@@ -14,6 +14,7 @@
 #include "core/start_up.h"
 #include "gmock/gmock.h"
 #include "support/allocations.h"
+#include "support/guarded_block.h"
 
 namespace test {
 namespace {
@@ -311,6 +312,24 @@ TEST(InPlace, RegionsBeyondMemoryAreRefused)
         }
     }
     EXPECT_EQ(std::memcmp(memory.data(), before.data(), memory.size() * sizeof(Complex32f)), 0);
+}
+
+// Steps below 1 are refused before a row is looked for where they lead: into the page in front of the image.
+TEST(InPlace, StepsBelowOneAreNotFollowed)
+{
+    using W = ImageProcessingWrapper;
+    const GuardedBlock block(256, false);
+    unsigned char* const b = block.as<unsigned char>();
+    float* const f = block.as<float>();
+    const int order[3] = {2, 1, 0};
+    for (const int step : {0, -4, -8}) {
+        EXPECT_FALSE(W::And_8u_C1I(b, 16, b, step, 16, 2)) << step;
+        EXPECT_FALSE(W::SwapChannels_8u_C3IR(b, step, 16, 2, order)) << step;
+        EXPECT_FALSE(W::Div_8u_C1I(b, 16, b, step, 16, 2, 0)) << step;
+        EXPECT_FALSE(W::Div_32f_C1I(f, 64, f, step, 16, 2)) << step;
+        EXPECT_FALSE(W::Sqrt_32f_C1I(f, step, 16, 2)) << step;
+        EXPECT_FALSE(W::ThresholdLess_32f_C1IR(f, step, 16, 2, 1.f)) << step;
+    }
 }
 
 // How much memory a call asks for. There is none, so it touches nothing.

@@ -162,7 +162,7 @@ FAULTS = [
     ("temporaries are not released", MEMORY, "    if (aligned != nullptr) orv_memory_functions.release(", "    if (reinterpret_cast<std::uintptr_t>(aligned) % 64 != 0) orv_memory_functions.release(", "*"),
     # The facade.
     ("a stale row in the copy of an in-place call", "src/facade/in_place.h", "const Size bytes = {static_cast<int>(width * pixel_bytes), height};", "const Size bytes = {static_cast<int>(width * pixel_bytes), height - 1};", "InPlace*:*Overlap*:Mirror*:DataMovement*"),
-    ("a step of zero in place", "src/facade/in_place.h", "return step < 1 ? StatusBadStep", "return step < 0 ? StatusBadStep", "*"),
+    ("a step below 1 in place", "src/facade/in_place.h", "return step < 1 ? StatusBadStep", "return step < -(1 << 30) ? StatusBadStep", "InPlace*"),
     ("a binding that hosts depend on is mended", "src/facade/image/arithmetic/integer_arithmetic.cpp", "VALUE_SRCDST(AddC_8u_C1I, orv_MulC_8u_C1, ", "VALUE_SRCDST(AddC_8u_C1I, orv_AddC_8u_C1, ", "IntegerArithmetic*"),
     ("an inverted result is mended", "src/facade/signal/vector_arithmetic.cpp", "VECTOR_SRC_SRCDST(Mul_8u_I, inverted(orv_Mul_8u), ", "VECTOR_SRC_SRCDST(Mul_8u_I, orv_Mul_8u, ", "VectorArithmetic*"),
     # The typed layer.
@@ -176,7 +176,7 @@ FAULTS = [
     ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
     ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),
     ("an internal function is exported", MEMORY, "void orv_release(void* aligned)\n{", "__attribute__((visibility(\"default\"))) void orv_release(void* aligned)\n{", "exports"),
-    ("a kernel source defines a symbol of its own", BITWISE, "#include \"image/bits/bitwise.h\"\n", "#include \"image/bits/bitwise.h\"\nint orv_stray() { return 0; }\n", "kernel_symbols"),
+    ("a kernel source defines a symbol of its own", BITWISE, "#include \"image/bits/bitwise.h\"\n", "#include \"image/bits/bitwise.h\"\n#if !ORV_HAVE_VECTORS\nint orv_stray() { return 0; }\n#endif\n", "kernel_symbols"),
     ("a weak symbol without a level", HISTOGRAM, "#include \"image/statistics/histogram.h\"\n",
      "#include \"image/statistics/histogram.h\"\ntemplate <class T> __attribute__((noinline)) T orv_weak(T x) { return x; }\ntemplate int orv_weak<int>(int);\n", "kernel_symbols"),
     ("an instruction above its level", BITWISE, "struct Not {\n", "inline void above() { __asm__ volatile(\"vpaddb %ymm0, %ymm0, %ymm0\"); }\nstruct Not {\n    Not() { above(); }\n", "build"),
