@@ -70,6 +70,12 @@ public:
         state_ = (state_ ^ word) * 0x9E3779B97F4A7C15u;
         state_ ^= state_ >> 29;
     }
+    template <class T>
+    void add(bool done, const std::vector<T>& results)
+    {
+        add(done ? 1 : 0);
+        add(results.data(), results.size() * sizeof(T));
+    }
     std::uint64_t value() const { return state_; }
 
 private:
@@ -333,8 +339,7 @@ void hash_table(Hashes& hashes, const char* name, int pixels, Method method)
     for (int content = 0; content < contents; ++content) {
         const auto src = values<S>(static_cast<std::size_t>(pixels), static_cast<Content>(content), 5);
         std::vector<D> dst(src.size());
-        hash.add(method(src.data(), dst.data(), content) ? 1 : 0);
-        hash.add(dst.data(), dst.size() * sizeof(D));
+        hash.add(method(src.data(), dst.data(), content), dst);
     }
     hashes[name] = hash.value();
 }
@@ -469,10 +474,7 @@ void hash_packed(Hashes& hashes, const char* name, Method method)
             const auto a = values<From>(pixels, content, pixels), b = values<From>(pixels, content, pixels + 1);
             std::vector<To> dst(pixels);
             hash.add(method(a.data(), b.data(), width * static_cast<int>(sizeof(From)), dst.data(),
-                            width * static_cast<int>(sizeof(To)), width, height)
-                         ? 1
-                         : 0);
-            hash.add(dst.data(), pixels * sizeof(To));
+                            width * static_cast<int>(sizeof(To)), width, height), dst);
         }
     }
     hashes[name] = hash.value();
@@ -528,10 +530,8 @@ void hash_warp(Hashes& hashes, const char* name, int channels, Method method)
     Hash hash;
     for (const int interpolation : {1, 2, 4, 5, 6, 7, 16}) {
         std::vector<T> dst(count(wide * high));
-        hash.add(method(src.data(), Size{w, h}, w * pixel, dst.data(), wide * pixel, Size{wide, high}, interpolation)
-                     ? 1
-                     : 0);
-        hash.add(dst.data(), dst.size() * sizeof(T));
+        hash.add(method(src.data(), Size{w, h}, w * pixel, dst.data(), wide * pixel, Size{wide, high}, interpolation),
+                 dst);
     }
     hashes[name] = hash.value();
 }
@@ -611,10 +611,7 @@ void hash_filters(Hashes& hashes)
         wiener.add(dst.data(), dst.size() * sizeof(float));
         const float sigma = static_cast<float>(number + 1) / 4;
         gauss.add(W::FilterGaussBorder_32f_C1R(first, 4 * step, dst.data(), 4 * width, width, height,
-                                               number * number + 1 - number % 2, sigma)
-                      ? 1
-                      : 0);
-        gauss.add(dst.data(), dst.size() * sizeof(float));
+                                               number * number + 1 - number % 2, sigma), dst);
     }
     hashes["FilterWiener_32f_C1"] = wiener.value();
     hashes["FilterGaussBorder_32f_C1R"] = gauss.value();
@@ -628,11 +625,8 @@ void hash_edges(Hashes& hashes)
         const auto n = static_cast<std::size_t>(w * h);
         const auto src = values<float>(n, static_cast<Content>(i % contents), static_cast<std::uint64_t>(i));
         std::vector<u8> dst(n);
-        edges.add(
-            W::Canny_32f8u_C1(src.data(), 4 * w, dst.data(), w, w, h, static_cast<float>(i), static_cast<float>(40 * i))
-                ? 1
-                : 0);
-        edges.add(dst.data(), n);
+        edges.add(W::Canny_32f8u_C1(src.data(), 4 * w, dst.data(), w, w, h, static_cast<float>(i),
+                                    static_cast<float>(40 * i)), dst);
         auto pixels = values<u8>(n, near_one, static_cast<std::uint64_t>(i));
         for (u8& p : pixels) p = p < 150 ? 1 : p < 250 ? 2 : 3;
         int count = 0;
@@ -665,10 +659,7 @@ void hash_convolution(Hashes& hashes, const char* name, int channels, Method met
         std::vector<To> dst(static_cast<std::size_t>(roi.width * roi.height * channels));
         const int step = roi.width * channels * static_cast<int>(sizeof(To));
         hash.add(method(first, row * static_cast<int>(sizeof(From)), dst.data(), step, roi, kernel.data(), side, x, y,
-                        3 * number - 4)
-                     ? 1
-                     : 0);
-        hash.add(dst.data(), dst.size() * sizeof(To));
+                        3 * number - 4), dst);
     }
     hashes[name] = hash.value();
 }

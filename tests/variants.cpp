@@ -2,7 +2,7 @@
 // bytes, in and around the destination, the same status, and the processor's state as it was.
 //
 // Most arguments follow from the signature (support/compare_levels.cpp), so a new operation of the kinds known
-// there needs no line of test code; one with plans, records or strides gets an overload of check() here. A family
+// there needs no line of test code; one with plans, records or strides gets an overload of make() here. A family
 // that is not read does not exist: the list is CMake's.
 #include <algorithm>
 #include <climits>
@@ -20,12 +20,6 @@ using orv::Operation;
 using orv::Rectangle;
 using orv::Size;
 using orv::Status;
-
-template <class... Args>
-void check(const char* family, const char* name, const Operation<Status(Args...)>& operation)
-{
-    compare_levels(subject(family, name, operation));
-}
 
 // --- Calls with memory of their own making --------------------------------------------------------
 
@@ -104,6 +98,15 @@ void compare(const char* name, const Operation<Status(Args...)>& operation, Make
     });
 }
 
+// make(Of<signature>(), ...) makes the arguments of one that does not follow from its types.
+template <class Signature> struct Of {};
+
+template <class... Args>
+auto with(Args... args)
+{
+    return [=](auto* kernel) { return kernel(args...); };
+}
+
 // --- Matrices -------------------------------------------------------------------------------------
 
 // Rows or columns without a gap, or with one.
@@ -125,123 +128,97 @@ int random_side(Generator& g) { return uniform(g, 0, 9) == 0 ? uniform(g, 20, 70
 Fill random_number_fill(Generator& g) { return uniform(g, 0, 1) == 0 ? Fill::uniform : Fill::near_low; }
 
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatrixMatrixDst<T>>& operation)
+auto make(Of<orv::MatrixMatrixDst<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = random_side(g), h = random_side(g);
-        const Matrix<T> a(t, g, w, h), b(t, g, w, h), d(t, g, w, h);
-        return [=](auto* kernel) {
-            return kernel(a.base, a.stride1, a.stride2, b.base, b.stride1, b.stride2, d.base, d.stride1, d.stride2, w,
-                          h);
-        };
-    });
+    const int w = random_side(g), h = random_side(g);
+    const Matrix<T> a(t, g, w, h), b(t, g, w, h), d(t, g, w, h);
+    return with(a.base, a.stride1, a.stride2, b.base, b.stride1, b.stride2, d.base, d.stride1, d.stride2, w, h);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatrixValueDst<T>>& operation)
+auto make(Of<orv::MatrixValueDst<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = random_side(g), h = random_side(g);
-        const Matrix<T> a(t, g, w, h), d(t, g, w, h);
-        const T value = random_value<T>(g, Fill::uniform);
-        return [=](auto* kernel) {
-            return kernel(a.base, a.stride1, a.stride2, value, d.base, d.stride1, d.stride2, w, h);
-        };
-    });
+    const int w = random_side(g), h = random_side(g);
+    const Matrix<T> a(t, g, w, h), d(t, g, w, h);
+    const T value = random_value<T>(g, Fill::uniform);
+    return with(a.base, a.stride1, a.stride2, value, d.base, d.stride1, d.stride2, w, h);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatrixProduct<T>>& operation)
+auto make(Of<orv::MatrixProduct<T>>, const char* name, TypedTrial& t, Generator& g)
 {
     const bool transposed = contains(name, "_tm_");
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const int inner = random_side(g), h = random_side(g), w = random_side(g);
-        const Fill fill = random_number_fill(g);
-        const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h, fill), b(t, g, w, inner, fill),
-            d(t, g, w, h);
-        return [=](auto* kernel) {
-            return kernel(a.base, a.stride1, a.stride2, a.width, a.height, b.base, b.stride1, b.stride2, b.width,
-                          b.height, d.base, d.stride1, d.stride2);
-        };
-    });
+    const int inner = random_side(g), h = random_side(g), w = random_side(g);
+    const Fill fill = random_number_fill(g);
+    const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h, fill), b(t, g, w, inner, fill),
+        d(t, g, w, h);
+    return [=](auto* kernel) {
+        return kernel(a.base, a.stride1, a.stride2, a.width, a.height, b.base, b.stride1, b.stride2, b.width,
+                      b.height, d.base, d.stride1, d.stride2);
+    };
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatrixVectorProduct<T>>& operation)
+auto make(Of<orv::MatrixVectorProduct<T>>, const char* name, TypedTrial& t, Generator& g)
 {
     const bool transposed = contains(name, "_tv_");
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2,
-                  e = static_cast<int>(sizeof(T)) * gap;
-        const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h);
-        const T* const x = t.block<T>((inner - 1) * gap + 1, Fill::uniform);
-        T* const y = t.block<T>((h - 1) * gap + 1, Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, a.width, a.height, x, e, inner, y, e); };
-    });
+    const int inner = random_side(g), h = random_side(g), gap = 1 + uniform(g, 0, 2) / 2,
+              e = static_cast<int>(sizeof(T)) * gap;
+    const Matrix<T> a(t, g, transposed ? h : inner, transposed ? inner : h);
+    const T* const x = t.block<T>((inner - 1) * gap + 1, Fill::uniform);
+    T* const y = t.block<T>((h - 1) * gap + 1, Fill::uniform);
+    return with(a.base, a.stride1, a.stride2, a.width, a.height, x, e, inner, y, e);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatrixDst<T>>& operation)
+auto make(Of<orv::MatrixDst<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = random_side(g), h = random_side(g);
-        const Matrix<T> a(t, g, w, h, Fill::near_high), d(t, g, h, w);
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, w, h, d.base, d.stride1, d.stride2); };
-    });
+    const int w = random_side(g), h = random_side(g);
+    const Matrix<T> a(t, g, w, h, Fill::near_high), d(t, g, h, w);
+    return with(a.base, a.stride1, a.stride2, w, h, d.base, d.stride1, d.stride2);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatricesDst<T>>& operation)
+auto make(Of<orv::MatricesDst<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T),
-                  apart = e * (w * h + uniform(g, 0, 2));
-        T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
-        return [=](auto* kernel) { return kernel(d, apart, e * w, e, w, h, count); };
-    });
+    const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T),
+              apart = e * (w * h + uniform(g, 0, 2));
+    T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
+    return with(d, apart, e * w, e, w, h, count);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::MatricesSrcDst<T>>& operation)
+auto make(Of<orv::MatricesSrcDst<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T),
-                  apart = e * (w * h + uniform(g, 0, 2));
-        const T* const s = t.block<T>((count - 1) * apart / e + w * h, Fill::near_high);
-        T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
-        return [=](auto* kernel) { return kernel(s, apart, e * w, e, d, apart, e * w, e, w, h, count); };
-    });
+    const int w = uniform(g, 1, 9), h = uniform(g, 1, 9), count = uniform(g, 1, 4), e = sizeof(T),
+              apart = e * (w * h + uniform(g, 0, 2));
+    const T* const s = t.block<T>((count - 1) * apart / e + w * h, Fill::near_high);
+    T* const d = t.block<T>((count - 1) * apart / e + w * h, Fill::uniform);
+    return with(s, apart, e * w, e, d, apart, e * w, e, w, h, count);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Decomposition<T>>& operation)
+auto make(Of<orv::Decomposition<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int n = random_side(g);
-        const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
-        int* const index = t.block<int>(n, Fill::uniform);
-        return
-            [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, index, d.base, d.stride1, d.stride2, n); };
-    });
+    const int n = random_side(g);
+    const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
+    int* const index = t.block<int>(n, Fill::uniform);
+    return with(a.base, a.stride1, a.stride2, index, d.base, d.stride1, d.stride2, n);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Substitution<T>>& operation)
+auto make(Of<orv::Substitution<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int n = random_side(g), e = sizeof(T);
-        const Matrix<T> a(t, g, n, n);
-        int* const index = t.block<int>(n, Fill::uniform);
-        for (int i = 0; i < n; ++i) index[i] = uniform(g, 0, 19) == 0 ? uniform(g, -2, n + 2) : uniform(g, i, n - 1);
-        const T* const b = t.block<T>(n, Fill::uniform);
-        T* const x = t.block<T>(n, Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.base, a.stride1, a.stride2, index, b, e, x, e, n); };
-    });
+    const int n = random_side(g), e = sizeof(T);
+    const Matrix<T> a(t, g, n, n);
+    int* const index = t.block<int>(n, Fill::uniform);
+    for (int i = 0; i < n; ++i) index[i] = uniform(g, 0, 19) == 0 ? uniform(g, -2, n + 2) : uniform(g, i, n - 1);
+    const T* const b = t.block<T>(n, Fill::uniform);
+    T* const x = t.block<T>(n, Fill::uniform);
+    return with(a.base, a.stride1, a.stride2, index, b, e, x, e, n);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Inversion<T>>& operation)
+auto make(Of<orv::Inversion<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int n = random_side(g);
-        const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
-        const auto work =
-            std::make_shared<std::vector<T>>(static_cast<std::size_t>(n) * static_cast<std::size_t>(n + 1));
-        return [=](auto* kernel) {
-            return kernel(a.base, a.stride1, a.stride2, work->data(), d.base, d.stride1, d.stride2, n);
-        };
-    });
+    const int n = random_side(g);
+    const Matrix<T> a(t, g, n, n, random_number_fill(g)), d(t, g, n, n);
+    const auto work =
+        std::make_shared<std::vector<T>>(static_cast<std::size_t>(n) * static_cast<std::size_t>(n + 1));
+    return [=](auto* kernel) {
+        return kernel(a.base, a.stride1, a.stride2, work->data(), d.base, d.stride1, d.stride2, n);
+    };
 }
 
 // --- LAPACK's kernels: fused where the processor can, so equal but for rounding ---------------------
@@ -401,40 +378,34 @@ unsigned char* plan_for(TypedTrial& t, Size from, Size to, int interpolation)
     return plan;
 }
 
-void check(const char*, const char* name, const Operation<orv::PlanInit>& operation)
+auto make(Of<orv::PlanInit>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Size from = random_size(g), to = random_size(g);
-        unsigned char* const plan =
-            t.block<unsigned char>(PlanBytes(from, to, interpolation_of(name)).plan + 64, Fill::uniform);
-        return [=](auto* kernel) { return kernel(from, to, plan); };
-    });
+    const Size from = random_size(g), to = random_size(g);
+    unsigned char* const plan =
+        t.block<unsigned char>(PlanBytes(from, to, interpolation_of(name)).plan + 64, Fill::uniform);
+    return with(from, to, plan);
 }
-void check(const char*, const char* name, const Operation<orv::PlanInitCubic>& operation)
+auto make(Of<orv::PlanInitCubic>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size from = random_size(g), to = random_size(g);
-        const PlanBytes bytes(from, to, orv::kResizeCubic);
-        unsigned char* const plan = t.block<unsigned char>(bytes.plan + 64, Fill::uniform);
-        const auto buffer = std::make_shared<Bytes>(static_cast<std::size_t>(bytes.buffer) + 64);
-        const float B = static_cast<float>(uniform(g, 0, 4)) / 4, C = static_cast<float>(uniform(g, 0, 4)) / 5;
-        return [=](auto* kernel) { return kernel(from, to, B, C, plan, buffer->data()); };
-    });
+    const Size from = random_size(g), to = random_size(g);
+    const PlanBytes bytes(from, to, orv::kResizeCubic);
+    unsigned char* const plan = t.block<unsigned char>(bytes.plan + 64, Fill::uniform);
+    const auto buffer = std::make_shared<Bytes>(static_cast<std::size_t>(bytes.buffer) + 64);
+    const float B = static_cast<float>(uniform(g, 0, 4)) / 4, C = static_cast<float>(uniform(g, 0, 4)) / 5;
+    return [=](auto* kernel) { return kernel(from, to, B, C, plan, buffer->data()); };
 }
-void check(const char*, const char* name, const Operation<orv::PlanBufferSize>& operation)
+auto make(Of<orv::PlanBufferSize>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        static const int kinds[] = {orv::kResizeNearest, orv::kResizeLinear, orv::kResizeCubic};
-        const Size from = random_size(g), to = random_size(g);
-        const void* const plan = plan_for(t, from, to, kinds[uniform(g, 0, 2)]);
-        const int channels = uniform(g, 0, 5);
-        return [=, &t](auto* kernel) {
-            int size = -1;
-            const Status status = kernel(plan, to, channels, &size);
-            t.report(size > 0);
-            return status;
-        };
-    });
+    static const int kinds[] = {orv::kResizeNearest, orv::kResizeLinear, orv::kResizeCubic};
+    const Size from = random_size(g), to = random_size(g);
+    const void* const plan = plan_for(t, from, to, kinds[uniform(g, 0, 2)]);
+    const int channels = uniform(g, 0, 5);
+    return [=, &t](auto* kernel) {
+        int size = -1;
+        const Status status = kernel(plan, to, channels, &size);
+        t.report(size > 0);
+        return status;
+    };
 }
 // What both apply steps share: a source that ends at a page's end, a tile of the destination, a plan, a buffer.
 template <class T>
@@ -460,25 +431,21 @@ struct Applied {
     }
 };
 template <class T>
-void check(const char*, const char* name, const Operation<orv::ResizeApply<T>>& operation)
+auto make(Of<orv::ResizeApply<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Applied<T> a(t, g, name);
-        return [=](auto* kernel) {
-            return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, a.plan, a.buffer->data());
-        };
-    });
+    const Applied<T> a(t, g, name);
+    return [=](auto* kernel) {
+        return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, a.plan, a.buffer->data());
+    };
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::ResizeApplyBorder<T>>& operation)
+auto make(Of<orv::ResizeApplyBorder<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Applied<T> a(t, g, name);
-        return [=](auto* kernel) {
-            return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, orv::kBorderReplicate, nullptr,
-                          a.plan, a.buffer->data());
-        };
-    });
+    const Applied<T> a(t, g, name);
+    return [=](auto* kernel) {
+        return kernel(a.src, a.srcStep, a.dst, a.dstStep, a.x0, a.y0, a.tile, orv::kBorderReplicate, nullptr,
+                      a.plan, a.buffer->data());
+    };
 }
 
 Rectangle random_rectangle(Generator& g)
@@ -490,59 +457,53 @@ int random_interpolation(Generator& g)
     static const int codes[] = {1, 2, 4, 5, 6, 7, 8, 16};
     return codes[uniform(g, 0, 7)] | (uniform(g, 0, 3) == 0 ? static_cast<int>(orv::kSmoothEdges) : 0);
 }
-void check(const char*, const char* name, const Operation<orv::ResampleBufferSize>& operation)
+auto make(Of<orv::ResampleBufferSize>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        Rectangle from = random_rectangle(g), to = random_rectangle(g);
-        if (uniform(g, 0, 3) == 0) from.width = INT_MAX - uniform(g, 0, 9);
-        if (uniform(g, 0, 3) == 0) to.height = INT_MAX - uniform(g, 0, 9);
-        const int channels = uniform(g, 0, 5), interpolation = uniform(g, 0, 9) == 0 ? 3 : random_interpolation(g);
-        return [=, &t](auto* kernel) {
-            int size = -1;
-            const Status status = kernel(from, to, channels, interpolation, &size);
-            t.report(size > 0);
-            return status;
-        };
-    });
+    Rectangle from = random_rectangle(g), to = random_rectangle(g);
+    if (uniform(g, 0, 3) == 0) from.width = INT_MAX - uniform(g, 0, 9);
+    if (uniform(g, 0, 3) == 0) to.height = INT_MAX - uniform(g, 0, 9);
+    const int channels = uniform(g, 0, 5), interpolation = uniform(g, 0, 9) == 0 ? 3 : random_interpolation(g);
+    return [=, &t](auto* kernel) {
+        int size = -1;
+        const Status status = kernel(from, to, channels, interpolation, &size);
+        t.report(size > 0);
+        return status;
+    };
 }
-void check(const char*, const char* name, const Operation<orv::Zoom>& operation)
+auto make(Of<orv::Zoom>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size from = random_size(g);
-        const int width = uniform(g, 1, 100), x = uniform(g, -50, 50), y = uniform(g, -50, 50);
-        const float zoom =
-            uniform(g, 0, 2) == 0 ? random_value<float>(g, Fill::special) : static_cast<float>(uniform(g, 1, 50)) / 8;
-        const bool smooth = uniform(g, 0, 1) == 0;
-        return [=, &t](auto* kernel) {
-            orv::SquareMapping mapping = {-1, -1, -1, -1};
-            const Status status = kernel(from, width, zoom, x, y, smooth, &mapping);
-            t.report(mapping.factor), t.report(mapping.xShift), t.report(mapping.yShift),
-                t.report(mapping.interpolation);
-            return status;
-        };
-    });
+    const Size from = random_size(g);
+    const int width = uniform(g, 1, 100), x = uniform(g, -50, 50), y = uniform(g, -50, 50);
+    const float zoom =
+        uniform(g, 0, 2) == 0 ? random_value<float>(g, Fill::special) : static_cast<float>(uniform(g, 1, 50)) / 8;
+    const bool smooth = uniform(g, 0, 1) == 0;
+    return [=, &t](auto* kernel) {
+        orv::SquareMapping mapping = {-1, -1, -1, -1};
+        const Status status = kernel(from, width, zoom, x, y, smooth, &mapping);
+        t.report(mapping.factor), t.report(mapping.xShift), t.report(mapping.yShift),
+            t.report(mapping.interpolation);
+        return status;
+    };
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Resample<T>>& operation)
+auto make(Of<orv::Resample<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const int pixel = channels_of(name), e = sizeof(T);
-        const Size from = random_size(g), canvas = random_size(g);
-        const Rectangle srcRoi = random_rectangle(g),
-                        dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
-        const T* const src = t.block<T>(from.width * from.height * pixel, Fill::uniform);
-        T* const dst = t.block<T>((canvas.width + 3) * (canvas.height + 3) * pixel, Fill::uniform);
-        const int srcStep = from.width * pixel * e, dstStep = (canvas.width + 3) * pixel * e;
-        static const double factors[] = {0.25, 0.3, 0.5, 1, 1.7, 2, 3.25};
-        const double fx = factors[uniform(g, 0, 6)], fy = factors[uniform(g, 0, 6)];
-        const double sx = uniform(g, -40, 40) / 4.0, sy = uniform(g, -40, 40) / 4.0;
-        const int interpolation = random_interpolation(g);
-        const auto buffer = buffer_for_all(orv::orv_ResizeGetBufSize, srcRoi, dstRoi, pixel, interpolation);
-        return [=](auto* kernel) {
-            return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation,
-                          buffer->data());
-        };
-    });
+    const int pixel = channels_of(name), e = sizeof(T);
+    const Size from = random_size(g), canvas = random_size(g);
+    const Rectangle srcRoi = random_rectangle(g),
+                    dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
+    const T* const src = t.block<T>(from.width * from.height * pixel, Fill::uniform);
+    T* const dst = t.block<T>((canvas.width + 3) * (canvas.height + 3) * pixel, Fill::uniform);
+    const int srcStep = from.width * pixel * e, dstStep = (canvas.width + 3) * pixel * e;
+    static const double factors[] = {0.25, 0.3, 0.5, 1, 1.7, 2, 3.25};
+    const double fx = factors[uniform(g, 0, 6)], fy = factors[uniform(g, 0, 6)];
+    const double sx = uniform(g, -40, 40) / 4.0, sy = uniform(g, -40, 40) / 4.0;
+    const int interpolation = random_interpolation(g);
+    const auto buffer = buffer_for_all(orv::orv_ResizeGetBufSize, srcRoi, dstRoi, pixel, interpolation);
+    return [=](auto* kernel) {
+        return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation,
+                      buffer->data());
+    };
 }
 
 // --- Tables and colour ----------------------------------------------------------------------------
@@ -577,52 +538,44 @@ void check(const char* family, const char* name, const Operation<orv::SrcTableDs
         return [=](auto* kernel) { return kernel(a.pixels, a.step, table, d.pixels, d.step, roi); };
     });
 }
-void check(const char*, const char* name, const Operation<orv::SrcTwistDst<unsigned char>>& operation)
+auto make(Of<orv::SrcTwistDst<unsigned char>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Size roi = random_roi(g);
-        const Plane<unsigned char> a(t, g, roi.width * channels_of(name), roi.height),
-            d(t, g, roi.width * channels_of(name), roi.height);
-        const float* const factors = t.block<float>(12, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.pixels, a.step, factors, d.pixels, d.step, roi); };
-    });
+    const Size roi = random_roi(g);
+    const Plane<unsigned char> a(t, g, roi.width * channels_of(name), roi.height),
+        d(t, g, roi.width * channels_of(name), roi.height);
+    const float* const factors = t.block<float>(12, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
+    return with(a.pixels, a.step, factors, d.pixels, d.step, roi);
 }
-void check(const char*, const char* name, const Operation<orv::SrcTablesDst>& operation)
+auto make(Of<orv::SrcTablesDst>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Size roi = random_roi(g);
-        const int row = roi.width * channels_of(name);
-        const Plane<unsigned char> a(t, g, row, roi.height), d(t, g, row, roi.height);
-        const auto tables =
-            std::make_shared<std::vector<const unsigned char*>>(4, t.block<unsigned char>(256, Fill::uniform));
-        if (uniform(g, 0, 3) != 0) (*tables)[1] = t.block<unsigned char>(256, Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.pixels, a.step, tables->data(), d.pixels, d.step, roi); };
-    });
+    const Size roi = random_roi(g);
+    const int row = roi.width * channels_of(name);
+    const Plane<unsigned char> a(t, g, row, roi.height), d(t, g, row, roi.height);
+    const auto tables =
+        std::make_shared<std::vector<const unsigned char*>>(4, t.block<unsigned char>(256, Fill::uniform));
+    if (uniform(g, 0, 3) != 0) (*tables)[1] = t.block<unsigned char>(256, Fill::uniform);
+    return [=](auto* kernel) { return kernel(a.pixels, a.step, tables->data(), d.pixels, d.step, roi); };
 }
-void check(const char*, const char* name, const Operation<orv::SrcPaletteDst>& operation)
+auto make(Of<orv::SrcPaletteDst>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = random_roi(g);
-        const Plane<unsigned short> a(t, g, roi.width, roi.height, Fill::special);
-        const Plane<unsigned> d(t, g, roi.width, roi.height);
-        const int size = uniform(g, 0, 9) == 0 ? 0 : uniform(g, 1, 300);
-        const unsigned* const palette = t.block<unsigned>(size + 1, Fill::uniform);
-        return [=](auto* kernel) { return kernel(a.pixels, a.step, palette + 1, size, d.pixels, d.step, roi); };
-    });
+    const Size roi = random_roi(g);
+    const Plane<unsigned short> a(t, g, roi.width, roi.height, Fill::special);
+    const Plane<unsigned> d(t, g, roi.width, roi.height);
+    const int size = uniform(g, 0, 9) == 0 ? 0 : uniform(g, 1, 300);
+    const unsigned* const palette = t.block<unsigned>(size + 1, Fill::uniform);
+    return with(a.pixels, a.step, palette + 1, size, d.pixels, d.step, roi);
 }
 template <class From, class To>
-void check(const char*, const char* name, const Operation<orv::SrcCurveDst<From, To>>& operation)
+auto make(Of<orv::SrcCurveDst<From, To>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = uniform(g, 0, 19) == 0 ? Size{300 / kSmaller, 260 / kSmaller} : random_roi(g);
-        const Plane<From> a(t, g, roi.width, roi.height, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
-        const Plane<To> d(t, g, roi.width, roi.height);
-        const int count = uniform(g, 1, uniform(g, 0, 1) == 0 ? 8 : 40);
-        From* const levels = t.block<From>(count, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
-        const To* const values = t.block<To>(count, Fill::uniform);
-        std::sort(levels, levels + count);  // now and then two are equal
-        return [=](auto* kernel) { return kernel(a.pixels, a.step, levels, values, count, d.pixels, d.step, roi); };
-    });
+    const Size roi = uniform(g, 0, 19) == 0 ? Size{300 / kSmaller, 260 / kSmaller} : random_roi(g);
+    const Plane<From> a(t, g, roi.width, roi.height, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
+    const Plane<To> d(t, g, roi.width, roi.height);
+    const int count = uniform(g, 1, uniform(g, 0, 1) == 0 ? 8 : 40);
+    From* const levels = t.block<From>(count, uniform(g, 0, 1) == 0 ? Fill::near_low : Fill::uniform);
+    const To* const values = t.block<To>(count, Fill::uniform);
+    std::sort(levels, levels + count);  // now and then two are equal
+    return with(a.pixels, a.step, levels, values, count, d.pixels, d.step, roi);
 }
 void check(const char* family, const char* name, const Operation<orv::SrcDstStandard>& operation)
 {
@@ -635,49 +588,38 @@ void check(const char* family, const char* name, const Operation<orv::SrcDstStan
         return [=](auto* kernel) { return kernel(a.pixels, a.step, d.pixels, d.step, roi, code); };
     });
 }
-void check(const char*, const char* name, const Operation<orv::PlanesDstStandard>& operation)
+auto make(Of<orv::PlanesDstStandard>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = random_roi(g);
-        const int w = (roi.width + 1) / 2, h = (roi.height + 1) / 2, code = uniform(g, 0, 3);
-        const Plane<unsigned char> y(t, g, roi.width, roi.height), u(t, g, w, h), v(t, g, w, h),
-            d(t, g, 3 * roi.width, roi.height);
-        return [=](auto* kernel) {
-            return kernel(y.pixels, y.step, u.pixels, u.step, v.pixels, v.step, d.pixels, d.step, roi, code);
-        };
-    });
+    const Size roi = random_roi(g);
+    const int w = (roi.width + 1) / 2, h = (roi.height + 1) / 2, code = uniform(g, 0, 3);
+    const Plane<unsigned char> y(t, g, roi.width, roi.height), u(t, g, w, h), v(t, g, w, h),
+        d(t, g, 3 * roi.width, roi.height);
+    return with(y.pixels, y.step, u.pixels, u.step, v.pixels, v.step, d.pixels, d.step, roi, code);
 }
 
 // --- Filters with parameters ----------------------------------------------------------------------
 
 // An image in a frame; near_low and uniform make variances near to each other.
-void check(const char*, const char* name, const Operation<orv::SrcDstMaskNoise>& operation)
+auto make(Of<orv::SrcDstMaskNoise>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = random_roi(g);
-        const int w = 2 * uniform(g, 0, 4) + 1, h = 2 * uniform(g, 0, 3) + 1;
-        const Plane<float> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))),
-            d(t, g, roi.width, roi.height);
-        const float* const first = a.pixels + h / 2 * (a.step / 4) + w / 2;
-        double* const noise = t.block<double>(1, Fill::uniform);
-        return [=](auto* kernel) { return kernel(first, a.step, d.pixels, d.step, roi, w, h, noise); };
-    });
+    const Size roi = random_roi(g);
+    const int w = 2 * uniform(g, 0, 4) + 1, h = 2 * uniform(g, 0, 3) + 1;
+    const Plane<float> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))),
+        d(t, g, roi.width, roi.height);
+    const float* const first = a.pixels + h / 2 * (a.step / 4) + w / 2;
+    double* const noise = t.block<double>(1, Fill::uniform);
+    return with(first, a.step, d.pixels, d.step, roi, w, h, noise);
 }
-void check(const char*, const char* name, const Operation<orv::SrcDstSizeSigma>& operation)
+auto make(Of<orv::SrcDstSizeSigma>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = {random_roi(g).width, uniform(g, 1, 12)};
-        const Plane<float> a(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))),
-            d(t, g, roi.width, roi.height);
-        float* const sigma = t.block<float>(1, Fill::near_high);
-        if (uniform(g, 0, 9) != 0) *sigma = static_cast<float>(uniform(g, 1, 60)) / 8;
-        const int size = 2 * uniform(g, 0, uniform(g, 0, 4) == 0 ? 40 : 5) + 1;
-        const bool in_place = uniform(g, 0, 3) == 0;
-        return [=](auto* kernel) {
-            return kernel(in_place ? d.pixels : a.pixels, in_place ? d.step : a.step, d.pixels, d.step, roi, size,
-                          sigma);
-        };
-    });
+    const Size roi = {random_roi(g).width, uniform(g, 1, 12)};
+    const Plane<float> a(t, g, roi.width, roi.height, static_cast<Fill>(uniform(g, 0, 3))),
+        d(t, g, roi.width, roi.height);
+    float* const sigma = t.block<float>(1, Fill::near_high);
+    if (uniform(g, 0, 9) != 0) *sigma = static_cast<float>(uniform(g, 1, 60)) / 8;
+    const int size = 2 * uniform(g, 0, uniform(g, 0, 4) == 0 ? 40 : 5) + 1;
+    const bool in_place = uniform(g, 0, 3) == 0;
+    return with(in_place ? d.pixels : a.pixels, in_place ? d.step : a.step, d.pixels, d.step, roi, size, sigma);
 }
 
 // --- Convolution ----------------------------------------------------------------------------------
@@ -725,27 +667,18 @@ struct Convolved {
     }
 };
 template <class From, class To>
-void check(const char*, const char* name, const Operation<orv::IntegerConvolution<From, To>>& operation)
+auto make(Of<orv::IntegerConvolution<From, To>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Convolved<From, To, int> c(t, g, name);
-        const int divisor =
-            uniform(g, 0, 2) == 0 ? random_value<int>(g, Fill::special) : uniform(g, -1, 1) + (1 << uniform(g, 0, 30));
-        return [=](auto* kernel) {
-            return kernel(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY,
-                          divisor);
-        };
-    });
+    const Convolved<From, To, int> c(t, g, name);
+    const int divisor =
+        uniform(g, 0, 2) == 0 ? random_value<int>(g, Fill::special) : uniform(g, -1, 1) + (1 << uniform(g, 0, 30));
+    return with(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY, divisor);
 }
 template <class From>
-void check(const char*, const char* name, const Operation<orv::FloatConvolution<From>>& operation)
+auto make(Of<orv::FloatConvolution<From>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Convolved<From, float, float> c(t, g, name);
-        return [=](auto* kernel) {
-            return kernel(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY);
-        };
-    });
+    const Convolved<From, float, float> c(t, g, name);
+    return with(c.src, c.srcStep, c.dst, c.dstStep, c.roi, c.kernel, c.width, c.height, c.anchorX, c.anchorY);
 }
 
 // --- Warps ----------------------------------------------------------------------------------------
@@ -782,141 +715,116 @@ double random_angle(Generator& g)
 double random_middle(Generator& g, int length) { return uniform(g, 0, 2 * length) / 2.0; }
 
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Rotating<T>>& operation)
+auto make(Of<orv::Rotating<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Warped<T> w(t, g, name);
-        const double angle = random_angle(g), x = random_middle(g, w.canvas.width),
-                     y = random_middle(g, w.canvas.height);
-        return [=](auto* kernel) {
-            return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, &angle, &x, &y,
-                          w.interpolation);
-        };
-    });
+    const Warped<T> w(t, g, name);
+    const double angle = random_angle(g), x = random_middle(g, w.canvas.width),
+                 y = random_middle(g, w.canvas.height);
+    return [=](auto* kernel) {
+        return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, &angle, &x, &y,
+                      w.interpolation);
+    };
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::RotatingAbout<T>>& operation)
+auto make(Of<orv::RotatingAbout<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Warped<T> w(t, g, name);
-        const double angle = random_angle(g), x = random_middle(g, w.from.width), y = random_middle(g, w.from.height);
-        return [=](auto* kernel) {
-            return kernel(w.src, w.from, w.srcStep, w.dst, w.dstStep, w.canvas, &angle, &x, &y, w.interpolation);
-        };
-    });
+    const Warped<T> w(t, g, name);
+    const double angle = random_angle(g), x = random_middle(g, w.from.width), y = random_middle(g, w.from.height);
+    return [=](auto* kernel) {
+        return kernel(w.src, w.from, w.srcStep, w.dst, w.dstStep, w.canvas, &angle, &x, &y, w.interpolation);
+    };
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Projecting<T>>& operation)
+auto make(Of<orv::Projecting<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Warped<T> w(t, g, name);
-        double* const h = t.block<double>(9, Fill::uniform);
-        const bool affine = uniform(g, 0, 2) == 0;
-        for (int i = 0; i < 9; ++i)
-            h[i] = (i % 4 == 0 ? 1 : 0) + uniform(g, -9, 9) /
-                                              (i < 6    ? 20.0
-                                               : affine ? 1e300
-                                                        : 900.0) *
-                                              (i % 3 == 2 ? 20 : 1);
-        return [=](auto* kernel) {
-            return kernel(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, h, w.interpolation);
-        };
-    });
+    const Warped<T> w(t, g, name);
+    double* const h = t.block<double>(9, Fill::uniform);
+    const bool affine = uniform(g, 0, 2) == 0;
+    for (int i = 0; i < 9; ++i)
+        h[i] = (i % 4 == 0 ? 1 : 0) + uniform(g, -9, 9) /
+                                          (i < 6    ? 20.0
+                                           : affine ? 1e300
+                                                    : 900.0) *
+                                          (i % 3 == 2 ? 20 : 1);
+    return with(w.src, w.from, w.srcStep, w.srcRoi, w.dst, w.dstStep, w.dstRoi, h, w.interpolation);
 }
 template <class T>
-void check(const char*, const char* name, const Operation<orv::Remapping<T>>& operation)
+auto make(Of<orv::Remapping<T>>, const char* name, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [=](TypedTrial& t, Generator& g) {
-        const Warped<T> w(t, g, name);
-        const int n = w.canvas.width * w.canvas.height, step = 4 * w.canvas.width;
-        float* const x = t.block<float>(n, Fill::special);
-        float* const y = t.block<float>(n, Fill::special);
-        for (int i = 0; i < n; ++i) {
-            if (uniform(g, 0, 19) != 0) x[i] = static_cast<float>(i % w.canvas.width) * 0.9f - 1;
-            if (uniform(g, 0, 19) != 0) y[i] = static_cast<float>(i / w.canvas.width) * 0.9f - 1;
-        }
-        return [=](auto* kernel) {
-            return kernel(w.src, w.from, w.srcStep, w.srcRoi, x, step, y, step, w.dst, w.dstStep, w.canvas,
-                          w.interpolation);
-        };
-    });
+    const Warped<T> w(t, g, name);
+    const int n = w.canvas.width * w.canvas.height, step = 4 * w.canvas.width;
+    float* const x = t.block<float>(n, Fill::special);
+    float* const y = t.block<float>(n, Fill::special);
+    for (int i = 0; i < n; ++i) {
+        if (uniform(g, 0, 19) != 0) x[i] = static_cast<float>(i % w.canvas.width) * 0.9f - 1;
+        if (uniform(g, 0, 19) != 0) y[i] = static_cast<float>(i / w.canvas.width) * 0.9f - 1;
+    }
+    return with(w.src, w.from, w.srcStep, w.srcRoi, x, step, y, step, w.dst, w.dstStep, w.canvas, w.interpolation);
 }
-void check(const char*, const char* name, const Operation<orv::RotationBound>& operation)
+auto make(Of<orv::RotationBound>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Rectangle r = random_rectangle(g);
-        const double angle = random_value<double>(g, Fill::near_high), x = uniform(g, -99, 99) / 7.0,
-                     y = random_value<double>(g, Fill::special);
-        double* const bound = t.block<double>(4, Fill::uniform);
-        return [=](auto* kernel) { return kernel(r, &angle, &x, &y, bound); };
-    });
+    const Rectangle r = random_rectangle(g);
+    const double angle = random_value<double>(g, Fill::near_high), x = uniform(g, -99, 99) / 7.0,
+                 y = random_value<double>(g, Fill::special);
+    double* const bound = t.block<double>(4, Fill::uniform);
+    return [=](auto* kernel) { return kernel(r, &angle, &x, &y, bound); };
 }
-void check(const char*, const char* name, const Operation<orv::RotationShift>& operation)
+auto make(Of<orv::RotationShift>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const double angle = random_angle(g), x = uniform(g, -99, 99) / 7.0,
-                     y = uniform(g, 0, 3) == 0 ? 1.7e308 : uniform(g, -99, 99) * 1e100;
-        double* const shift = t.block<double>(2, Fill::uniform);
-        return [=](auto* kernel) { return kernel(&x, &y, &angle, shift, shift + 1); };
-    });
+    const double angle = random_angle(g), x = uniform(g, -99, 99) / 7.0,
+                 y = uniform(g, 0, 3) == 0 ? 1.7e308 : uniform(g, -99, 99) * 1e100;
+    double* const shift = t.block<double>(2, Fill::uniform);
+    return [=](auto* kernel) { return kernel(&x, &y, &angle, shift, shift + 1); };
 }
-void check(const char*, const char* name, const Operation<orv::ProjectionBound>& operation)
+auto make(Of<orv::ProjectionBound>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Rectangle r = random_rectangle(g);
-        double* const h = t.block<double>(9, static_cast<Fill>(uniform(g, 0, 3)));
-        double* const bound = t.block<double>(4, Fill::uniform);
-        return [=](auto* kernel) { return kernel(r, h, bound); };
-    });
+    const Rectangle r = random_rectangle(g);
+    double* const h = t.block<double>(9, static_cast<Fill>(uniform(g, 0, 3)));
+    double* const bound = t.block<double>(4, Fill::uniform);
+    return with(r, h, bound);
 }
 
 // --- Rank filters ---------------------------------------------------------------------------------
 
 // The frame begins and ends with the block. Few different pixels, so that ranks meet equal ones.
 template <class T>
-void check(const char*, const char* name, const Operation<orv::SrcDstSides<T>>& operation)
+auto make(Of<orv::SrcDstSides<T>>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        static const int sides[] = {3, 3, 3, 5, 5, 1, 7, 9, 15, 4};
-        const int w = sides[uniform(g, 0, 9)], h = uniform(g, 0, 1) == 0 ? w : sides[uniform(g, 0, 9)];
-        const Size roi = {uniform(g, 1, uniform(g, 0, 19) == 0 ? 300 / kSmaller : 40), uniform(g, 1, 5)};
-        const Plane<T> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))),
-            d(t, g, roi.width, roi.height);
-        const T* const first = a.pixels + (h - 1) / 2 * (a.step / static_cast<int>(sizeof(T))) + (w - 1) / 2;
-        return [=](auto* kernel) { return kernel(first, a.step, d.pixels, d.step, roi, w, h); };
-    });
+    static const int sides[] = {3, 3, 3, 5, 5, 1, 7, 9, 15, 4};
+    const int w = sides[uniform(g, 0, 9)], h = uniform(g, 0, 1) == 0 ? w : sides[uniform(g, 0, 9)];
+    const Size roi = {uniform(g, 1, uniform(g, 0, 19) == 0 ? 300 / kSmaller : 40), uniform(g, 1, 5)};
+    const Plane<T> a(t, g, roi.width + w - 1, roi.height + h - 1, static_cast<Fill>(uniform(g, 0, 3))),
+        d(t, g, roi.width, roi.height);
+    const T* const first = a.pixels + (h - 1) / 2 * (a.step / static_cast<int>(sizeof(T))) + (w - 1) / 2;
+    return with(first, a.step, d.pixels, d.step, roi, w, h);
 }
 
 // --- Edges and areas ------------------------------------------------------------------------------
 
-void check(const char*, const char* name, const Operation<orv::EdgesBetween>& operation)
+auto make(Of<orv::EdgesBetween>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 600) / kSmaller : uniform(g, 1, 130),
-                          uniform(g, 1, 20)};
-        const int gap = uniform(g, 0, 3), srcStep = 4 * (roi.width + gap), dstStep = roi.width + gap;
-        float* const src =
-            t.block<float>((roi.width + gap) * (roi.height - 1) + roi.width, static_cast<Fill>(uniform(g, 0, 3)));
-        const auto threshold = [&] { return random_value<float>(g, static_cast<Fill>(uniform(g, 0, 3))); };
-        const float a = std::fabs(threshold()), b = std::fabs(threshold()), low = b < a ? b : a, high = b < a ? a : b;
-        unsigned char* const dst =
-            t.block<unsigned char>((roi.width + gap) * (roi.height - 1) + roi.width, Fill::uniform);
-        return [=](auto* kernel) { return kernel(src, srcStep, dst, dstStep, roi, &low, &high); };
-    });
+    const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 600) / kSmaller : uniform(g, 1, 130),
+                      uniform(g, 1, 20)};
+    const int gap = uniform(g, 0, 3), srcStep = 4 * (roi.width + gap), dstStep = roi.width + gap;
+    float* const src =
+        t.block<float>((roi.width + gap) * (roi.height - 1) + roi.width, static_cast<Fill>(uniform(g, 0, 3)));
+    const auto threshold = [&] { return random_value<float>(g, static_cast<Fill>(uniform(g, 0, 3))); };
+    const float a = std::fabs(threshold()), b = std::fabs(threshold()), low = b < a ? b : a, high = b < a ? a : b;
+    unsigned char* const dst =
+        t.block<unsigned char>((roi.width + gap) * (roi.height - 1) + roi.width, Fill::uniform);
+    return [=](auto* kernel) { return kernel(src, srcStep, dst, dstStep, roi, &low, &high); };
 }
-void check(const char*, const char* name, const Operation<orv::FillFromSeed>& operation)
+auto make(Of<orv::FillFromSeed>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 2000) / kSmaller : uniform(g, 1, 130),
-                          uniform(g, 1, 20)};
-        const int step = roi.width + uniform(g, 0, 3), n = step * (roi.height - 1) + roi.width,
-                  dense = uniform(g, 1, 5);
-        unsigned char* const pixels = t.block<unsigned char>(n, Fill::uniform);
-        for (int i = 0; i < n; ++i) pixels[i] = static_cast<unsigned char>(pixels[i] % (dense + 1) == 0 ? 1 : 0);
-        const int x = uniform(g, -1, roi.width), y = uniform(g, 0, roi.height - 1), value = uniform(g, 0, 2);
-        int* const count = uniform(g, 0, 3) == 0 ? nullptr : t.block<int>(1, Fill::uniform);
-        return [=](auto* kernel) { return kernel(pixels, step, roi, x, y, static_cast<unsigned char>(value), count); };
-    });
+    const Size roi = {uniform(g, 0, 9) == 0 ? uniform(g, 200, 2000) / kSmaller : uniform(g, 1, 130),
+                      uniform(g, 1, 20)};
+    const int step = roi.width + uniform(g, 0, 3), n = step * (roi.height - 1) + roi.width,
+              dense = uniform(g, 1, 5);
+    unsigned char* const pixels = t.block<unsigned char>(n, Fill::uniform);
+    for (int i = 0; i < n; ++i) pixels[i] = static_cast<unsigned char>(pixels[i] % (dense + 1) == 0 ? 1 : 0);
+    const int x = uniform(g, -1, roi.width), y = uniform(g, 0, roi.height - 1), value = uniform(g, 0, 2);
+    int* const count = uniform(g, 0, 3) == 0 ? nullptr : t.block<int>(1, Fill::uniform);
+    return with(pixels, step, roi, x, y, static_cast<unsigned char>(value), count);
 }
 
 // --- Packed spectra -------------------------------------------------------------------------------
@@ -971,32 +879,28 @@ struct FftMemory {
     FftMemory(int x, int y, int flag) { orv::orv_fft2_sizes(x, y, flag, 1, bytes, bytes + 1, bytes + 2), allocate(); }
 };
 
-void check(const char*, const char* name, const Operation<orv::InitFft>& operation)
+auto make(Of<orv::InitFft>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int order = uniform(g, 0, 13 - kSmaller), flag = 1 << uniform(g, 0, 3), n = 1 << order;
-        const FftMemory m(order, flag);
-        const float* const src = t.block<float>(n, Fill::uniform);
-        float* const dst = t.block<float>(n + 2, Fill::uniform);
-        return [=](auto* kernel) {
-            orv::FftSpec* spec = nullptr;
-            const Status status = kernel(&spec, order, flag, 1, m.spec->data(), m.init->data());
-            if (status == orv::StatusOk) orv::orv_FftForward_32f.variant[0](src, dst, spec, m.work->data());
-            return status;
-        };
-    });
-}
-void check(const char*, const char* name, const Operation<orv::RunFft>& operation)
-{
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int order = uniform(g, 0, 13 - kSmaller), flag = 1 << uniform(g, 0, 3), n = 1 << order;
-        const FftMemory m(order, flag);
+    const int order = uniform(g, 0, 13 - kSmaller), flag = 1 << uniform(g, 0, 3), n = 1 << order;
+    const FftMemory m(order, flag);
+    const float* const src = t.block<float>(n, Fill::uniform);
+    float* const dst = t.block<float>(n + 2, Fill::uniform);
+    return [=](auto* kernel) {
         orv::FftSpec* spec = nullptr;
-        orv::orv_FftInit(&spec, order, flag, 1, m.spec->data(), m.init->data());
-        float* const dst = t.block<float>(n + 2, Fill::uniform);
-        const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(n, Fill::uniform);
-        return [=](auto* kernel) { return static_cast<void>(m.spec), kernel(src, dst, spec, m.work->data()); };
-    });
+        const Status status = kernel(&spec, order, flag, 1, m.spec->data(), m.init->data());
+        if (status == orv::StatusOk) orv::orv_FftForward_32f.variant[0](src, dst, spec, m.work->data());
+        return status;
+    };
+}
+auto make(Of<orv::RunFft>, const char*, TypedTrial& t, Generator& g)
+{
+    const int order = uniform(g, 0, 13 - kSmaller), flag = 1 << uniform(g, 0, 3), n = 1 << order;
+    const FftMemory m(order, flag);
+    orv::FftSpec* spec = nullptr;
+    orv::orv_FftInit(&spec, order, flag, 1, m.spec->data(), m.init->data());
+    float* const dst = t.block<float>(n + 2, Fill::uniform);
+    const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(n, Fill::uniform);
+    return [=](auto* kernel) { return static_cast<void>(m.spec), kernel(src, dst, spec, m.work->data()); };
 }
 struct PlaneSides {
     int x, y, step;
@@ -1006,72 +910,78 @@ struct PlaneSides {
     }
     int floats() const { return ((1 << y) - 1) * step / 4 + (1 << x); }
 };
-void check(const char*, const char* name, const Operation<orv::InitFft2>& operation)
+auto make(Of<orv::InitFft2>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const PlaneSides side(g);
-        const int flag = 1 << uniform(g, 0, 3);
-        const FftMemory m(side.x, side.y, flag);
-        const float* const src = t.block<float>(side.floats(), Fill::uniform);
-        float* const dst = t.block<float>(side.floats(), Fill::uniform);
-        return [=](auto* kernel) {
-            orv::Fft2Spec* spec = nullptr;
-            const Status status = kernel(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
-            if (status == orv::StatusOk)
-                orv::orv_Fft2Forward_32f.variant[0](src, side.step, dst, side.step, spec, m.work->data());
-            return status;
-        };
-    });
-}
-void check(const char*, const char* name, const Operation<orv::RunFft2>& operation)
-{
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const PlaneSides side(g);
-        const int flag = 1 << uniform(g, 0, 3);
-        const FftMemory m(side.x, side.y, flag);
+    const PlaneSides side(g);
+    const int flag = 1 << uniform(g, 0, 3);
+    const FftMemory m(side.x, side.y, flag);
+    const float* const src = t.block<float>(side.floats(), Fill::uniform);
+    float* const dst = t.block<float>(side.floats(), Fill::uniform);
+    return [=](auto* kernel) {
         orv::Fft2Spec* spec = nullptr;
-        orv::orv_Fft2Init(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
-        float* const dst = t.block<float>(side.floats(), Fill::uniform);
-        const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(side.floats(), Fill::uniform);
-        return [=](auto* kernel) {
-            return static_cast<void>(m.spec), kernel(src, side.step, dst, side.step, spec, m.work->data());
-        };
-    });
+        const Status status = kernel(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
+        if (status == orv::StatusOk)
+            orv::orv_Fft2Forward_32f.variant[0](src, side.step, dst, side.step, spec, m.work->data());
+        return status;
+    };
 }
-void check(const char*, const char* name, const Operation<orv::ExpandSpectrum>& operation)
+auto make(Of<orv::RunFft2>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int n = 1 << uniform(g, 0, 11 - kSmaller);
-        const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::near_high);
-        Complex32f* const dst = t.block<Complex32f>(n, Fill::uniform);
-        return [=](auto* kernel) { return kernel(src, dst, n); };
-    });
+    const PlaneSides side(g);
+    const int flag = 1 << uniform(g, 0, 3);
+    const FftMemory m(side.x, side.y, flag);
+    orv::Fft2Spec* spec = nullptr;
+    orv::orv_Fft2Init(&spec, side.x, side.y, flag, 1, m.spec->data(), m.init->data());
+    float* const dst = t.block<float>(side.floats(), Fill::uniform);
+    const float* const src = uniform(g, 0, 3) == 0 ? dst : t.block<float>(side.floats(), Fill::uniform);
+    return [=](auto* kernel) {
+        return static_cast<void>(m.spec), kernel(src, side.step, dst, side.step, spec, m.work->data());
+    };
 }
-void check(const char*, const char* name, const Operation<orv::SpectrumToPower>& operation)
+auto make(Of<orv::ExpandSpectrum>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int order = uniform(g, 0, 11 - kSmaller), n = 1 << order, length = n + uniform(g, 0, n - 1);
-        const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::uniform);
-        float* const dst = t.block<float>(length, Fill::uniform);
-        return [=](auto* kernel) { return kernel(src, dst, order, length); };
-    });
+    const int n = 1 << uniform(g, 0, 11 - kSmaller);
+    const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::near_high);
+    Complex32f* const dst = t.block<Complex32f>(n, Fill::uniform);
+    return with(src, dst, n);
 }
-void check(const char*, const char* name, const Operation<orv::FillFromStream>& operation)
+auto make(Of<orv::SpectrumToPower>, const char*, TypedTrial& t, Generator& g)
 {
-    compare(name, operation, [](TypedTrial& t, Generator& g) {
-        const int n = uniform(g, 1, 700 / kSmaller);
-        double* const r = t.block<double>(n, Fill::uniform);
-        orv::RandomStream* const made = orv::orv_create_random_stream(uniform(g, INT_MIN, INT_MAX));
-        const orv::RandomStream start = *made;
-        orv::orv_delete_random_stream(made);
-        const double mean = uniform(g, -9, 9), sigma = uniform(g, 0, 9) / 4.0;
-        return [=, &t](auto* kernel) {
-            orv::RandomStream stream = start;
-            const Status status = kernel(&stream, n, r, mean, sigma);
-            t.report(stream);
-            return status;
-        };
-    });
+    const int order = uniform(g, 0, 11 - kSmaller), n = 1 << order, length = n + uniform(g, 0, n - 1);
+    const Complex32f* const src = t.block<Complex32f>(n / 2 + 1, Fill::uniform);
+    float* const dst = t.block<float>(length, Fill::uniform);
+    return with(src, dst, order, length);
+}
+auto make(Of<orv::FillFromStream>, const char*, TypedTrial& t, Generator& g)
+{
+    const int n = uniform(g, 1, 700 / kSmaller);
+    double* const r = t.block<double>(n, Fill::uniform);
+    orv::RandomStream* const made = orv::orv_create_random_stream(uniform(g, INT_MIN, INT_MAX));
+    const orv::RandomStream start = *made;
+    orv::orv_delete_random_stream(made);
+    const double mean = uniform(g, -9, 9), sigma = uniform(g, 0, 9) / 4.0;
+    return [=, &t](auto* kernel) {
+        orv::RandomStream stream = start;
+        const Status status = kernel(&stream, n, r, mean, sigma);
+        t.report(stream);
+        return status;
+    };
+}
+
+template <class Signature, class = void> constexpr bool has_maker = false;
+template <class Signature>
+constexpr bool has_maker<Signature, std::void_t<decltype(make(Of<Signature>(), "", std::declval<TypedTrial&>(),
+                                                              std::declval<Generator&>()))>> = true;
+
+template <class... Args>
+void check(const char* family, const char* name, const Operation<Status(Args...)>& operation)
+{
+    using Signature = Status(Args...);
+    if constexpr (has_maker<Signature>) {
+        compare(name, operation, [=](TypedTrial& t, Generator& g) { return make(Of<Signature>(), name, t, g); });
+    } else {
+        compare_levels(subject(family, name, operation));
+    }
 }
 
 #define REGISTRY_BEGIN(family)        \

@@ -2,14 +2,12 @@
 // must not do to the process.
 //
 // Family: lapack_kernels.
-#include <cmath>
 #include <memory>
 
 #include "MKLWrapper.h"
-#include "gmock/gmock.h"
-#include "support/levels.h"
 #include "support/matrix.h"
 #include "support/process.h"
+#include "support/tests.h"
 
 namespace test {
 namespace {

@@ -1,18 +1,11 @@
 // Small matrices: against sums in long double, and every level and storage against the plain variant on
 // dense operands, to the bit.
-#include <climits>
-#include <cmath>
-#include <set>
-
 #include "ImageProcessingWrapper.h"
 #include "MatrixWrapper.h"
-#include "gmock/gmock.h"
 #include "linalg/elimination.h"
 #include "linalg/matrices.h"
-#include "support/allocations.h"
-#include "support/host_control.h"
-#include "support/levels.h"
 #include "support/matrix.h"
+#include "support/tests.h"
 
 namespace test {
 namespace {
@@ -851,8 +844,6 @@ TEST(Matrices, InversionWithoutMemory)
 }
 
 // --- Refusals ---------------------------------------------------------------------------------------
-
-using orv::Status;
 
 TEST(Matrices, ChecksInOrder)
 {

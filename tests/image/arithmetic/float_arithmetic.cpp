@@ -1,24 +1,13 @@
 // Float and complex arithmetic of images against 113-bit arithmetic, bit by bit.
 //
 // Families: float_arithmetic, complex_arithmetic; float_elementary is in tests/signal/elementary.cpp.
-#include <climits>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
 #include "image/arithmetic/complex_arithmetic.h"
 #include "image/arithmetic/float_arithmetic.h"
-#include "support/allocations.h"
-#include "support/exact.h"
-#include "support/host_control.h"
-#include "support/levels.h"
-#include "support/random.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
 
-using W = ImageProcessingWrapper;
-using u16 = unsigned short;
 using Words = std::vector<std::uint32_t>;
 
 const float* floats(const Words& v) { return reinterpret_cast<const float*>(v.data()); }

@@ -1,21 +1,8 @@
 // Integer arithmetic against the definition: rational numbers, rounded by comparing remainders.
-#include <climits>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
-#include "support/allocations.h"
-#include "support/host_control.h"
-#include "support/levels.h"
-#include "support/random.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using s16 = short;
 
 // --- Oracle ---------------------------------------------------------------------------------------
 

@@ -1,18 +1,8 @@
 // Bitwise operations and shifts against their definition: bit by bit, and by halving and doubling.
-#include <climits>
-
-#include "ImageProcessingWrapper.h"
-#include "support/allocations.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using s16 = short;
 
 const int kWidths[] = {1, 2, 3, 5, 7, 8, 11, 15, 16, 17, 31, 32, 33, 64, 97, 300, 1300};
 

@@ -1,18 +1,8 @@
 // Comparison to masks: the relation of each pair, worked out from integers.
-#include <climits>
-#include <cmath>
-
-#include "ImageProcessingWrapper.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using s16 = short;
 
 enum Op { less, less_eq, eq, greater_eq, greater };
 

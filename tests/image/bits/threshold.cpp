@@ -1,18 +1,8 @@
 // Thresholding against the order in the header: of numbers, with -0 below +0, and of NaNs by sign.
-#include <climits>
-#include <cmath>
-
-#include "ImageProcessingWrapper.h"
-#include "support/allocations.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
 
 // Floats as they lie in memory: signalling NaNs must come through.
 struct Float {

@@ -1,16 +1,9 @@
 // Composition against fractions: every alpha, every colour above and below.
-#include <set>
-
-#include "ImageProcessingWrapper.h"
 #include "image/colour/alpha.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
 
 // numerator / denominator to the nearest integer, halves to the even one.
 int nearest(long long numerator, long long denominator)

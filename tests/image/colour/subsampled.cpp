@@ -1,15 +1,10 @@
 // 4:2:2 and 4:2:0: rows of every width, noise in all planes, and nothing beyond the last pair.
-#include "ImageProcessingWrapper.h"
 #include "image/colour/standards.h"
 #include "image/colour/subsampled.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
 
 Triple pixel_at(Image& image, int y, int x)
 {

@@ -1,19 +1,12 @@
 // Colour matrices against sums in 113 bits that are rounded to float step by step.
 #include <array>
-#include <cmath>
-#include <limits>
 
-#include "ImageProcessingWrapper.h"
 #include "image/colour/twist.h"
-#include "support/exact.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
 
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
 using Matrix = std::array<float, 12>;
 
 float rounded_once(Quad value)

@@ -1,24 +1,13 @@
 // Edges pixel by pixel from their definition: every number rounded once from an exact one, and a set of points that
 // grows neighbour by neighbour.
-#include <cmath>
-#include <set>
-
-#include "ImageProcessingWrapper.h"
 #include "image/edges/canny.h"
 #include "image/edges/memory.h"
 #include "image/edges/shapes.h"
-#include "support/allocations.h"
-#include "support/exact.h"
-#include "support/expected.h"
-#include "support/guarded_block.h"
-#include "support/host_control.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
 
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
 using Floats = Grid<float>;
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();

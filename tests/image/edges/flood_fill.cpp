@@ -1,20 +1,12 @@
 // Filled areas against a set of points that grows neighbour by neighbour.
-#include <set>
-
-#include "ImageProcessingWrapper.h"
 #include "image/edges/flood_fill.h"
 #include "image/edges/memory.h"
 #include "image/edges/shapes.h"
-#include "support/allocations.h"
-#include "support/expected.h"
-#include "support/guarded_block.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
 
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
 using Bytes = Grid<u8>;
 
 std::set<Point> area(const Bytes& picture, Point seed)

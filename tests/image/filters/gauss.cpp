@@ -1,22 +1,12 @@
 // Gaussian smoothing, against the formula with every rounding done by hand and against the exact weights.
-#include "image/filters/gauss.h"
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
 #include "SignalProcessingWrapper.h"
-#include "gmock/gmock.h"
-#include "support/allocations.h"
+#include "image/filters/gauss.h"
 #include "support/double_steps.h"
 #include "support/framed_floats.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
 
 // --- Oracle ---------------------------------------------------------------------------------------
 

@@ -1,20 +1,11 @@
 // Smoothing by local statistics, against the formula with every rounding done by hand.
 #include "image/filters/wiener.h"
-
-#include <cmath>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
-#include "support/allocations.h"
 #include "support/double_steps.h"
 #include "support/framed_floats.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
 
 // --- Oracle ---------------------------------------------------------------------------------------
 

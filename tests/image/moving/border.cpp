@@ -1,17 +1,8 @@
 // Border extension, pixel by pixel: the nearest pixel of the source, or the constant.
-#include <climits>
-
-#include "ImageProcessingWrapper.h"
-#include "support/allocations.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
 
 struct Sizes {
     int srcWidth, srcHeight, dstWidth, dstHeight, top, left;

@@ -1,20 +1,10 @@
 // Copy, set, conversion, channel order, transposition and mirroring against plain loops.
 #include <cfenv>
-#include <cmath>
-#include <vector>
 
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
-#include "support/allocations.h"
-#include "support/image.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
 
 // Images with rows of odd padding, and the value an untouched byte keeps.
 template <class T>

@@ -1,28 +1,10 @@
 // Rank filters against their definitions: the pixels around each one sorted, by an order of its own.
-#include <algorithm>
-#include <climits>
-#include <cmath>
-#include <cstring>
-#include <string>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
 #include "image/rank/median.h"
 #include "image/rank/morphology.h"
-#include "support/allocations.h"
-#include "support/exact.h"
-#include "support/expected.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using orv::Size;
-using orv::Status;
 
 // --- Oracle ---------------------------------------------------------------------------------------
 

@@ -1,28 +1,12 @@
 // Resizing through plans, against the definition: every pixel from its own taps, in long double.
-#include <climits>
-#include <cmath>
-#include <functional>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
 #include "image/resize/resize_cubic.h"
 #include "image/resize/resize_linear.h"
 #include "image/resize/resize_nearest.h"
 #include "image/resize/resize_plan.h"
-#include "support/allocations.h"
-#include "support/guarded_block.h"
-#include "support/host_control.h"
-#include "support/image.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using orv::Size;
 
 enum Method { nearest, linear, cubic };
 

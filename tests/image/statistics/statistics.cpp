@@ -1,19 +1,7 @@
 // Image statistics against their definitions, taken literally.
 //
 // Families: sums, float_sums, extremes, histogram.
-#include <climits>
-#include <cmath>
-#include <cstdint>
-#include <functional>
-#include <limits>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
-#include "support/allocations.h"
-#include "support/host_control.h"
-#include "support/image.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
@@ -24,11 +12,6 @@ double stored(double value)
     volatile double in_memory = value;
     return in_memory;
 }
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
-using s16 = short;
 
 template <class T>
 std::uint64_t bits(T value)

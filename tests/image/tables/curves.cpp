@@ -1,21 +1,11 @@
 // Curves through points against exact fractions, and in floats against arithmetic that rounds once per step.
-#include <algorithm>
 #include <numeric>
 
-#include "ImageProcessingWrapper.h"
 #include "image/tables/curves.h"
-#include "support/allocations.h"
-#include "support/exact.h"
-#include "support/expected.h"
-#include "support/guarded_block.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
-
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
 
 template <class S, class D>
 struct Points {

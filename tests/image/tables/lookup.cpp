@@ -1,20 +1,13 @@
 // Lookup tables and palettes: entries that differ from their neighbours and from their index, next to pages that
 // cannot be touched.
-#include <algorithm>
 #include <numeric>
 
-#include "ImageProcessingWrapper.h"
 #include "image/tables/lookup.h"
-#include "support/expected.h"
-#include "support/guarded_block.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
 
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
 using u32 = unsigned;
 
 const int kWidths[] = {1, 2, 7, 8, 9, 16, 31, 32, 33, 63, 64, 65, 100, 300, 1000};

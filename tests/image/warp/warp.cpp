@@ -1,23 +1,12 @@
 // Rotation, perspective and remapping: every pixel against the oracle, at every level.
-#include <cmath>
-#include <vector>
-
-#include "ImageProcessingWrapper.h"
-#include "gmock/gmock.h"
 #include "image/warp/oracle.h"
 #include "image/warp/warp.h"
-#include "support/guarded_block.h"
-#include "support/expected.h"
-#include "support/host_control.h"
-#include "support/levels.h"
+#include "support/image_tests.h"
 
 namespace test {
 namespace {
 
 using namespace warp;
-using W = ImageProcessingWrapper;
-using u8 = unsigned char;
-using u16 = unsigned short;
 
 constexpr int kCodes[] = {1, 2, 4, 5, 6, 7, 16};
 
