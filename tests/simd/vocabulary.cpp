@@ -157,6 +157,7 @@ template <class F>
 F fused(F a, F b, F c)
 {
 #ifdef _WIN32
+    using test::Quad;
     const Quad product = static_cast<Quad>(a) * b, term = c;
     Quad sum = product + term;
     const Quad part = sum - product, left_out = (product - (sum - part)) + (term - part);
