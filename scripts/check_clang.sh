@@ -11,7 +11,7 @@ cmake --preset clang
 
 # Without -o and -c: templates are instantiated, warnings given, nothing is written.
 sed -nE 's/^ *"command": "(.*)",?$/\1/p' $build/compile_commands.json |
-    grep -vE '/(gmock|gtest)[^/]*\.cc$|/accuracy\.cpp$' | sed -E 's/\\"/"/g; s/ -o [^ ]+ -c / -fsyntax-only /' |
+    grep -vE '/(gmock|gtest)[^/]*\.cc$|/accuracy\.cpp$' | sed -E 's/\\(["\\])/\1/g; s/ -o [^ ]+ -c / -fsyntax-only /' |
     (cd $build && xargs -d '\n' -P "$(nproc)" -n 1 sh -c)
 
 kernels=$(cmake --build --preset clang --target help | sed -nE "s/^(kernel_${family//\//_}_[a-z0-9]{2}): phony$/\1/p")
