@@ -208,11 +208,11 @@ public:
     /// dst(x, y) = src(y, x)
     static bool ORVANE_CALL Transpose_32f_C1R(const float* src, int srcStep, float* dst, int dstStep, int width,
                                               int height);
-    /// srcDst mirrored about the axis
+    /// srcDst mirrored about one of its axes
     static bool ORVANE_CALL Mirror_16u_C1I(unsigned short* srcDst, int srcDstStep, int width, int height, int axis);
-    /// srcDst mirrored about the axis
+    /// srcDst mirrored about one of its axes
     static bool ORVANE_CALL Mirror_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis);
-    /// srcDst mirrored about the axis
+    /// srcDst mirrored about one of its axes
     static bool ORVANE_CALL Mirror_8u_C4I(unsigned char* srcDst, int srcDstStep, int width, int height, int axis);
     /// srcDst with top and bottom exchanged
     static bool ORVANE_CALL MirrorHorizontal_8u_C3I(unsigned char* srcDst, int srcDstStep, int width, int height);

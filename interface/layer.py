@@ -131,7 +131,7 @@ def brief(overload):
     """What the first overload of an entry says of itself, in the layer's names."""
     if overload.operation.again:
         return overload.operation.note
-    text = re.sub(r"[.:;,]? *\(?(Inverted|always true|Always true).*", "", overload.method.brief).rstrip(".")
+    text = re.sub(r"[.:;,]? *\(?(Inverted|always true|Always true|see above).*", "", overload.method.brief).rstrip(".")
     for p in sorted(overload.public, key=lambda p: -len(p.source)):
         if p.source:
             text = re.sub(rf"\b{p.source}\b", f"@{p.name}@", text, count=1 if p.kind == "result" else 0)

@@ -255,7 +255,7 @@ inline status transpose(view<const float, 1> source, view<float, 1> destination)
         destination.data(), detail::step(destination), source.width(), source.height()), detail::reason::memory);
 }
 
-/// image mirrored about the about
+/// image mirrored about one of its axes
 inline status mirror(view<unsigned short, 1> image, axis about = axis::vertical)
 {
     if (!detail::alike(image)) return detail::unlike<detail::region>("mirror", {{"image", image}});
@@ -3527,7 +3527,7 @@ inline status gauss(view<const unsigned char, 1> source, view<unsigned char, 1> 
             size); });
 }
 
-/// destination = sum of w[|i|] * w[|j|] * source(x + i, y + j), |i|, |j| <= r, by rows and columns; see above
+/// destination = sum of w[|i|] * w[|j|] * source(x + i, y + j), |i|, |j| <= r, by rows and columns
 inline status gauss(view<const float, 1> source, view<float, 1> destination, int kernel_size, float sigma)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::region>("gauss", {{"source", source},
@@ -3541,8 +3541,8 @@ inline status gauss(view<const float, 1> source, view<float, 1> destination, int
         kernel_size, sigma), detail::reason::memory);
 }
 
-/// destination = local mean + what stands out from it of more than the noise; see above. noise is the variance of the
-/// noise, or below 0 to be estimated and stored
+/// destination = local mean + what stands out from it of more than the noise. noise is the variance of the noise, or
+/// below 0 to be estimated and stored
 inline status wiener(view<const float, 1> source, view<float, 1> destination, int mask_width, int mask_height,
                      double& noise)
 {
