@@ -148,11 +148,11 @@ struct Taps {
         start[position] = at;
         for (int k = 0; k < count; ++k) {
             const double weight = normalised ? rounded(values[k] / sum) : values[k];
-            const int slot = at + limits.clamp(i + k) - first[position];
+            const int slot = at + (limits.clamp(i + k) - first[position]);
             const bool again = k > 0 && limits.clamp(i + k) == limits.clamp(i + k - 1);
             weights[slot] = again ? rounded(weights[slot] + weight) : weight;
         }
-        return at + limits.clamp(i + count - 1) - first[position] + 1;
+        return at + (limits.clamp(i + count - 1) - first[position]) + 1;
     }
 
     ORV_INLINE void linear(const SquareAxis& axis)
