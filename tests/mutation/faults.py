@@ -176,7 +176,7 @@ FAULTS = [
     ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
     ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),
     ("an internal function is exported", MEMORY, "void orv_release(void* aligned)\n{", "__attribute__((visibility(\"default\"))) void orv_release(void* aligned)\n{", "exports"),
-    ("a kernel source defines a symbol of its own", BITWISE, "#include \"image/bits/bitwise.h\"\n", "#include \"image/bits/bitwise.h\"\n#if !ORV_HAVE_VECTORS\nint orv_stray() { return 0; }\n#endif\n", "kernel_symbols"),
+    ("a kernel source defines a symbol of its own", BITWISE, "#include \"image/bits/bitwise.h\"\n", "#include \"image/bits/bitwise.h\"\n#if !defined(__AVX2__)\nint orv_stray() { return 0; }\n#endif\n", "kernel_symbols"),
     ("a weak symbol without a level", HISTOGRAM, "#include \"image/statistics/histogram.h\"\n",
      "#include \"image/statistics/histogram.h\"\ntemplate <class T> __attribute__((noinline)) T orv_weak(T x) { return x; }\ntemplate int orv_weak<int>(int);\n", "kernel_symbols"),
     ("an instruction above its level", BITWISE, "struct Not {\n", "inline void above() { __asm__ volatile(\"vpaddb %ymm0, %ymm0, %ymm0\"); }\nstruct Not {\n    Not() { above(); }\n", "build"),
