@@ -99,21 +99,31 @@ ORV_INLINE void block_of(const Op& op, const std::uint8_t* src, std::uint8_t* ds
 }
 #endif
 
+// block(from, to) for each N pixels, of From elements in the source and To in the destination. The rest is a block in
+// small buffers, which hold the destination, too: a block may leave some of it.
+template <int N, int From, int To, class S, class D, class Block>
+ORV_INLINE void blocks_of_pixels(const S* src, D* dst, std::ptrdiff_t n, Block block)
+{
+    for (; n >= N; n -= N, src += N * From, dst += N * To) block(src, dst);
+    if (n == 0) return;
+    S in[N * From] = {};
+    D out[N * To] = {};
+    const std::size_t pixels = static_cast<std::size_t>(n), bytes = pixels * To * sizeof(D);
+    __builtin_memcpy(in, src, pixels * From * sizeof(S));
+    __builtin_memcpy(out, dst, bytes);
+    block(in, out);
+    __builtin_memcpy(dst, out, bytes);
+}
+
 template <int Channels, class Op>
 ORV_INLINE void pixel_row(const std::uint8_t* src, std::uint8_t* dst, std::ptrdiff_t n, Op op)
 {
 #if ORV_HAVE_BYTE_SHUFFLE
     constexpr int N = Channels == 3 ? Bytes::N : Bytes::N / 4;
-    constexpr Interleaved<Channels, 0> layout;
-    for (; n >= N; n -= N, src += N * Channels, dst += N * Channels) block_of(op, src, dst, layout);
-    if (n == 0) return;
-    // The rest is a block in small buffers.
-    std::uint8_t in[N * Channels] = {}, out[N * Channels] = {};
-    const std::size_t bytes = static_cast<std::size_t>(n * Channels);
-    __builtin_memcpy(in, src, bytes);
-    __builtin_memcpy(out, dst, bytes);
-    block_of(op, in, out, layout);
-    __builtin_memcpy(dst, out, bytes);
+    blocks_of_pixels<N, Channels, Channels>(src, dst, n, [&](const std::uint8_t* from, std::uint8_t* to)
+                                            __attribute__((always_inline)) {
+        block_of(op, from, to, Interleaved<Channels, 0>());
+    });
 #else
     for (; n > 0; --n, src += Channels, dst += Channels) op.one(src, dst);
 #endif

@@ -102,13 +102,9 @@ struct TwistFloats : Twist {
     }
     ORV_INLINE void row_of_pixels(const float* src, float* dst, ptrdiff_t n) const
     {
-        for (; n >= N; n -= N, src += 3 * N, dst += 3 * N) block(src, dst);
-        if (n == 0) return;
-        const std::size_t bytes = static_cast<std::size_t>(n) * 3 * sizeof(float);
-        float in[3 * N] = {}, out[3 * N];
-        __builtin_memcpy(in, src, bytes);
-        block(in, out);
-        __builtin_memcpy(dst, out, bytes);
+        blocks_of_pixels<N, 3, 3>(src, dst, n, [&](const float* from, float* to) __attribute__((always_inline)) {
+            block(from, to);
+        });
     }
 #else
     void row_of_pixels(const float* src, float* dst, ptrdiff_t n) const

@@ -134,15 +134,11 @@ template <int Channels>
 void luma_row(const uint8_t* src, uint8_t* dst, std::ptrdiff_t n, int standard)
 {
 #if ORV_HAVE_BYTE_SHUFFLE
-    constexpr int N = ToLuma::N;
-    constexpr Interleaved<Channels, 0> layout;
     const ToLuma op(standard);
-    for (; n >= N; n -= N, src += N * Channels, dst += N) op.block(src, dst, layout);
-    if (n == 0) return;
-    uint8_t in[N * Channels] = {}, out[N];
-    __builtin_memcpy(in, src, static_cast<std::size_t>(n * Channels));
-    op.block(in, out, layout);
-    __builtin_memcpy(dst, out, static_cast<std::size_t>(n));
+    blocks_of_pixels<ToLuma::N, Channels, 1>(src, dst, n, [&](const uint8_t* from, uint8_t* to)
+                                             __attribute__((always_inline)) {
+        op.block(from, to, Interleaved<Channels, 0>());
+    });
 #else
     const FromRgb& m = kFromRgb[standard];
     for (; n > 0; --n, src += Channels, ++dst) *dst = luma_of(m, src);
@@ -168,26 +164,18 @@ Status convert(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size 
 
 }  // namespace
 
-#define CONVERSION(name, Op, channels)                                                                  \
+#define CONVERSION(name, ...)                                                                           \
     Status name(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)     \
     {                                                                                                   \
-        return convert<Op, channels>(src, srcStep, dst, dstStep, roi, standard);                        \
+        return __VA_ARGS__(src, srcStep, dst, dstStep, roi, standard);                                  \
     }
-CONVERSION(RGBToYCbCr_8u_C3, FromRgbPixels, 3)
-CONVERSION(RGBToYCbCr_8u_AC4, FromRgbPixels, 4)
-CONVERSION(YCbCrToRGB_8u_C3, ToRgbPixels, 3)
-CONVERSION(YCbCrToRGB_8u_AC4, ToRgbPixels, 4)
+CONVERSION(RGBToYCbCr_8u_C3, convert<FromRgbPixels, 3>)
+CONVERSION(RGBToYCbCr_8u_AC4, convert<FromRgbPixels, 4>)
+CONVERSION(RGBToGray_8u_C3C1, to_luma<3>)
+CONVERSION(RGBToGray_8u_AC4C1, to_luma<4>)
+CONVERSION(YCbCrToRGB_8u_C3, convert<ToRgbPixels, 3>)
+CONVERSION(YCbCrToRGB_8u_AC4, convert<ToRgbPixels, 4>)
 #undef CONVERSION
-
-Status RGBToGray_8u_C3C1(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)
-{
-    return to_luma<3>(src, srcStep, dst, dstStep, roi, standard);
-}
-
-Status RGBToGray_8u_AC4C1(const uint8_t* src, int srcStep, uint8_t* dst, int dstStep, Size roi, int standard)
-{
-    return to_luma<4>(src, srcStep, dst, dstStep, roi, standard);
-}
 
 }  // namespace ORV_LEVEL
 }  // namespace ycbcr
