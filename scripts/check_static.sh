@@ -18,19 +18,19 @@ build() {
 }
 needs() { objdump -p "$1" | grep -c 'NEEDED *liborvane' || true; }
 
-build examples/hello shared
-[ "$(needs "$work/shared/hello")" = 1 ]
+build examples/hello hello_shared
+[ "$(needs "$work/hello_shared/hello")" = 1 ]
 mkdir "$work/by_component"
 sed 's/Orvane REQUIRED/& COMPONENTS static/' examples/hello/CMakeLists.txt > "$work/by_component/CMakeLists.txt"
 cp examples/hello/*.cpp "$work/by_component"
-build "$work/by_component" static
-[ "$(needs "$work/static/hello")" = 0 ]
-"$work/static/hello" | cmp - <("$work/shared/hello")
+build "$work/by_component" hello_static
+[ "$(needs "$work/hello_static/hello")" = 0 ]
+"$work/hello_static/hello" | cmp - <("$work/hello_shared/hello")
 rm "$work"/prefix/lib/*/*.so*
 export PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name orvane.pc)")
 # shellcheck disable=SC2046
 g++ examples/hello/hello.cpp $(pkg-config --static --cflags --libs orvane) -o "$work/by-pkg-config"
-"$work/by-pkg-config" | cmp - <("$work/static/hello")
+"$work/by-pkg-config" | cmp - <("$work/hello_static/hello")
 
 # A plugin has its own names alone.
 mkdir "$work/plugin_source"
