@@ -12,12 +12,14 @@ import sys
 
 sys.dont_write_bytecode = True  # the sources stay as they are
 
+import cuts
 import headers
 import layer
 import page
 import python
 import tests
-from table import Mistake, Table
+from mistake import Mistake
+from table import Table
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
@@ -27,6 +29,7 @@ def outputs(table):
     include = ROOT / "include" / "layer"
     return {include / "images.hpp": layer.header(overloads, "ImageProcessingWrapper", "IMAGES_HPP"),
             include / "vectors.hpp": layer.header(overloads, "SignalProcessingWrapper", "VECTORS_HPP"),
+            include / "rules.hpp": cuts.header(table.operations),
             include / "version.hpp": layer.version((ROOT / "CMakeLists.txt").read_text()),
             ROOT / "docs" / "operations.md": page.page(table.operations)}
 

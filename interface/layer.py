@@ -4,7 +4,7 @@ import re
 import textwrap
 
 from overloads import ENUMERATIONS, Overload
-from table import Mistake
+from mistake import Mistake
 
 WIDTH = 118
 
@@ -119,7 +119,7 @@ class Writer:
                 arguments = re.sub(rf"\b{p.name}\b", "part" if p is source else "band", arguments)
         checks = [*self.sizes(), *self.constants(), *self.codes(), *self.refusals()]
         sides = ", ".join(self.operation.frame)
-        whole = "detail::all_rows, " if self.operation.cut == "whole" else ""
+        whole = "detail::all_rows, " if self.operation.whole else ""
         lead = f"[&](const {source.type}& part, const {destination.type}& band)"
         body = [wrapped(f"return detail::with_frame({self.quoted}, {source.name}, {destination.name}, {{{sides}}}, "
                         f"{whole}beyond, value,", 4, 8),

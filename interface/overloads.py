@@ -3,7 +3,7 @@
 import re
 from dataclasses import dataclass
 
-from table import Mistake
+from mistake import Mistake
 
 # Arguments that are numbers of a fixed meaning.
 ENUMERATIONS = {"axis": ("axis", [0, 1, 2]), "standard": ("colour_standard", [0, 1, 2, 3]),

@@ -4,7 +4,7 @@ import re
 from dataclasses import dataclass, field
 
 import layer
-from table import Mistake
+from mistake import Mistake
 
 TYPES = {"unsigned char": "uint8", "short": "int16", "unsigned short": "uint16", "int": "int32",
          "unsigned int": "uint32", "float": "float32", "double": "float64", "Complex32f": "complex64"}
@@ -129,7 +129,7 @@ class Operation:
     functions: list = field(default_factory=list)
 
     def prepare(self):
-        self.elementwise = any(not f.entry.hand and f.entry.cut == "anywhere" and f.entry.sizes == "equal"
+        self.elementwise = any(not f.entry.hand and f.entry.cut == "point" and f.entry.sizes == "equal"
                                for f in self.functions)
         self.equal = self.elementwise or all(not f.entry.hand and f.entry.sizes == "equal" for f in self.functions)
         # What asks for more comes first: tables for each channel; vectors, but where images do as well for any shape.

@@ -5,9 +5,8 @@ import re
 import tomllib
 from dataclasses import dataclass, field
 
-
-class Mistake(Exception):
-    """Something in the table or in the headers that a person must put right."""
+from cuts import read_cut
+from mistake import Mistake
 
 
 @dataclass
@@ -43,7 +42,8 @@ class Operation:
     codes: list = field(default_factory=list)
     frame: list = field(default_factory=list)
     false: str = "memory"
-    cut: str = ""
+    cut: str | dict = ""
+    whole: str = ""
     example: str = ""
     note: str = ""
     hand: str = ""
@@ -55,8 +55,19 @@ class Operation:
     def __post_init__(self):
         self.parameters = [parse_parameter(p) for p in self.call.split(", ")] if self.call else []
         self.bindings = []
-        if not self.hand and self.cut not in ("anywhere", "frame", "whole"):
-            raise Mistake(f"{self.name}: cut is {self.cut!r}")
+        self.cuts = {pattern: read_cut(self.name, text, self.frame, self.whole) for pattern, text in
+                     (self.cut.items() if isinstance(self.cut, dict) else [("*", self.cut)])}
+
+    @property
+    def of_matrices(self):
+        return self.hand.endswith("matrices.hpp")
+
+    def cut_of(self, method):
+        """How regions of a method are cut."""
+        found = [cut for pattern, cut in self.cuts.items() if fnmatch.fnmatchcase(method.name, pattern)]
+        if not found:
+            raise Mistake(f"{self.name}: cut says nothing of {method.qualified}")
+        return found[0]
 
     @property
     def choice(self):

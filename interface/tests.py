@@ -93,7 +93,7 @@ class Case:
         operands = [f"&{p.name}" for p in overload.operands]
         results = [f"&{p.name}_memory" for p in overload.public if p.kind in ("result", "array") and not p.const]
         equal = "true" if self.operation.sizes == "equal" else "false"
-        cut = "true" if self.operation.cut == "anywhere" and equal == "true" and not overload.vectors else "false"
+        cut = "true" if self.operation.cut == "point" and equal == "true" and not overload.vectors else "false"
         arguments = ", ".join(p.name for p in overload.public)
         lines = ["    {", *(wrapped(self.variable(p), 8) for p in overload.public),
                  wrapped(f"const auto layer = [&] {{ return orvane::{self.operation.name}({arguments}); }};", 8),

@@ -4,7 +4,7 @@
 
 #include "../ImageProcessingWrapper.h"
 #include "checks.hpp"
-#include "codes.hpp"
+#include "cuts.hpp"
 
 namespace orvane {
 namespace detail {
@@ -128,8 +128,6 @@ inline status whole(const char* operation, const char* name, const region& desti
 {
     return overlap_in_part(destination, source) ? status(operation, name, reason::overlap) : status();
 }
-
-constexpr int half(mask size) { return static_cast<int>(size) / 2; }
 
 // The fixed filters as convolutions; the formulas are those of FilterHipass and the others.
 inline const int* chosen_kernel(mask size, const int (&three)[9], const int (&five)[25])
