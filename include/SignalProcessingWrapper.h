@@ -14,7 +14,7 @@
 /// error and without a warning. Errors write nothing; warnings give false, but everything is written.
 /// Methods that depart from this say so.
 ///
-/// **Aliasing.** The vectors of Copy_16u may overlap in any way. In vector arithmetic, elementary functions, vector
+/// **Aliasing.** The vectors of copies may overlap in any way. In vector arithmetic, elementary functions, vector
 /// spectra and windows a destination may be exactly one of its sources, same pointer and same element type; one that
 /// begins elsewhere within a source is not supported in any of these families: what is then written depends on the
 /// processor. Two destinations of a call share no memory.
@@ -52,15 +52,51 @@ public:
     // --------------------------------------------------------------------------------------------
     /// @name Filling and moving
     ///
-    /// Elements are moved as they are. The vectors of a copy may overlap in any way: the destination receives
-    /// what the source held before the call. Both methods are always true; with a null pointer or a len below 1
-    /// they do nothing.
+    /// Elements are moved as they are: of a NaN, too, every bit is kept. The vectors of a copy may overlap in any way:
+    /// the destination receives what the source held before the call.
+    ///
+    /// Checks: null pointer, len below 1. Zero_16u and Copy_16u are always true: where the others refuse, these do
+    /// nothing and say nothing.
     /// @{
 
+    /// dst = value
+    static bool ORVANE_CALL Set_8u(unsigned char value, unsigned char* dst, int len);
+    /// dst = value
+    static bool ORVANE_CALL Set_16u(unsigned short value, unsigned short* dst, int len);
+    /// dst = value
+    static bool ORVANE_CALL Set_32s(int value, int* dst, int len);
+    /// dst = value
+    static bool ORVANE_CALL Set_32f(float value, float* dst, int len);
+    /// dst = value
+    static bool ORVANE_CALL Set_64f(double value, double* dst, int len);
+    /// dst = value
+    static bool ORVANE_CALL Set_32fc(Complex32f value, Complex32f* dst, int len);
+
+    /// dst = 0
+    static bool ORVANE_CALL Zero_8u(unsigned char* dst, int len);
     /// dst = 0. Always true.
     static bool ORVANE_CALL Zero_16u(unsigned short* dst, int len);
+    /// dst = 0
+    static bool ORVANE_CALL Zero_32s(int* dst, int len);
+    /// dst = 0
+    static bool ORVANE_CALL Zero_32f(float* dst, int len);
+    /// dst = 0
+    static bool ORVANE_CALL Zero_64f(double* dst, int len);
+    /// dst = 0
+    static bool ORVANE_CALL Zero_32fc(Complex32f* dst, int len);
+
+    /// dst = src
+    static bool ORVANE_CALL Copy_8u(const unsigned char* src, unsigned char* dst, int len);
     /// dst = src. Always true.
     static bool ORVANE_CALL Copy_16u(const unsigned short* src, unsigned short* dst, int len);
+    /// dst = src
+    static bool ORVANE_CALL Copy_32s(const int* src, int* dst, int len);
+    /// dst = src
+    static bool ORVANE_CALL Copy_32f(const float* src, float* dst, int len);
+    /// dst = src
+    static bool ORVANE_CALL Copy_64f(const double* src, double* dst, int len);
+    /// dst = src
+    static bool ORVANE_CALL Copy_32fc(const Complex32f* src, Complex32f* dst, int len);
     /// @}
 
     // --------------------------------------------------------------------------------------------

@@ -8,6 +8,14 @@
 namespace orvane {
 
 /// destination = source
+inline status copy(span<const unsigned char> source, span<unsigned char> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("copy", SignalProcessingWrapper::Copy_8u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
 inline status copy(span<const unsigned short> source, span<unsigned short> destination)
 {
     if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
@@ -16,12 +24,125 @@ inline status copy(span<const unsigned short> source, span<unsigned short> desti
         detail::length(source)), detail::reason::memory);
 }
 
+inline status copy(span<const int> source, span<int> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("copy", SignalProcessingWrapper::Copy_32s(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status copy(span<const float> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("copy", SignalProcessingWrapper::Copy_32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status copy(span<const double> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("copy", SignalProcessingWrapper::Copy_64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status copy(span<const Complex32f> source, span<Complex32f> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("copy", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("copy", SignalProcessingWrapper::Copy_32fc(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination = value
+inline status fill(span<unsigned char> destination, const constant<unsigned char, 1>& value)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("fill", {{"destination", destination}});
+    if (!value.held()) return detail::unheld("fill", "value", value);
+    return detail::answer("fill", SignalProcessingWrapper::Set_8u(value.one(), destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status fill(span<unsigned short> destination, const constant<unsigned short, 1>& value)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("fill", {{"destination", destination}});
+    if (!value.held()) return detail::unheld("fill", "value", value);
+    return detail::answer("fill", SignalProcessingWrapper::Set_16u(value.one(), destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status fill(span<int> destination, const constant<int, 1>& value)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("fill", {{"destination", destination}});
+    if (!value.held()) return detail::unheld("fill", "value", value);
+    return detail::answer("fill", SignalProcessingWrapper::Set_32s(value.one(), destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status fill(span<float> destination, const constant<float, 1>& value)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("fill", {{"destination", destination}});
+    return detail::answer("fill", SignalProcessingWrapper::Set_32f(value.one(), destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status fill(span<double> destination, const constant<double, 1>& value)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("fill", {{"destination", destination}});
+    return detail::answer("fill", SignalProcessingWrapper::Set_64f(value.one(), destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status fill(span<Complex32f> destination, const constant<Complex32f, 1>& value)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("fill", {{"destination", destination}});
+    return detail::answer("fill", SignalProcessingWrapper::Set_32fc(value.one(), destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
 /// destination = 0
+inline status clear(span<unsigned char> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
+    return detail::answer("clear", SignalProcessingWrapper::Zero_8u(destination.data(), detail::length(destination)),
+        detail::reason::memory);
+}
+
 inline status clear(span<unsigned short> destination)
 {
     if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
     return detail::answer("clear", SignalProcessingWrapper::Zero_16u(destination.data(), detail::length(destination)),
         detail::reason::memory);
+}
+
+inline status clear(span<int> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
+    return detail::answer("clear", SignalProcessingWrapper::Zero_32s(destination.data(), detail::length(destination)),
+        detail::reason::memory);
+}
+
+inline status clear(span<float> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
+    return detail::answer("clear", SignalProcessingWrapper::Zero_32f(destination.data(), detail::length(destination)),
+        detail::reason::memory);
+}
+
+inline status clear(span<double> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
+    return detail::answer("clear", SignalProcessingWrapper::Zero_64f(destination.data(), detail::length(destination)),
+        detail::reason::memory);
+}
+
+inline status clear(span<Complex32f> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("clear", {{"destination", destination}});
+    return detail::answer("clear", SignalProcessingWrapper::Zero_32fc(destination.data(),
+        detail::length(destination)), detail::reason::memory);
 }
 
 /// destination = scaled(a + b)

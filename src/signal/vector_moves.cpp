@@ -36,8 +36,22 @@ Status copy(const T* src, T* dst, Length len)
 
 // --- Kernels --------------------------------------------------------------------------------------
 
-Status Zero_16u(unsigned short* dst, Length len) { return zero(dst, len); }
-Status Copy_16u(const unsigned short* src, unsigned short* dst, Length len) { return copy(src, dst, len); }
+#define ZERO(name, T) \
+    Status name(T* dst, Length len) { return zero(dst, len); }
+ZERO(Zero_8u, unsigned char)
+ZERO(Zero_16u, unsigned short)
+ZERO(Zero_32s, int)
+ZERO(Zero_32f, float)
+ZERO(Zero_64f, double)
+ZERO(Zero_32fc, Complex32f)
+#define COPY(name, T) \
+    Status name(const T* src, T* dst, Length len) { return copy(src, dst, len); }
+COPY(Copy_8u, unsigned char)
+COPY(Copy_16u, unsigned short)
+COPY(Copy_32s, int)
+COPY(Copy_32f, float)
+COPY(Copy_64f, double)
+COPY(Copy_32fc, Complex32f)
 
 }  // namespace ORV_LEVEL
 }  // namespace vector_moves

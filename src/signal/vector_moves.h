@@ -1,7 +1,8 @@
-// Vectors filled and moved as they are. The C library's copy and fill choose by the processor themselves: one
+// Vectors cleared and moved as they are. The C library's copy and fill choose by the processor themselves: one
 // variant serves all levels.
 #pragma once
 
+#include "Complex32f.h"
 #include "core/shapes.h"
 
 namespace orv {

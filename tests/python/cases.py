@@ -24,9 +24,11 @@ def calls(name, *all_calls):
 # --- moving -----------------------------------------------------------------------------------------
 
 calls("fill", Call(np.full((3, 4), 7, "u1"), BYTES[:3, :4].copy(), 7),
-      Call(np.full((3, 4, 3), (1, 2, 3), "u1"), COLOURS[:3, :4].copy(), (1, 2, 3)))
+      Call(np.full((3, 4, 3), (1, 2, 3), "u1"), COLOURS[:3, :4].copy(), (1, 2, 3)),
+      *(Call(np.full((3, 4), 7, a), np.zeros((3, 4), a), 7) for a in ("f8", "c8")))
 calls("convert", Call(np.clip(np.rint(FLOATS * 40), 0, 255), FLOATS * 40, "uint8"))
-calls("clear", Call(np.zeros((3, 4), "u2"), WORDS[:3, :4].copy()))
+SEQUENCES = [pixels(t, 3, 4) for t in "u1 u2 i4 f4 f8 c8".split()]
+calls("clear", *(Call(np.zeros_like(a), a.copy()) for a in SEQUENCES))
 calls("transpose", Call(FLOATS.T, FLOATS))
 calls("mirror", *(Call(np.flip(a, axes), a, about=about) for a in (WORDS, COLOURS, ALPHA)
                   for about, axes in (("horizontal", 0), ("vertical", 1), ("both", (0, 1)))))

@@ -171,7 +171,7 @@ def scaling(a):
 
 # oracle, types, further arguments, tolerance (absolute and relative); channels where they are told.
 ELEMENTWISE = {
-    "copy": (lambda a: a, "u1 u2 i2 i4 f4 c8", [], 0),
+    "copy": (lambda a: a, NUMBERS, [], 0),
     "convert": (lambda a, dtype: a.astype(dtype), "u1 u2", [lambda a: ("f4",)], 0),
     "add": (scaled(lambda x, y: x + y), NUMBERS, [twin, constant], 0),
     "subtract": (scaled(lambda x, y: x - y), "u1 u2 i2 i4 f4 c8", [twin, constant], 0),
