@@ -3,6 +3,7 @@ class's method, against the table's example, and in parts where regions may be c
 
 import re
 
+from cuts import Cut
 from layer import wrapped
 
 WIDTH, HEIGHT = 11, 8  # columns and rows of the pictures, but for those that the table's `extent` names
@@ -93,7 +94,8 @@ class Case:
         operands = [f"&{p.name}" for p in overload.operands]
         results = [f"&{p.name}_memory" for p in overload.public if p.kind in ("result", "array") and not p.const]
         equal = "true" if self.operation.sizes == "equal" else "false"
-        cut = "true" if self.operation.cut == "point" and equal == "true" and not overload.vectors else "false"
+        anywhere = self.operation.cut_of(overload.method) == Cut("point") and equal == "true"
+        cut = "true" if anywhere else "false"
         arguments = ", ".join(p.name for p in overload.public)
         lines = ["    {", *(wrapped(self.variable(p), 8) for p in overload.public),
                  wrapped(f"const auto layer = [&] {{ return orvane::{self.operation.name}({arguments}); }};", 8),

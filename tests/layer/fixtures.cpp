@@ -115,10 +115,11 @@ void call_in_parts(const std::vector<operand*>& operands, const layer_call& laye
     const Memory whole = remember(operands);
     restore(operands, before);
     const int columns = operands[0]->columns;
-    for (int x = 0; x < columns; x += 4) {
+    const int each = columns / 3 + 1;
+    for (int x = 0; x < columns; x += each) {
         for (operand* o : operands) {
             o->first += x * o->pixel_bytes;
-            o->columns = std::min(4, columns - x);
+            o->columns = std::min(each, columns - x);
         }
         (void)layer();
         for (operand* o : operands) {

@@ -2,7 +2,7 @@
 
 A fault is (what is broken, file, text, text in its place, net). The text must stand in the file exactly once;
 `mutation.py --check` looks, so that the list follows the code. Nets: a filter of the test program, or the name of
-one of CTESTS in mutation.py, or "build".
+one of CTESTS in mutation.py, "rules", or "build".
 """
 
 VARIANTS = "Variants.*"
@@ -44,6 +44,7 @@ WARP_SOURCE = "src/image/warp/source.h"
 WARP_MANY = "src/image/warp/many.h"
 WARP_INVERSE = "src/image/warp/projection.h"
 WARP_TURN = "src/image/warp/turn.h"
+TABLE = "interface/table.toml"
 CONVOLUTION = "src/image/filters/convolution_integer.cpp"
 CONVOLUTION_SUMS = "src/image/filters/convolution_doubles.h"
 CONVOLUTION_FACTORS = "src/image/filters/convolution_factors.h"
@@ -172,6 +173,16 @@ FAULTS = [
     ("bands that begin a row too late", "include/layer/requirements.hpp", "const int top = more.top - (y - first);", "const int top = y == 0 ? more.top : 0;", "Layer*"),
     ("the rest of a row is not converted", "include/layer/conversions.hpp", "(width % 3 == 0 || convert(width - 3, 1))", "width > 0", "Layer*"),
     ("a fraction is a value of an integer", "include/layer/view.hpp", "(std::is_floating_point_v<T> || std::is_integral_v<V>);", "true;", "types"),
+    # How images are cut.
+    ("a halo one too small", TABLE, 'cut = "halo kernel_size / 2"', 'cut = "halo kernel_size / 2 - 1"', "rules"),
+    ("pairs of columns and rows that are cut apart", TABLE, 'cut = "point 2x2"', 'cut = "point"', "rules"),
+    ("a point that is none", TABLE, 'cut = "halo 1"\nexample = "source 9, destination 9"\n\n[[operation]]\nname = "dilate"',
+     'cut = "point"\nexample = "source 9, destination 9"\n\n[[operation]]\nname = "dilate"', "rules"),
+    ("float sums that are joined", TABLE, 'cut = { "*_32f*" = "whole", "*" = "join" }', 'cut = "join"', "rules"),
+    ("a kernel that is not turned", TABLE, 'frame = ["kernel_width - 1 - anchor_x", "kernel_height - 1 - anchor_y", "anchor_x", "anchor_y"]',
+     'frame = ["anchor_x", "anchor_y", "kernel_width - 1 - anchor_x", "kernel_height - 1 - anchor_y"]', "rules"),
+    ("a halo that is cropped twice", "include/orvane_tiles.hpp", "return {first - read.first, count};", "return {first - read.first, read.count};", "Tiles*"),
+    ("a halo beyond the image", "include/orvane_tiles.hpp", "above + count + (rest < around.bottom ? rest : around.bottom)", "above + count + around.bottom", "Tiles*"),
     # Dispatch, symbols, levels, layers.
     ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
     ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),

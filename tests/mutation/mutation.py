@@ -15,6 +15,7 @@ from faults import FAULTS
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 JOBS = "2"
 CTESTS = ("exports", "kernel_symbols", "layers", "types")
+RULES = "rules"  # the Python package's tests that cut every operation by its rule
 
 
 def run(command, folder, seconds=7200):
@@ -31,13 +32,17 @@ def misplaced(fault):
 def run_net(build, net, seconds):
     if net in CTESTS:
         return run(["ctest", "--output-on-failure", "-R", f"^{net}$"], build, seconds)
+    if net == RULES:
+        test = build.parents[1] / "tests/python/test_tiles.py"
+        return run(["env", f"PYTHONPATH={build}/python", "/usr/bin/python3", "-B", "-m", "pytest", "-qx", test], build, seconds)
     return run(["tests/orvane_tests", "--brief", "--seed=7", f"--gtest_filter={net}"], build, seconds)
 
 
 def is_caught(build, net):
     """Whether the net fails, and its last words."""
     if net != "layers":
-        made = run(["ninja", "-j", JOBS, "orvane" if net in ("exports", "build") else "orvane_tests"], build)
+        target = {"exports": "orvane", "build": "orvane", RULES: "orvane_python"}.get(net, "orvane_tests")
+        made = run(["ninja", "-j", JOBS, target], build)
         if made.returncode != 0 or net == "build":
             return made.returncode != 0 and net == "build", made.stdout[-600:]
     try:
@@ -72,11 +77,12 @@ def build_intact(tree, build):
     """Builds the copy as and where a release is built, so that a compiler cache has most of it. A net that fails here
     would prove nothing later."""
     launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
-    made = run(["cmake", "--preset", "release", *launcher], tree)
-    made = made if made.returncode else run(["ninja", "-j", JOBS, "orvane", "orvane_tests"], build)
+    made = run(["cmake", "--preset", "release", "-DORVANE_BUILD_PYTHON=ON", *launcher], tree)
+    targets = ["orvane", "orvane_tests", "orvane_python"]
+    made = made if made.returncode else run(["ninja", "-j", JOBS, *targets], build)
     if made.returncode:
         raise SystemExit(made.stdout + made.stderr)
-    for net in ("*", *CTESTS):
+    for net in ("*", *CTESTS, RULES):
         result = run_net(build, net, 3600)
         if result.returncode:
             raise SystemExit(f"{net} fails without a fault:\n{result.stdout[-2000:]}")
