@@ -365,6 +365,19 @@ TEST(LayerFrames, TallImages)
     EXPECT_STREQ(orvane::lowpass(source, result, mask::size3x3, edge{7}).argument(), "beyond");
 }
 
+// A neighbourhood of more rows than a band has: several bands then reach beyond the image.
+TEST(LayerFrames, TallNeighbourhoods)
+{
+    const image<float> source = noise<float, 1>(5, 300), kernel = noise<float, 1>(1, 255);
+    image<float> framed(5, 554), expected(5, 300), made(5, 300);
+    std::vector<float> weights;
+    for (int y = 0; y < 255; ++y) weights.push_back(*kernel.part(0, y, 1, 1).data());
+    orvane::extend_replicate(source, framed, 0, 84).check();
+    orvane::convolve(framed.part(0, 84, 5, 300), expected, weights, 1, 255, 0, 170).check();
+    orvane::convolve(source, made, weights, 1, 255, 0, 170, edge::replicate).check();
+    EXPECT_TRUE(same(made, expected));
+}
+
 TEST(LayerCalls, ATableForEachChannel)
 {
     std::vector<unsigned char> twice(256), half(256), none(256);

@@ -156,7 +156,8 @@ Floats waves(int width, int height, float across, float down)
 TEST(Canny, Waves)
 {
     std::mt19937 g = make_generator("waves");
-    for (const int width : {40, 64, 65, 257, 300}) {
+    for (const int width : {65, 300, 40, 64, 257}) {
+        if (options().brief && width != 65 && width != 300) break;
         for (const float frequency : {0.1f, 0.3f, 0.7f}) {
             const Floats picture = waves(width, 50, frequency, 0.2f);
             for (const float low : {0.0f, 20.0f, 100.0f}) {
@@ -197,7 +198,7 @@ TEST(Canny, EqualMagnitudesAndThresholds)
     std::mt19937 g = make_generator("equal");
     const int directions[][2] = {{1, 0}, {0, 1}, {1, 1}, {1, -1}, {-1, 0}, {0, -1}};
     for (const auto& to : directions) {
-        for (int ramp = 1; ramp <= 4; ++ramp) {
+        for (int ramp = 1; ramp <= 4; ramp += options().brief ? 2 : 1) {
             Floats picture(36, 20);
             for (int y = 0; y < 20; ++y) {
                 for (int x = 0; x < 36; ++x)
