@@ -21,13 +21,14 @@ const int kLengths[] = {64, 4096, 1 << 24};
 
 // A vector is an image of one column too many: rows of a square one follow each other.
 template <class T>
-std::shared_ptr<Image> vector(int length)
+std::shared_ptr<Image> vector(int length, int factor = 1)
 {
     const int side = length == 64 ? 8 : length == 4096 ? 64 : 4096;
     return std::make_shared<Image>(side, (side == 8 ? 8 : 1) * static_cast<int>(sizeof(T)),
-                                   [length](const Image& image) {
+                                   [=](const Image& image) {
                                        T* const p = image.as<T>();
-                                       for (int i = 0; i < length; ++i) p[i] = static_cast<T>(1 + i * 7 % 250);
+                                       for (int i = 0; i < length; ++i)
+                                           p[i] = static_cast<T>((1 + i * 7 % 250) * factor);
                                    });
 }
 
@@ -49,11 +50,12 @@ void limit(const char* a, const char* b, char* d, int n, int sources)
 }
 
 template <class T, class Ours, class Cv, class Eig, class Volk>
-void two_vectors(const char* name, Ours ours, Cv peer_cv, Eig peer_eigen, Volk peer_volk, int sources = 2)
+void two_vectors(const char* name, Ours ours, Cv peer_cv, Eig peer_eigen, Volk peer_volk, int sources = 2,
+                 int factor = 1)
 {
     using Array = Eigen::Map<Eigen::Array<T, Eigen::Dynamic, 1>>;
     for (int n : kLengths) {
-        auto a = vector<T>(n), b = vector<T>(n), d = vector<T>(n);
+        auto a = vector<T>(n), b = vector<T>(n, factor), d = vector<T>(n);
         const std::string size = std::to_string(n);
         bench::add(name, size, "orvane",
                    [=] { ours(a->template as<T>(), b->template as<T>(), d->template as<T>(), n); });
@@ -102,6 +104,8 @@ const bool registered = [] {
     two_vectors<int>("Mul_32s sf8", SCALED(int, Mul_32s, 8), CV(cv::multiply(a, b, d, 1 / 256.0)), nullptr, nullptr);
     two_vectors<int>("Mul_32s sf31", SCALED(int, Mul_32s, 31), nullptr, nullptr, nullptr);
     two_vectors<int>("Div_32s sf0", SCALED(int, Div_32s, 0), CV(cv::divide(b, a, d)), nullptr, nullptr);
+    two_vectors<int>("Div_32s sf0, large", SCALED(int, Div_32s, 0), CV(cv::divide(b, a, d)), nullptr, nullptr, 2,
+                     8000009);
     two_vectors<int>("SubCRev_32s sf0", SCALED_CONSTANT(int, SubCRev_32s, 0), CV(cv::subtract(3, a, d)), nullptr,
                      nullptr, 1);
     two_vectors<float>("Add_32f", V::Add_32f, CV(cv::add(a, b, d)), EIGEN(b + a), VOLK(volk_32f_x2_add_32f));

@@ -8,6 +8,7 @@
 #include "elementwise/float_arithmetic.h"
 #include "elementwise/magnitudes.h"
 #include "elementwise/windows.h"
+#include "simd/interleaved.h"
 
 namespace orv {
 namespace spectra {
@@ -82,14 +83,13 @@ Status RealToCplx_32f(const float* re, const float* im, Complex32f* dst, Length 
     uint32_t* const parts = reinterpret_cast<uint32_t*>(dst);
     std::ptrdiff_t i = 0;
     if constexpr (ORV_HAVE_VECTORS) {
-        using V = simd::half<uint32_t>;
-        const auto load = [](const uint32_t* p, std::ptrdiff_t k) {
+        using V = simd::widest<float>;
+        const auto load = [](const float* p, std::ptrdiff_t k) {
             return p != nullptr ? simd::load<V>(p + k) : simd::zero<V>();
         };
+        float* const to = reinterpret_cast<float*>(dst);
         for (; i + V::N <= n; i += V::N) {
-            const auto both = interleave(load(real, i), load(imaginary, i));
-            simd::store(parts + 2 * i, simd::as<uint32_t>(both.lo));
-            simd::store(parts + 2 * i + V::N, simd::as<uint32_t>(both.hi));
+            simd::interleaved<V>::store(to + 2 * i, {load(re, i), load(im, i)});
         }
     }
     for (; i < n; ++i) {

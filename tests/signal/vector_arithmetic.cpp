@@ -453,6 +453,24 @@ TEST(VectorArithmetic, ConstantDivisorOfZero)
     });
 }
 
+// Vectors of one quotient, so that no other one makes them leave the fast ways.
+TEST(VectorArithmetic, QuotientsOfLargeNumbers)
+{
+    const int dividends[] = {INT_MIN, INT_MIN + 1, INT_MAX, INT_MAX - 1, 5 << 22, 16777219, -33554435, 1000000007};
+    const int divisors[] = {1, -1, 2, -2, 3, 4, -6, 1 << 16, 33554432, INT_MAX, INT_MIN};
+    at_every_level([&] {
+        for (const int dividend : dividends) {
+            for (const int divisor : divisors) {
+                const std::vector<int> left(37, dividend), right(37, divisor);
+                std::vector<int> got(37);
+                ASSERT_TRUE(V::Div_32s(right.data(), left.data(), got.data(), 37, 0));
+                const int want = expected<int>(divide, dividend, divisor, 0);
+                ASSERT_THAT(got, testing::Each(want)) << dividend << " / " << divisor;
+            }
+        }
+    });
+}
+
 // Longer than the temporary of the in-place forms.
 TEST(VectorArithmetic, LongVectorsInPlace)
 {

@@ -194,7 +194,7 @@ TEST(FloatArithmetic, AccumulatedProducts)
 {
     std::mt19937 g = make_generator("AddProduct");
     const int width = 203, height = 7;
-    const std::size_t n = static_cast<std::size_t>(width * height);
+    const std::size_t row = width, n = row * static_cast<std::size_t>(height);
     std::vector<u16> a(n), b(n);
     for (auto* v : {&a, &b}) for (u16& x : *v) x = static_cast<u16>(uniform(g, 0, 3) == 0 ? 65535 - g() % 3 : g());
     Words sums = telling_floats(g, n), want(n);
@@ -203,6 +203,14 @@ TEST(FloatArithmetic, AccumulatedProducts)
         if (i % 5 == 0)
             sums[i] =
                 bits_of(std::ldexp(1.f + static_cast<float>(g() % 8) / 8388608.f, -25 - static_cast<int>(g() % 8)));
+        // Whole rows of ordinary sums, and one whose sums lie next to ties by less than doubles tell.
+        if (i >= 3 * row)
+            sums[i] = g() % 9 == 0 ? 0 : (g() & 0x807FFFFF) | static_cast<unsigned>(uniform(g, 129, 177)) << 23;
+        if (i >= 6 * row) {
+            a[i] = 65535;
+            b[i] = static_cast<u16>(0xFF83 - 256 * uniform(g, 0, 100));
+            sums[i] = bits_of(3.0f) + static_cast<unsigned>(uniform(g, -1, 1));
+        }
         want[i] = is_nan<float>(sums[i]) ? sums[i] | quiet_bit<float>
                                          : rounded_twice(static_cast<Quad>(from_bits<float>(sums[i])) +
                                                          static_cast<Quad>(a[i]) * static_cast<Quad>(b[i]));
