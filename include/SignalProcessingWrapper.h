@@ -446,6 +446,109 @@ public:
     static bool ORVANE_CALL WinHamming_32f_I(float* srcDst, int len);
     /// @}
 
+    // --------------------------------------------------------------------------------------------
+    /// @name Statistics of vectors
+    ///
+    /// Sums of integers are exact, and rounded to double once. Sums of floats and doubles, of products and of squared
+    /// distances have one order at every level: 32 running sums, all from +0, to which element i is added in sum
+    /// i mod 32; then sum j and sum j + 16 are added, j + 8, and so on to one, all in double. The error is at most
+    /// `(len / 32 + 6) * 2^-53` times the sum of the magnitudes. `fast` changes nothing: both values give the same
+    /// bits. A sum of zeros is +0; a result that is not a number is 0x7FF8000000000000.
+    ///
+    /// Means are the sum over len. Deviations are those of the population (divisor len), in two passes: first the mean,
+    /// then the squares of what it leaves of each element, so that large offsets cost no digits. One element has none.
+    /// Products of floats are exact before they are added, those of doubles are rounded.
+    ///
+    /// Extremes compare by value and leave NaNs out. Of equal elements, 0 and -0 among them, the first one counts: its
+    /// bits are the result, and its place, counted from 0, the index. Of nothing but NaNs the extreme is 0x7FC00000
+    /// (0x7FF8000000000000 of doubles) and the index 0.
+    ///
+    /// Checks: null pointer (in MeanStdDev_32f the results may be null, one or both, and are left out), len below 1.
+    /// Results may lie in a source.
+    /// @{
+
+    /// sum = sum of src[i]
+    static bool ORVANE_CALL Sum_8u(const unsigned char* src, int len, double* sum);
+    /// sum = sum of src[i]
+    static bool ORVANE_CALL Sum_16u(const unsigned short* src, int len, double* sum);
+    /// sum = sum of src[i]
+    static bool ORVANE_CALL Sum_32s(const int* src, int len, double* sum);
+    /// sum = sum of src[i]
+    static bool ORVANE_CALL Sum_32f(const float* src, int len, double* sum, bool fast);
+    /// sum = sum of src[i]
+    static bool ORVANE_CALL Sum_64f(const double* src, int len, double* sum);
+    /// mean = (sum of src[i]) / len
+    static bool ORVANE_CALL Mean_8u(const unsigned char* src, int len, double* mean);
+    /// mean = (sum of src[i]) / len
+    static bool ORVANE_CALL Mean_16u(const unsigned short* src, int len, double* mean);
+    /// mean = (sum of src[i]) / len
+    static bool ORVANE_CALL Mean_32s(const int* src, int len, double* mean);
+    /// mean = (sum of src[i]) / len
+    static bool ORVANE_CALL Mean_32f(const float* src, int len, double* mean, bool fast);
+    /// mean = (sum of src[i]) / len
+    static bool ORVANE_CALL Mean_64f(const double* src, int len, double* mean);
+    /// stdDev = sqrt((sum of (src[i] - mean)^2) / len)
+    static bool ORVANE_CALL StdDev_32f(const float* src, int len, double* stdDev, bool fast);
+    /// mean = (sum of src[i]) / len, stdDev = sqrt((sum of (src[i] - mean)^2) / len)
+    static bool ORVANE_CALL MeanStdDev_32f(const float* src, int len, double* mean, double* stdDev, bool fast);
+    /// product = sum of src1[i] * src2[i]
+    static bool ORVANE_CALL DotProd_32f(const float* src1, const float* src2, int len, double* product);
+    /// product = sum of src1[i] * src2[i]
+    static bool ORVANE_CALL DotProd_64f(const double* src1, const double* src2, int len, double* product);
+    /// minimum = least of src[i]
+    static bool ORVANE_CALL Min_8u(const unsigned char* src, int len, unsigned char* minimum);
+    /// minimum = least of src[i]
+    static bool ORVANE_CALL Min_16u(const unsigned short* src, int len, unsigned short* minimum);
+    /// minimum = least of src[i]
+    static bool ORVANE_CALL Min_32s(const int* src, int len, int* minimum);
+    /// minimum = least of src[i]
+    static bool ORVANE_CALL Min_32f(const float* src, int len, float* minimum);
+    /// minimum = least of src[i]
+    static bool ORVANE_CALL Min_64f(const double* src, int len, double* minimum);
+    /// maximum = greatest of src[i]
+    static bool ORVANE_CALL Max_8u(const unsigned char* src, int len, unsigned char* maximum);
+    /// maximum = greatest of src[i]
+    static bool ORVANE_CALL Max_16u(const unsigned short* src, int len, unsigned short* maximum);
+    /// maximum = greatest of src[i]
+    static bool ORVANE_CALL Max_32s(const int* src, int len, int* maximum);
+    /// maximum = greatest of src[i]
+    static bool ORVANE_CALL Max_32f(const float* src, int len, float* maximum);
+    /// maximum = greatest of src[i]
+    static bool ORVANE_CALL Max_64f(const double* src, int len, double* maximum);
+    /// Least and greatest of src[i].
+    static bool ORVANE_CALL MinMax_8u(const unsigned char* src, int len, unsigned char* minimum,
+                                      unsigned char* maximum);
+    /// Least and greatest of src[i].
+    static bool ORVANE_CALL MinMax_16u(const unsigned short* src, int len, unsigned short* minimum,
+                                       unsigned short* maximum);
+    /// Least and greatest of src[i].
+    static bool ORVANE_CALL MinMax_32s(const int* src, int len, int* minimum, int* maximum);
+    /// Least and greatest of src[i].
+    static bool ORVANE_CALL MinMax_32f(const float* src, int len, float* minimum, float* maximum);
+    /// Least and greatest of src[i].
+    static bool ORVANE_CALL MinMax_64f(const double* src, int len, double* minimum, double* maximum);
+    /// minimum = least of src[i], index = the first place that has it
+    static bool ORVANE_CALL MinIndx_8u(const unsigned char* src, int len, unsigned char* minimum, int* index);
+    /// minimum = least of src[i], index = the first place that has it
+    static bool ORVANE_CALL MinIndx_16u(const unsigned short* src, int len, unsigned short* minimum, int* index);
+    /// minimum = least of src[i], index = the first place that has it
+    static bool ORVANE_CALL MinIndx_32s(const int* src, int len, int* minimum, int* index);
+    /// minimum = least of src[i], index = the first place that has it
+    static bool ORVANE_CALL MinIndx_32f(const float* src, int len, float* minimum, int* index);
+    /// minimum = least of src[i], index = the first place that has it
+    static bool ORVANE_CALL MinIndx_64f(const double* src, int len, double* minimum, int* index);
+    /// maximum = greatest of src[i], index = the first place that has it
+    static bool ORVANE_CALL MaxIndx_8u(const unsigned char* src, int len, unsigned char* maximum, int* index);
+    /// maximum = greatest of src[i], index = the first place that has it
+    static bool ORVANE_CALL MaxIndx_16u(const unsigned short* src, int len, unsigned short* maximum, int* index);
+    /// maximum = greatest of src[i], index = the first place that has it
+    static bool ORVANE_CALL MaxIndx_32s(const int* src, int len, int* maximum, int* index);
+    /// maximum = greatest of src[i], index = the first place that has it
+    static bool ORVANE_CALL MaxIndx_32f(const float* src, int len, float* maximum, int* index);
+    /// maximum = greatest of src[i], index = the first place that has it
+    static bool ORVANE_CALL MaxIndx_64f(const double* src, int len, double* maximum, int* index);
+    /// @}
+
 protected:
     /// Does nothing: the class has no instances.
     SignalProcessingWrapper(const SignalProcessingWrapper& other);

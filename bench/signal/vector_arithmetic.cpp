@@ -9,35 +9,17 @@
 
 #include "SignalProcessingWrapper.h"
 #include "harness.h"
+#include "signal/vectors.h"
 
 namespace {
 
+using bench::depth;
 using bench::Image;
+using bench::kLengths;
+using bench::vector;
 using V = SignalProcessingWrapper;
 using u8 = unsigned char;
 using u16 = unsigned short;
-
-const int kLengths[] = {64, 4096, 1 << 24};
-
-// A vector is an image of one column too many: rows of a square one follow each other.
-template <class T>
-std::shared_ptr<Image> vector(int length, int factor = 1)
-{
-    const int side = length == 64 ? 8 : length == 4096 ? 64 : 4096;
-    return std::make_shared<Image>(side, (side == 8 ? 8 : 1) * static_cast<int>(sizeof(T)),
-                                   [=](const Image& image) {
-                                       T* const p = image.as<T>();
-                                       for (int i = 0; i < length; ++i)
-                                           p[i] = static_cast<T>((1 + i * 7 % 250) * factor);
-                                   });
-}
-
-template <class T>
-constexpr int depth = sizeof(T) == 1                ? CV_8U
-                      : sizeof(T) == 2              ? CV_16U
-                      : std::is_same<T, int>::value ? CV_32S
-                      : sizeof(T) == 4              ? CV_32F
-                                                    : CV_64F;
 
 // As bench::limit, on one long row.
 void limit(const char* a, const char* b, char* d, int n, int sources)

@@ -127,6 +127,8 @@ template <>
 inline constexpr rule sum<short>{cut::join};
 inline constexpr rule mean{cut::whole};
 inline constexpr rule mean_deviation{cut::whole};
+inline constexpr rule deviation{cut::whole};
+inline constexpr rule dot_product{cut::whole};
 template <class T>
 inline constexpr rule minimum{cut::whole};
 template <>
@@ -137,6 +139,10 @@ template <>
 inline constexpr rule minimum<short>{cut::join};
 template <>
 inline constexpr rule minimum<float>{cut::join, {}, 0, 1};
+template <>
+inline constexpr rule minimum<int>{cut::join};
+template <>
+inline constexpr rule minimum<double>{cut::join, {}, 0, 1};
 template <class T>
 inline constexpr rule maximum{cut::whole};
 template <>
@@ -147,6 +153,10 @@ template <>
 inline constexpr rule maximum<short>{cut::join};
 template <>
 inline constexpr rule maximum<float>{cut::join, {}, 0, 1};
+template <>
+inline constexpr rule maximum<int>{cut::join};
+template <>
+inline constexpr rule maximum<double>{cut::join, {}, 0, 1};
 template <class T>
 inline constexpr rule minimum_maximum{cut::whole};
 template <>
@@ -157,6 +167,10 @@ template <>
 inline constexpr rule minimum_maximum<short>{cut::join};
 template <>
 inline constexpr rule minimum_maximum<float>{cut::join, {}, 0, 1};
+template <>
+inline constexpr rule minimum_maximum<int>{cut::join};
+template <>
+inline constexpr rule minimum_maximum<double>{cut::join, {}, 0, 1};
 inline constexpr rule histogram{cut::join};
 inline constexpr rule phase{cut::point};
 inline constexpr rule multiply_packed{cut::whole};

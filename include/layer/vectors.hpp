@@ -662,6 +662,289 @@ inline status floor(span<const float> source, span<float> destination)
         destination.data(), detail::length(source)), detail::reason::memory);
 }
 
+/// total = sum of source[i]
+inline status sum(span<const unsigned char> source, double& total)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("sum", {{"source", source}});
+    return detail::answer("sum", SignalProcessingWrapper::Sum_8u(source.data(), detail::length(source), &total),
+        detail::reason::memory);
+}
+
+inline status sum(span<const unsigned short> source, double& total)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("sum", {{"source", source}});
+    return detail::answer("sum", SignalProcessingWrapper::Sum_16u(source.data(), detail::length(source), &total),
+        detail::reason::memory);
+}
+
+inline status sum(span<const int> source, double& total)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("sum", {{"source", source}});
+    return detail::answer("sum", SignalProcessingWrapper::Sum_32s(source.data(), detail::length(source), &total),
+        detail::reason::memory);
+}
+
+inline status sum(span<const float> source, double& total)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("sum", {{"source", source}});
+    return detail::answer("sum", SignalProcessingWrapper::Sum_32f(source.data(), detail::length(source), &total,
+        true), detail::reason::memory);
+}
+
+inline status sum(span<const double> source, double& total)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("sum", {{"source", source}});
+    return detail::answer("sum", SignalProcessingWrapper::Sum_64f(source.data(), detail::length(source), &total),
+        detail::reason::memory);
+}
+
+/// average = (sum of source[i]) / len
+inline status mean(span<const unsigned char> source, double& average)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("mean", {{"source", source}});
+    return detail::answer("mean", SignalProcessingWrapper::Mean_8u(source.data(), detail::length(source), &average),
+        detail::reason::memory);
+}
+
+inline status mean(span<const unsigned short> source, double& average)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("mean", {{"source", source}});
+    return detail::answer("mean", SignalProcessingWrapper::Mean_16u(source.data(), detail::length(source), &average),
+        detail::reason::memory);
+}
+
+inline status mean(span<const int> source, double& average)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("mean", {{"source", source}});
+    return detail::answer("mean", SignalProcessingWrapper::Mean_32s(source.data(), detail::length(source), &average),
+        detail::reason::memory);
+}
+
+inline status mean(span<const float> source, double& average)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("mean", {{"source", source}});
+    return detail::answer("mean", SignalProcessingWrapper::Mean_32f(source.data(), detail::length(source), &average,
+        true), detail::reason::memory);
+}
+
+inline status mean(span<const double> source, double& average)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("mean", {{"source", source}});
+    return detail::answer("mean", SignalProcessingWrapper::Mean_64f(source.data(), detail::length(source), &average),
+        detail::reason::memory);
+}
+
+/// average = (sum of source[i]) / len, deviation = sqrt((sum of (source[i] - mean)^2) / len)
+inline status mean_deviation(span<const float> source, double& average, double& deviation)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("mean_deviation", {{"source", source}});
+    return detail::answer("mean_deviation", SignalProcessingWrapper::MeanStdDev_32f(source.data(),
+        detail::length(source), &average, &deviation, true), detail::reason::memory);
+}
+
+/// deviation = sqrt((sum of (source[i] - mean)^2) / len)
+inline status deviation(span<const float> source, double& deviation)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("deviation", {{"source", source}});
+    return detail::answer("deviation", SignalProcessingWrapper::StdDev_32f(source.data(), detail::length(source),
+        &deviation, true), detail::reason::memory);
+}
+
+/// product = sum of a[i] * b[i]
+inline status dot_product(span<const float> a, span<const float> b, double& product)
+{
+    if (!detail::alike(a, b)) return detail::unlike<detail::stretch>("dot_product", {{"a", a}, {"b", b}});
+    return detail::answer("dot_product", SignalProcessingWrapper::DotProd_32f(a.data(), b.data(), detail::length(a),
+        &product), detail::reason::memory);
+}
+
+inline status dot_product(span<const double> a, span<const double> b, double& product)
+{
+    if (!detail::alike(a, b)) return detail::unlike<detail::stretch>("dot_product", {{"a", a}, {"b", b}});
+    return detail::answer("dot_product", SignalProcessingWrapper::DotProd_64f(a.data(), b.data(), detail::length(a),
+        &product), detail::reason::memory);
+}
+
+/// least = least of source[i]
+inline status minimum(span<const unsigned char> source, unsigned char& least)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::Min_8u(source.data(), detail::length(source), &least),
+        detail::reason::memory);
+}
+
+inline status minimum(span<const unsigned short> source, unsigned short& least)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::Min_16u(source.data(), detail::length(source), &least),
+        detail::reason::memory);
+}
+
+inline status minimum(span<const int> source, int& least)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::Min_32s(source.data(), detail::length(source), &least),
+        detail::reason::memory);
+}
+
+inline status minimum(span<const float> source, float& least)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::Min_32f(source.data(), detail::length(source), &least),
+        detail::reason::memory);
+}
+
+inline status minimum(span<const double> source, double& least)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::Min_64f(source.data(), detail::length(source), &least),
+        detail::reason::memory);
+}
+
+/// greatest = greatest of source[i]
+inline status maximum(span<const unsigned char> source, unsigned char& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::Max_8u(source.data(), detail::length(source),
+        &greatest), detail::reason::memory);
+}
+
+inline status maximum(span<const unsigned short> source, unsigned short& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::Max_16u(source.data(), detail::length(source),
+        &greatest), detail::reason::memory);
+}
+
+inline status maximum(span<const int> source, int& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::Max_32s(source.data(), detail::length(source),
+        &greatest), detail::reason::memory);
+}
+
+inline status maximum(span<const float> source, float& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::Max_32f(source.data(), detail::length(source),
+        &greatest), detail::reason::memory);
+}
+
+inline status maximum(span<const double> source, double& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::Max_64f(source.data(), detail::length(source),
+        &greatest), detail::reason::memory);
+}
+
+/// Least and greatest of source[i]
+inline status minimum_maximum(span<const unsigned char> source, unsigned char& least, unsigned char& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum_maximum", {{"source", source}});
+    return detail::answer("minimum_maximum", SignalProcessingWrapper::MinMax_8u(source.data(), detail::length(source),
+        &least, &greatest), detail::reason::memory);
+}
+
+inline status minimum_maximum(span<const unsigned short> source, unsigned short& least, unsigned short& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum_maximum", {{"source", source}});
+    return detail::answer("minimum_maximum", SignalProcessingWrapper::MinMax_16u(source.data(),
+        detail::length(source), &least, &greatest), detail::reason::memory);
+}
+
+inline status minimum_maximum(span<const int> source, int& least, int& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum_maximum", {{"source", source}});
+    return detail::answer("minimum_maximum", SignalProcessingWrapper::MinMax_32s(source.data(),
+        detail::length(source), &least, &greatest), detail::reason::memory);
+}
+
+inline status minimum_maximum(span<const float> source, float& least, float& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum_maximum", {{"source", source}});
+    return detail::answer("minimum_maximum", SignalProcessingWrapper::MinMax_32f(source.data(),
+        detail::length(source), &least, &greatest), detail::reason::memory);
+}
+
+inline status minimum_maximum(span<const double> source, double& least, double& greatest)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum_maximum", {{"source", source}});
+    return detail::answer("minimum_maximum", SignalProcessingWrapper::MinMax_64f(source.data(),
+        detail::length(source), &least, &greatest), detail::reason::memory);
+}
+
+/// least = least of source[i], index = the first place that has it
+inline status minimum(span<const unsigned char> source, unsigned char& least, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::MinIndx_8u(source.data(), detail::length(source),
+        &least, &index), detail::reason::memory);
+}
+
+inline status minimum(span<const unsigned short> source, unsigned short& least, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::MinIndx_16u(source.data(), detail::length(source),
+        &least, &index), detail::reason::memory);
+}
+
+inline status minimum(span<const int> source, int& least, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::MinIndx_32s(source.data(), detail::length(source),
+        &least, &index), detail::reason::memory);
+}
+
+inline status minimum(span<const float> source, float& least, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::MinIndx_32f(source.data(), detail::length(source),
+        &least, &index), detail::reason::memory);
+}
+
+inline status minimum(span<const double> source, double& least, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("minimum", {{"source", source}});
+    return detail::answer("minimum", SignalProcessingWrapper::MinIndx_64f(source.data(), detail::length(source),
+        &least, &index), detail::reason::memory);
+}
+
+/// greatest = greatest of source[i], index = the first place that has it
+inline status maximum(span<const unsigned char> source, unsigned char& greatest, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::MaxIndx_8u(source.data(), detail::length(source),
+        &greatest, &index), detail::reason::memory);
+}
+
+inline status maximum(span<const unsigned short> source, unsigned short& greatest, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::MaxIndx_16u(source.data(), detail::length(source),
+        &greatest, &index), detail::reason::memory);
+}
+
+inline status maximum(span<const int> source, int& greatest, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::MaxIndx_32s(source.data(), detail::length(source),
+        &greatest, &index), detail::reason::memory);
+}
+
+inline status maximum(span<const float> source, float& greatest, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::MaxIndx_32f(source.data(), detail::length(source),
+        &greatest, &index), detail::reason::memory);
+}
+
+inline status maximum(span<const double> source, double& greatest, int& index)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::stretch>("maximum", {{"source", source}});
+    return detail::answer("maximum", SignalProcessingWrapper::MaxIndx_64f(source.data(), detail::length(source),
+        &greatest, &index), detail::reason::memory);
+}
+
 /// destination = a * b, packed spectra
 inline status multiply_packed(span<const float> a, span<const float> b, span<float> destination)
 {

@@ -199,12 +199,15 @@ def join(name: str, results: abc.Sequence[Any], origins: abc.Sequence[tuple[int,
 
     For positions, origins are the parts' first columns and rows. Parts whose rule keeps rows whole come in their order.
     """
-    names = next((case[7] for case in TABLE[name][1] if case[1] == "join"), ())
-    if not names or not results:
-        raise ValueError(f"results of {name} are not joined" if not names else "there is nothing to join")
+    joinable = [case[7] for case in TABLE[name][1] if case[1] == "join"]
+    if not joinable or not results:
+        raise ValueError(f"results of {name} are not joined" if not joinable else "there is nothing to join")
+    # Positions in images have a column and a row, those in vectors an index.
+    count = len(results[0]) if isinstance(results[0], tuple) else 1
+    names = next((n for n in joinable if len(n) == count), joinable[0])
     single = len(names) == 1
     parts = [dict(zip(names, (r,) if single else r)) for r in results]
-    if "row" in names:
+    if "row" in names or "index" in names:
         return _joined_place(parts, origins or [(0, 0)] * len(parts))
     joined = parts[0]
     for part in parts[1:]:
@@ -224,6 +227,8 @@ def _joined(key: str, one: Any, other: Any) -> Any:
 def _joined_place(parts: list[dict[str, Any]], origins: abc.Sequence[tuple[int, int]]) -> Any:
     extreme = "least" if "least" in parts[0] else "greatest"
     sign = 1 if extreme == "least" else -1
-    placed = [(sign * p[extreme], p["row"] + y, p["column"] + x, p[extreme]) for p, (x, y) in zip(parts, origins)]
-    _, row, column, value = min(placed)
-    return value, column, row
+    across = "column" if "column" in parts[0] else "index"
+    placed = [(p[extreme] != p[extreme], sign * p[extreme], p.get("row", 0) + y, p[across] + x, p[extreme])
+              for p, (x, y) in zip(parts, origins)]
+    _, _, row, column, value = min(placed)
+    return (value, column, row) if "row" in parts[0] else (value, column)

@@ -6,15 +6,9 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
+#include "core/unroll.h"
 #include "simd/interleaved.h"
 #include "simd/vec.h"
-
-// Loops over the elements of a butterfly: unrolled, so that the elements live in registers.
-#if defined(__clang__)
-#define ORV_UNROLL _Pragma("unroll")
-#else
-#define ORV_UNROLL _Pragma("GCC unroll 8")
-#endif
 
 namespace orv {
 inline namespace ORV_LEVEL {

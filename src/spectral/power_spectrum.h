@@ -1,6 +1,7 @@
 // What the power spectrum does before and after its transform.
 #pragma once
 
+#include "elementwise/lane_sums.h"
 #include "simd/conversion.h"
 #include "simd/neighbours.h"
 #include "simd/shuffles.h"
@@ -10,37 +11,10 @@ namespace orv {
 inline namespace ORV_LEVEL {
 namespace {
 
-// The mean, summed in double precision: 32 sums of every 32nd element, added pairwise. The same order
-// for every width of vector.
-constexpr int kSums = 32;
-
 ORV_INLINE float mean_of(const float* x, std::ptrdiff_t n)
 {
-    using V = simd::widest<double>;
-    alignas(64) double sums[kSums] = {};
-    std::ptrdiff_t i = 0;
-    if (V::N > 1) {
-        V acc[kSums / V::N];
-        ORV_UNROLL
-        for (V& sum : acc) sum = simd::zero<V>();
-        for (; i + kSums <= n; i += kSums) {
-            ORV_UNROLL
-            for (int j = 0; j < kSums / V::N; ++j) acc[j] = acc[j] + simd::load_as<V>::from(x + i + V::N * j);
-        }
-        ORV_UNROLL
-        for (int j = 0; j < kSums / V::N; ++j) simd::store(sums + V::N * j, acc[j]);
-    }
-    for (; i < n; ++i) sums[i % kSums] = rounded(sums[i % kSums] + static_cast<double>(get(x + i)));
-    int width = kSums / 2;
-    for (; V::N > 1 && width >= V::N; width /= 2) {
-        for (int j = 0; j < width; j += V::N) {
-            simd::store(sums + j, simd::load<V>(sums + j) + simd::load<V>(sums + j + width));
-        }
-    }
-    for (; width > 0; width /= 2) {
-        for (int j = 0; j < width; ++j) sums[j] = rounded(sums[j] + sums[j + width]);
-    }
-    return rounded(static_cast<float>(rounded(sums[0] / static_cast<double>(n))));
+    const double sum = sum_in_lanes(Elements<float>{x}, n);
+    return rounded(static_cast<float>(rounded(sum / static_cast<double>(n))));
 }
 
 // One NaN for all: of two that meet, compilers may take either.

@@ -15,8 +15,12 @@ GAUSS = "src/image/filters/gauss.cpp"
 BITWISE = "src/image/bits/bitwise.cpp"
 THRESHOLD = "src/image/bits/threshold.cpp"
 HISTOGRAM = "src/image/statistics/histogram.cpp"
-COPY_FEW = "src/image/statistics/copy_few.h"
+COPY_FEW = "src/elementwise/copy_few.h"
 EXTREMES = "src/image/statistics/extremes.cpp"
+BEST = "src/elementwise/extremes.h"
+INTEGER_SUMS = "src/elementwise/integer_sums.h"
+LANE_SUMS = "src/elementwise/lane_sums.h"
+VECTOR_STATISTICS = "src/signal/statistics.cpp"
 FILTERS = "src/image/filters/filters_integer.cpp"
 MATRICES = "src/linalg/matrices.cpp"
 ELIMINATION = "src/linalg/elimination.cpp"
@@ -166,6 +170,11 @@ FAULTS = [
     ("a step below 1 in place", "src/facade/in_place.h", "return step < 1 ? StatusBadStep", "return step < -(1 << 30) ? StatusBadStep", "InPlace*"),
     ("a binding that hosts depend on is mended", "src/facade/image/arithmetic/integer_arithmetic.cpp", "VALUE_SRCDST(AddC_8u_C1I, orv_MulC_8u_C1, ", "VALUE_SRCDST(AddC_8u_C1I, orv_AddC_8u_C1, ", "IntegerArithmetic*"),
     ("an inverted result is mended", "src/facade/signal/vector_arithmetic.cpp", "VECTOR_SRC_SRCDST(Mul_8u_I, inverted(orv_Mul_8u), ", "VECTOR_SRC_SRCDST(Mul_8u_I, orv_Mul_8u, ", "VectorArithmetic*"),
+    ("the last halves of a sum are paired otherwise", LANE_SUMS, "sums[j] = rounded(sums[j] + sums[j + width]);", "sums[j] = rounded(sums[j] + sums[2 * width - 1 - j]);", "VectorStatistics*"),
+    ("a deviation that is fused", VECTOR_STATISTICS, "return sum + distance * distance;", "return add_exact_product(distance, distance, sum);", "VectorStatistics*"),
+    ("lanes that are filled beyond their room", INTEGER_SUMS, "static constexpr int kRoom = 65536;", "static constexpr int kRoom = 131072;", "VectorStatistics*"),
+    ("a NaN hides what came before", BEST, "join(simd::load<V>(p + i + k * V::N), lanes[k]);", "join(lanes[k], simd::load<V>(p + i + k * V::N));", "VectorStatistics*"),
+    ("any zero for the first one", VECTOR_STATISTICS, "if (value == start || value == 0) {", "if (value == start) {", "VectorStatistics*"),
     # The typed layer.
     ("a step that is not compared with the row", "include/layer/checks.hpp", "height > 0 && step >= row() && step", "height > 0 && step", "Layer*"),
     ("regions beside each other overlap", "include/layer/checks.hpp", "return from_a < static_cast<std::size_t>(a.row()) ||", "return from_a <= static_cast<std::size_t>(a.row()) ||", "Layer*"),
@@ -178,7 +187,7 @@ FAULTS = [
     ("pairs of columns and rows that are cut apart", TABLE, 'cut = "point 2x2"', 'cut = "point"', "rules"),
     ("a point that is none", TABLE, 'cut = "halo 1"\nexample = "source 9, destination 9"\n\n[[operation]]\nname = "dilate"',
      'cut = "point"\nexample = "source 9, destination 9"\n\n[[operation]]\nname = "dilate"', "rules"),
-    ("float sums that are joined", TABLE, 'cut = { "*_32f*" = "whole", "*" = "join" }', 'cut = "join"', "rules"),
+    ("float sums that are joined", TABLE, 'cut = { "*_32[fs]*" = "whole", "*_64f" = "whole", "*" = "join" }', 'cut = "join"', "rules"),
     ("a kernel that is not turned", TABLE, 'frame = ["kernel_width - 1 - anchor_x", "kernel_height - 1 - anchor_y", "anchor_x", "anchor_y"]',
      'frame = ["anchor_x", "anchor_y", "kernel_width - 1 - anchor_x", "kernel_height - 1 - anchor_y"]', "rules"),
     ("a halo that is cropped twice", "include/orvane_tiles.hpp", "return {first - read.first, count};", "return {first - read.first, read.count};", "Tiles*"),

@@ -199,6 +199,7 @@ calls("yuv420_to_rgb", *(Call(to_rgb(np.stack([BYTES, *fine], -1), s), BYTES, *h
 
 SIGNED = pixels("i2", 9, 11)
 FLOAT_COLOURS = pixels("f4", 9, 11, 3)
+SERIES = [pixels(t, 99) for t in "u1 u2 i4 f4 f8".split()]
 
 
 def reduced(function, *images):
@@ -209,14 +210,19 @@ def reduced(function, *images):
 
 
 EACH = [BYTES, COLOURS, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS]
-calls("sum", *reduced(lambda a, axis=None: a.sum(axis, dtype=float), *EACH))
-calls("mean", *reduced(np.mean, *EACH, FLOATS[0]))
-calls("minimum", *reduced(np.min, BYTES, COLOURS, WORDS, SIGNED, FLOATS, FLOAT_COLOURS))
-calls("maximum", *reduced(np.max, BYTES, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS))
-calls("minimum_maximum", *(Call((a.min(), a.max()), a) for a in (BYTES, WORDS, SIGNED, FLOATS)))
-calls("mean_deviation", *(Call((a.mean(), a.std()), a, within=1e-6) for a in (BYTES, WORDS)))
-calls("minimum_index", *(Call((a.min(), *np.unravel_index(a.argmin(), a.shape)[::-1]), a) for a in (BYTES, WORDS)))
-calls("maximum_index", *(Call((a.max(), *np.unravel_index(a.argmax(), a.shape)[::-1]), a) for a in (BYTES, WORDS)))
+calls("sum", *reduced(lambda a, axis=None: a.sum(axis, dtype=float), *EACH, *SERIES))
+calls("mean", *reduced(np.mean, *EACH, FLOATS[0], *SERIES))
+calls("minimum", *reduced(np.min, BYTES, COLOURS, WORDS, SIGNED, FLOATS, FLOAT_COLOURS, *SERIES))
+calls("maximum", *reduced(np.max, BYTES, ALPHA, WORDS, SIGNED, FLOATS, FLOAT_COLOURS, *SERIES))
+calls("minimum_maximum", *(Call((a.min(), a.max()), a) for a in (BYTES, WORDS, SIGNED, FLOATS, *SERIES)))
+calls("mean_deviation", *(Call((a.mean(), a.std()), a, within=1e-6) for a in (BYTES, WORDS, SERIES[3])))
+calls("deviation", Call(SERIES[3].astype("f8").std(), SERIES[3], within=1e-6))
+calls("dot_product", *(Call(np.dot(a.astype("f8"), a[::-1].astype("f8")), a, a[::-1].copy(), within=1e-9)
+                       for a in SERIES[3:]))
+calls("minimum_index", *(Call((a.min(), *np.unravel_index(a.argmin(), a.shape)[::-1]), a)
+                         for a in (BYTES, WORDS, *SERIES)))
+calls("maximum_index", *(Call((a.max(), *np.unravel_index(a.argmax(), a.shape)[::-1]), a)
+                         for a in (BYTES, WORDS, *SERIES)))
 levels = np.array([0, 50, 100, 150, 200])
 calls("histogram", Call((np.histogram(BYTES[BYTES < 200], levels)[0], levels), BYTES, 4, 0, 200))
 

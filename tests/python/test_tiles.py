@@ -259,7 +259,7 @@ def test_rule(name, given, wanted):
     (lambda: rule("ad"), ValueError, "no operation 'ad'"),
     (lambda: rule("add", scal=1), TypeError, "no argument 'scal'"),
     (lambda: rule("gauss"), TypeError, "depends on size or kernel_size"),
-    (lambda: rule("sum"), TypeError, "join for uint8 uint16 int16, whole for float32"),
+    (lambda: rule("sum"), TypeError, "join for uint8 uint16 int16, whole for float32 int32 float64"),
     (lambda: halo([rule("sum", "u1")]), ValueError, "by 'join'"),
     (lambda: bands(9, 0), ValueError, "rows is 0"),
     (lambda: bands(9, 3, rule("yuv420_to_rgb")), ValueError, "no multiple of 2"),
@@ -304,3 +304,5 @@ def test_first_of_equals_wins():
     tiles = [np.array(v, "u1") for v in ([[5, 9]], [[9, 9]], [[9, 4]])]
     found = [orvane.maximum_index(tile) for tile in tiles]
     assert join("maximum_index", found, [(2, 1), (0, 1), (2, 0)]) == (9, 2, 0)
+    series = [orvane.minimum_index(np.array(v, "f8")) for v in ([np.nan, np.nan], [3, -0.0], [0.0, 1])]
+    assert join("minimum_index", series, [(0, 0), (2, 0), (4, 0)]) == (0, 3)

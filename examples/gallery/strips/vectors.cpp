@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <random>
 
 #include "strips.h"
 
@@ -86,6 +87,60 @@ std::vector<long double> exact_of(const std::vector<float>& x, Exact exact)
     return y;
 }
 
+// A tone that swells and fades in noise, with an outlier now and then.
+std::vector<float> noisy_signal(int n)
+{
+    std::mt19937 generator(11);
+    std::normal_distribution<double> noise(0, 0.15);
+    std::vector<float> x;
+    for (int i = 0; i < n; ++i) {
+        const double t = static_cast<double>(i) / n, swell = std::sin(kPi * t);
+        const double outlier = i % 211 == 97 ? (i % 2 == 0 ? 2.4 : -2.4) : 0;
+        x.push_back(static_cast<float>(swell * std::sin(2 * kPi * 9 * t) + noise(generator) + outlier));
+    }
+    return x;
+}
+
+void show_statistics_of_vectors(Page& page)
+{
+    page.family("SignalProcessingWrapper", "Statistics of vectors",
+                "Sums in one order for every processor, deviations in two passes, extremes and their places.");
+    const int n = 1600, window = 64, places = n - window + 1;
+    const std::vector<float> x = noisy_signal(n);
+    std::vector<double> mean(places), low(places), high(places);
+    Run run{"for each place: W::MeanStdDev_32f(&x[i], 64, &mean, &stdDev, true)"};
+    run.microseconds = best_microseconds(
+        [&] {
+            bool ok = true;
+            for (int i = 0; i < places; ++i) {
+                const auto at = static_cast<std::size_t>(i);
+                double deviation = 0;
+                ok = W::MeanStdDev_32f(&x[at], window, &mean[at], &deviation, true) && ok;
+                low[at] = mean[at] - deviation;
+                high[at] = mean[at] + deviation;
+            }
+            return ok;
+        },
+        run.ok);
+    std::vector<double> middle;
+    for (int i = 0; i < places; ++i) middle.push_back(i + window / 2);
+    page.show(Plot("sample", "value", 0, n, -3.2, 3.2)
+                  .curve(doubles(x), "#cccccc", "signal")
+                  .curve(middle, mean, "#3b76a8", "mean of 64 samples")
+                  .curve(middle, low, "#c25b4e", "mean -+ standard deviation")
+                  .curve(middle, high, "#c25b4e"),
+              "A noisy signal and its running statistics", run);
+    float least = 0, greatest = 0;
+    int first = 0, second = 0;
+    Run extremes{"W::MinIndx_32f(x.data(), n, &least, &first) && W::MaxIndx_32f(x.data(), n, &greatest, &second)"};
+    extremes.ok = W::MinIndx_32f(x.data(), n, &least, &first) && W::MaxIndx_32f(x.data(), n, &greatest, &second);
+    page.show(Plot("sample", "value", 0, n, -3.2, 3.2)
+                  .curve(doubles(x), "#999999")
+                  .points({static_cast<double>(first)}, {least}, "#3b76a8", "minimum")
+                  .points({static_cast<double>(second)}, {greatest}, "#c25b4e", "maximum"),
+              "Its extremes, and where they stand", extremes);
+}
+
 void show_errors(Page& page)
 {
     page.family("SignalProcessingWrapper", "Elementary functions",
@@ -148,6 +203,7 @@ void show_vectors(Page& page)
 {
     show_memory(page);
     show_vector_arithmetic(page);
+    show_statistics_of_vectors(page);
     show_errors(page);
     show_windows(page);
 }

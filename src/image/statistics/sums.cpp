@@ -7,9 +7,7 @@
 
 #include "core/checks.h"
 #include "core/float_control.h"
-#include "elementwise/rows.h"
-#include "image/statistics/copy_few.h"
-#include "simd/reductions.h"
+#include "elementwise/integer_sums.h"
 
 namespace orv {
 namespace sums {
@@ -25,58 +23,7 @@ using std::uint32_t;
 using std::uint64_t;
 using std::uint8_t;
 
-// Sums wrap in 64 bits, whatever the sign: an image would need 2^47 pixels to notice.
-struct Totals {
-    uint64_t sum[4];
-    uint64_t squares;
-};
-
 #if ORV_HAVE_VECTORS
-// --- Adding up vectors ----------------------------------------------------------------------------
-//
-// A way of adding up has
-//     V                  the vector that it reads
-//     kPeriod            how many of them make a step: 3 where channels come round after three
-//     kRoom              how many steps its lanes hold
-//     step(p)            adds a step
-//     make_room(totals, channels), take(totals, channels)   move the lanes to wider ones, and to the totals
-// Zeros behind the end of a row change nothing, so a rest is added as a step of its own.
-
-template <class V>
-ORV_INLINE uint64_t sum_of_lanes(V v)
-{
-    typename V::lane lane[V::N];
-    simd::store(lane, v);
-    uint64_t sum = 0;  // of signed lanes in two's complement
-    for (int i = 0; i < V::N; ++i) sum += static_cast<uint64_t>(static_cast<int64_t>(lane[i]));
-    return sum;
-}
-
-template <class V>
-ORV_INLINE V nothing()
-{
-    return simd::as<typename V::lane>(simd::zero<simd::recast<uint32_t, V>>());
-}
-
-struct Bytes {
-    using V = simd::widest<uint8_t>;
-    using Wide = simd::recast<uint64_t, V>;
-    static constexpr int kPeriod = 1;
-    static constexpr int kRoom = 1 << 30;
-    Wide sum = nothing<Wide>();
-
-    ORV_INLINE void step(const uint8_t* p)
-    {
-        sum = simd::add_wide(sum, simd::sum_of_bytes(simd::load<V>(p)));
-    }
-    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
-    ORV_INLINE void take(Totals& totals, int)
-    {
-        totals.sum[0] += sum_of_lanes(sum);
-        sum = nothing<Wide>();
-    }
-};
-
 // Bytes of three or four channels. As 16-bit lanes a vector holds low + 256 high; adding up the lanes as
 // they are and the high bytes alone leaves the low bytes as the difference, without masking them.
 template <int Period>
@@ -143,27 +90,6 @@ private:
     V both[Period], high[Period];
     Wide byte[Period][4];  // the sums of every fourth byte
     int room = kWideRoom;
-};
-
-// As above, with 16-bit pixels in 32-bit lanes.
-struct Words {
-    using V = simd::widest<uint32_t>;
-    static constexpr int kPeriod = 1;
-    static constexpr int kRoom = 65536;
-    V both = nothing<V>(), high = nothing<V>();
-
-    ORV_INLINE void step(const uint8_t* p)
-    {
-        const V v = simd::as<uint32_t>(simd::load<simd::widest<uint8_t>>(p));
-        both = both + v;
-        high = high + simd::upper(v);
-    }
-    ORV_INLINE void make_room(Totals& totals, int channels) { take(totals, channels); }
-    ORV_INLINE void take(Totals& totals, int)
-    {
-        totals.sum[0] += sum_of_lanes(both - (high << simd::count(16))) + sum_of_lanes(high);
-        both = high = nothing<V>();
-    }
 };
 
 struct SignedWords {
@@ -249,50 +175,6 @@ struct WordSquares {
     }
 };
 
-template <class Way, class T>
-Totals add_up(const T* src, int srcStep, Size roi, int channels)
-{
-    constexpr int step_bytes = Way::kPeriod * static_cast<int>(sizeof(typename Way::V));
-    const Rows rows(roi, channels, sizeof(T), srcStep);
-    const ptrdiff_t n = rows.n * static_cast<ptrdiff_t>(sizeof(T));
-    const int rest = static_cast<int>(n % step_bytes);
-    Totals totals = {};
-    Way way;
-    ptrdiff_t room = Way::kRoom;
-    const auto use_room = [&](ptrdiff_t steps) {
-        room -= steps;
-        if (room != 0) return;
-        way.make_room(totals, channels);
-        room = Way::kRoom;
-    };
-    for (int y = 0; y < rows.count; ++y) {
-        const uint8_t* p = reinterpret_cast<const uint8_t*>(row_at(src, srcStep, y));
-        for (ptrdiff_t steps = n / step_bytes; steps > 0;) {
-            const ptrdiff_t now = steps < room ? steps : room;
-            Way local = way;
-            const uint8_t* const end = p + now * step_bytes;
-            for (; end - p >= 4 * step_bytes; p += 4 * step_bytes) {
-                local.step(p);
-                local.step(p + step_bytes);
-                local.step(p + 2 * step_bytes);
-                local.step(p + 3 * step_bytes);
-            }
-            for (; p != end; p += step_bytes) local.step(p);
-            way = local;
-            steps -= now;
-            use_room(now);
-        }
-        if (rest != 0) {
-            alignas(32) uint8_t padded[step_bytes] = {};
-            copy_few(padded, p, rest);
-            way.step(padded);
-            use_room(1);
-        }
-    }
-    way.take(totals, channels);
-    return totals;
-}
-
 template <class T>
 Totals sums_of(const T* src, int srcStep, Size roi, int channels)
 {
@@ -340,15 +222,6 @@ Totals sums_of(const T* src, int srcStep, Size roi, int channels)
 #endif
 
 // --- Results --------------------------------------------------------------------------------------
-
-// Rounded once, to the nearest.
-double from_unsigned(uint64_t x)
-{
-    const double high = static_cast<double>(static_cast<uint32_t>(x >> 32)) * 4294967296.0;
-    return rounded(high + static_cast<double>(static_cast<uint32_t>(x)));
-}
-
-double from_signed(uint64_t x) { return x >> 63 != 0 ? -from_unsigned(0 - x) : from_unsigned(x); }
 
 double pixels_of(Size roi) { return rounded(static_cast<double>(roi.width) * static_cast<double>(roi.height)); }
 
