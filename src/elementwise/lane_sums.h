@@ -21,7 +21,6 @@ ORV_INLINE double sum_in_lanes(const Terms& terms, std::ptrdiff_t n)
 {
     ORV_ASSERT(FloatControl::holds());
     using V = simd::widest<double>;
-    using One = simd::vec<double, 1>;
     alignas(64) double sums[kSums] = {};
     std::ptrdiff_t i = 0;
     if (V::N > 1) {
@@ -35,7 +34,7 @@ ORV_INLINE double sum_in_lanes(const Terms& terms, std::ptrdiff_t n)
         ORV_UNROLL
         for (int j = 0; j < kSums / V::N; ++j) simd::store(sums + V::N * j, acc[j]);
     }
-    for (; i < n; ++i) sums[i % kSums] = terms.template add<One>(sums[i % kSums], i).v;
+    for (; i < n; ++i) sums[i % kSums] = terms.template add<simd::vec<double, 1>>(sums[i % kSums], i).v;
     int width = kSums / 2;
     for (; V::N > 1 && width >= V::N; width /= 2) {
         for (int j = 0; j < width; j += V::N) {
