@@ -18,6 +18,7 @@
 #include "layer/matrices.hpp"
 #include "layer/objects.hpp"
 #include "layer/library.hpp"
+#include "layer/statistics.hpp"
 #include "layer/status.hpp"
 #include "layer/tables.hpp"
 #include "layer/vectors.hpp"

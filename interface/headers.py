@@ -1,4 +1,4 @@
-"""The public static methods, as Doxygen reads the headers."""
+"""The public static methods and C functions, as Doxygen reads the headers."""
 
 import pathlib
 import subprocess
@@ -8,7 +8,7 @@ from dataclasses import dataclass
 
 SETTINGS = """
 INPUT = {include}
-FILE_PATTERNS = *Wrapper.h
+FILE_PATTERNS = *Wrapper.h Parts.h
 OUTPUT_DIRECTORY = {output}
 GENERATE_XML = YES
 XML_PROGRAMLISTING = NO
@@ -41,14 +41,14 @@ class Argument:
 
 @dataclass(frozen=True)
 class Method:
-    owner: str
+    owner: str  # the class; empty for a C function
     name: str
     arguments: tuple
     brief: str
 
     @property
     def qualified(self):
-        return f"{self.owner}::{self.name}"
+        return f"{self.owner}::{self.name}" if self.owner else self.name
 
     def has(self, name):
         return any(a.name == name for a in self.arguments)
@@ -58,18 +58,23 @@ def text(node):
     return "" if node is None else " ".join("".join(node.itertext()).split())
 
 
-def read_class(xml):
-    owner = xml.findtext(".//compounddef/compoundname")
+def read_compound(xml):
+    """The static methods of a class, or the functions of a file."""
+    compound = xml.find(".//compounddef")
+    is_class = compound.get("kind") == "class"
+    owner = compound.findtext("compoundname") if is_class else ""
     for member in xml.iter("memberdef"):
-        if (member.get("kind"), member.get("static"), member.get("prot")) == ("function", "yes", "public"):
+        if (member.get("kind"), member.get("prot")) == ("function", "public") and \
+                (member.get("static") == "yes" or not is_class):
             arguments = tuple(Argument(text(p.find("type")).replace(" *", "*"), p.findtext("declname"))
                               for p in member.findall("param"))
             yield Method(owner, member.findtext("name"), arguments, text(member.find("briefdescription")))
 
 
 def read(include):
-    """All public static methods of the headers in a folder, in the order in which they stand there."""
+    """All public static methods and C functions of the headers in a folder, in the order in which they stand there."""
     with tempfile.TemporaryDirectory() as output:
         subprocess.run(["doxygen", "-"], input=SETTINGS.format(include=include, output=output), text=True, check=True)
-        files = sorted(pathlib.Path(output, "xml").glob("class*.xml"))
-        return [method for file in files for method in read_class(ElementTree.parse(file).getroot())]
+        xml = pathlib.Path(output, "xml")
+        files = [*sorted(xml.glob("class*.xml")), xml / "Parts_8h.xml"]
+        return [method for file in files for method in read_compound(ElementTree.parse(file).getroot())]

@@ -7,6 +7,7 @@ from overloads import ENUMERATIONS, Overload
 from mistake import Mistake
 
 WIDTH = 118
+IMAGES = "ImageProcessingWrapper"  # C functions are for images, too
 
 
 def wrapped(text, indent, hang=4):
@@ -154,7 +155,7 @@ HEAD = """// The operations, one overload for each type. Made from interface/tab
 #ifndef ORVANE_LAYER_{guard}
 #define ORVANE_LAYER_{guard}
 
-#include "../{wrapper}.h"
+{includes}
 #include "requirements.hpp"
 
 namespace orvane {{
@@ -162,9 +163,11 @@ namespace orvane {{
 
 
 def header(overloads, wrapper, guard):
-    parts, last = [HEAD.format(wrapper=wrapper, guard=guard)], None
+    files = [wrapper, "Parts"] if wrapper == IMAGES else [wrapper]
+    includes = "\n".join(f'#include "../{file}.h"' for file in files)
+    parts, last = [HEAD.format(includes=includes, guard=guard)], None
     for overload in overloads:
-        if overload.method.owner != wrapper:
+        if (overload.method.owner or IMAGES) != wrapper:
             continue
         if overload.operation is not last:
             parts.append(textwrap.fill(brief(overload), WIDTH, initial_indent="/// ", subsequent_indent="/// "))

@@ -7,7 +7,7 @@ import layer
 from mistake import Mistake
 
 TYPES = {"unsigned char": "uint8", "short": "int16", "unsigned short": "uint16", "int": "int32",
-         "unsigned int": "uint32", "float": "float32", "double": "float64", "Complex32f": "complex64"}
+         "unsigned int": "uint32", "unsigned long long": "uint64", "float": "float32", "double": "float64", "Complex32f": "complex64"}
 ENUMERATION = re.compile(r"enum class (\w+) \{(.*?)\}", re.DOTALL)
 PIXELS = ("image", "vector", "matrix")
 VALUES = (*PIXELS, "constant", "number", "array", "tables")

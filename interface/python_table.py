@@ -26,6 +26,9 @@ MEANINGS = {
     "shape": "shape: height and width of the result.",
     "dtype": "dtype: the type of the result.",
     "about": "about: the axis: 'horizontal', 'vertical' or 'both'.",
+    "origin_x": "origin_x, origin_y: where the result begins, as a part of a larger one.",
+    "whole_width": "whole_width: the columns of that larger one; 0 where the part ends.",
+    "whole_height": "whole_height: its rows, likewise.",
     "out": "out: the array to write, which is then returned; it may be a source.",
 }
 

@@ -19,6 +19,7 @@ auto with_type(int type, const Use& use)
         case number_of<unsigned short>: return use((unsigned short){});
         case number_of<int>: return use(int{});
         case number_of<unsigned>: return use(unsigned{});
+        case number_of<unsigned long long>: return use(0ULL);
         case number_of<float>: return use(float{});
         case number_of<Complex32f>: return use(Complex32f{});
         default: return use(double{});
@@ -42,7 +43,13 @@ std::string write_whole(T& value, py::handle object)
     const bool whole_float = PyFloat_Check(o) && std::floor(PyFloat_AS_DOUBLE(o)) == PyFloat_AS_DOUBLE(o);
     const auto index = py::reinterpret_steal<py::object>(whole_float ? PyNumber_Long(o) : PyNumber_Index(o));
     if (failed()) return "is " + text_of(object) + ", no whole number";
-    const long long whole = PyLong_AsLongLong(index.ptr());
+    using Widest = std::conditional_t<(sizeof(T) > 4), unsigned long long, long long>;
+    Widest whole = 0;
+    if constexpr (std::is_unsigned_v<Widest>) {
+        whole = PyLong_AsUnsignedLongLong(index.ptr());
+    } else {
+        whole = PyLong_AsLongLong(index.ptr());
+    }
     value = static_cast<T>(whole);
     if (failed() || value != whole) return "is " + text_of(object) + ", beyond " + type_name(number_of<T>);
     return {};

@@ -52,6 +52,8 @@ constexpr int number_of<int> = 5;
 template <>
 constexpr int number_of<unsigned> = 6;
 template <>
+constexpr int number_of<unsigned long long> = 10;
+template <>
 constexpr int number_of<float> = 11;
 template <>
 constexpr int number_of<double> = 12;

@@ -113,7 +113,7 @@ void fill(void* to, std::size_t bytes, Element e, Content content, Words& words)
     auto* p = static_cast<unsigned char*>(to);
     if (e == e_c32) e = e_f32;
     const bool any_word = e < e_f32 && content == near_one && bytes % 8 == 0;
-    const std::size_t size = any_word || e == e_f64 ? 8 : e == e_u8 ? 1 : e == e_u16 || e == e_s16 ? 2 : 4;
+    const std::size_t size = any_word ? 8 : static_cast<std::size_t>(bytes_of(e));
     for (; bytes >= size; bytes -= size, p += size) {
         std::uint64_t w = e == e_f64   ? double_bits(words, content)
                           : e == e_f32 ? float_bits(words, content)

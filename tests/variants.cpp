@@ -452,6 +452,13 @@ Rectangle random_rectangle(Generator& g)
 {
     return {uniform(g, -9, 9), uniform(g, -9, 9), uniform(g, 1, 50 / kSmaller), uniform(g, 1, 40 / kSmaller)};
 }
+// In memory with three more columns and rows, which begins with the destination or with the rectangle.
+Rectangle random_destination(Generator& g, Size canvas)
+{
+    const int x = uniform(g, -3, 3), y = uniform(g, -3, 3);
+    const bool part = uniform(g, 0, 1) == 0;
+    return {x, y, canvas.width, canvas.height, part ? x : 0, part ? y : 0};
+}
 int random_interpolation(Generator& g)
 {
     static const int codes[] = {1, 2, 4, 5, 6, 7, 8, 16};
@@ -485,19 +492,33 @@ auto make(Of<orv::Zoom>, const char*, TypedTrial& t, Generator& g)
         return status;
     };
 }
+auto make(Of<orv::MappingOfWhole>, const char*, TypedTrial& t, Generator& g)
+{
+    const Size from = random_size(g), to = random_size(g);
+    double* const map = t.block<double>(9, Fill::uniform);
+    return with(from, to, random_interpolation(g), map);
+}
+auto make(Of<orv::DeviationOfSums>, const char*, TypedTrial& t, Generator& g)
+{
+    const auto most = [&] { return (1ull << uniform(g, 0, 63)) + static_cast<unsigned>(uniform(g, 0, INT_MAX)); };
+    const unsigned long long pixels = uniform(g, 0, 9) == 0 ? 0 : most(), sum = most(), squares = most();
+    double* const results = t.block<double>(2, Fill::uniform);
+    return with(pixels, sum, squares, results, results + 1);
+}
 template <class T>
 auto make(Of<orv::Resample<T>>, const char* name, TypedTrial& t, Generator& g)
 {
     const int pixel = channels_of(name), e = sizeof(T);
-    const Size from = random_size(g), canvas = random_size(g);
-    const Rectangle srcRoi = random_rectangle(g),
-                    dstRoi = {uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height};
+    const bool halves = uniform(g, 0, 4) == 0;  // means of pairs are a path of their own
+    const Size canvas = random_size(g), from = halves ? Size{2 * canvas.width, 2 * canvas.height} : random_size(g);
+    const Rectangle srcRoi = halves ? Rectangle{0, 0, from.width, from.height} : random_rectangle(g),
+                    dstRoi = random_destination(g, canvas);
     const T* const src = t.block<T>(from.width * from.height * pixel, Fill::uniform);
     T* const dst = t.block<T>((canvas.width + 3) * (canvas.height + 3) * pixel, Fill::uniform);
     const int srcStep = from.width * pixel * e, dstStep = (canvas.width + 3) * pixel * e;
     static const double factors[] = {0.25, 0.3, 0.5, 1, 1.7, 2, 3.25};
-    const double fx = factors[uniform(g, 0, 6)], fy = factors[uniform(g, 0, 6)];
-    const double sx = uniform(g, -40, 40) / 4.0, sy = uniform(g, -40, 40) / 4.0;
+    const double fx = halves ? 0.5 : factors[uniform(g, 0, 6)], fy = halves ? 0.5 : factors[uniform(g, 0, 6)];
+    const double sx = halves ? 0 : uniform(g, -40, 40) / 4.0, sy = halves ? 0 : uniform(g, -40, 40) / 4.0;
     const int interpolation = random_interpolation(g);
     const auto buffer = buffer_for_all(orv::orv_ResizeGetBufSize, srcRoi, dstRoi, pixel, interpolation);
     return [=](auto* kernel) {
@@ -696,7 +717,7 @@ struct Warped {
         : from(random_size(g)),
           canvas(random_size(g)),
           srcRoi(random_rectangle(g)),
-          dstRoi({uniform(g, -3, 3), uniform(g, -3, 3), canvas.width, canvas.height})
+          dstRoi(random_destination(g, canvas))
     {
         const int channels = channels_of(name), pixel = channels * static_cast<int>(sizeof(T));
         src = t.block<T>(from.width * from.height * channels, static_cast<Fill>(uniform(g, 0, 3)));

@@ -3,6 +3,7 @@
 #define ORVANE_LAYER_IMAGES_HPP
 
 #include "../ImageProcessingWrapper.h"
+#include "../Parts.h"
 #include "requirements.hpp"
 
 namespace orvane {
@@ -2809,59 +2810,76 @@ inline status palette(view<const unsigned short, 1> source, span<const unsigned 
         source.width(), source.height()), detail::reason::memory);
 }
 
-/// destination = source zoomed around its centre and panned. Reports no lack of memory: the method is true whatever
-/// happens.
+/// destination = source zoomed around its centre and panned. The destination may be a part of a larger one, from
+/// origin_x and origin_y on.
 inline status zoom(view<const unsigned char, 3> source, view<unsigned char, 3> destination, float factor,
-                   int pan_x = 0, int pan_y = 0, bool smooth = true)
+                   int pan_x = 0, int pan_y = 0, bool smooth = true, int origin_x = 0, int origin_y = 0,
+                   int whole_width = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("zoom", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("zoom", {{"destination", destination}});
     if (const status s = detail::above_zero("zoom", "factor", factor); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("zoom", "destination", destination, source); !s) return s;
-    return detail::answer("zoom", ImageProcessingWrapper::Resize_8u_C3(source.data(), detail::step(source),
-        source.width(), source.height(), destination.data(), detail::step(destination), destination.width(),
-        destination.height(), factor, pan_x, pan_y, smooth), detail::reason::memory);
+    return detail::answer("zoom", orvaneZoomPart_8u_C3(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, factor, pan_x, pan_y, smooth), detail::reason::memory);
 }
 
 inline status zoom(view<const unsigned char, 4> source, view<unsigned char, 4> destination, float factor,
-                   int pan_x = 0, int pan_y = 0, bool smooth = true)
+                   int pan_x = 0, int pan_y = 0, bool smooth = true, int origin_x = 0, int origin_y = 0,
+                   int whole_width = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("zoom", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("zoom", {{"destination", destination}});
     if (const status s = detail::above_zero("zoom", "factor", factor); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("zoom", "destination", destination, source); !s) return s;
-    return detail::answer("zoom", ImageProcessingWrapper::Resize_8u_C4(source.data(), detail::step(source),
-        source.width(), source.height(), destination.data(), detail::step(destination), destination.width(),
-        destination.height(), factor, pan_x, pan_y, smooth), detail::reason::memory);
+    return detail::answer("zoom", orvaneZoomPart_8u_C4(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, factor, pan_x, pan_y, smooth), detail::reason::memory);
 }
 
 inline status zoom(view<const unsigned short, 1> source, view<unsigned short, 1> destination, float factor,
-                   int pan_x = 0, int pan_y = 0, bool smooth = true)
+                   int pan_x = 0, int pan_y = 0, bool smooth = true, int origin_x = 0, int origin_y = 0,
+                   int whole_width = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("zoom", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("zoom", {{"destination", destination}});
     if (const status s = detail::above_zero("zoom", "factor", factor); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("zoom", "destination", destination, source); !s) return s;
-    return detail::answer("zoom", ImageProcessingWrapper::Resize_16u_C1(source.data(), detail::step(source),
-        source.width(), source.height(), destination.data(), detail::step(destination), destination.width(),
-        destination.height(), factor, pan_x, pan_y, smooth), detail::reason::memory);
+    return detail::answer("zoom", orvaneZoomPart_16u_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, factor, pan_x, pan_y, smooth), detail::reason::memory);
 }
 
 inline status zoom(view<const float, 1> source, view<float, 1> destination, float factor, int pan_x = 0,
-                   int pan_y = 0, bool smooth = true)
+                   int pan_y = 0, bool smooth = true, int origin_x = 0, int origin_y = 0, int whole_width = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("zoom", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("zoom", {{"destination", destination}});
     if (const status s = detail::above_zero("zoom", "factor", factor); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("zoom", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("zoom", "destination", destination, source); !s) return s;
-    return detail::answer("zoom", ImageProcessingWrapper::Resize_32f_C1(source.data(), detail::step(source),
-        source.width(), source.height(), destination.data(), detail::step(destination), destination.width(),
-        destination.height(), factor, pan_x, pan_y, smooth), detail::reason::memory);
+    return detail::answer("zoom", orvaneZoomPart_32f_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, factor, pan_x, pan_y, smooth), detail::reason::memory);
 }
 
-/// destination(X, Y) = source(c px - s py, s px + c py), interpolated
+/// destination(X, Y) = source(c px - s py, s px + c py), interpolated. The destination may be a part of a larger one,
+/// from origin_x and origin_y on.
 inline status rotate(view<const unsigned char, 1> source, view<unsigned char, 1> destination, double degrees,
-                     double x_shift, double y_shift, interpolation how = interpolation::linear)
+                     double x_shift, double y_shift, interpolation how = interpolation::linear, int origin_x = 0,
+                     int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate", {{"destination", destination}});
@@ -2869,15 +2887,17 @@ inline status rotate(view<const unsigned char, 1> source, view<unsigned char, 1>
     if (const status s = detail::finite("rotate", "degrees", degrees); !s) return s;
     if (const status s = detail::finite("rotate", "x_shift", x_shift); !s) return s;
     if (const status s = detail::finite("rotate", "y_shift", y_shift); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate", "destination", destination, source); !s) return s;
-    return detail::answer("rotate", ImageProcessingWrapper::Rotate_8u_C1(source.data(), source.width(),
-        source.height(), detail::step(source), 0, 0, source.width(), source.height(), destination.data(),
-        detail::step(destination), 0, 0, destination.width(), destination.height(), degrees, x_shift, y_shift,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("rotate", orvaneRotatePart_8u_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), degrees, x_shift, y_shift, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status rotate(view<const unsigned char, 3> source, view<unsigned char, 3> destination, double degrees,
-                     double x_shift, double y_shift, interpolation how = interpolation::linear)
+                     double x_shift, double y_shift, interpolation how = interpolation::linear, int origin_x = 0,
+                     int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate", {{"destination", destination}});
@@ -2885,15 +2905,17 @@ inline status rotate(view<const unsigned char, 3> source, view<unsigned char, 3>
     if (const status s = detail::finite("rotate", "degrees", degrees); !s) return s;
     if (const status s = detail::finite("rotate", "x_shift", x_shift); !s) return s;
     if (const status s = detail::finite("rotate", "y_shift", y_shift); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate", "destination", destination, source); !s) return s;
-    return detail::answer("rotate", ImageProcessingWrapper::Rotate_8u_C3(source.data(), source.width(),
-        source.height(), detail::step(source), 0, 0, source.width(), source.height(), destination.data(),
-        detail::step(destination), 0, 0, destination.width(), destination.height(), degrees, x_shift, y_shift,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("rotate", orvaneRotatePart_8u_C3(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), degrees, x_shift, y_shift, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status rotate(view<const unsigned char, 4> source, view<unsigned char, 4> destination, double degrees,
-                     double x_shift, double y_shift, interpolation how = interpolation::linear)
+                     double x_shift, double y_shift, interpolation how = interpolation::linear, int origin_x = 0,
+                     int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate", {{"destination", destination}});
@@ -2901,15 +2923,17 @@ inline status rotate(view<const unsigned char, 4> source, view<unsigned char, 4>
     if (const status s = detail::finite("rotate", "degrees", degrees); !s) return s;
     if (const status s = detail::finite("rotate", "x_shift", x_shift); !s) return s;
     if (const status s = detail::finite("rotate", "y_shift", y_shift); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate", "destination", destination, source); !s) return s;
-    return detail::answer("rotate", ImageProcessingWrapper::Rotate_8u_C4(source.data(), source.width(),
-        source.height(), detail::step(source), 0, 0, source.width(), source.height(), destination.data(),
-        detail::step(destination), 0, 0, destination.width(), destination.height(), degrees, x_shift, y_shift,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("rotate", orvaneRotatePart_8u_C4(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), degrees, x_shift, y_shift, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status rotate(view<const unsigned short, 1> source, view<unsigned short, 1> destination, double degrees,
-                     double x_shift, double y_shift, interpolation how = interpolation::linear)
+                     double x_shift, double y_shift, interpolation how = interpolation::linear, int origin_x = 0,
+                     int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate", {{"destination", destination}});
@@ -2917,15 +2941,16 @@ inline status rotate(view<const unsigned short, 1> source, view<unsigned short, 
     if (const status s = detail::finite("rotate", "degrees", degrees); !s) return s;
     if (const status s = detail::finite("rotate", "x_shift", x_shift); !s) return s;
     if (const status s = detail::finite("rotate", "y_shift", y_shift); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate", "destination", destination, source); !s) return s;
-    return detail::answer("rotate", ImageProcessingWrapper::Rotate_16u_C1(source.data(), source.width(),
-        source.height(), detail::step(source), 0, 0, source.width(), source.height(), destination.data(),
-        detail::step(destination), 0, 0, destination.width(), destination.height(), degrees, x_shift, y_shift,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("rotate", orvaneRotatePart_16u_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), degrees, x_shift, y_shift, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status rotate(view<const float, 1> source, view<float, 1> destination, double degrees, double x_shift,
-                     double y_shift, interpolation how = interpolation::linear)
+                     double y_shift, interpolation how = interpolation::linear, int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate", {{"destination", destination}});
@@ -2933,16 +2958,19 @@ inline status rotate(view<const float, 1> source, view<float, 1> destination, do
     if (const status s = detail::finite("rotate", "degrees", degrees); !s) return s;
     if (const status s = detail::finite("rotate", "x_shift", x_shift); !s) return s;
     if (const status s = detail::finite("rotate", "y_shift", y_shift); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate", "destination", destination, source); !s) return s;
-    return detail::answer("rotate", ImageProcessingWrapper::Rotate_32f_C1(source.data(), source.width(),
-        source.height(), detail::step(source), 0, 0, source.width(), source.height(), destination.data(),
-        detail::step(destination), 0, 0, destination.width(), destination.height(), degrees, x_shift, y_shift,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("rotate", orvaneRotatePart_32f_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), degrees, x_shift, y_shift, static_cast<int>(how)), detail::reason::failed);
 }
 
-/// destination = source rotated about the source point (center_x, center_y), which stays
+/// destination = source rotated about the source point (center_x, center_y), which stays. The destination may be a
+/// part of a larger one, from origin_x and origin_y on.
 inline status rotate_about(view<const unsigned char, 3> source, view<unsigned char, 3> destination, double degrees,
-                           double center_x, double center_y, interpolation how = interpolation::linear)
+                           double center_x, double center_y, interpolation how = interpolation::linear,
+                           int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate_about", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate_about", {{"destination",
@@ -2952,14 +2980,17 @@ inline status rotate_about(view<const unsigned char, 3> source, view<unsigned ch
     if (const status s = detail::finite("rotate_about", "center_x", center_x); !s) return s;
     if (const status s = detail::finite("rotate_about", "center_y", center_y); !s) return s;
     if (const status s = detail::turned("rotate_about", center_x, center_y, degrees); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate_about", "destination", destination, source); !s) return s;
-    return detail::answer("rotate_about", ImageProcessingWrapper::RotateCenter_8u_C3(source.data(), source.width(),
-        source.height(), detail::step(source), destination.data(), detail::step(destination), destination.width(),
+    return detail::answer("rotate_about", orvaneRotateCenterPart_8u_C3(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
         destination.height(), degrees, center_x, center_y, static_cast<int>(how)), detail::reason::memory);
 }
 
 inline status rotate_about(view<const unsigned char, 4> source, view<unsigned char, 4> destination, double degrees,
-                           double center_x, double center_y, interpolation how = interpolation::linear)
+                           double center_x, double center_y, interpolation how = interpolation::linear,
+                           int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate_about", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate_about", {{"destination",
@@ -2969,14 +3000,17 @@ inline status rotate_about(view<const unsigned char, 4> source, view<unsigned ch
     if (const status s = detail::finite("rotate_about", "center_x", center_x); !s) return s;
     if (const status s = detail::finite("rotate_about", "center_y", center_y); !s) return s;
     if (const status s = detail::turned("rotate_about", center_x, center_y, degrees); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate_about", "destination", destination, source); !s) return s;
-    return detail::answer("rotate_about", ImageProcessingWrapper::RotateCenter_8u_C4(source.data(), source.width(),
-        source.height(), detail::step(source), destination.data(), detail::step(destination), destination.width(),
+    return detail::answer("rotate_about", orvaneRotateCenterPart_8u_C4(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
         destination.height(), degrees, center_x, center_y, static_cast<int>(how)), detail::reason::memory);
 }
 
 inline status rotate_about(view<const unsigned short, 1> source, view<unsigned short, 1> destination, double degrees,
-                           double center_x, double center_y, interpolation how = interpolation::linear)
+                           double center_x, double center_y, interpolation how = interpolation::linear,
+                           int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate_about", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate_about", {{"destination",
@@ -2986,14 +3020,18 @@ inline status rotate_about(view<const unsigned short, 1> source, view<unsigned s
     if (const status s = detail::finite("rotate_about", "center_x", center_x); !s) return s;
     if (const status s = detail::finite("rotate_about", "center_y", center_y); !s) return s;
     if (const status s = detail::turned("rotate_about", center_x, center_y, degrees); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate_about", "destination", destination, source); !s) return s;
-    return detail::answer("rotate_about", ImageProcessingWrapper::RotateCenter_16u_C1(source.data(), source.width(),
-        source.height(), detail::step(source), destination.data(), detail::step(destination), destination.width(),
-        destination.height(), degrees, center_x, center_y, static_cast<int>(how)), detail::reason::memory);
+    return detail::answer("rotate_about", orvaneRotateCenterPart_16u_C1(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), degrees, center_x, center_y, static_cast<int>(how)),
+        detail::reason::memory);
 }
 
 inline status rotate_about(view<const float, 1> source, view<float, 1> destination, double degrees, double center_x,
-                           double center_y, interpolation how = interpolation::linear)
+                           double center_y, interpolation how = interpolation::linear, int origin_x = 0,
+                           int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("rotate_about", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("rotate_about", {{"destination",
@@ -3003,81 +3041,95 @@ inline status rotate_about(view<const float, 1> source, view<float, 1> destinati
     if (const status s = detail::finite("rotate_about", "center_x", center_x); !s) return s;
     if (const status s = detail::finite("rotate_about", "center_y", center_y); !s) return s;
     if (const status s = detail::turned("rotate_about", center_x, center_y, degrees); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("rotate_about", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("rotate_about", "destination", destination, source); !s) return s;
-    return detail::answer("rotate_about", ImageProcessingWrapper::RotateCenter_32f_C1(source.data(), source.width(),
-        source.height(), detail::step(source), destination.data(), detail::step(destination), destination.width(),
-        destination.height(), degrees, center_x, center_y, static_cast<int>(how)), detail::reason::memory);
+    return detail::answer("rotate_about", orvaneRotateCenterPart_32f_C1(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), degrees, center_x, center_y, static_cast<int>(how)),
+        detail::reason::memory);
 }
 
-/// destination(X, Y) = source(the point that H takes to the pixel's centre), interpolated
+/// destination(X, Y) = source(the point that H takes to the pixel's centre), interpolated. The destination may be a
+/// part of a larger one, from origin_x and origin_y on.
 inline status warp_perspective(view<const unsigned char, 1> source, view<unsigned char, 1> destination,
-                               const double (&coefficients)[9], interpolation how = interpolation::linear)
+                               const double (&coefficients)[9], interpolation how = interpolation::linear,
+                               int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("warp_perspective", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("warp_perspective", {{"destination",
         destination}});
     if (const status s = detail::code("warp_perspective", "how", static_cast<int>(how), 0x100f6); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("warp_perspective", "destination", destination, source); !s) return s;
-    return detail::answer("warp_perspective", ImageProcessingWrapper::WarpPerspective_8u_C1(source.data(),
-        source.width(), source.height(), detail::step(source), 0, 0, source.width(), source.height(),
-        destination.data(), detail::step(destination), 0, 0, destination.width(), destination.height(), coefficients,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("warp_perspective", orvaneWarpPerspectivePart_8u_C1(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), coefficients, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status warp_perspective(view<const unsigned char, 3> source, view<unsigned char, 3> destination,
-                               const double (&coefficients)[9], interpolation how = interpolation::linear)
+                               const double (&coefficients)[9], interpolation how = interpolation::linear,
+                               int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("warp_perspective", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("warp_perspective", {{"destination",
         destination}});
     if (const status s = detail::code("warp_perspective", "how", static_cast<int>(how), 0x100f6); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("warp_perspective", "destination", destination, source); !s) return s;
-    return detail::answer("warp_perspective", ImageProcessingWrapper::WarpPerspective_8u_C3(source.data(),
-        source.width(), source.height(), detail::step(source), 0, 0, source.width(), source.height(),
-        destination.data(), detail::step(destination), 0, 0, destination.width(), destination.height(), coefficients,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("warp_perspective", orvaneWarpPerspectivePart_8u_C3(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), coefficients, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status warp_perspective(view<const unsigned char, 4> source, view<unsigned char, 4> destination,
-                               const double (&coefficients)[9], interpolation how = interpolation::linear)
+                               const double (&coefficients)[9], interpolation how = interpolation::linear,
+                               int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("warp_perspective", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("warp_perspective", {{"destination",
         destination}});
     if (const status s = detail::code("warp_perspective", "how", static_cast<int>(how), 0x100f6); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("warp_perspective", "destination", destination, source); !s) return s;
-    return detail::answer("warp_perspective", ImageProcessingWrapper::WarpPerspective_8u_C4(source.data(),
-        source.width(), source.height(), detail::step(source), 0, 0, source.width(), source.height(),
-        destination.data(), detail::step(destination), 0, 0, destination.width(), destination.height(), coefficients,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("warp_perspective", orvaneWarpPerspectivePart_8u_C4(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), coefficients, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status warp_perspective(view<const unsigned short, 1> source, view<unsigned short, 1> destination,
-                               const double (&coefficients)[9], interpolation how = interpolation::linear)
+                               const double (&coefficients)[9], interpolation how = interpolation::linear,
+                               int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("warp_perspective", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("warp_perspective", {{"destination",
         destination}});
     if (const status s = detail::code("warp_perspective", "how", static_cast<int>(how), 0x100f6); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("warp_perspective", "destination", destination, source); !s) return s;
-    return detail::answer("warp_perspective", ImageProcessingWrapper::WarpPerspective_16u_C1(source.data(),
-        source.width(), source.height(), detail::step(source), 0, 0, source.width(), source.height(),
-        destination.data(), detail::step(destination), 0, 0, destination.width(), destination.height(), coefficients,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("warp_perspective", orvaneWarpPerspectivePart_16u_C1(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), coefficients, static_cast<int>(how)), detail::reason::failed);
 }
 
 inline status warp_perspective(view<const float, 1> source, view<float, 1> destination,
-                               const double (&coefficients)[9], interpolation how = interpolation::linear)
+                               const double (&coefficients)[9], interpolation how = interpolation::linear,
+                               int origin_x = 0, int origin_y = 0)
 {
     if (!detail::alike(source)) return detail::unlike<detail::region>("warp_perspective", {{"source", source}});
     if (!detail::alike(destination)) return detail::unlike<detail::region>("warp_perspective", {{"destination",
         destination}});
     if (const status s = detail::code("warp_perspective", "how", static_cast<int>(how), 0x100f6); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_x", origin_x, destination.width()); !s) return s;
+    if (const status s = detail::placed("warp_perspective", "origin_y", origin_y, destination.height()); !s) return s;
     if (const status s = detail::apart("warp_perspective", "destination", destination, source); !s) return s;
-    return detail::answer("warp_perspective", ImageProcessingWrapper::WarpPerspective_32f_C1(source.data(),
-        source.width(), source.height(), detail::step(source), 0, 0, source.width(), source.height(),
-        destination.data(), detail::step(destination), 0, 0, destination.width(), destination.height(), coefficients,
-        static_cast<int>(how)), detail::reason::failed);
+    return detail::answer("warp_perspective", orvaneWarpPerspectivePart_32f_C1(source.data(), source.width(),
+        source.height(), detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y,
+        destination.width(), destination.height(), coefficients, static_cast<int>(how)), detail::reason::failed);
 }
 
 /// destination(X, Y) = source at the index (x_map(X, Y), y_map(X, Y)), interpolated
@@ -3174,6 +3226,99 @@ inline status remap(view<const float, 1> source, view<const float, 1> x_map, vie
         source.height(), detail::step(source), 0, 0, source.width(), source.height(), x_map.data(),
         detail::step(x_map), y_map.data(), detail::step(y_map), destination.data(), detail::step(destination),
         destination.width(), destination.height(), static_cast<int>(how)), detail::reason::memory);
+}
+
+/// destination = source, all of it to whole_width x whole_height pixels. Pixel centres are aligned. Only `area`
+/// filters before a reduction; of colours and floats it takes reductions that keep the ratio of the sides. The
+/// destination may be a part of a whole, from origin_x and origin_y on.
+inline status resize(view<const unsigned char, 1> source, view<unsigned char, 1> destination, interpolation how,
+                     int origin_x = 0, int origin_y = 0, int whole_width = 0, int whole_height = 0)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("resize", {{"source", source}});
+    if (!detail::alike(destination)) return detail::unlike<detail::region>("resize", {{"destination", destination}});
+    if (const status s = detail::code("resize", "how", static_cast<int>(how), 0x101f6); !s) return s;
+    if (const status s = detail::placed("resize", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("resize", "origin_y", origin_y, destination.height(), "whole_height",
+        whole_height); !s) return s;
+    if (const status s = detail::averaged(source, destination, how, origin_x, origin_y, whole_width,
+        whole_height); !s) return s;
+    if (const status s = detail::apart("resize", "destination", destination, source); !s) return s;
+    return detail::answer("resize", orvaneResizePart_8u_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, whole_height, static_cast<int>(how)), detail::reason::memory);
+}
+
+inline status resize(view<const unsigned char, 3> source, view<unsigned char, 3> destination, interpolation how,
+                     int origin_x = 0, int origin_y = 0, int whole_width = 0, int whole_height = 0)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("resize", {{"source", source}});
+    if (!detail::alike(destination)) return detail::unlike<detail::region>("resize", {{"destination", destination}});
+    if (const status s = detail::code("resize", "how", static_cast<int>(how), 0x101f6); !s) return s;
+    if (const status s = detail::placed("resize", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("resize", "origin_y", origin_y, destination.height(), "whole_height",
+        whole_height); !s) return s;
+    if (const status s = detail::averaged(source, destination, how, origin_x, origin_y, whole_width,
+        whole_height); !s) return s;
+    if (const status s = detail::apart("resize", "destination", destination, source); !s) return s;
+    return detail::answer("resize", orvaneResizePart_8u_C3(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, whole_height, static_cast<int>(how)), detail::reason::memory);
+}
+
+inline status resize(view<const unsigned char, 4> source, view<unsigned char, 4> destination, interpolation how,
+                     int origin_x = 0, int origin_y = 0, int whole_width = 0, int whole_height = 0)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("resize", {{"source", source}});
+    if (!detail::alike(destination)) return detail::unlike<detail::region>("resize", {{"destination", destination}});
+    if (const status s = detail::code("resize", "how", static_cast<int>(how), 0x101f6); !s) return s;
+    if (const status s = detail::placed("resize", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("resize", "origin_y", origin_y, destination.height(), "whole_height",
+        whole_height); !s) return s;
+    if (const status s = detail::averaged(source, destination, how, origin_x, origin_y, whole_width,
+        whole_height); !s) return s;
+    if (const status s = detail::apart("resize", "destination", destination, source); !s) return s;
+    return detail::answer("resize", orvaneResizePart_8u_C4(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, whole_height, static_cast<int>(how)), detail::reason::memory);
+}
+
+inline status resize(view<const unsigned short, 1> source, view<unsigned short, 1> destination, interpolation how,
+                     int origin_x = 0, int origin_y = 0, int whole_width = 0, int whole_height = 0)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("resize", {{"source", source}});
+    if (!detail::alike(destination)) return detail::unlike<detail::region>("resize", {{"destination", destination}});
+    if (const status s = detail::code("resize", "how", static_cast<int>(how), 0x101f6); !s) return s;
+    if (const status s = detail::placed("resize", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("resize", "origin_y", origin_y, destination.height(), "whole_height",
+        whole_height); !s) return s;
+    if (const status s = detail::averaged(source, destination, how, origin_x, origin_y, whole_width,
+        whole_height); !s) return s;
+    if (const status s = detail::apart("resize", "destination", destination, source); !s) return s;
+    return detail::answer("resize", orvaneResizePart_16u_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, whole_height, static_cast<int>(how)), detail::reason::memory);
+}
+
+inline status resize(view<const float, 1> source, view<float, 1> destination, interpolation how, int origin_x = 0,
+                     int origin_y = 0, int whole_width = 0, int whole_height = 0)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("resize", {{"source", source}});
+    if (!detail::alike(destination)) return detail::unlike<detail::region>("resize", {{"destination", destination}});
+    if (const status s = detail::code("resize", "how", static_cast<int>(how), 0x101f6); !s) return s;
+    if (const status s = detail::placed("resize", "origin_x", origin_x, destination.width(), "whole_width",
+        whole_width); !s) return s;
+    if (const status s = detail::placed("resize", "origin_y", origin_y, destination.height(), "whole_height",
+        whole_height); !s) return s;
+    if (const status s = detail::averaged(source, destination, how, origin_x, origin_y, whole_width,
+        whole_height); !s) return s;
+    if (const status s = detail::apart("resize", "destination", destination, source); !s) return s;
+    return detail::answer("resize", orvaneResizePart_32f_C1(source.data(), source.width(), source.height(),
+        detail::step(source), destination.data(), detail::step(destination), origin_x, origin_y, destination.width(),
+        destination.height(), whole_width, whole_height, static_cast<int>(how)), detail::reason::memory);
 }
 
 /// destination = mean of 3x3 pixels, rounded to nearest
@@ -4220,6 +4365,22 @@ inline status mean_deviation(view<const unsigned short, 1> source, double& avera
     if (!detail::alike(source)) return detail::unlike<detail::region>("mean_deviation", {{"source", source}});
     return detail::answer("mean_deviation", ImageProcessingWrapper::Mean_StdDev_16u_C1R(source.data(),
         detail::step(source), source.width(), source.height(), &average, &deviation), detail::reason::memory);
+}
+
+/// total = sum of source, squares = sum of source^2
+inline status sum_squares(view<const unsigned char, 1> source, unsigned long long& total, unsigned long long& squares)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("sum_squares", {{"source", source}});
+    return detail::answer("sum_squares", orvaneSumSquares_8u_C1(source.data(), detail::step(source), source.width(),
+        source.height(), &total, &squares), detail::reason::memory);
+}
+
+inline status sum_squares(view<const unsigned short, 1> source, unsigned long long& total,
+                          unsigned long long& squares)
+{
+    if (!detail::alike(source)) return detail::unlike<detail::region>("sum_squares", {{"source", source}});
+    return detail::answer("sum_squares", orvaneSumSquares_16u_C1(source.data(), detail::step(source), source.width(),
+        source.height(), &total, &squares), detail::reason::memory);
 }
 
 /// least = least of source

@@ -123,6 +123,31 @@ inline status apart(const char* operation, const char* name, const region& desti
     return overlap(destination, source) ? status(operation, name, reason::overlap) : status();
 }
 
+// A part of a destination: from `origin` on.
+inline status placed(const char* operation, const char* name, int origin, int length)
+{
+    return between(operation, name, origin, 0, 0x7fffffffLL - length);
+}
+
+// Within a whole; 0 stands for where the part ends.
+inline status placed(const char* operation, const char* name, int origin, int length, const char* whole_name, int whole)
+{
+    if (const status s = placed(operation, name, origin, length); !s) return s;
+    return whole == 0 ? status() : between(operation, whole_name, whole, origin + length, 0x7fffffff);
+}
+
+// Areas of colours and of floats: both axes are reduced alike.
+template <class T, int Channels>
+status averaged(const view<const T, Channels>& source, const view<T, Channels>& destination, interpolation how,
+                int origin_x, int origin_y, int whole_width, int whole_height)
+{
+    if (how != interpolation::area || (Channels == 1 && std::is_integral_v<T>)) return {};
+    const long long width = whole_width != 0 ? whole_width : origin_x + destination.width();
+    const long long height = whole_height != 0 ? whole_height : origin_y + destination.height();
+    const bool alike = width * source.height() == height * source.width() && width < source.width();
+    return alike ? status() : status("resize", "destination", reason::other_ratio);
+}
+
 // One image, or apart.
 inline status whole(const char* operation, const char* name, const region& destination, const region& source)
 {

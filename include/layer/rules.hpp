@@ -67,15 +67,15 @@ inline constexpr rule colour_matrix{cut::point};
 inline constexpr rule lookup{cut::point};
 inline constexpr rule curve{cut::point};
 inline constexpr rule palette{cut::point};
-inline constexpr rule zoom{cut::whole};
-inline constexpr rule rotate{cut::whole};
-inline constexpr rule rotate_about{cut::whole};
+inline constexpr rule zoom{cut::destination};
+inline constexpr rule rotate{cut::destination};
+inline constexpr rule rotate_about{cut::destination};
 inline constexpr rule rotate_bound{cut::whole};
 inline constexpr rule rotate_shift{cut::whole};
 inline constexpr rule perspective_bound{cut::whole};
-inline constexpr rule warp_perspective{cut::whole};
+inline constexpr rule warp_perspective{cut::destination};
 inline constexpr rule remap{cut::destination};
-inline constexpr rule resize{cut::whole};
+inline constexpr rule resize{cut::destination};
 constexpr rule lowpass(mask size)
 {
     return rule{cut::frame, {detail::half(size), detail::half(size), detail::half(size), detail::half(size)}};
@@ -129,6 +129,8 @@ inline constexpr rule mean{cut::whole};
 inline constexpr rule mean_deviation{cut::whole};
 inline constexpr rule deviation{cut::whole};
 inline constexpr rule dot_product{cut::whole};
+inline constexpr rule sum_squares{cut::join};
+inline constexpr rule deviation_of_sums{cut::whole};
 template <class T>
 inline constexpr rule minimum{cut::whole};
 template <>

@@ -6,6 +6,7 @@ namespace orv {
 // In pixels, relative to the first pixel of an image.
 struct Rectangle {
     int x, y, width, height;
+    int left = 0, top = 0;  // of destinations: the pixel that its memory begins with
 };
 
 constexpr int kNearest = 1;

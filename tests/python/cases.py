@@ -223,6 +223,9 @@ calls("minimum_index", *(Call((a.min(), *np.unravel_index(a.argmin(), a.shape)[:
                          for a in (BYTES, WORDS, *SERIES)))
 calls("maximum_index", *(Call((a.max(), *np.unravel_index(a.argmax(), a.shape)[::-1]), a)
                          for a in (BYTES, WORDS, *SERIES)))
+squares = [(a, (a.sum(dtype=int), (a.astype(int) ** 2).sum())) for a in (BYTES, WORDS, np.full((9, 9), 65535, "u2"))]
+calls("sum_squares", *(Call(sums, a) for a, sums in squares))
+calls("deviation_of_sums", *(Call((a.mean(), a.std()), a.size, *map(int, sums), within=1e-6) for a, sums in squares))
 levels = np.array([0, 50, 100, 150, 200])
 calls("histogram", Call((np.histogram(BYTES[BYTES < 200], levels)[0], levels), BYTES, 4, 0, 200))
 

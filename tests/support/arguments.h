@@ -11,13 +11,14 @@
 
 namespace test {
 
-enum Element { e_u8, e_u16, e_s16, e_s32, e_u32, e_f32, e_c32, e_f64, e_none };
+enum Element { e_u8, e_u16, e_s16, e_s32, e_u32, e_u64, e_f32, e_c32, e_f64, e_none };
 template <class T> constexpr Element element = e_none;
 template <> inline constexpr Element element<unsigned char> = e_u8;
 template <> inline constexpr Element element<unsigned short> = e_u16;
 template <> inline constexpr Element element<short> = e_s16;
 template <> inline constexpr Element element<int> = e_s32;
 template <> inline constexpr Element element<unsigned> = e_u32;
+template <> inline constexpr Element element<unsigned long long> = e_u64;
 template <> inline constexpr Element element<float> = e_f32;
 template <> inline constexpr Element element<Complex32f> = e_c32;
 template <> inline constexpr Element element<double> = e_f64;
@@ -31,6 +32,7 @@ auto with_type(Element e, F f)
         case e_u16: return f(static_cast<unsigned short>(0));
         case e_s16: return f(static_cast<short>(0));
         case e_u32: return f(0u);
+        case e_u64: return f(0ull);
         case e_f32: return f(0.0f);
         case e_c32: return f(Complex32f{});
         case e_f64: return f(0.0);

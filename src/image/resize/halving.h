@@ -27,7 +27,7 @@ template <int Channels>
 class HalveBytes {
 public:
     static constexpr int kSource = Channels == 3 ? 12 : 16;  // bytes used of each part
-    static constexpr int kPixels = 4;                        // of the destination, per step
+    static constexpr int kPixels = Channels == 1 ? 16 : 4;   // of the destination, per step
     static constexpr int kReads = Channels == 3 ? 28 : 32;   // bytes read from each row per step
 
     ORV_INLINE void step(const std::uint8_t* a, const std::uint8_t* b, std::uint8_t* dst) const
@@ -36,7 +36,7 @@ public:
         const Words sum = simd::as<simd::u16>(sum_of_products(pairs(a), ones) + sum_of_products(pairs(b), ones));
         const Words one = simd::splat<Words>(1), odd = simd::shifted_right<2>(sum) & one;
         const auto bytes = simd::narrowed(simd::shifted_right<2>(sum + one + odd));
-        if constexpr (Channels == 4) {
+        if constexpr (Channels != 3) {
             simd::store(dst, bytes);
         } else {
             // Six bytes of each half, behind each other.
@@ -51,6 +51,7 @@ private:
     // A sample and that of the next pixel side by side.
     ORV_INLINE Bytes pairs(const std::uint8_t* p) const
     {
+        if constexpr (Channels == 1) return simd::load<Bytes>(p);
         return shuffle_bytes(Channels == 4 ? simd::load<Bytes>(p) : simd::load_parts<Bytes, kSource>(p), pairs_);
     }
     static ORV_INLINE Bytes order()

@@ -237,7 +237,8 @@ Status resample(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* ds
     if (x.count() == 0 || y.count() == 0) return StatusOk;  // the image lies elsewhere
 
     Parts parts(buffer);
-    T* const first = row_at(dst, dstStep, y.begin) + std::ptrdiff_t{x.begin} * Channels;
+    T* const first = row_at(dst, dstStep, y.begin - std::ptrdiff_t{dstRoi.top}) +
+                     (x.begin - std::ptrdiff_t{dstRoi.left}) * Channels;
     Call<T> call = {src, srcStep, first, dstStep, x, y, without_flags(interpolation), &parts};
     if (!smooth) {
         run<T, Channels>(call);
@@ -307,6 +308,21 @@ Status ZoomMapping(Size source, int dstWidth, const float& zoom, int panX, int p
     mapping->interpolation = factor < 1.f ? static_cast<int>(kSmoothEdges | static_cast<unsigned>(kSupersampling))
                              : smooth     ? static_cast<int>(kSmoothEdges | static_cast<unsigned>(kBSpline))
                                           : kNearest;
+    return StatusOk;
+}
+
+// Pixel centres are aligned. The nearest pixel lies a little to the left, as plans have it: a reduction by two takes
+// the left pixel of each pair.
+Status WholeMapping(Size source, Size destination, int interpolation, double* coefficients)
+{
+    if (any_null(coefficients)) return StatusNullPointer;
+    if (is_empty(source) || is_empty(destination)) return StatusBadSize;
+    const FloatControl control;
+    const double x = rounded(destination.width / static_cast<double>(source.width));
+    const double y = rounded(destination.height / static_cast<double>(source.height));
+    const double bias = interpolation == kNearest ? 1e-10 : 0;
+    const double map[9] = {x, 0, rounded(bias * x), 0, y, rounded(bias * y), 0, 0, 1};
+    __builtin_memcpy(coefficients, map, sizeof map);
     return StatusOk;
 }
 

@@ -25,6 +25,9 @@ using ResampleBufferSize = Status(Rectangle srcRoi, Rectangle dstRoi, int channe
 using Zoom = Status(Size source, int dstWidth, const float& zoom, int panX, int panY, bool smooth,
                     SquareMapping* mapping);
 
+// All of the source to all of the destination: the rows of a matrix, as of a perspective without one.
+using MappingOfWhole = Status(Size source, Size destination, int interpolation, double* coefficients);
+
 template <class T>
 using Resample = Status(const T* src, Size srcSize, int srcStep, Rectangle srcRoi, T* dst, int dstStep,
                         Rectangle dstRoi, const double& xFactor, const double& yFactor, const double& xShift,

@@ -245,20 +245,42 @@ Status mean(const T* src, int srcStep, Size roi, double* result, int channels)
     return StatusOk;
 }
 
-template <class T>
-Status mean_deviation(const T* src, int srcStep, Size roi, double* mean, double* deviation)
+void put_deviation(double n, uint64_t sum, uint64_t squares, double* mean, double* deviation)
 {
-    if (const Status bad = check_image(roi, src)) return bad;
-    if (srcStep < 1 || srcStep < static_cast<int64_t>(roi.width) * static_cast<int64_t>(sizeof(T)))
-        return StatusBadStep;
-    const FloatControl control;
-    const Totals totals = squares_of(src, srcStep, roi);
-    const double n = pixels_of(roi);
-    const double m = rounded(from_unsigned(totals.sum[0]) / n);
-    const double mean_of_squares = rounded(from_unsigned(totals.squares) / n);
+    ORV_ASSERT(FloatControl::holds());
+    const double m = rounded(from_unsigned(sum) / n);
+    const double mean_of_squares = rounded(from_unsigned(squares) / n);
     const double variance = rounded(mean_of_squares - rounded(m * m));
     if (mean != nullptr) put(mean, m);
     if (deviation != nullptr) put(deviation, rounded(__builtin_sqrt(variance < 0 ? -variance : variance)));
+}
+
+template <class T>
+Status check_rows(const T* src, int srcStep, Size roi)
+{
+    if (const Status bad = check_image(roi, src)) return bad;
+    const bool holds = srcStep >= static_cast<int64_t>(roi.width) * static_cast<int64_t>(sizeof(T));
+    return holds ? StatusOk : StatusBadStep;
+}
+
+template <class T>
+Status mean_deviation(const T* src, int srcStep, Size roi, double* mean, double* deviation)
+{
+    if (const Status bad = check_rows(src, srcStep, roi)) return bad;
+    const FloatControl control;
+    const Totals totals = squares_of(src, srcStep, roi);
+    put_deviation(pixels_of(roi), totals.sum[0], totals.squares, mean, deviation);
+    return StatusOk;
+}
+
+template <class T>
+Status sum_squares(const T* src, int srcStep, Size roi, unsigned long long* sum, unsigned long long* squares)
+{
+    if (any_null(sum, squares)) return StatusNullPointer;
+    if (const Status bad = check_rows(src, srcStep, roi)) return bad;
+    const Totals totals = squares_of(src, srcStep, roi);
+    *sum = totals.sum[0];
+    *squares = totals.squares;
     return StatusOk;
 }
 
@@ -270,6 +292,11 @@ Status mean_deviation(const T* src, int srcStep, Size roi, double* mean, double*
     Status name(const T* src, int srcStep, Size roi, double* results) \
     { \
         return __VA_ARGS__(src, srcStep, roi, results, channels); \
+    }
+#define SUM_SQUARES(name, T) \
+    Status name(const T* src, int srcStep, Size roi, unsigned long long* sum, unsigned long long* squares) \
+    { \
+        return sum_squares(src, srcStep, roi, sum, squares); \
     }
 #define MEAN_AND_DEVIATION(name, T) \
     Status name(const T* src, int srcStep, Size roi, double* first, double* second) \
@@ -291,6 +318,18 @@ RESULTS(Mean_16s_C1R, int16_t, 1, mean)
 
 MEAN_AND_DEVIATION(Mean_StdDev_8u_C1R, uint8_t)
 MEAN_AND_DEVIATION(Mean_StdDev_16u_C1R, uint16_t)
+
+SUM_SQUARES(SumSquares_8u_C1, uint8_t)
+SUM_SQUARES(SumSquares_16u_C1, uint16_t)
+
+Status Deviation(unsigned long long pixels, unsigned long long sum, unsigned long long squares, double* mean,
+                 double* deviation)
+{
+    if (pixels < 1) return StatusBadSize;
+    const FloatControl control;
+    put_deviation(from_unsigned(pixels), sum, squares, mean, deviation);
+    return StatusOk;
+}
 
 }  // namespace ORV_LEVEL
 }  // namespace sums

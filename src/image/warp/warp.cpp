@@ -53,6 +53,7 @@ struct Job {
     int dstStep;
     Range x, y;
     int interpolation;
+    int left = 0, top = 0;  // the pixel of the destination that `dst` points to
 
     // Sizes: what counts of the rectangles is kept.
     Status check(Size srcSize, Rectangle srcRoi, Rectangle dstRoi)
@@ -62,6 +63,8 @@ struct Job {
         x = positive(dstRoi.x, dstRoi.width);
         y = positive(dstRoi.y, dstRoi.height);
         if (x.is_empty() || y.is_empty()) return StatusBadSize;
+        left = dstRoi.left;
+        top = dstRoi.top;
         source.left = srcRoi.x;
         source.top = srcRoi.y;
         source.right = srcRoi.x + (srcRoi.width - 1);
@@ -109,7 +112,7 @@ void fill_block(const Job<T, Channels>& job, const Map& map, const Interpolation
         const ChunkFinder<Interpolation::kPoints, Map> finder(map, wanted, y);
         for (std::int64_t x = columns.begin; x < columns.end; x += Chunk::kMost) {
             const std::int64_t left = columns.end - x;
-            T* const dst = pixel_at(job.dst, job.dstStep, x, y, Source<T, Channels>::kPixelBytes);
+            T* const dst = pixel_at(job.dst, job.dstStep, x - job.left, y - job.top, Source<T, Channels>::kPixelBytes);
             if constexpr (picks<Map, Interpolation>) {
                 const auto row = map.row(static_cast<double>(y));
                 if (left >= Chunk::kMost && picker.pick(row.x + x, row.y + x, dst)) continue;

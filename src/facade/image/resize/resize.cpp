@@ -1,4 +1,5 @@
 // Resizing: by plans, by factor and shift, by zoom and pan.
+#include "Parts.h"
 #include "core/memory.h"
 #include "facade/forms.h"
 #include "image/resize/resample.h"
@@ -6,6 +7,7 @@
 #include "image/resize/resize_linear.h"
 #include "image/resize/resize_nearest.h"
 #include "image/resize/resize_plan.h"
+#include "image/warp/warp.h"
 
 using namespace orv;
 
@@ -128,22 +130,118 @@ Planned<Channels, Apply> planned(const Apply& apply)
     return {apply};
 }
 
+// A rectangle of a destination by factors and shifts, with the buffer that it takes.
+template <class T, class Operation>
+Status square(const Operation& operation, int channels, const T* src, Size source, int srcStep, T* dst, int dstStep,
+              const Rectangle& to, const double& xFactor, const double& yFactor, const double& xShift,
+              const double& yShift, int interpolation)
+{
+    const Rectangle from = {0, 0, source.width, source.height};
+    int size = 0;
+    if (const Status bad = orv_ResizeGetBufSize(from, to, channels, interpolation, &size)) return bad;
+    void* const buffer = orv_allocate(size);
+    if (buffer == nullptr) return StatusNoMemory;
+    const Status status = operation(src, source, srcStep, from, dst, dstStep, to, xFactor, yFactor, xShift, yShift,
+                                    interpolation, buffer);
+    orv_release(buffer);
+    return status;
+}
+
+template <class T, class Operation>
+Status zoomed(const Operation& operation, int channels, const T* src, Size source, int srcStep, T* dst, int dstStep,
+              const Rectangle& to, int wholeWidth, const float& zoom, int panX, int panY, bool smooth)
+{
+    SquareMapping mapping;
+    orv_ZoomMapping(source, wholeWidth, zoom, panX, panY, smooth, &mapping);
+    return square(operation, channels, src, source, srcStep, dst, dstStep, to, mapping.factor, mapping.factor,
+                  mapping.xShift, mapping.yShift, mapping.interpolation);
+}
+
 // Zoom and pan. No status comes out: these methods are always true, which hosts rely on. `zoom` stays in memory: on the
 // x87 even a copy of a float may trap in a host that has unmasked exceptions.
 template <class T, class Operation>
 void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size source, T* dst, int dstStep,
                   Size destination, int channels, const float& zoom, int panX, int panY, bool smooth)
 {
-    SquareMapping mapping;
-    orv_ZoomMapping(source, destination.width, zoom, panX, panY, smooth, &mapping);
-    const Rectangle from = {0, 0, source.width, source.height}, to = {0, 0, destination.width, destination.height};
-    int size = 0;
-    if (orv_ResizeGetBufSize(from, to, channels, mapping.interpolation, &size) != StatusOk) return;
-    void* const buffer = orv_allocate(size);
-    if (buffer == nullptr) return;
-    operation(src, source, srcStep, from, dst, dstStep, to, mapping.factor, mapping.factor, mapping.xShift,
-              mapping.yShift, mapping.interpolation, buffer);
-    orv_release(buffer);
+    const Rectangle to = {0, 0, destination.width, destination.height};
+    zoomed(operation, channels, src, source, srcStep, dst, dstStep, to, destination.width, zoom, panX, panY, smooth);
+}
+
+// --- Parts ----------------------------------------------------------------------------------------
+
+// What a type is resized by; null where it has none.
+template <class T>
+struct Resizers {
+    int channels;
+    const Operation<ResizeApply<T>>* nearest;
+    const Operation<ResizeApplyBorder<T>>* cubic;
+    const Operation<Resample<T>>& square;
+    const Operation<Projecting<T>>* warp;  // where there is one, square pixels are for areas alone
+};
+
+constexpr Resizers<unsigned char> kBytes = {1, nullptr, nullptr, orv_ResizeSqrPixel_8u_C1, nullptr};
+constexpr Resizers<unsigned char> kColours = {3, &orv_ResizeNearest_8u_C3, &orv_ResizeCubic_8u_C3,
+                                              orv_ResizeSqrPixel_8u_C3, &orv_WarpPerspective_8u_C3};
+constexpr Resizers<unsigned char> kColoursAndAlpha = {4, &orv_ResizeNearest_8u_C4, &orv_ResizeCubic_8u_C4,
+                                                      orv_ResizeSqrPixel_8u_C4, &orv_WarpPerspective_8u_C4};
+constexpr Resizers<unsigned short> kWords = {1, &orv_ResizeNearest_16u_C1, nullptr, orv_ResizeSqrPixel_16u_C1, nullptr};
+constexpr Resizers<float> kFloats = {1, nullptr, nullptr, orv_ResizeSqrPixel_32f_C1, &orv_WarpPerspective_32f_C1};
+
+template <class T>
+struct ResizeOfPart {
+    const T* src;
+    Size source;
+    int srcStep;
+    T* dst;
+    int dstStep;
+    Rectangle part;
+    Size whole;
+    int interpolation;
+
+    template <class Apply>
+    Status planned(const Apply& apply, int channels) const
+    {
+        return with_plan(Apply::kInterpolation, source, whole, channels, [&](void* plan, void* work) {
+            return apply(src, srcStep, dst, dstStep, part.x, part.y, Size{part.width, part.height}, plan, work);
+        });
+    }
+    Status squared(const Resizers<T>& by) const
+    {
+        double map[9];
+        if (const Status bad = orv_WholeMapping(source, whole, interpolation, map)) return bad;
+        return square(by.square, by.channels, src, source, srcStep, dst, dstStep, part, map[0], map[4], map[2], map[5],
+                      interpolation);
+    }
+    Status averaged(const Resizers<T>& by) const
+    {
+        static const float unchanged = 1;
+        return zoomed(by.square, by.channels, src, source, srcStep, dst, dstStep, part, whole.width, unchanged, 0, 0,
+                      true);
+    }
+    Status warped(const Resizers<T>& by) const
+    {
+        double map[9];
+        if (const Status bad = orv_WholeMapping(source, whole, interpolation, map)) return bad;
+        return (*by.warp)(src, source, srcStep, Rectangle{0, 0, source.width, source.height}, dst, dstStep, part, map,
+                          interpolation);
+    }
+    Status run(const Resizers<T>& by) const
+    {
+        const bool cubic = interpolation == kCubic || interpolation == kCatmullRom;
+        if (interpolation == kNearest && by.nearest != nullptr) return planned(nearest(*by.nearest), by.channels);
+        if (cubic && by.cubic != nullptr && source.width >= 4 && source.height >= 4)
+            return planned(::cubic(*by.cubic), by.channels);
+        if (by.warp == nullptr) return squared(by);
+        return interpolation == kSupersampling ? averaged(by) : warped(by);
+    }
+};
+
+// A part of a whole; 0 stands for where the part ends. False where the part ends beyond it.
+bool ends_at(int& whole, int from, int length)
+{
+    if (from < 0 || length < 1 || length > 0x7fffffff - from) return false;
+    if (whole == 0) whole = from + length;
+    return from + length <= whole;
 }
 
 }  // namespace
@@ -202,6 +300,44 @@ ALWAYS_TRUE_ZOOM(Resize_16u_C1, orv_ResizeSqrPixel_16u_C1, unsigned short, 1)
 ALWAYS_TRUE_ZOOM(Resize_32f_C1, orv_ResizeSqrPixel_32f_C1, float, 1)
 
 #undef ALWAYS_TRUE_ZOOM
+
+#define PARTS(Type, by, T)                                                                                            \
+    bool orvaneResizePart_##Type(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep,         \
+                                 int dstX, int dstY, int dstWidth, int dstHeight, int wholeWidth, int wholeHeight,    \
+                                 int interpolation)                                                                   \
+    {                                                                                                                 \
+        if (!ends_at(wholeWidth, dstX, dstWidth) || !ends_at(wholeHeight, dstY, dstHeight)) return false;             \
+        const Rectangle part = {dstX, dstY, dstWidth, dstHeight, dstX, dstY};                                         \
+        const ResizeOfPart<T> resize = {src, {srcWidth, srcHeight}, srcStep, dst, dstStep, part,                      \
+                                        {wholeWidth, wholeHeight}, interpolation};                                    \
+        return resize.run(by) == StatusOk;                                                                            \
+    }
+
+#define ZOOM_PART(Type, by, T)                                                                                        \
+    bool orvaneZoomPart_##Type(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, int dstX, \
+                               int dstY, int dstWidth, int dstHeight, int wholeWidth, float zoom, int panX, int panY, \
+                               bool smooth)                                                                           \
+    {                                                                                                                 \
+        int wholeHeight = 0;                                                                                          \
+        if (!ends_at(wholeWidth, dstX, dstWidth) || !ends_at(wholeHeight, dstY, dstHeight)) return false;             \
+        const Rectangle part = {dstX, dstY, dstWidth, dstHeight, dstX, dstY};                                         \
+        return zoomed(by.square, by.channels, src, Size{srcWidth, srcHeight}, srcStep, dst, dstStep, part,            \
+                      wholeWidth, zoom, panX, panY, smooth) == StatusOk;                                              \
+    }
+
+PARTS(8u_C1, kBytes, unsigned char)
+PARTS(8u_C3, kColours, unsigned char)
+PARTS(8u_C4, kColoursAndAlpha, unsigned char)
+PARTS(16u_C1, kWords, unsigned short)
+PARTS(32f_C1, kFloats, float)
+
+ZOOM_PART(8u_C3, kColours, unsigned char)
+ZOOM_PART(8u_C4, kColoursAndAlpha, unsigned char)
+ZOOM_PART(16u_C1, kWords, unsigned short)
+ZOOM_PART(32f_C1, kFloats, float)
+
+#undef PARTS
+#undef ZOOM_PART
 
 void ImageProcessingWrapper::CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
                                             double& xShift, double& yShift)

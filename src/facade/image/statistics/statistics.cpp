@@ -1,4 +1,5 @@
 // Sums, means, deviations, extremes and histograms.
+#include "Parts.h"
 #include "facade/forms.h"
 #include "core/hints.h"
 #include "image/statistics/extremes.h"
@@ -77,3 +78,19 @@ SRC(MaxIndx_16u_C1R, orv_MaxIndx_16u_C1R, unsigned short, unsigned short*, int*,
 
 SRC(HistogramEven_8u_C1, orv_HistogramEven_8u_C1, unsigned char, int*, int*, int, int, int)
 SRC(HistogramEven_16u_C1, orv_HistogramEven_16u_C1, unsigned short, int*, int*, int, int, int)
+
+#define SUM_SQUARES(name, operation, T)                                                                         \
+    bool orvane##name(const T* src, int srcStep, int width, int height, unsigned long long* sum,                \
+                      unsigned long long* squares)                                                              \
+    {                                                                                                           \
+        return operation(src, srcStep, {width, height}, sum, squares) == StatusOk;                              \
+    }
+SUM_SQUARES(SumSquares_8u_C1, orv_SumSquares_8u_C1, unsigned char)
+SUM_SQUARES(SumSquares_16u_C1, orv_SumSquares_16u_C1, unsigned short)
+#undef SUM_SQUARES
+
+bool orvaneDeviation(unsigned long long pixels, unsigned long long sum, unsigned long long squares, double* mean,
+                     double* stdDev)
+{
+    return orv_Deviation(pixels, sum, squares, mean, stdDev) == StatusOk;
+}

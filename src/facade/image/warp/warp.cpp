@@ -1,4 +1,5 @@
 // Rotation, perspective, remapping. Doubles are passed on by their addresses, unread.
+#include "Parts.h"
 #include "facade/forms.h"
 #include "image/warp/warp.h"
 
@@ -62,3 +63,52 @@ REMAP(Remap_8u_C4, unsigned char)
 REMAP(Remap_16u_C1, unsigned short)
 REMAP(Remap_32f_C1, float)
 #undef REMAP
+
+// Parts: the memory begins at the rectangle.
+#define PART_SHIFTED(name, operation, T)                                                                            \
+    bool orvane##name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, int dstX,        \
+                      int dstY, int dstWidth, int dstHeight, double angle, double xShift, double yShift,            \
+                      int interpolation)                                                                            \
+    {                                                                                                               \
+        return operation(src, {srcWidth, srcHeight}, srcStep, {0, 0, srcWidth, srcHeight}, dst, dstStep,            \
+                         {dstX, dstY, dstWidth, dstHeight, dstX, dstY}, &angle, &xShift, &yShift, interpolation) == \
+               StatusOk;                                                                                            \
+    }
+PART_SHIFTED(RotatePart_8u_C1, orv_Rotate_8u_C1, unsigned char)
+PART_SHIFTED(RotatePart_8u_C3, orv_Rotate_8u_C3, unsigned char)
+PART_SHIFTED(RotatePart_8u_C4, orv_Rotate_8u_C4, unsigned char)
+PART_SHIFTED(RotatePart_16u_C1, orv_Rotate_16u_C1, unsigned short)
+PART_SHIFTED(RotatePart_32f_C1, orv_Rotate_32f_C1, float)
+#undef PART_SHIFTED
+
+#define PART_ABOUT(name, operation, T)                                                                              \
+    bool orvane##name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, int dstX,        \
+                      int dstY, int dstWidth, int dstHeight, double angle, double centerX, double centerY,          \
+                      int interpolation)                                                                            \
+    {                                                                                                               \
+        double xShift, yShift;                                                                                      \
+        if (orv_GetRotateShift(&centerX, &centerY, &angle, &xShift, &yShift) != StatusOk) return false;             \
+        return operation(src, {srcWidth, srcHeight}, srcStep, {0, 0, srcWidth, srcHeight}, dst, dstStep,            \
+                         {dstX, dstY, dstWidth, dstHeight, dstX, dstY}, &angle, &xShift, &yShift, interpolation) == \
+               StatusOk;                                                                                            \
+    }
+PART_ABOUT(RotateCenterPart_8u_C3, orv_Rotate_8u_C3, unsigned char)
+PART_ABOUT(RotateCenterPart_8u_C4, orv_Rotate_8u_C4, unsigned char)
+PART_ABOUT(RotateCenterPart_16u_C1, orv_Rotate_16u_C1, unsigned short)
+PART_ABOUT(RotateCenterPart_32f_C1, orv_Rotate_32f_C1, float)
+#undef PART_ABOUT
+
+#define PART_IN_PERSPECTIVE(name, operation, T)                                                              \
+    bool orvane##name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, int dstX, \
+                      int dstY, int dstWidth, int dstHeight, const double* coefficients, int interpolation)  \
+    {                                                                                                        \
+        return operation(src, {srcWidth, srcHeight}, srcStep, {0, 0, srcWidth, srcHeight}, dst, dstStep,     \
+                         {dstX, dstY, dstWidth, dstHeight, dstX, dstY}, coefficients, interpolation) ==      \
+               StatusOk;                                                                                     \
+    }
+PART_IN_PERSPECTIVE(WarpPerspectivePart_8u_C1, orv_WarpPerspective_8u_C1, unsigned char)
+PART_IN_PERSPECTIVE(WarpPerspectivePart_8u_C3, orv_WarpPerspective_8u_C3, unsigned char)
+PART_IN_PERSPECTIVE(WarpPerspectivePart_8u_C4, orv_WarpPerspective_8u_C4, unsigned char)
+PART_IN_PERSPECTIVE(WarpPerspectivePart_16u_C1, orv_WarpPerspective_16u_C1, unsigned short)
+PART_IN_PERSPECTIVE(WarpPerspectivePart_32f_C1, orv_WarpPerspective_32f_C1, float)
+#undef PART_IN_PERSPECTIVE
