@@ -14,7 +14,10 @@ cmake --build "$build" --target orvane_python wheel
 
 PYTHONPATH=$build/python $python -m pytest -q -p no:cacheprovider tests/python
 PYTHONPATH=$build/python $python scripts/check_documents.py "$build" docs/start_python.md
-(cd "$build/python" && MYPY_CACHE_DIR=$work/mypy $python -m mypy.stubtest orvane)
+# What cannot be imported here cannot be compared.
+$python -c 'import dask.array' 2> /dev/null || echo 'orvane\.dask' > "$work/not_there"
+touch "$work/not_there"
+(cd "$build/python" && MYPY_CACHE_DIR=$work/mypy $python -m mypy.stubtest --allowlist "$work/not_there" orvane)
 
 $python -m venv --system-site-packages "$work/venv"
 "$work/venv/bin/pip" install -q --no-index "$build"/python/orvane-*.whl

@@ -79,6 +79,8 @@ scripts/setup.sh test || { echo "some packages are missing; going on with what t
 
 python=OFF
 if scripts/setup.sh python > "$log_folder/setup_python.log" 2>&1; then python=ON; fi
+cluster=OFF
+if scripts/setup.sh cluster > "$log_folder/setup_cluster.log" 2>&1; then cluster=ON; fi
 
 if check "build, 64 bit" build release -DORVANE_BUILD_PYTHON=$python; then
     tests "tests, 64 bit" build/release/tests/orvane_tests $seed
@@ -96,6 +98,12 @@ if check "build, 64 bit" build release -DORVANE_BUILD_PYTHON=$python; then
         check "Python" scripts/check_python.sh build/release
     else
         skip "Python" "its packages are not there ($log_folder/setup_python.log)"
+    fi
+    if [ $cluster = ON ]; then
+        check "bands on cores and by MPI" scripts/check_cluster.sh build/release
+        [ $python = OFF ] || check "cluster" env ORVANE_PYTHON="$PWD/build/release/python" examples/cluster/run.sh --small
+    else
+        skip "cluster" "its packages are not there ($log_folder/setup_cluster.log)"
     fi
     check "site" scripts/check_site.sh build/release
 fi
