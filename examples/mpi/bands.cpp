@@ -56,7 +56,8 @@ private:
 void restore_band(const orvane::band& band, int width, raw_file& scan, raw_file& result)
 {
     const orvane::rows_read read = band.reading(around);
-    std::vector<unsigned char> in(static_cast<std::size_t>(width) * static_cast<std::size_t>(read.count)), out(in.size());
+    const std::size_t pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(read.count);
+    std::vector<unsigned char> in(pixels), out(pixels);
     scan.read(read, in.data());
     const grey made(out.data(), width, read.count, width);
     // The band's neighbours are computed, too, from edges that are not the image's: they are left out.
@@ -83,7 +84,9 @@ int main(int count, char** words)
         raw_file result(words[4], MPI_MODE_WRONLY | MPI_MODE_CREATE, width);
         result.set_height(height);
         const int rows = (height + processes - 1) / processes;
-        if (rank < orvane::bands_of(height, rows)) restore_band(orvane::band_of(height, rows, rank), width, scan, result);
+        if (rank < orvane::bands_of(height, rows)) {
+            restore_band(orvane::band_of(height, rows, rank), width, scan, result);
+        }
     }
     MPI_Finalize();
 }
