@@ -549,6 +549,72 @@ public:
     static bool ORVANE_CALL MaxIndx_64f(const double* src, int len, double* maximum, int* index);
     /// @}
 
+    // --------------------------------------------------------------------------------------------
+    /// @name Sorting
+    ///
+    /// A vector is put in order where it stands. Integers are ordered by value. Floats, too, with -0 before +0; behind
+    /// +infinity come the NaNs, first those without a sign by rising bits (0x7F800001 first, 0x7FFFFFFF last), then
+    /// those with one by falling bits (0xFFFFFFFF first). So two elements are equal only if all their bits are, and
+    /// the result is unique: elements are moved bit by bit, signalling NaNs stay what they are.
+    ///
+    /// Descend puts numbers from the greatest to the least, +0 before -0. The NaNs are behind them again, in the
+    /// reverse of their ascending order: a search for the greatest numbers need not step over them.
+    ///
+    /// Indx: `index[k]` receives the place, from 0, that srcDst[k] had before; equal elements keep the order of their
+    /// places in both directions (the sort is stable), so the index is unique as well. Its contents do not matter
+    /// before. It must not overlap srcDst.
+    ///
+    /// Checks: null pointer, len below 1, then memory. Those without an index never fail for lack of memory: 8u take
+    /// none, nor do elements of 32 and 64 bits where the processor has vectors of 256 bits; the others take a second
+    /// vector (16u: a table of 256 KB from 131072 elements on), and do without, many times slower, where there is
+    /// none. Those with an index take 8 bytes an element, 16 on older processors (8u, and less than 257 elements:
+    /// none); where these are not to be had or are more than 2^31 - 1 in all, they write nothing and give false.
+    ///
+    /// The time is N log N for any data, and neither order nor equal elements make it longer than random data do.
+    /// @{
+
+    /// srcDst in ascending order
+    static bool ORVANE_CALL SortAscend_8u_I(unsigned char* srcDst, int len);
+    /// srcDst in ascending order
+    static bool ORVANE_CALL SortAscend_16u_I(unsigned short* srcDst, int len);
+    /// srcDst in ascending order
+    static bool ORVANE_CALL SortAscend_32s_I(int* srcDst, int len);
+    /// srcDst in ascending order
+    static bool ORVANE_CALL SortAscend_32f_I(float* srcDst, int len);
+    /// srcDst in ascending order
+    static bool ORVANE_CALL SortAscend_64f_I(double* srcDst, int len);
+    /// srcDst in descending order
+    static bool ORVANE_CALL SortDescend_8u_I(unsigned char* srcDst, int len);
+    /// srcDst in descending order
+    static bool ORVANE_CALL SortDescend_16u_I(unsigned short* srcDst, int len);
+    /// srcDst in descending order
+    static bool ORVANE_CALL SortDescend_32s_I(int* srcDst, int len);
+    /// srcDst in descending order
+    static bool ORVANE_CALL SortDescend_32f_I(float* srcDst, int len);
+    /// srcDst in descending order
+    static bool ORVANE_CALL SortDescend_64f_I(double* srcDst, int len);
+    /// srcDst in ascending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxAscend_8u_I(unsigned char* srcDst, int* index, int len);
+    /// srcDst in ascending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxAscend_16u_I(unsigned short* srcDst, int* index, int len);
+    /// srcDst in ascending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxAscend_32s_I(int* srcDst, int* index, int len);
+    /// srcDst in ascending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxAscend_32f_I(float* srcDst, int* index, int len);
+    /// srcDst in ascending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxAscend_64f_I(double* srcDst, int* index, int len);
+    /// srcDst in descending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxDescend_8u_I(unsigned char* srcDst, int* index, int len);
+    /// srcDst in descending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxDescend_16u_I(unsigned short* srcDst, int* index, int len);
+    /// srcDst in descending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxDescend_32s_I(int* srcDst, int* index, int len);
+    /// srcDst in descending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxDescend_32f_I(float* srcDst, int* index, int len);
+    /// srcDst in descending order; index = the places its elements had
+    static bool ORVANE_CALL SortIndxDescend_64f_I(double* srcDst, int* index, int len);
+    /// @}
+
 protected:
     /// Does nothing: the class has no instances.
     SignalProcessingWrapper(const SignalProcessingWrapper& other);

@@ -108,6 +108,8 @@ class Overload:
                 return "array"
             if self.vectors and re.match(r"src|dst|re$|im$", argument.name):
                 return "vector"
+            if argument.name == "index" and self.method.has("srcDst"):
+                return "vector"  # of all elements; beside a source it is that of one
             return "constant" if argument.const else "result"
         if argument.name in ENUMERATIONS:
             return "code"

@@ -90,7 +90,7 @@ def from_overload(overload, enumerations):
     for p in overload.public:
         kind = p.kind if p.operand or p.kind == "array" else kind_of(p.type, enumerations)
         made = (p.operand and not p.const) or (kind == "array" and not p.const)
-        given = not (made and p.source.startswith("dst")) and not (kind == "array" and made) and kind != "result"
+        given = not (made and p.source.startswith(("dst", "index"))) and not (kind == "array" and made) and kind != "result"
         parameters.append(Parameter(p.name, p.type, kind, made, given, python_default(p.default)))
     if overload.operation.frame:
         source = overload.operands[0]

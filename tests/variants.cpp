@@ -973,6 +973,14 @@ auto make(Of<orv::SpectrumToPower>, const char*, TypedTrial& t, Generator& g)
     float* const dst = t.block<float>(length, Fill::uniform);
     return with(src, dst, order, length);
 }
+template <class T, class = std::enable_if_t<!std::is_const<T>::value>>
+auto make(Of<orv::VecIndexed<T>>, const char*, TypedTrial& t, Generator& g)
+{
+    const int n = uniform(g, 1, uniform(g, 0, 9) == 0 ? 5000 / kSmaller : 400);
+    T* const vector = t.block<T>(n, static_cast<Fill>(uniform(g, 0, 3)));
+    int* const index = t.block<int>(n, Fill::uniform);
+    return with(vector, index, orv::Length{n});
+}
 auto make(Of<orv::FillFromStream>, const char*, TypedTrial& t, Generator& g)
 {
     const int n = uniform(g, 1, 700 / kSmaller);

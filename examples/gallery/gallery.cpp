@@ -46,7 +46,7 @@ int main(int argc, char** argv)
         show_statistics(pictures, page);
         show_packed_spectra(pictures, page);
         show_small_matrices(pictures, page);
-        show_vectors(page);
+        show_vectors(pictures, page);
         show_psd(argc > 4 ? argv[4] : "", page);
         show_fft2(pictures, page);
         show_random(pictures, page);

@@ -18,7 +18,7 @@ void show_convolution(const Pictures& pictures, Page& page);
 void show_statistics(const Pictures& pictures, Page& page);
 void show_packed_spectra(const Pictures& pictures, Page& page);
 void show_small_matrices(const Pictures& pictures, Page& page);
-void show_vectors(Page& page);
+void show_vectors(const Pictures& pictures, Page& page);
 void show_psd(const std::string& sound, Page& page);
 void show_fft2(const Pictures& pictures, Page& page);
 void show_random(const Pictures& pictures, Page& page);

@@ -174,6 +174,10 @@ inline constexpr rule minimum_maximum<int>{cut::join};
 template <>
 inline constexpr rule minimum_maximum<double>{cut::join, {}, 0, 1};
 inline constexpr rule histogram{cut::join};
+inline constexpr rule sort{cut::whole};
+inline constexpr rule sort_descending{cut::whole};
+inline constexpr rule sort_index{cut::whole};
+inline constexpr rule sort_index_descending{cut::whole};
 inline constexpr rule phase{cut::point};
 inline constexpr rule multiply_packed{cut::whole};
 inline constexpr rule multiply_packed_conjugate{cut::whole};

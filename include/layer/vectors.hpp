@@ -945,6 +945,160 @@ inline status maximum(span<const double> source, double& greatest, int& index)
         &greatest, &index), detail::reason::memory);
 }
 
+/// elements in ascending order
+inline status sort(span<unsigned char> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort", {{"elements", elements}});
+    return detail::answer("sort", SignalProcessingWrapper::SortAscend_8u_I(elements.data(), detail::length(elements)),
+        detail::reason::memory);
+}
+
+inline status sort(span<unsigned short> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort", {{"elements", elements}});
+    return detail::answer("sort", SignalProcessingWrapper::SortAscend_16u_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort(span<int> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort", {{"elements", elements}});
+    return detail::answer("sort", SignalProcessingWrapper::SortAscend_32s_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort(span<float> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort", {{"elements", elements}});
+    return detail::answer("sort", SignalProcessingWrapper::SortAscend_32f_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort(span<double> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort", {{"elements", elements}});
+    return detail::answer("sort", SignalProcessingWrapper::SortAscend_64f_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+/// elements in descending order
+inline status sort_descending(span<unsigned char> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort_descending", {{"elements", elements}});
+    return detail::answer("sort_descending", SignalProcessingWrapper::SortDescend_8u_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_descending(span<unsigned short> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort_descending", {{"elements", elements}});
+    return detail::answer("sort_descending", SignalProcessingWrapper::SortDescend_16u_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_descending(span<int> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort_descending", {{"elements", elements}});
+    return detail::answer("sort_descending", SignalProcessingWrapper::SortDescend_32s_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_descending(span<float> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort_descending", {{"elements", elements}});
+    return detail::answer("sort_descending", SignalProcessingWrapper::SortDescend_32f_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_descending(span<double> elements)
+{
+    if (!detail::alike(elements)) return detail::unlike<detail::stretch>("sort_descending", {{"elements", elements}});
+    return detail::answer("sort_descending", SignalProcessingWrapper::SortDescend_64f_I(elements.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+/// elements in ascending order; index = the places its elements had
+inline status sort_index(span<unsigned char> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index", {{"elements", elements},
+        {"index", index}});
+    return detail::answer("sort_index", SignalProcessingWrapper::SortIndxAscend_8u_I(elements.data(), index.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index(span<unsigned short> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index", {{"elements", elements},
+        {"index", index}});
+    return detail::answer("sort_index", SignalProcessingWrapper::SortIndxAscend_16u_I(elements.data(), index.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index(span<int> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index", {{"elements", elements},
+        {"index", index}});
+    return detail::answer("sort_index", SignalProcessingWrapper::SortIndxAscend_32s_I(elements.data(), index.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index(span<float> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index", {{"elements", elements},
+        {"index", index}});
+    return detail::answer("sort_index", SignalProcessingWrapper::SortIndxAscend_32f_I(elements.data(), index.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index(span<double> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index", {{"elements", elements},
+        {"index", index}});
+    return detail::answer("sort_index", SignalProcessingWrapper::SortIndxAscend_64f_I(elements.data(), index.data(),
+        detail::length(elements)), detail::reason::memory);
+}
+
+/// elements in descending order; index = the places its elements had
+inline status sort_index_descending(span<unsigned char> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index_descending", {{"elements",
+        elements}, {"index", index}});
+    return detail::answer("sort_index_descending", SignalProcessingWrapper::SortIndxDescend_8u_I(elements.data(),
+        index.data(), detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index_descending(span<unsigned short> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index_descending", {{"elements",
+        elements}, {"index", index}});
+    return detail::answer("sort_index_descending", SignalProcessingWrapper::SortIndxDescend_16u_I(elements.data(),
+        index.data(), detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index_descending(span<int> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index_descending", {{"elements",
+        elements}, {"index", index}});
+    return detail::answer("sort_index_descending", SignalProcessingWrapper::SortIndxDescend_32s_I(elements.data(),
+        index.data(), detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index_descending(span<float> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index_descending", {{"elements",
+        elements}, {"index", index}});
+    return detail::answer("sort_index_descending", SignalProcessingWrapper::SortIndxDescend_32f_I(elements.data(),
+        index.data(), detail::length(elements)), detail::reason::memory);
+}
+
+inline status sort_index_descending(span<double> elements, span<int> index)
+{
+    if (!detail::alike(elements, index)) return detail::unlike<detail::stretch>("sort_index_descending", {{"elements",
+        elements}, {"index", index}});
+    return detail::answer("sort_index_descending", SignalProcessingWrapper::SortIndxDescend_64f_I(elements.data(),
+        index.data(), detail::length(elements)), detail::reason::memory);
+}
+
 /// destination = a * b, packed spectra
 inline status multiply_packed(span<const float> a, span<const float> b, span<float> destination)
 {

@@ -28,7 +28,11 @@ RANDOM = "src/spectral/random/random_numbers.cpp"
 PSD = "src/spectral/psd_object.cpp"
 NEAREST = "src/image/resize/resize_nearest.cpp"
 MORPHOLOGY = "src/image/rank/morphology.cpp"
-RANK_ORDER = "src/image/rank/order.h"
+RANK_ORDER = "src/math/order.h"
+SORT_BY_PARTS = "src/signal/sort_by_parts.h"
+SORT_ELEMENTS = "src/signal/sort_elements.h"
+SORT_HEAP = "src/signal/sort_heap.h"
+SORT_PLACES = "src/signal/sort_places.h"
 RANKED_TILE = "src/image/rank/ranked_tile.h"
 SMALL_MEDIANS = "src/image/rank/small_medians.h"
 FEATURES = "src/core/features.cpp"
@@ -115,10 +119,16 @@ FAULTS = [
     ("estimates that are not checked", WARP_MANY, "kUnsure = 1.f / 512", "kUnsure = 0", "Warp*"),
     ("the last pixels of a run left out", WARP_MANY, "if (k < end) visit(end - step);", "", "Warp*"),
     # Rank filters.
-    ("NaNs with a sign in front", RANK_ORDER, "return turned(bits) - simd::splat<V>(kSignedNans);", "return turned(bits);", "Rank*:Morphology*"),
+    ("NaNs with a sign in front", RANK_ORDER, "return turned(bits) - simd::splat<V>(kSignedNansOf<typename V::lane>);", "return turned(bits);", "Rank*:Morphology*"),
     ("the row above, overwritten", MORPHOLOGY, "y == 0 ? src : keeps ? kept : row_at(src, srcStep, y - 1)",
      "y == 0 ? src : keeps && height < 0 ? kept : row_at(src, srcStep, y - 1)", "Morphology*"),
     ("a window that forgets what left below", RANKED_TILE, "below -= flip(leaving[i * apart]);", "flip(leaving[i * apart]);", "RankMedian*"),
+    # Sorting.
+    ("a gap without room for a vector", SORT_BY_PARTS, "unread_ - lower_ <= upper_ - unread_end_ ? n : 0",
+     "unread_ - lower_ >= upper_ - unread_end_ ? n : 0", "Sorting*"),
+    ("a heap whose top is not made", SORT_HEAP, "n / 2 - 1; i >= 0; --i", "n / 2 - 1; i > 0; --i", "Sorting*LongPatterns"),
+    ("zeros that lose their signs", SORT_ELEMENTS, "(i - low < negative_zeros_) != falling", "(i - low <= negative_zeros_) != falling", "Sorting*"),
+    ("equal doubles out of their order", SORT_PLACES, "return key_at(a) < key_at(b);", "return key_at(a) <= key_at(b);", "Sorting*"),
     # Convolution.
     ("a sum that starts as +0", CONVOLUTION_SUMS, "count == 0 ? 0.0 : -0.0", "0.0", "Convolution*"),
     ("a row beyond the frame", CONVOLUTION, "job.source(y < last ? y : last)", "job.source(y < last ? y : y)", "Convolution*:" + VARIANTS),

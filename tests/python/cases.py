@@ -229,6 +229,15 @@ calls("deviation_of_sums", *(Call((a.mean(), a.std()), a.size, *map(int, sums), 
 levels = np.array([0, 50, 100, 150, 200])
 calls("histogram", Call((np.histogram(BYTES[BYTES < 200], levels)[0], levels), BYTES, 4, 0, 200))
 
+# --- sorting ----------------------------------------------------------------------------------------
+
+VECTORS = [pixels(dtype, 300) for dtype in ("u1", "u2", "i4", "f4", "f8")]
+calls("sort", *(Call(np.sort(v), v) for v in VECTORS))
+calls("sort_descending", *(Call(np.sort(v)[::-1], v) for v in VECTORS))
+calls("sort_index", *(Call((np.sort(v), np.argsort(v, kind="stable")), v) for v in VECTORS))
+calls("sort_index_descending", *(Call((np.sort(v)[::-1], np.argsort(-v.astype("f8"), kind="stable")), v)
+                                 for v in VECTORS))
+
 # --- spectra ----------------------------------------------------------------------------------------
 
 

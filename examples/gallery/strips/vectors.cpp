@@ -197,13 +197,41 @@ void show_windows(Page& page)
               "A tone of 60.5 periods, and one of 90 that is 50 dB weaker: without the window it is hidden");
 }
 
+// A sorted vector has each value in one stretch, as long as the value is frequent; the median in the middle.
+void show_sorting(const Picture& photo, Page& page)
+{
+    page.family("SignalProcessingWrapper", "Sorting",
+                "In place, numbers before NaNs, with or without the places that elements had.");
+    const Picture one = grey(photo);
+    std::vector<unsigned char> pixels, sorted;
+    for (int y = 0; y < one.height; ++y) pixels.insert(pixels.end(), one.row(y), one.row(y) + one.width);
+    const int n = static_cast<int>(pixels.size());
+    Run run{"W::SortAscend_8u_I(sorted.data(), n)"};
+    run.microseconds =
+        best_microseconds([&] { return sorted = pixels, W::SortAscend_8u_I(sorted.data(), n); }, run.ok);
+    std::vector<double> histogram;
+    auto from = sorted.begin();
+    for (int value = 0; value < 256; ++value) {
+        const auto to = std::upper_bound(from, sorted.end(), value);
+        histogram.push_back(static_cast<double>(to - from));
+        from = to;
+    }
+    const double most = 1.05 * *std::max_element(histogram.begin(), histogram.end());
+    const double median = sorted[sorted.size() / 2];
+    page.show(Plot("brightness", "pixels", 0, 256, 0, most)
+                  .columns(histogram, "#3b76a8")
+                  .curve({median, median}, {0, most}, "#c25b4e", "median"),
+              "A histogram by sorting: how far each brightness reaches (the time is that of a copy, too)", run);
+}
+
 }  // namespace
 
-void show_vectors(Page& page)
+void show_vectors(const Pictures& pictures, Page& page)
 {
     show_memory(page);
     show_vector_arithmetic(page);
     show_statistics_of_vectors(page);
     show_errors(page);
     show_windows(page);
+    show_sorting(pictures.photo, page);
 }

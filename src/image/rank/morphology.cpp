@@ -10,7 +10,7 @@
 #include "core/checks.h"
 #include "core/memory.h"
 #include "core/sizes.h"
-#include "image/rank/order.h"
+#include "math/order.h"
 #include "simd/edges.h"
 #include "simd/vec.h"
 

@@ -10,8 +10,8 @@
 #include <cstdint>
 
 #include "core/checks.h"
-#include "image/rank/order.h"
 #include "math/bits.h"
+#include "math/order.h"
 
 #if defined(__BMI2__)
 #include <immintrin.h>

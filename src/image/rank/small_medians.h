@@ -6,18 +6,11 @@
 // so few are left that may be the median, and of each row only these are sorted.
 #pragma once
 
-#include "image/rank/order.h"
+#include "math/order.h"
 
 namespace orv {
 inline namespace ORV_LEVEL {
 
-template <class V>
-ORV_INLINE void exchange(V& less, V& more)
-{
-    const V least = simd::min(less, more);
-    more = simd::max(less, more);
-    less = least;
-}
 template <class V>
 ORV_INLINE void sort(V& a, V& b, V& c, V& d)
 {
