@@ -13,6 +13,10 @@
 //         orvane::copy(b.inside(in).of(work), b.of(result)).check();
 //     });
 //
+// What is cut by its destination (orvane::cut::destination) takes the place of the band instead of a halo:
+//
+//     orvane::resize(photo, part, how, 0, b.first, result.width(), result.height()).check();
+//
 // It includes nothing but the standard library. C++17 or later; threads need -pthread on older systems.
 #ifndef ORVANE_TILES_HPP
 #define ORVANE_TILES_HPP

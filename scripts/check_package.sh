@@ -37,7 +37,7 @@ for header in include/*.h; do
     compiles g++ c++11 "$(basename "$header")"
     compiles g++ c++11 "orvane/$(basename "$header")"
 done
-for header in orvane.hpp orvane/orvane.hpp $(cd include && echo layer/*.hpp); do compiles g++ c++17 "$header"; done
+for header in orvane.hpp orvane/orvane.hpp orvane_tiles.hpp $(cd include && echo layer/*.hpp); do compiles g++ c++17 "$header"; done
 for compiler in g++ clang++; do
     command -v $compiler > /dev/null || continue
     for standard in c++17 c++20; do compiles $compiler $standard orvane/orvane.hpp; done

@@ -3,7 +3,7 @@
 #define ORVANE_LAYER_STATISTICS_HPP
 
 #include "../Parts.h"
-#include "status.hpp"
+#include "checks.hpp"
 
 namespace orvane {
 

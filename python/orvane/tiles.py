@@ -15,6 +15,12 @@ place        another place for its result: transposition, mirrors
 destination  the whole source: parts are the destination's
 join         to be joined with the others' results by `join`; grid[0] is 0 where parts are whole rows
 whole        all of the image
+
+Parts of a destination say where they begin in it, and how large it is:
+
+    part = orvane.resize(image, (rows, width), origin_y=first, whole_width=width, whole_height=height)
+
+Deviations follow from joined sums of squares: orvane.deviation_of_sums(pixels, *join("sum_squares", parts)).
 """
 
 import collections.abc as abc

@@ -79,6 +79,14 @@ TEST(LayerResize, Refusals)
     EXPECT_STREQ(orvane::resize(source, {}, interpolation::linear).argument(), "destination");
     EXPECT_STREQ(orvane::resize(source, source.part(0, 0, 12, 6), interpolation::linear).argument(), "destination");
     EXPECT_TRUE(orvane::resize(tiny, made, interpolation::cubic)) << "the plan takes 4 x 4 and more";
+    EXPECT_STREQ(orvane::resize(source, made, interpolation::linear, -1).argument(), "origin_x");
+    EXPECT_STREQ(orvane::resize(source, made, interpolation::linear, 0, 0x7fffffff).argument(), "origin_y");
+    EXPECT_STREQ(orvane::resize(source, made, interpolation::linear, 1, 0, 12).argument(), "whole_width");
+    EXPECT_STREQ(orvane::resize(source, made, interpolation::linear, 0, 1, 0, 7).argument(), "whole_height");
+    EXPECT_STREQ(orvane::zoom(source, made, 2, 0, 0, true, 5, 0, 16).argument(), "whole_width");
+    EXPECT_STREQ(orvane::rotate(source, made, 30, 0, 0, interpolation::linear, 0, -1).argument(), "origin_y");
+    EXPECT_TRUE(orvane::resize(source, tiny, interpolation::area, 9, 3, 12, 6)) << "the ratio is the whole's";
+    EXPECT_STREQ(orvane::resize(source, tiny, interpolation::area, 9, 3, 12, 7).argument(), "destination");
     half(0, 0, 0) = 7;
     const test::AllocationFailure none(0);
     EXPECT_EQ(orvane::resize(source, half, interpolation::area).result(), orvane::outcome::out_of_memory);

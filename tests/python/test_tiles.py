@@ -308,6 +308,14 @@ def test_errors_arrive(threads):
         map_bands(lambda part: 1 // 0, np.zeros((9, 9)), 1, threads=threads)
 
 
+def test_deviations_join():
+    image = noise("image", "u2", 130, 47)
+    sums = join("sum_squares", [orvane.sum_squares(image[band.rows]) for band in bands(130, 9)])
+    assert orvane.deviation_of_sums(image.size, *sums) == orvane.mean_deviation(image)
+    with pytest.raises(orvane.ArgumentError, match="beyond uint64"):
+        orvane.deviation_of_sums(1, 2 ** 64, 0)
+
+
 def test_first_of_equals_wins():
     extremes = np.array([[np.nan, np.nan], [-0.0, 0.0], [0.0, -0.0]], "f4")
     for name in ("minimum", "maximum"):
