@@ -519,7 +519,7 @@ auto make(Of<orv::Resample<T>>, const char* name, TypedTrial& t, Generator& g)
     static const double factors[] = {0.25, 0.3, 0.5, 1, 1.7, 2, 3.25};
     const double fx = halves ? 0.5 : factors[uniform(g, 0, 6)], fy = halves ? 0.5 : factors[uniform(g, 0, 6)];
     const double sx = halves ? 0 : uniform(g, -40, 40) / 4.0, sy = halves ? 0 : uniform(g, -40, 40) / 4.0;
-    const int interpolation = random_interpolation(g);
+    const int interpolation = halves ? orv::kSupersampling : random_interpolation(g);
     const auto buffer = buffer_for_all(orv::orv_ResizeGetBufSize, srcRoi, dstRoi, pixel, interpolation);
     return [=](auto* kernel) {
         return kernel(src, from, srcStep, srcRoi, dst, dstStep, dstRoi, fx, fy, sx, sy, interpolation,

@@ -202,9 +202,9 @@ FAULTS = [
      'frame = ["anchor_x", "anchor_y", "kernel_width - 1 - anchor_x", "kernel_height - 1 - anchor_y"]', "rules"),
     ("a part that begins a row too late", "src/image/resize/resample.cpp", "y.begin - std::ptrdiff_t{dstRoi.top}", "y.begin - std::ptrdiff_t{dstRoi.top} + (dstRoi.top != 0)", "Parts*"),
     ("a part of the destination is taken for the whole", "src/facade/image/resize/resize.cpp", "with_plan(Apply::kInterpolation, source, whole, channels,", "with_plan(Apply::kInterpolation, source, Size{part.width, part.height}, channels,", "Parts*"),
-    ("bytes of one channel are halved as colours", "src/image/resize/halving.h", "        if constexpr (Channels == 1) return simd::load<Bytes>(p);\n", "", VARIANTS),
+    ("bytes of one channel are halved as colours", "src/image/resize/halving.h", "        if constexpr (Channels == 1) return simd::load<Bytes>(p);\n", "", "Parts*"),
     ("a halo that is cropped twice", "include/orvane_tiles.hpp", "return {first - read.first, count};", "return {first - read.first, read.count};", "Tiles*"),
-    ("a halo beyond the image", "include/orvane_tiles.hpp", "above + count + (rest < around.bottom ? rest : around.bottom)", "above + count + around.bottom", "Tiles*"),
+    ("a halo beyond the image", "include/orvane_tiles.hpp", "above + count + (rest < around.bottom ? rest : around.bottom)", "above + count + (rest < around.bottom ? rest + 1 : around.bottom)", "Tiles*"),
     ("a sum that double does not hold is fused", "src/image/arithmetic/float_arithmetic.cpp", "greater_equal(size, 4.0f)", "greater_equal(size, 2.0f)", "FloatArithmetic*"),
     ("a quotient beyond the type wraps", "src/signal/scaled_words.h", " | simd::equal(nearest, simd::splat<V>(INT32_MIN));", ";", "VectorArithmetic*"),
     # Dispatch, symbols, levels, layers.
