@@ -100,6 +100,112 @@ public:
     /// @}
 
     // --------------------------------------------------------------------------------------------
+    /// @name Conversion
+    ///
+    /// dst = src in another type of elements:
+    ///
+    ///   to a type that holds every value    exact
+    ///   to narrower integers                saturated; negative values become 0 in unsigned types
+    ///   32s to 32f, 64f to 32f              rounded to nearest, ties to even; beyond the range infinity, below it
+    ///                                       subnormal numbers or 0
+    ///   32f, 64f to integers                the nearest integer, ties to even, saturated; a NaN gives 0
+    ///
+    /// Between 32f and 64f a NaN keeps its sign and the upper bits of its payload, and becomes quiet.
+    ///
+    /// Signed 16-bit samples enter as 32f and leave so.
+    ///
+    /// dst may be exactly src where the elements of both have one size; other overlaps are not supported. Checks: null
+    /// pointer, len below 1.
+    /// @{
+
+    /// dst = src, 8u to 16u
+    static bool ORVANE_CALL Convert_8u16u(const unsigned char* src, unsigned short* dst, int len);
+    /// dst = src, 8u to 32s
+    static bool ORVANE_CALL Convert_8u32s(const unsigned char* src, int* dst, int len);
+    /// dst = src, 8u to 32f
+    static bool ORVANE_CALL Convert_8u32f(const unsigned char* src, float* dst, int len);
+    /// dst = src, 8u to 64f
+    static bool ORVANE_CALL Convert_8u64f(const unsigned char* src, double* dst, int len);
+    /// dst = src, 16u to 8u
+    static bool ORVANE_CALL Convert_16u8u(const unsigned short* src, unsigned char* dst, int len);
+    /// dst = src, 16u to 32s
+    static bool ORVANE_CALL Convert_16u32s(const unsigned short* src, int* dst, int len);
+    /// dst = src, 16u to 32f
+    static bool ORVANE_CALL Convert_16u32f(const unsigned short* src, float* dst, int len);
+    /// dst = src, 16u to 64f
+    static bool ORVANE_CALL Convert_16u64f(const unsigned short* src, double* dst, int len);
+    /// dst = src, 32s to 8u
+    static bool ORVANE_CALL Convert_32s8u(const int* src, unsigned char* dst, int len);
+    /// dst = src, 32s to 16u
+    static bool ORVANE_CALL Convert_32s16u(const int* src, unsigned short* dst, int len);
+    /// dst = src, 32s to 32f
+    static bool ORVANE_CALL Convert_32s32f(const int* src, float* dst, int len);
+    /// dst = src, 32s to 64f
+    static bool ORVANE_CALL Convert_32s64f(const int* src, double* dst, int len);
+    /// dst = src, 32f to 8u
+    static bool ORVANE_CALL Convert_32f8u(const float* src, unsigned char* dst, int len);
+    /// dst = src, 32f to 16u
+    static bool ORVANE_CALL Convert_32f16u(const float* src, unsigned short* dst, int len);
+    /// dst = src, 32f to 32s
+    static bool ORVANE_CALL Convert_32f32s(const float* src, int* dst, int len);
+    /// dst = src, 32f to 64f
+    static bool ORVANE_CALL Convert_32f64f(const float* src, double* dst, int len);
+    /// dst = src, 64f to 8u
+    static bool ORVANE_CALL Convert_64f8u(const double* src, unsigned char* dst, int len);
+    /// dst = src, 64f to 16u
+    static bool ORVANE_CALL Convert_64f16u(const double* src, unsigned short* dst, int len);
+    /// dst = src, 64f to 32s
+    static bool ORVANE_CALL Convert_64f32s(const double* src, int* dst, int len);
+    /// dst = src, 64f to 32f
+    static bool ORVANE_CALL Convert_64f32f(const double* src, float* dst, int len);
+    /// dst = src, 16s to 32f
+    static bool ORVANE_CALL Convert_16s32f(const short* src, float* dst, int len);
+    /// dst = src, 32f to 16s
+    static bool ORVANE_CALL Convert_32f16s(const float* src, short* dst, int len);
+    /// @}
+
+    // --------------------------------------------------------------------------------------------
+    /// @name Slopes and ramps
+    ///
+    /// Values at even distances, computed in double, then converted to the type of the elements: 64f as they are, 32f
+    /// rounded to nearest, integers to the nearest one with ties to even, saturated.
+    ///
+    /// Each element comes from its own index i = 0, 1, ... len - 1, which is exact, by one product and one sum, each
+    /// rounded: no error adds up along the vector. Beyond the range of doubles a slope is infinite.
+    ///
+    /// A ramp is first + step i, where step = (last - first) / (len - 1) is rounded after the difference and after the
+    /// quotient. Its ends are first and last themselves; one element is first. If the difference overflows, all
+    /// between the ends are infinite.
+    ///
+    /// A NaN is 0xFFF8000000000000, as a float 0xFFC00000, as an integer 0.
+    ///
+    /// Checks: null pointer, len below 1.
+    /// @{
+
+    /// dst[i] = offset + slope i
+    static bool ORVANE_CALL VectorSlope_8u(double offset, double slope, unsigned char* dst, int len);
+    /// dst[i] = offset + slope i
+    static bool ORVANE_CALL VectorSlope_16u(double offset, double slope, unsigned short* dst, int len);
+    /// dst[i] = offset + slope i
+    static bool ORVANE_CALL VectorSlope_32s(double offset, double slope, int* dst, int len);
+    /// dst[i] = offset + slope i
+    static bool ORVANE_CALL VectorSlope_32f(double offset, double slope, float* dst, int len);
+    /// dst[i] = offset + slope i
+    static bool ORVANE_CALL VectorSlope_64f(double offset, double slope, double* dst, int len);
+
+    /// dst[i] = first + i (last - first) / (len - 1), from first to last
+    static bool ORVANE_CALL VectorRamp_8u(double first, double last, unsigned char* dst, int len);
+    /// dst[i] = first + i (last - first) / (len - 1), from first to last
+    static bool ORVANE_CALL VectorRamp_16u(double first, double last, unsigned short* dst, int len);
+    /// dst[i] = first + i (last - first) / (len - 1), from first to last
+    static bool ORVANE_CALL VectorRamp_32s(double first, double last, int* dst, int len);
+    /// dst[i] = first + i (last - first) / (len - 1), from first to last
+    static bool ORVANE_CALL VectorRamp_32f(double first, double last, float* dst, int len);
+    /// dst[i] = first + i (last - first) / (len - 1), from first to last
+    static bool ORVANE_CALL VectorRamp_64f(double first, double last, double* dst, int len);
+    /// @}
+
+    // --------------------------------------------------------------------------------------------
     /// @name Vector arithmetic
     ///
     /// The second source is the left operand: src2 - src1, src2 / src1; in place, srcDst - src, srcDst / src.

@@ -211,7 +211,7 @@ class Operation:
 
     def stores(self):
         """Whether it only fills what is given."""
-        return self.elementwise and not any(p.given and p.kind in PIXELS for f in self.functions for p in f.parameters)
+        return self.equal and not any(p.given and p.kind in PIXELS for f in self.functions for p in f.parameters)
 
     def shape(self):
         f = self.functions[0]

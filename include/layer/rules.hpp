@@ -13,6 +13,8 @@ inline constexpr rule copy{cut::point};
 inline constexpr rule fill{cut::point};
 inline constexpr rule clear{cut::point};
 inline constexpr rule convert{cut::point};
+inline constexpr rule slope{cut::whole};
+inline constexpr rule ramp{cut::whole};
 inline constexpr rule swap_channels{cut::point};
 inline constexpr rule transpose{cut::place};
 inline constexpr rule mirror{cut::place};

@@ -145,6 +145,255 @@ inline status clear(span<Complex32f> destination)
         detail::length(destination)), detail::reason::memory);
 }
 
+/// destination = source, 8u to 16u
+inline status convert(span<const unsigned char> source, span<unsigned short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_8u16u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned char> source, span<int> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_8u32s(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned char> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_8u32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned char> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_8u64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned short> source, span<unsigned char> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_16u8u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned short> source, span<int> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_16u32s(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned short> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_16u32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const unsigned short> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_16u64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const int> source, span<unsigned char> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32s8u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const int> source, span<unsigned short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32s16u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const int> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32s32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const int> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32s64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const float> source, span<unsigned char> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32f8u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const float> source, span<unsigned short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32f16u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const float> source, span<int> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32f32s(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const float> source, span<double> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32f64f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const double> source, span<unsigned char> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_64f8u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const double> source, span<unsigned short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_64f16u(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const double> source, span<int> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_64f32s(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const double> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_64f32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const short> source, span<float> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_16s32f(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+inline status convert(span<const float> source, span<short> destination)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("convert", {{"source", source},
+        {"destination", destination}});
+    return detail::answer("convert", SignalProcessingWrapper::Convert_32f16s(source.data(), destination.data(),
+        detail::length(source)), detail::reason::memory);
+}
+
+/// destination[i] = offset + slope i
+inline status slope(double offset, double slope, span<unsigned char> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("slope", {{"destination", destination}});
+    return detail::answer("slope", SignalProcessingWrapper::VectorSlope_8u(offset, slope, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status slope(double offset, double slope, span<unsigned short> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("slope", {{"destination", destination}});
+    return detail::answer("slope", SignalProcessingWrapper::VectorSlope_16u(offset, slope, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status slope(double offset, double slope, span<int> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("slope", {{"destination", destination}});
+    return detail::answer("slope", SignalProcessingWrapper::VectorSlope_32s(offset, slope, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status slope(double offset, double slope, span<float> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("slope", {{"destination", destination}});
+    return detail::answer("slope", SignalProcessingWrapper::VectorSlope_32f(offset, slope, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status slope(double offset, double slope, span<double> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("slope", {{"destination", destination}});
+    return detail::answer("slope", SignalProcessingWrapper::VectorSlope_64f(offset, slope, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+/// destination[i] = first + i (last - first) / (len - 1), from first to last
+inline status ramp(double first, double last, span<unsigned char> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("ramp", {{"destination", destination}});
+    return detail::answer("ramp", SignalProcessingWrapper::VectorRamp_8u(first, last, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status ramp(double first, double last, span<unsigned short> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("ramp", {{"destination", destination}});
+    return detail::answer("ramp", SignalProcessingWrapper::VectorRamp_16u(first, last, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status ramp(double first, double last, span<int> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("ramp", {{"destination", destination}});
+    return detail::answer("ramp", SignalProcessingWrapper::VectorRamp_32s(first, last, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status ramp(double first, double last, span<float> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("ramp", {{"destination", destination}});
+    return detail::answer("ramp", SignalProcessingWrapper::VectorRamp_32f(first, last, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
+inline status ramp(double first, double last, span<double> destination)
+{
+    if (!detail::alike(destination)) return detail::unlike<detail::stretch>("ramp", {{"destination", destination}});
+    return detail::answer("ramp", SignalProcessingWrapper::VectorRamp_64f(first, last, destination.data(),
+        detail::length(destination)), detail::reason::memory);
+}
+
 /// destination = scaled(a + b)
 inline status add(span<const unsigned char> a, span<const unsigned char> b, span<unsigned char> destination,
                   int scale = 0)

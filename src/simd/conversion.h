@@ -101,6 +101,10 @@ ORV_INLINE vec<u8, 4 * N> pack(vec<s32, N> a, vec<s32, N> b, vec<s32, N> c, vec<
     return narrowed_twice(narrow(pair<vec<u16, 2 * N>>{{low.v}, {high.v}}));
 }
 
+// Signed words, saturated; bytes of words below 2^15, likewise.
+ORV_INLINE vec<s16, 8> pack_words(vec<s32, 4> a, vec<s32, 4> b) { return narrow(pair<vec<s32, 4>>{a, b}); }
+ORV_INLINE vec<u8, 16> pack_bytes(vec<u16, 8> a, vec<u16, 8> b) { return narrow(pair<vec<u16, 8>>{a, b}); }
+
 // Lanes of all ones and all zeros as bytes, in memory order.
 template <class T>
 ORV_INLINE vec<u8, 16> pack_masks(vec<T, 16 / sizeof(T)> a, vec<T, 16 / sizeof(T)> b)
@@ -209,6 +213,14 @@ ORV_INLINE vec<u8, 32> narrowed_twice(vec<u8, 32> a)
 ORV_INLINE vec<u16, 16> pack(vec<s32, 8> a, vec<s32, 8> b)
 {
     return {_mm256_permute4x64_epi64(_mm256_packus_epi32(a.v, b.v), 0xD8)};
+}
+ORV_INLINE vec<s16, 16> pack_words(vec<s32, 8> a, vec<s32, 8> b)
+{
+    return {_mm256_permute4x64_epi64(_mm256_packs_epi32(a.v, b.v), 0xD8)};
+}
+ORV_INLINE vec<u8, 32> pack_bytes(vec<u16, 16> a, vec<u16, 16> b)
+{
+    return {_mm256_permute4x64_epi64(_mm256_packus_epi16(a.v, b.v), 0xD8)};
 }
 template <class T>
 ORV_INLINE vec<u8, 32> pack_masks(vec<T, 32 / sizeof(T)> a, vec<T, 32 / sizeof(T)> b)

@@ -7,6 +7,8 @@ one of CTESTS in mutation.py, "rules", or "build".
 
 VARIANTS = "Variants.*"
 SPECTRA = "src/signal/spectra.cpp"
+ELEMENT_TYPES = "src/signal/element_types.h"
+RAMPS = "src/signal/vector_ramps.cpp"
 FULL_VECTORS = "src/elementwise/full_vectors.h"
 WINDOWS = "src/elementwise/windows.h"
 PACKED = "src/spectral/packed_images.cpp"
@@ -82,6 +84,10 @@ FAULTS = [
     ("operands exchanged under a conjugate", SPECTRA, "multiply_packed<ComplexProductConjugate>(src, srcDst, srcDst,", "multiply_packed<ComplexProductConjugate>(srcDst, src, srcDst,", "*Spectra*:*Pack*"),
     ("a fused product", MATRICES, "rounded(sum[k % 4] + rounded(get(a.at(i, k)) * get(v.at(0, k))))",
      "static_cast<T>(__builtin_fma(get(a.at(i, k)), get(v.at(0, k)), sum[k % 4]))", VARIANTS),
+    ("a fused slope", RAMPS, "return rounded(offset + rounded(slope * static_cast<double>(i)));", "return __builtin_fma(slope, static_cast<double>(i), offset);", "VectorRamps*:" + VARIANTS),
+    ("a ramp that ends where its last step leads", RAMPS, "        put(dst + steps, element_of<T>(end));\n", "", "VectorRamps*"),
+    ("a float above the integers becomes the lowest", ELEMENT_TYPES, "greater_equal(x, V(0x1p31f))", "greater(x, V(0x1p31f))", "VectorConversions*"),
+    ("a tie goes away from zero", ELEMENT_TYPES, "(size == 0.5 && (whole & 1) != 0)", "size == 0.5", "VectorConversions*"),
     ("another order of a product", RANDOM, "return radius * sigma * sine + mean;", "return radius * (sigma * sine) + mean;", "Hashes*"),
     ("a signalling NaN is passed on", WINDOWS, "is_nan_bits<float>(bits) ? bits | Bits<float>::kQuiet : bits_of", "is_nan_bits<float>(bits) ? bits : bits_of", "*Spectra*:*Hamming*:*Win*"),
     ("a row of the source too high", NEAREST, "row_at(src, srcStep, rows[y])", "row_at(src, srcStep, rows[y > 0 ? y - 1 : 0])", "Resize*:Hashes*"),

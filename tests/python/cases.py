@@ -29,6 +29,10 @@ calls("fill", Call(np.full((3, 4), 7, "u1"), BYTES[:3, :4].copy(), 7),
 calls("convert", Call(np.clip(np.rint(FLOATS * 40), 0, 255), FLOATS * 40, "uint8"))
 SEQUENCES = [pixels(t, 3, 4) for t in "u1 u2 i4 f4 f8 c8".split()]
 calls("clear", *(Call(np.zeros_like(a), a.copy()) for a in SEQUENCES))
+RAMPED = [np.zeros(12, t) for t in "u1 u2 i4 f4 f8".split()]
+calls("slope", *(Call(3 + 2.0 * np.arange(12), a.copy(), 3, 2) for a in RAMPED))
+calls("ramp", *(Call(np.linspace(5, 49, 12), a.copy(), 5, 49) for a in RAMPED),
+      Call(np.linspace(-1, 2, 7), np.zeros(7), -1, 2, within=1e-15))
 calls("transpose", Call(FLOATS.T, FLOATS))
 calls("mirror", *(Call(np.flip(a, axes), a, about=about) for a in (WORDS, COLOURS, ALPHA)
                   for about, axes in (("horizontal", 0), ("vertical", 1), ("both", (0, 1)))))

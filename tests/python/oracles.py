@@ -160,6 +160,17 @@ def constant(a):
     return (3,)
 
 
+CONVERTED = "u1 u2 i4 f4 f8".split()
+
+
+def another_type(k):
+    return lambda a: (CONVERTED[(CONVERTED.index(a.dtype.str[1:]) + k) % len(CONVERTED)],)
+
+
+def converted(a, dtype):
+    return a.astype(dtype) if np.dtype(dtype).kind == "f" else clipped(a.astype(float), dtype)
+
+
 def limits(a):
     """Integers have only the form with a value."""
     return (3, 7) if is_integer(a) or a.size % 2 else (3,)
@@ -172,7 +183,7 @@ def scaling(a):
 # oracle, types, further arguments, tolerance (absolute and relative); channels where they are told.
 ELEMENTWISE = {
     "copy": (lambda a: a, NUMBERS, [], 0),
-    "convert": (lambda a, dtype: a.astype(dtype), "u1 u2", [lambda a: ("f4",)], 0),
+    "convert": (converted, " ".join(CONVERTED), [another_type(k) for k in range(1, 5)], 0),
     "add": (scaled(lambda x, y: x + y), NUMBERS, [twin, constant], 0),
     "subtract": (scaled(lambda x, y: x - y), "u1 u2 i2 i4 f4 c8", [twin, constant], 0),
     "multiply": (scaled(lambda x, y: x * y), NUMBERS, [twin, constant], 1e-6),

@@ -40,6 +40,54 @@ void show_memory(Page& page)
               "Forty elements, moved to the right by sixteen within their own vector", run);
 }
 
+void show_conversion(Page& page)
+{
+    page.family("SignalProcessingWrapper", "Conversion",
+                "From one type of elements to another: rounded to the nearest, ties to even, saturated.");
+    const int n = 640;
+    std::vector<float> tone(n), back(n);
+    std::vector<unsigned char> bytes(n);
+    for (int i = 0; i < n; ++i) {
+        const double t = 2 * kPi * i / n;
+        tone[static_cast<std::size_t>(i)] = static_cast<float>(3 + 4.5 * std::sin(t));
+    }
+    SHOW(page,
+         Plot("element", "value", 0, n, -2, 8)
+             .curve(doubles(tone), "#999999", "32f")
+             .curve(doubles(back), "#3b76a8", "8u"),
+         "Floats as bytes: steps of whole numbers, and nothing below 0",
+         W::Convert_32f8u(tone.data(), bytes.data(), n) && W::Convert_8u32f(bytes.data(), back.data(), n));
+}
+
+// How far values are from start + step i, in millionths.
+std::vector<double> drift(const std::vector<double>& v, double start, double step)
+{
+    std::vector<double> errors;
+    for (std::size_t i = 0; i < v.size(); i += 2000) {
+        const long double exact = static_cast<long double>(start) + static_cast<long double>(step) * i;
+        errors.push_back(static_cast<double>((v[i] - exact) * 1e6L));
+    }
+    return errors;
+}
+
+void show_ramps(Page& page)
+{
+    page.family("SignalProcessingWrapper", "Slopes and ramps",
+                "Values at even distances, each from its own index, so that no error adds up.");
+    const int n = 1000000;
+    std::vector<double> slope(n), sums(n);
+    double sum = 0;
+    for (double& value : sums) {
+        value = sum;
+        sum += 0.1;
+    }
+    SHOW(page,
+         Plot("thousand elements", "error (millionths)", 0, n / 1000, -0.5, 1.5)
+             .curve(drift(sums, 0, 0.1), "#999999", "0.1 added again and again")
+             .curve(drift(slope, 0, 0.1), "#3b76a8", "the slope"),
+         "A million steps of 0.1", W::VectorSlope_64f(0, 0.1, slope.data(), n));
+}
+
 void show_vector_arithmetic(Page& page)
 {
     page.family("SignalProcessingWrapper", "Vector arithmetic",
@@ -229,6 +277,8 @@ void show_sorting(const Picture& photo, Page& page)
 void show_vectors(const Pictures& pictures, Page& page)
 {
     show_memory(page);
+    show_conversion(page);
+    show_ramps(page);
     show_vector_arithmetic(page);
     show_statistics_of_vectors(page);
     show_errors(page);
