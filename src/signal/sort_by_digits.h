@@ -9,44 +9,66 @@
 namespace orv {
 inline namespace ORV_LEVEL {
 
-// Elements to where those of their digit go: move(i, place) for each i, where those with lesser digits and those before
-// it with the same one have lesser places. False where all have one digit, and nothing is moved.
-//
-// Several stretches at a time, each with places of its own: equal digits one after the other wait for each other's
-// place.
-template <int bits, int stretches, class Digit, class Move>
-ORV_INLINE bool distribute(std::ptrdiff_t n, Digit digit, Move move)
-{
-    constexpr int digits = 1 << bits;
-    std::uint32_t places[stretches][digits] = {};
-    const std::ptrdiff_t length = n / stretches;
-    const auto for_each = [=](auto each) {
+// Where the elements of each digit go: those with lesser digits and those before it with the same one have lesser
+// places. Several stretches at a time, each with places of its own: equal digits one after the other wait for each
+// other's place.
+template <int bits, int stretches>
+class Distribution {
+public:
+    static constexpr std::uint32_t kDigits = 1 << bits;
+
+    // digit(i) of each of n elements.
+    template <class Digit>
+    ORV_INLINE Distribution(std::ptrdiff_t n, Digit digit) : n_(n), places_()
+    {
+        for_each([&](std::ptrdiff_t i, int s) { ++places_[s][digit(i)]; });
+        std::uint32_t place = 0;
+        for (std::uint32_t d = 0; d < kDigits; ++d) {
+            const std::uint32_t first = place;
+            for (int s = 0; s < stretches; ++s) {
+                const std::uint32_t count = places_[s][d];
+                places_[s][d] = place;
+                place += count;
+            }
+            if (place - first == static_cast<std::uint32_t>(n)) is_single_ = true;
+        }
+    }
+
+    // Whether all have one digit, so that nothing moves.
+    bool is_single() const { return is_single_; }
+    // Calls move(i, place) for each, once; then end(d) is the place behind those of digit d.
+    template <class Digit, class Move>
+    ORV_INLINE void move(Digit digit, Move move)
+    {
+        for_each([&](std::ptrdiff_t i, int s) { move(i, places_[s][digit(i)]++); });
+    }
+    std::uint32_t end(std::uint32_t d) const { return places_[stretches - 1][d]; }
+
+private:
+    template <class Each>
+    ORV_INLINE void for_each(Each each) const
+    {
+        const std::ptrdiff_t length = n_ / stretches;
         for (std::ptrdiff_t i = 0; i < length; ++i) {
             for (int s = 0; s < stretches; ++s) each(i + s * length, s);
         }
-        for (std::ptrdiff_t i = stretches * length; i < n; ++i) each(i, stretches - 1);
-    };
-    for_each([&](std::ptrdiff_t i, int s) { ++places[s][digit(i)]; });
-    std::uint32_t equal = 0, place = 0;
-    for (int s = 0; s < stretches; ++s) equal += places[s][digit(0)];
-    if (equal == static_cast<std::uint32_t>(n)) return false;
-    for (int d = 0; d < digits; ++d) {
-        for (int s = 0; s < stretches; ++s) {
-            const std::uint32_t count = places[s][d];
-            places[s][d] = place;
-            place += count;
-        }
+        for (std::ptrdiff_t i = stretches * length; i < n_; ++i) each(i, stretches - 1);
     }
-    for_each([&](std::ptrdiff_t i, int s) { move(i, places[s][digit(i)]++); });
-    return true;
-}
 
+    const std::ptrdiff_t n_;
+    bool is_single_ = false;
+    std::uint32_t places_[stretches][kDigits];
+};
+
+// One digit, from `from` to `to`; false where nothing moves.
 template <int bits, int stretches, class Word>
 bool sort_by_digit(const Word* from, Word* to, std::ptrdiff_t n, int shift)
 {
-    return distribute<bits, stretches>(
-        n, [=](std::ptrdiff_t i) { return from[i] >> shift & ((1 << bits) - 1); },
-        [=](std::ptrdiff_t i, std::uint32_t place) { to[place] = from[i]; });
+    const auto digit = [=](std::ptrdiff_t i) { return from[i] >> shift & ((1 << bits) - 1); };
+    Distribution<bits, stretches> distribution(n, digit);
+    if (distribution.is_single()) return false;
+    distribution.move(digit, [=](std::ptrdiff_t i, std::uint32_t place) { to[place] = from[i]; });
+    return true;
 }
 
 // By the bits from `low` up to `high`; `spare` has room for as many words.

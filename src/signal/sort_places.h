@@ -110,12 +110,15 @@ template <bool falling>
 Status sort_with_places(std::uint8_t* p, int* index, std::ptrdiff_t n)
 {
     using Keys = Unsigned<std::uint8_t, falling>;
-    const bool moved = !is_sorted<falling>(p, n) &&
-                       distribute<8, 2>(
-                           n, [=](std::ptrdiff_t i) { return Keys::key(p + i); },
-                           [=](std::ptrdiff_t i, std::uint32_t place) { index[place] = static_cast<int>(i); });
-    if (!moved) number_places(index, n);
-    sort_elements<falling>(p, n);
+    if (is_sorted<falling>(p, n)) return number_places(index, n), StatusOk;
+    const auto key = [=](std::ptrdiff_t i) { return Keys::key(p + i); };
+    Distribution<8, 2> bytes(n, key);
+    bytes.move(key, [=](std::ptrdiff_t i, std::uint32_t place) { index[place] = static_cast<int>(i); });
+    std::uint32_t place = 0;
+    for (std::uint32_t k = 0; k < bytes.kDigits; ++k) {
+        std::memset(p + place, static_cast<int>(falling ? 255 - k : k), bytes.end(k) - place);
+        place = bytes.end(k);
+    }
     return StatusOk;
 }
 
@@ -124,23 +127,24 @@ template <bool falling>
 Status sort_with_places(std::uint16_t* p, int* index, std::ptrdiff_t n)
 {
     using Keys = Unsigned<std::uint16_t, falling>;
-    constexpr std::ptrdiff_t few = 2048;
+    constexpr std::ptrdiff_t few = 400;
     if (n < few) return sort_placed<falling>(p, index, n);
     const PlacedKeys placed(n);
     if (!placed.exist()) return StatusNoMemory;
     if (is_sorted<falling>(p, n)) return number_places(index, n), StatusOk;
     PlacedKey* const words = placed.words();
-    const auto word = [=](std::ptrdiff_t i) { return PlacedKey{Keys::key(p + i)} << 32 | static_cast<PlacedKey>(i); };
-    const bool moved = distribute<8, 2>(
-        n, [=](std::ptrdiff_t i) { return Keys::key(p + i) & 255; },
-        [=](std::ptrdiff_t i, std::uint32_t place) { words[place] = word(i); });
-    for (std::ptrdiff_t i = 0; !moved && i < n; ++i) words[i] = word(i);
-    const auto put_word = [=](std::ptrdiff_t i, std::uint32_t place) {
+    const auto key = [=](std::ptrdiff_t i) { return PlacedKey{Keys::key(p + i)}; };
+    const auto lower = [=](std::ptrdiff_t i) { return key(i) & 255; };
+    Distribution<8, 2> by_lower(n, lower);
+    by_lower.move(lower, [=](std::ptrdiff_t i, std::uint32_t place) {
+        words[place] = key(i) << 32 | static_cast<PlacedKey>(i);
+    });
+    const auto upper = [=](std::ptrdiff_t i) { return words[i] >> 40; };
+    Distribution<8, 2> by_upper(n, upper);
+    by_upper.move(upper, [=](std::ptrdiff_t i, std::uint32_t place) {
         index[place] = static_cast<int>(words[i]);
         Keys::put_element(p + place, static_cast<std::uint16_t>(words[i] >> 32));
-    };
-    const bool put = distribute<8, 2>(n, [=](std::ptrdiff_t i) { return words[i] >> 40; }, put_word);
-    for (std::ptrdiff_t i = 0; !put && i < n; ++i) put_word(i, static_cast<std::uint32_t>(i));
+    });
     return StatusOk;
 }
 
