@@ -23,6 +23,10 @@ interface/table.toml|s/"ImageProcessingWrapper::GetCpuClocks"/"ImageProcessingWr
 interface/table.toml|s/a = src2, b = src1, destination = dst, scale/a = src2, destination = dst, scale/|nothing says what
 interface/table.toml|s/name = "curve"/name = "curves"/|stale
 include/layer/images.hpp|s/inline status add(/inline status sum_up(/|stale
+interface/table.toml|s/cut = "halo 1"/cut = "halo"/|cut is 'halo'
+interface/table.toml|s/cut = "halo 1"/cut = "frame"/|cut is 'frame'
+interface/table.toml|s/cut = { "\*_32f\*" = "join rows", .*/cut = { "*_32f*" = "join rows" }/|cut says nothing of
+include/layer/rules.hpp|s/rule add{cut::point}/rule add{cut::whole}/|stale
 docs/operations.md|s/add/sum/|stale
 include/layer/geometry.hpp|s/status rotate_bound(/status bound(/|has no rotate_bound
 src/image/bits/bitwise.inc|s/KERNEL(Not_8u_C1,/KERNEL(Nand_8u_C1,/|operations of registries
