@@ -20,6 +20,10 @@ extern "C" {
 /// have them (nearest also 16 bits; cubic from 4 x 4 pixels on), area as Resize by zoom 1, where both sides are reduced
 /// alike, else as WarpPerspective; floats as the latter two; bytes and 16 bits of one channel as ResizeSqrPixel.
 ///
+/// Each call computes the weights of its own columns and rows. In bands of 64 rows that adds a few percent to most
+/// resizes and a fifth to nearest pixels, but half a microsecond for each column of a band to interpolation 16, which
+/// wants tall bands.
+///
 /// Zoom, Rotate, RotateCenter, WarpPerspective: as the class's Resize (of a destination of wholeWidth columns, 0 as
 /// above), Rotate, RotateCenter and WarpPerspective with a source rectangle that is the image.
 ///
