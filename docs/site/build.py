@@ -26,6 +26,7 @@ PAGES = {
     "docs/start_python.md": "start_python",
     "docs/operations.md": "operations",
     "docs/speed.md": "speed",
+    "docs/scaling.md": "scaling",
     "bench/RESULTS.md": "results",
     "docs/accuracy.md": "accuracy",
     "docs/reproducibility.md": "reproducibility",

@@ -75,7 +75,8 @@ def in_bands(source, target):
 
 
 def tiles_done(path):
-    return path.exists() and sum(1 for file in path.iterdir() if file.name[0] != "." and not file.name.endswith(".partial"))
+    names = [file.name for file in path.iterdir()] if path.exists() else []
+    return sum(name[0] != "." and not name.endswith(".partial") for name in names)
 
 
 def follow(future, path, tiles):

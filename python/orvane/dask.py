@@ -1,7 +1,8 @@
 """Images larger than memory, on many cores or machines, over Dask: the bytes of one call on the whole image.
 
-An image is a Dask array of shape (height, width) or (height, width, channels), its chunks are the tiles. Chunks are never
-changed on the way; `image.rechunk(...)` does that. Nothing is computed before `write`, or Dask's `compute`.
+An image is a Dask array of shape (height, width) or (height, width, channels), its chunks are the tiles. They are never
+changed on the way, but for sums of floats; `image.rechunk(...)` does that. Nothing is computed before `write`, or Dask's
+`compute`.
 """
 
 from __future__ import annotations
@@ -60,7 +61,7 @@ def _sides(halo: tiles.Halo | tiles.Rule | int) -> tiles.Halo:
 
 
 def _depth(image: da.Array, halo: tiles.Halo | tiles.Rule | int) -> dict[int, tuple[int, int]]:
-    """{axis: (pixels before, pixels after)}; refuses chunks that do not have as many, and cuts between pixels of a grid."""
+    """{axis: (pixels before, pixels after)}; refuses chunks that do not have as many, and cuts beside a grid."""
     sides, grid = _sides(halo), halo.grid if isinstance(halo, tiles.Rule) else (1, 1)
     depth = {0: (sides.top, sides.bottom), 1: (sides.left, sides.right)}
     for axis, name in enumerate(("rows", "columns")):
@@ -79,41 +80,42 @@ def map(function: Callable[..., Any], *images: da.Array, halo: tiles.Halo | tile
     """function(*images), tile by tile: the bytes of one call where `halo` is that of the function's operations.
 
     function: takes arrays and gives one of the same height and width; other types and channels are found by a trial.
-    halo: how far it reads: `orvane.tiles.halo` of its steps, or one number for all sides. Beyond the image's edge nothing
-    is added, so that the operations see the edge where it is.
+    halo: how far it reads: `orvane.tiles.halo` of its steps, or one number for all sides. Beyond the image's edge
+    nothing is added, so that the operations see the edge where it is.
     dtype: the result's type, where a trial on an image of zeros cannot give it.
     """
     first = images[0]
     for image in images:
         if image.chunks[:2] != first.chunks[:2] or image.numblocks[2:] not in ((), (1,)):
-            raise ValueError(f"map: images are cut in different ways: {first.chunks} and {image.chunks}; rechunk before")
-    depth = _depth(first, halo)
+            raise ValueError(f"map: images are cut in different ways: {first.chunks} and {image.chunks}; rechunk them")
+    depth, last = _depth(first, halo), [count - 1 for count in first.numblocks[:2]]
 
-    def tile(*parts: Any, block_info: Any = None) -> Any:
+    def tile(*parts: Any, block_id: Any = None) -> Any:
         made = np.asarray(function(*parts))
         if made.shape[:2] != parts[0].shape[:2]:
             raise ValueError(f"map: the function made {made.shape[:2]} of {parts[0].shape[:2]} pixels")
         inner = []
         for axis, (before, after) in depth.items():
-            place, count = block_info[0]["chunk-location"][axis], block_info[0]["num-chunks"][axis]
-            inner.append(slice(before if place else 0, made.shape[axis] - (after if place + 1 < count else 0)))
+            begin, end = block_id[axis] == 0, block_id[axis] == last[axis]
+            inner.append(slice(0 if begin else before, made.shape[axis] - (0 if end else after)))
         return np.ascontiguousarray(made[tuple(inner)])
 
     size = [min(64 + builtins.sum(depth[axis]), first.shape[axis]) for axis in (0, 1)]
     trial = np.asarray(function(*(np.zeros((*size, *image.shape[2:]), image.dtype) for image in images)))
     dtype = trial.dtype if dtype is None else np.dtype(dtype)
-    return da.map_overlap(tile, *images, depth=depth, boundary="none", trim=False, align_arrays=False, allow_rechunk=False,
-                          chunks=first.chunks[:2] + tuple((n,) for n in trial.shape[2:]),
-                          drop_axis=2 if first.ndim > trial.ndim else None,
-                          new_axis=2 if first.ndim < trial.ndim else None, meta=np.empty((0,) * trial.ndim, dtype))
+    if any(sides != (0, 0) for sides in depth.values()):
+        images = tuple(da.overlap.overlap(image, depth, "none", allow_rechunk=False) for image in images)
+    return da.map_blocks(tile, *images, chunks=first.chunks[:2] + tuple((n,) for n in trial.shape[2:]),
+                         drop_axis=2 if first.ndim > trial.ndim else None,
+                         new_axis=2 if first.ndim < trial.ndim else None, meta=np.empty((0,) * trial.ndim, dtype))
 
 
 def _of_tiles(function: Callable[[Any], Any], image: da.Array, dtype: DTypeLike, count: int, cell: int = 0) -> da.Array:
     """`count` numbers for each tile or for each of its cells, in an array of rows and columns of them."""
     def tile(part: Any) -> Any:
         rows, columns = (range(0, n, cell or n) for n in part.shape[:2])
-        return np.array([[np.ravel(function(part[y:y + rows.step, x:x + columns.step])) for x in columns] for y in rows],
-                        dtype)
+        return np.array([[np.ravel(function(part[y:y + rows.step, x:x + columns.step])) for x in columns]
+                         for y in rows], dtype)
     chunks = [tuple(-(-n // (cell or n)) for n in image.chunks[axis]) for axis in (0, 1)]
     return da.map_blocks(tile, image, chunks=(*chunks, (count,)), drop_axis=2 if image.ndim == 3 else None, new_axis=2,
                          meta=np.empty((0, 0, 0), dtype))
@@ -130,8 +132,8 @@ def _tree(cells: Any) -> Any:
 def sum(image: da.Array) -> da.Array:
     """The sum, or one for each channel. Integers: exact, in int64.
 
-    Floats: `orvane.sum` of cells of 256 x 256 pixels, which are added in pairs, the sums in pairs, and so on: the same bits
-    for all chunks and any number of workers. One call on the whole image has another order, and so other last bits.
+    Floats: `orvane.sum` of cells of 256 x 256 pixels, which are added in pairs, the sums in pairs, and so on: the same
+    bits for all chunks and any number of workers. One call on the whole image has another order, and so other last bits.
     """
     channels = image.shape[2] if image.ndim == 3 else 1
     if image.dtype.kind != "f":
@@ -157,7 +159,7 @@ def _joined(ends: da.Array, join: np.ufunc) -> da.Array:
 
 
 def minmax(image: da.Array) -> tuple[da.Array, da.Array]:
-    """(minimum, maximum), or of each channel, in the image's type; NaNs are left out as `orvane.minimum_maximum` does."""
+    """(minimum, maximum), or of each channel, in the image's type; without NaNs, as `orvane.minimum_maximum` has them."""
     channels = image.shape[2] if image.ndim == 3 else 1
     ends = _of_tiles(orvane.minimum_maximum, image, image.dtype, 2 * channels)
     least, greatest = _joined(ends[..., :channels], np.fmin), _joined(ends[..., channels:], np.fmax)
