@@ -1,8 +1,8 @@
 """Images larger than memory, on many cores or machines, over Dask: the bytes of one call on the whole image.
 
 An image is a Dask array of shape (height, width) or (height, width, channels), its chunks are the tiles. They are never
-changed on the way, but for sums of floats; `image.rechunk(...)` does that. Nothing is computed before `write`, or Dask's
-`compute`.
+changed on the way, but for sums of floats; `image.rechunk(...)` does that. Nothing is computed before `write` or
+`compute`, Dask's own.
 """
 
 from __future__ import annotations
@@ -133,7 +133,7 @@ def sum(image: da.Array) -> da.Array:
     """The sum, or one for each channel. Integers: exact, in int64.
 
     Floats: `orvane.sum` of cells of 256 x 256 pixels, which are added in pairs, the sums in pairs, and so on: the same
-    bits for all chunks and any number of workers. One call on the whole image has another order, and so other last bits.
+    bits for all chunks and any number of workers. One call on the whole image has another order, so other last bits.
     """
     channels = image.shape[2] if image.ndim == 3 else 1
     if image.dtype.kind != "f":
@@ -159,7 +159,7 @@ def _joined(ends: da.Array, join: np.ufunc) -> da.Array:
 
 
 def minmax(image: da.Array) -> tuple[da.Array, da.Array]:
-    """(minimum, maximum), or of each channel, in the image's type; without NaNs, as `orvane.minimum_maximum` has them."""
+    """(minimum, maximum), or of each channel, in the image's type, without NaNs, as of `orvane.minimum_maximum`."""
     channels = image.shape[2] if image.ndim == 3 else 1
     ends = _of_tiles(orvane.minimum_maximum, image, image.dtype, 2 * channels)
     least, greatest = _joined(ends[..., :channels], np.fmin), _joined(ends[..., channels:], np.fmax)
