@@ -103,12 +103,12 @@ TEST(VectorRamps, EveryElementByItself)
 // Sums of rounded steps would be far away by then.
 TEST(VectorRamps, DoNotDrift)
 {
-    const int len = 1 << 24;
-    const auto some = [len](int i) { return i % 99991 < 3 || i > len - 40; };
-    expect_vector<double>(len, [](double* dst) { return W::VectorSlope_64f(0.3, 0.1, dst, 1 << 24); },
+    constexpr int kLong = 1 << 24;
+    const auto some = [](int i) { return i % 99991 < 3 || i > kLong - 40; };
+    expect_vector<double>(kLong, [](double* dst) { return W::VectorSlope_64f(0.3, 0.1, dst, kLong); },
                           [](int i) { return slope_at(0.3, 0.1, i); }, some);
-    expect_vector<float>(len, [](float* dst) { return W::VectorRamp_32f(-1, 1e7, dst, 1 << 24); },
-                         [](int i) { return ramp_at(-1, 1e7, i, 1 << 24); }, some);
+    expect_vector<float>(kLong, [](float* dst) { return W::VectorRamp_32f(-1, 1e7, dst, kLong); },
+                         [](int i) { return ramp_at(-1, 1e7, i, kLong); }, some);
 }
 
 TEST(VectorRamps, WhateverTheHostsControlWord)
