@@ -721,6 +721,149 @@ public:
     static bool ORVANE_CALL SortIndxDescend_64f_I(double* srcDst, int* index, int len);
     /// @}
 
+    // --------------------------------------------------------------------------------------------
+    /// @name Thresholds of vectors
+    ///
+    /// Elements equal to a threshold are kept. Integers compare by value. Floats and doubles compare by bits, as sign
+    /// and magnitude, the order of the image's thresholds: -0 is below +0, a NaN with a clear sign bit above every
+    /// number, one with a set sign bit below. Elements, thresholds and values are moved bit by bit.
+    ///
+    /// Checks: null pointer, len below 1; in LTValGTVal then a thresholdLT above thresholdGT, compared as numbers, so
+    /// that a NaN passes.
+    ///
+    /// The destination may be exactly the source. The I forms take no memory.
+    /// @{
+
+    /// dst = threshold where src is below it, else src
+    static bool ORVANE_CALL Threshold_LT_8u(const unsigned char* src, unsigned char* dst, int len,
+                                            unsigned char threshold);
+    /// srcDst = threshold where srcDst is below it, else srcDst
+    static bool ORVANE_CALL Threshold_LT_8u_I(unsigned char* srcDst, int len, unsigned char threshold);
+    /// dst = threshold where src is below it, else src
+    static bool ORVANE_CALL Threshold_LT_16u(const unsigned short* src, unsigned short* dst, int len,
+                                             unsigned short threshold);
+    /// srcDst = threshold where srcDst is below it, else srcDst
+    static bool ORVANE_CALL Threshold_LT_16u_I(unsigned short* srcDst, int len, unsigned short threshold);
+    /// dst = threshold where src is below it, else src
+    static bool ORVANE_CALL Threshold_LT_32s(const int* src, int* dst, int len, int threshold);
+    /// srcDst = threshold where srcDst is below it, else srcDst
+    static bool ORVANE_CALL Threshold_LT_32s_I(int* srcDst, int len, int threshold);
+    /// dst = threshold where src is below it, else src
+    static bool ORVANE_CALL Threshold_LT_32f(const float* src, float* dst, int len, float threshold);
+    /// srcDst = threshold where srcDst is below it, else srcDst
+    static bool ORVANE_CALL Threshold_LT_32f_I(float* srcDst, int len, float threshold);
+    /// dst = threshold where src is below it, else src
+    static bool ORVANE_CALL Threshold_LT_64f(const double* src, double* dst, int len, double threshold);
+    /// srcDst = threshold where srcDst is below it, else srcDst
+    static bool ORVANE_CALL Threshold_LT_64f_I(double* srcDst, int len, double threshold);
+    /// dst = threshold where src is above it, else src
+    static bool ORVANE_CALL Threshold_GT_8u(const unsigned char* src, unsigned char* dst, int len,
+                                            unsigned char threshold);
+    /// srcDst = threshold where srcDst is above it, else srcDst
+    static bool ORVANE_CALL Threshold_GT_8u_I(unsigned char* srcDst, int len, unsigned char threshold);
+    /// dst = threshold where src is above it, else src
+    static bool ORVANE_CALL Threshold_GT_16u(const unsigned short* src, unsigned short* dst, int len,
+                                             unsigned short threshold);
+    /// srcDst = threshold where srcDst is above it, else srcDst
+    static bool ORVANE_CALL Threshold_GT_16u_I(unsigned short* srcDst, int len, unsigned short threshold);
+    /// dst = threshold where src is above it, else src
+    static bool ORVANE_CALL Threshold_GT_32s(const int* src, int* dst, int len, int threshold);
+    /// srcDst = threshold where srcDst is above it, else srcDst
+    static bool ORVANE_CALL Threshold_GT_32s_I(int* srcDst, int len, int threshold);
+    /// dst = threshold where src is above it, else src
+    static bool ORVANE_CALL Threshold_GT_32f(const float* src, float* dst, int len, float threshold);
+    /// srcDst = threshold where srcDst is above it, else srcDst
+    static bool ORVANE_CALL Threshold_GT_32f_I(float* srcDst, int len, float threshold);
+    /// dst = threshold where src is above it, else src
+    static bool ORVANE_CALL Threshold_GT_64f(const double* src, double* dst, int len, double threshold);
+    /// srcDst = threshold where srcDst is above it, else srcDst
+    static bool ORVANE_CALL Threshold_GT_64f_I(double* srcDst, int len, double threshold);
+    /// dst = value where src is below threshold, else src
+    static bool ORVANE_CALL Threshold_LTVal_8u(const unsigned char* src, unsigned char* dst, int len,
+                                               unsigned char threshold, unsigned char value);
+    /// srcDst = value where srcDst is below threshold, else srcDst
+    static bool ORVANE_CALL Threshold_LTVal_8u_I(unsigned char* srcDst, int len, unsigned char threshold,
+                                                 unsigned char value);
+    /// dst = value where src is below threshold, else src
+    static bool ORVANE_CALL Threshold_LTVal_16u(const unsigned short* src, unsigned short* dst, int len,
+                                                unsigned short threshold, unsigned short value);
+    /// srcDst = value where srcDst is below threshold, else srcDst
+    static bool ORVANE_CALL Threshold_LTVal_16u_I(unsigned short* srcDst, int len, unsigned short threshold,
+                                                  unsigned short value);
+    /// dst = value where src is below threshold, else src
+    static bool ORVANE_CALL Threshold_LTVal_32s(const int* src, int* dst, int len, int threshold, int value);
+    /// srcDst = value where srcDst is below threshold, else srcDst
+    static bool ORVANE_CALL Threshold_LTVal_32s_I(int* srcDst, int len, int threshold, int value);
+    /// dst = value where src is below threshold, else src
+    static bool ORVANE_CALL Threshold_LTVal_32f(const float* src, float* dst, int len, float threshold, float value);
+    /// srcDst = value where srcDst is below threshold, else srcDst
+    static bool ORVANE_CALL Threshold_LTVal_32f_I(float* srcDst, int len, float threshold, float value);
+    /// dst = value where src is below threshold, else src
+    static bool ORVANE_CALL Threshold_LTVal_64f(const double* src, double* dst, int len, double threshold,
+                                                double value);
+    /// srcDst = value where srcDst is below threshold, else srcDst
+    static bool ORVANE_CALL Threshold_LTVal_64f_I(double* srcDst, int len, double threshold, double value);
+    /// dst = value where src is above threshold, else src
+    static bool ORVANE_CALL Threshold_GTVal_8u(const unsigned char* src, unsigned char* dst, int len,
+                                               unsigned char threshold, unsigned char value);
+    /// srcDst = value where srcDst is above threshold, else srcDst
+    static bool ORVANE_CALL Threshold_GTVal_8u_I(unsigned char* srcDst, int len, unsigned char threshold,
+                                                 unsigned char value);
+    /// dst = value where src is above threshold, else src
+    static bool ORVANE_CALL Threshold_GTVal_16u(const unsigned short* src, unsigned short* dst, int len,
+                                                unsigned short threshold, unsigned short value);
+    /// srcDst = value where srcDst is above threshold, else srcDst
+    static bool ORVANE_CALL Threshold_GTVal_16u_I(unsigned short* srcDst, int len, unsigned short threshold,
+                                                  unsigned short value);
+    /// dst = value where src is above threshold, else src
+    static bool ORVANE_CALL Threshold_GTVal_32s(const int* src, int* dst, int len, int threshold, int value);
+    /// srcDst = value where srcDst is above threshold, else srcDst
+    static bool ORVANE_CALL Threshold_GTVal_32s_I(int* srcDst, int len, int threshold, int value);
+    /// dst = value where src is above threshold, else src
+    static bool ORVANE_CALL Threshold_GTVal_32f(const float* src, float* dst, int len, float threshold, float value);
+    /// srcDst = value where srcDst is above threshold, else srcDst
+    static bool ORVANE_CALL Threshold_GTVal_32f_I(float* srcDst, int len, float threshold, float value);
+    /// dst = value where src is above threshold, else src
+    static bool ORVANE_CALL Threshold_GTVal_64f(const double* src, double* dst, int len, double threshold,
+                                                double value);
+    /// srcDst = value where srcDst is above threshold, else srcDst
+    static bool ORVANE_CALL Threshold_GTVal_64f_I(double* srcDst, int len, double threshold, double value);
+    /// dst = valueGT where src is above thresholdGT, else valueLT where it is below thresholdLT, else src
+    static bool ORVANE_CALL Threshold_LTValGTVal_8u(const unsigned char* src, unsigned char* dst, int len,
+                                                    unsigned char thresholdLT, unsigned char valueLT,
+                                                    unsigned char thresholdGT, unsigned char valueGT);
+    /// srcDst = valueGT where srcDst is above thresholdGT, else valueLT where it is below thresholdLT, else srcDst
+    static bool ORVANE_CALL Threshold_LTValGTVal_8u_I(unsigned char* srcDst, int len, unsigned char thresholdLT,
+                                                      unsigned char valueLT, unsigned char thresholdGT,
+                                                      unsigned char valueGT);
+    /// dst = valueGT where src is above thresholdGT, else valueLT where it is below thresholdLT, else src
+    static bool ORVANE_CALL Threshold_LTValGTVal_16u(const unsigned short* src, unsigned short* dst, int len,
+                                                     unsigned short thresholdLT, unsigned short valueLT,
+                                                     unsigned short thresholdGT, unsigned short valueGT);
+    /// srcDst = valueGT where srcDst is above thresholdGT, else valueLT where it is below thresholdLT, else srcDst
+    static bool ORVANE_CALL Threshold_LTValGTVal_16u_I(unsigned short* srcDst, int len, unsigned short thresholdLT,
+                                                       unsigned short valueLT, unsigned short thresholdGT,
+                                                       unsigned short valueGT);
+    /// dst = valueGT where src is above thresholdGT, else valueLT where it is below thresholdLT, else src
+    static bool ORVANE_CALL Threshold_LTValGTVal_32s(const int* src, int* dst, int len, int thresholdLT, int valueLT,
+                                                     int thresholdGT, int valueGT);
+    /// srcDst = valueGT where srcDst is above thresholdGT, else valueLT where it is below thresholdLT, else srcDst
+    static bool ORVANE_CALL Threshold_LTValGTVal_32s_I(int* srcDst, int len, int thresholdLT, int valueLT,
+                                                       int thresholdGT, int valueGT);
+    /// dst = valueGT where src is above thresholdGT, else valueLT where it is below thresholdLT, else src
+    static bool ORVANE_CALL Threshold_LTValGTVal_32f(const float* src, float* dst, int len, float thresholdLT,
+                                                     float valueLT, float thresholdGT, float valueGT);
+    /// srcDst = valueGT where srcDst is above thresholdGT, else valueLT where it is below thresholdLT, else srcDst
+    static bool ORVANE_CALL Threshold_LTValGTVal_32f_I(float* srcDst, int len, float thresholdLT, float valueLT,
+                                                       float thresholdGT, float valueGT);
+    /// dst = valueGT where src is above thresholdGT, else valueLT where it is below thresholdLT, else src
+    static bool ORVANE_CALL Threshold_LTValGTVal_64f(const double* src, double* dst, int len, double thresholdLT,
+                                                     double valueLT, double thresholdGT, double valueGT);
+    /// srcDst = valueGT where srcDst is above thresholdGT, else valueLT where it is below thresholdLT, else srcDst
+    static bool ORVANE_CALL Threshold_LTValGTVal_64f_I(double* srcDst, int len, double thresholdLT, double valueLT,
+                                                       double thresholdGT, double valueGT);
+    /// @}
+
 protected:
     /// Does nothing: the class has no instances.
     SignalProcessingWrapper(const SignalProcessingWrapper& other);

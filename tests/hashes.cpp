@@ -219,6 +219,7 @@ private:
         if (begins_with(name_.c_str(), "AlphaComp")) return number_ / 3 % 2;
         if (name_.find("YCbCr") != std::string::npos || name_.find("YUV") != std::string::npos)
             return number_ / 3 % 5;  // 4 is refused
+        if (begins_with(name_.c_str(), "Threshold") && family_ == vectors) return static_cast<int>(words_.next());
         if (begins_with(name_.c_str(), "Threshold")) return number_ % 2 * 4;
         if (family_ == borders) return 2 + which;
         return words_.below(number_ % 4 == 0 ? 1 : 20) - number_ % 4;

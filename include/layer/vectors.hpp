@@ -911,6 +911,279 @@ inline status floor(span<const float> source, span<float> destination)
         destination.data(), detail::length(source)), detail::reason::memory);
 }
 
+/// destination = threshold where source is below it, else source
+inline status threshold_less(span<const unsigned char> source, span<unsigned char> destination,
+                             const constant<unsigned char, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_less", "threshold", threshold);
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LT_8u(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const unsigned short> source, span<unsigned short> destination,
+                             const constant<unsigned short, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_less", "threshold", threshold);
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LT_16u(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const int> source, span<int> destination, const constant<int, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_less", "threshold", threshold);
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LT_32s(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const float> source, span<float> destination, const constant<float, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LT_32f(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const double> source, span<double> destination,
+                             const constant<double, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LT_64f(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+/// destination = value where source is below threshold, else source
+inline status threshold_less(span<const unsigned char> source, span<unsigned char> destination,
+                             const constant<unsigned char, 1>& threshold, const constant<unsigned char, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_less", "threshold", threshold);
+    if (!value.held()) return detail::unheld("threshold_less", "value", value);
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LTVal_8u(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const unsigned short> source, span<unsigned short> destination,
+                             const constant<unsigned short, 1>& threshold, const constant<unsigned short, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_less", "threshold", threshold);
+    if (!value.held()) return detail::unheld("threshold_less", "value", value);
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LTVal_16u(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const int> source, span<int> destination, const constant<int, 1>& threshold,
+                             const constant<int, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_less", "threshold", threshold);
+    if (!value.held()) return detail::unheld("threshold_less", "value", value);
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LTVal_32s(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const float> source, span<float> destination, const constant<float, 1>& threshold,
+                             const constant<float, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LTVal_32f(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_less(span<const double> source, span<double> destination,
+                             const constant<double, 1>& threshold, const constant<double, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_less", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_less", SignalProcessingWrapper::Threshold_LTVal_64f(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+/// destination = threshold where source is above it, else source
+inline status threshold_greater(span<const unsigned char> source, span<unsigned char> destination,
+                                const constant<unsigned char, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_greater", "threshold", threshold);
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GT_8u(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const unsigned short> source, span<unsigned short> destination,
+                                const constant<unsigned short, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_greater", "threshold", threshold);
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GT_16u(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const int> source, span<int> destination, const constant<int, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_greater", "threshold", threshold);
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GT_32s(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const float> source, span<float> destination,
+                                const constant<float, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GT_32f(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const double> source, span<double> destination,
+                                const constant<double, 1>& threshold)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GT_64f(source.data(),
+        destination.data(), detail::length(source), threshold.one()), detail::reason::memory);
+}
+
+/// destination = value where source is above threshold, else source
+inline status threshold_greater(span<const unsigned char> source, span<unsigned char> destination,
+                                const constant<unsigned char, 1>& threshold, const constant<unsigned char, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_greater", "threshold", threshold);
+    if (!value.held()) return detail::unheld("threshold_greater", "value", value);
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GTVal_8u(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const unsigned short> source, span<unsigned short> destination,
+                                const constant<unsigned short, 1>& threshold,
+                                const constant<unsigned short, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_greater", "threshold", threshold);
+    if (!value.held()) return detail::unheld("threshold_greater", "value", value);
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GTVal_16u(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const int> source, span<int> destination, const constant<int, 1>& threshold,
+                                const constant<int, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    if (!threshold.held()) return detail::unheld("threshold_greater", "threshold", threshold);
+    if (!value.held()) return detail::unheld("threshold_greater", "value", value);
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GTVal_32s(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const float> source, span<float> destination,
+                                const constant<float, 1>& threshold, const constant<float, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GTVal_32f(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+inline status threshold_greater(span<const double> source, span<double> destination,
+                                const constant<double, 1>& threshold, const constant<double, 1>& value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_greater", {{"source",
+        source}, {"destination", destination}});
+    return detail::answer("threshold_greater", SignalProcessingWrapper::Threshold_GTVal_64f(source.data(),
+        destination.data(), detail::length(source), threshold.one(), value.one()), detail::reason::memory);
+}
+
+/// destination = upper_value where source is above upper, else lower_value where it is below lower, else source
+inline status threshold_both(span<const unsigned char> source, span<unsigned char> destination,
+                             const constant<unsigned char, 1>& lower, const constant<unsigned char, 1>& lower_value,
+                             const constant<unsigned char, 1>& upper, const constant<unsigned char, 1>& upper_value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_both", {{"source",
+        source}, {"destination", destination}});
+    if (!lower.held()) return detail::unheld("threshold_both", "lower", lower);
+    if (!lower_value.held()) return detail::unheld("threshold_both", "lower_value", lower_value);
+    if (!upper.held()) return detail::unheld("threshold_both", "upper", upper);
+    if (!upper_value.held()) return detail::unheld("threshold_both", "upper_value", upper_value);
+    if (const status s = detail::ordered("threshold_both", lower, upper); !s) return s;
+    return detail::answer("threshold_both", SignalProcessingWrapper::Threshold_LTValGTVal_8u(source.data(),
+        destination.data(), detail::length(source), lower.one(), lower_value.one(), upper.one(), upper_value.one()),
+        detail::reason::memory);
+}
+
+inline status threshold_both(span<const unsigned short> source, span<unsigned short> destination,
+                             const constant<unsigned short, 1>& lower, const constant<unsigned short, 1>& lower_value,
+                             const constant<unsigned short, 1>& upper, const constant<unsigned short, 1>& upper_value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_both", {{"source",
+        source}, {"destination", destination}});
+    if (!lower.held()) return detail::unheld("threshold_both", "lower", lower);
+    if (!lower_value.held()) return detail::unheld("threshold_both", "lower_value", lower_value);
+    if (!upper.held()) return detail::unheld("threshold_both", "upper", upper);
+    if (!upper_value.held()) return detail::unheld("threshold_both", "upper_value", upper_value);
+    if (const status s = detail::ordered("threshold_both", lower, upper); !s) return s;
+    return detail::answer("threshold_both", SignalProcessingWrapper::Threshold_LTValGTVal_16u(source.data(),
+        destination.data(), detail::length(source), lower.one(), lower_value.one(), upper.one(), upper_value.one()),
+        detail::reason::memory);
+}
+
+inline status threshold_both(span<const int> source, span<int> destination, const constant<int, 1>& lower,
+                             const constant<int, 1>& lower_value, const constant<int, 1>& upper,
+                             const constant<int, 1>& upper_value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_both", {{"source",
+        source}, {"destination", destination}});
+    if (!lower.held()) return detail::unheld("threshold_both", "lower", lower);
+    if (!lower_value.held()) return detail::unheld("threshold_both", "lower_value", lower_value);
+    if (!upper.held()) return detail::unheld("threshold_both", "upper", upper);
+    if (!upper_value.held()) return detail::unheld("threshold_both", "upper_value", upper_value);
+    if (const status s = detail::ordered("threshold_both", lower, upper); !s) return s;
+    return detail::answer("threshold_both", SignalProcessingWrapper::Threshold_LTValGTVal_32s(source.data(),
+        destination.data(), detail::length(source), lower.one(), lower_value.one(), upper.one(), upper_value.one()),
+        detail::reason::memory);
+}
+
+inline status threshold_both(span<const float> source, span<float> destination, const constant<float, 1>& lower,
+                             const constant<float, 1>& lower_value, const constant<float, 1>& upper,
+                             const constant<float, 1>& upper_value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_both", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::ordered("threshold_both", lower, upper); !s) return s;
+    return detail::answer("threshold_both", SignalProcessingWrapper::Threshold_LTValGTVal_32f(source.data(),
+        destination.data(), detail::length(source), lower.one(), lower_value.one(), upper.one(), upper_value.one()),
+        detail::reason::memory);
+}
+
+inline status threshold_both(span<const double> source, span<double> destination, const constant<double, 1>& lower,
+                             const constant<double, 1>& lower_value, const constant<double, 1>& upper,
+                             const constant<double, 1>& upper_value)
+{
+    if (!detail::alike(source, destination)) return detail::unlike<detail::stretch>("threshold_both", {{"source",
+        source}, {"destination", destination}});
+    if (const status s = detail::ordered("threshold_both", lower, upper); !s) return s;
+    return detail::answer("threshold_both", SignalProcessingWrapper::Threshold_LTValGTVal_64f(source.data(),
+        destination.data(), detail::length(source), lower.one(), lower_value.one(), upper.one(), upper_value.one()),
+        detail::reason::memory);
+}
+
 /// total = sum of source[i]
 inline status sum(span<const unsigned char> source, double& total)
 {

@@ -15,7 +15,7 @@ PACKED = "src/spectral/packed_images.cpp"
 WIENER = "src/image/filters/wiener.cpp"
 GAUSS = "src/image/filters/gauss.cpp"
 BITWISE = "src/image/bits/bitwise.cpp"
-THRESHOLD = "src/image/bits/threshold.cpp"
+THRESHOLD = "src/elementwise/thresholds.h"
 HISTOGRAM = "src/image/statistics/histogram.cpp"
 COPY_FEW = "src/elementwise/copy_few.h"
 EXTREMES = "src/image/statistics/extremes.cpp"
@@ -191,6 +191,8 @@ FAULTS = [
     ("lanes that are filled beyond their room", INTEGER_SUMS, "static constexpr int kRoom = 65536;", "static constexpr int kRoom = 131072;", "VectorStatistics*"),
     ("a NaN hides what came before", BEST, "join(simd::load<V>(p + i + k * V::N), lanes[k]);", "join(lanes[k], simd::load<V>(p + i + k * V::N));", "VectorStatistics*"),
     ("any zero for the first one", VECTOR_STATISTICS, "if (value == start || value == 0) {", "if (value == start) {", "VectorStatistics*"),
+    ("64 bits compared where the difference overflows", "src/simd/long_words.h", "sign = difference ^ ((a ^ b) & (difference ^ b));", "sign = difference;", "VectorThresholds*:" + VARIANTS),
+    ("negative doubles in the order of positive ones", THRESHOLD, "static constexpr Bits kFlip = 0x7FFFFFFFFFFFFFFF;", "static constexpr Bits kFlip = 0;", "VectorThresholds*"),
     # The typed layer.
     ("a step that is not compared with the row", "include/layer/checks.hpp", "height > 0 && step >= row() && step", "height > 0 && step", "Layer*"),
     ("regions beside each other overlap", "include/layer/checks.hpp", "return from_a < static_cast<std::size_t>(a.row()) ||", "return from_a <= static_cast<std::size_t>(a.row()) ||", "Layer*"),

@@ -149,6 +149,7 @@ def colour_matrix(source, twist):
 
 
 INTEGERS, REALS = "u1 u2 i2 i4", "f4 f8"
+ELEMENTS = "u1 u2 i4 f4 f8"  # of vectors
 NUMBERS = f"{INTEGERS} {REALS} c8"
 
 
@@ -211,9 +212,10 @@ ELEMENTWISE = {
     "greater": (compared(np.greater), "u1 u2 i2 f4", [twin, constant], 0),
     "larger": (np.maximum, "f4", [twin], 0),
     "smaller": (np.minimum, "f4", [twin], 0),
-    "threshold_less": (threshold(True), "u1 f4", [limits], 0),
-    "threshold_greater": (threshold(False), "u1 u2 f4", [limits], 0),
-    "threshold_both": (threshold_both, "f4", [lambda a: (-2, -1, 3, 5)], 0),
+    "threshold_less": (threshold(True), ELEMENTS, [limits], 0),
+    "threshold_greater": (threshold(False), ELEMENTS, [limits], 0),
+    "threshold_both": (threshold_both, ELEMENTS,
+                       [lambda a: (30, 7, 200, 250) if a.dtype.kind == "u" else (-2, -1, 3, 5)], 0),
     "add_product": (lambda a, b, s: (a.astype(float) * b + s).astype("f4"), "f4",
                     [lambda a: (*twin(a), *twin(a))], 2e-6),
     "lookup": (lambda a, table: np.asarray(table)[a], "u1",

@@ -53,7 +53,8 @@ int random_parameter(const char* name, Generator& g)
     if (begins_with(name, "Resize")) return uniform(g, -1, 17);
     if (contains(name, "YCbCr") || contains(name, "YUV")) return uniform(g, -1, 4);
     if (begins_with(name, "AlphaComp")) return uniform(g, 0, 1);
-    if (contains(name, "C_32s")) return random_value<int>(g, static_cast<Fill>(uniform(g, 0, 3)));
+    if (contains(name, "C_32s") || (begins_with(name, "Threshold") && contains(name, "_32s")))
+        return random_value<int>(g, static_cast<Fill>(uniform(g, 0, 3)));
     // Scale factors: mostly those that matter, now and then anything.
     static const int far[] = {INT_MIN, INT_MIN + 1, -100, -64, -33, 33, 63, 64, 100, INT_MAX};
     if (uniform(g, 0, 9) == 0) return far[uniform(g, 0, 9)];

@@ -189,6 +189,24 @@ void show_statistics_of_vectors(Page& page)
               "Its extremes, and where they stand", extremes);
 }
 
+void show_thresholds_of_vectors(Page& page)
+{
+    page.family("SignalProcessingWrapper", "Thresholds of vectors",
+                "What lies beyond a threshold becomes the threshold, or a value.");
+    const int n = 1600;
+    const std::vector<float> x = noisy_signal(n);
+    std::vector<float> y(n), marked(n);
+    Run run{"W::Threshold_LT_32f(x.data(), y.data(), n, -1.5f) && W::Threshold_GT_32f_I(y.data(), n, 1.5f)"};
+    run.ok = W::Threshold_LT_32f(x.data(), y.data(), n, -1.5f) && W::Threshold_GT_32f_I(y.data(), n, 1.5f);
+    page.show(Plot("sample", "value", 0, n, -3.2, 3.2)
+                  .curve(doubles(x), "#c25b4e", "signal")
+                  .curve(doubles(y), "#3b76a8", "clipped"),
+              "Outliers, clipped at -1.5 and 1.5", run);
+    SHOW(page, Plot("sample", "value", 0, n, -3.2, 3.2).curve(doubles(marked), "#3b76a8"),
+         "What lies beyond -1 and 1, as -3 and 3",
+         W::Threshold_LTValGTVal_32f(x.data(), marked.data(), n, -1, -3, 1, 3));
+}
+
 void show_errors(Page& page)
 {
     page.family("SignalProcessingWrapper", "Elementary functions",
@@ -281,6 +299,7 @@ void show_vectors(const Pictures& pictures, Page& page)
     show_ramps(page);
     show_vector_arithmetic(page);
     show_statistics_of_vectors(page);
+    show_thresholds_of_vectors(page);
     show_errors(page);
     show_windows(page);
     show_sorting(pictures.photo, page);
