@@ -98,7 +98,7 @@ private:
         }
         s.data = elements.mutable_data();
         s.width = elements.size();
-        held_[p.argument] = std::move(elements);
+        packed_[p.argument] = std::move(elements);
     }
 
     // --- operands ---------------------------------------------------------------------------------
@@ -325,6 +325,7 @@ private:
     }
 
     py::object results_[2];
+    py::object packed_[operation::kMost];  // arrays of numbers as the functions take them
     std::vector<py::array> made_;
     const form* form_ = nullptr;
     operand operands_[6];

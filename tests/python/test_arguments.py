@@ -1,7 +1,9 @@
 """What is taken, what is refused and by which words, and what stays as it was."""
 
 import gc
+import os
 import pickle
+import subprocess
 import sys
 import threading
 import warnings
@@ -193,3 +195,9 @@ def test_functions_are_pickled_by_name():
 def test_level():
     assert orvane.level() in ("px", "w7", "v8", "s8", "p8", "g9", "h9")
     assert orvane.__version__.count(".") == 2
+
+
+def test_lists_live_as_long_as_their_call():
+    """With freed memory overwritten, which is what another thread may do to it."""
+    call = "import numpy, orvane; orvane.convolve(numpy.zeros((9, 9), 'u1'), [[0, 1, 0], [1, 4, 1], [0, 1, 0]], divisor=8)"
+    subprocess.run([sys.executable, "-c", call], env={**os.environ, "PYTHONMALLOC": "debug"}, check=True)
