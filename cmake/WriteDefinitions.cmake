@@ -3,7 +3,7 @@
 # cmake -DNM=... -DOBJECTS=a;b -DEXPORTS=... -DIMPORTS=... -P WriteDefinitions.cmake
 execute_process(COMMAND ${NM} -g --defined-only ${OBJECTS} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 # Classes and the two free exports; what lies in namespace orv is the library's own business.
-string(REGEX MATCHALL "[TDBRV] _(_Z[A-Za-z0-9_]+|nImageProcessingWrapper|orvane[A-Z][A-Za-z]+|own_ipps_[A-Za-z0-9_]+|[a-z][a-z0-9]_ipps[A-Za-z0-9_]+@[0-9]+)"
+string(REGEX MATCHALL "[TDBRV] _(_Z[A-Za-z0-9_]+|nImageProcessingWrapper|orvane[A-Z][A-Za-z0-9_]+|own_ipps_[A-Za-z0-9_]+|[a-z][a-z0-9]_ipps[A-Za-z0-9_]+@[0-9]+)"
   symbols "${symbols}")
 list(SORT symbols)
 list(REMOVE_DUPLICATES symbols)

@@ -17,6 +17,14 @@
 #include "facade/signal/in_place_vector.h"
 #include "image/interpolation.h"
 
+// The Windows DLL has its facade twice, for two ABIs of C++. A C function is the same in both, and there only once: the
+// half for Microsoft's ABI does without.
+#if defined(_MSC_VER)
+#define ORV_C_FUNCTIONS 0
+#else
+#define ORV_C_FUNCTIONS 1
+#endif
+
 namespace orv {
 
 using ScaleFactor = int;

@@ -167,7 +167,76 @@ void zoom_and_pan(const Operation& operation, const T* src, int srcStep, Size so
     zoomed(operation, channels, src, source, srcStep, dst, dstStep, to, destination.width, zoom, panX, panY, smooth);
 }
 
+}  // namespace
+
+SRC_SIZE_DST_SIZE(ResizeNN_16u_C1R, planned<1>(nearest(orv_ResizeNearest_16u_C1)), unsigned short, double, double)
+SRC_SIZE_DST_SIZE(ResizeNN_8u_C3R, planned<3>(nearest(orv_ResizeNearest_8u_C3)), unsigned char, double, double)
+SRC_SIZE_DST_SIZE(ResizeNN_8u_C4R, planned<4>(nearest(orv_ResizeNearest_8u_C4)), unsigned char, double, double)
+
+SRC_SIZE_DST_SIZE(ResizeCubic_16u_C1R, planned<1>(cubic(orv_ResizeCubic_16u_C1)), unsigned short, double, double)
+SRC_SIZE_DST_SIZE(ResizeCubic_8u_C3R, planned<3>(cubic(orv_ResizeCubic_8u_C3)), unsigned char, double, double)
+SRC_SIZE_DST_SIZE(ResizeCubic_8u_C4R, planned<4>(cubic(orv_ResizeCubic_8u_C4)), unsigned char, double, double)
+
+// Intended: linear, although its name says nearest neighbour. Hosts depend on what it computes.
+SRC_SIZE_DST_SIZE(ResizeCenterNN_16u_C1R, planned<1>(linear(orv_ResizeLinear_16u_C1)), unsigned short, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterNN_8u_C3R, planned<3>(nearest(orv_ResizeNearest_8u_C3)), unsigned char, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterNN_8u_C4R, planned<4>(nearest(orv_ResizeNearest_8u_C4)), unsigned char, double, double,
+                  double, double)
+
+SRC_SIZE_DST_SIZE(ResizeCenterCubic_16u_C1R, planned<1>(cubic(orv_ResizeCubic_16u_C1)), unsigned short, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterCubic_8u_C3R, planned<3>(cubic(orv_ResizeCubic_8u_C3)), unsigned char, double, double,
+                  double, double)
+SRC_SIZE_DST_SIZE(ResizeCenterCubic_8u_C4R, planned<4>(cubic(orv_ResizeCubic_8u_C4)), unsigned char, double, double,
+                  double, double)
+
+
+bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
+                                              int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
+                                              int interpolation, int* size)
+{
+    return orv_ResizeGetBufSize({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight},
+                                {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, channels, interpolation,
+                                size) == StatusOk;
+}
+
+SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_8u_C1R, orv_ResizeSqrPixel_8u_C1, unsigned char, double, double, double,
+                            double, int, unsigned char*)
+SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_16u_C1R, orv_ResizeSqrPixel_16u_C1, unsigned short, double, double, double,
+                            double, int, unsigned char*)
+
+#define ALWAYS_TRUE_ZOOM(name, operation, T, channels)                                                              \
+    bool ImageProcessingWrapper::name(const T* src, int srcStep, int srcWidth, int srcHeight, T* dst, int dstStep,  \
+                                      int dstWidth, int dstHeight, float zoom, int panX, int panY, bool smooth)     \
+    {                                                                                                               \
+        zoom_and_pan(operation, src, srcStep, {srcWidth, srcHeight}, dst, dstStep, {dstWidth, dstHeight}, channels, \
+                     zoom, panX, panY, smooth);                                                                     \
+        return true;                                                                                                \
+    }
+
+// Intended: true whatever happens.
+ALWAYS_TRUE_ZOOM(Resize_8u_C3, orv_ResizeSqrPixel_8u_C3, unsigned char, 3)
+ALWAYS_TRUE_ZOOM(Resize_8u_C4, orv_ResizeSqrPixel_8u_C4, unsigned char, 4)
+ALWAYS_TRUE_ZOOM(Resize_16u_C1, orv_ResizeSqrPixel_16u_C1, unsigned short, 1)
+ALWAYS_TRUE_ZOOM(Resize_32f_C1, orv_ResizeSqrPixel_32f_C1, float, 1)
+
+#undef ALWAYS_TRUE_ZOOM
+
+void ImageProcessingWrapper::CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
+                                            double& xShift, double& yShift)
+{
+    SquareMapping mapping;
+    orv_ZoomMapping({srcWidth, srcHeight}, dstWidth, zoom, panX, panY, false, &mapping);
+    xShift = mapping.xShift;
+    yShift = mapping.yShift;
+}
+
+#if ORV_C_FUNCTIONS
 // --- Parts ----------------------------------------------------------------------------------------
+
+namespace {
 
 // What a type is resized by; null where it has none.
 template <class T>
@@ -246,61 +315,6 @@ bool ends_at(int& whole, int from, int length)
 
 }  // namespace
 
-SRC_SIZE_DST_SIZE(ResizeNN_16u_C1R, planned<1>(nearest(orv_ResizeNearest_16u_C1)), unsigned short, double, double)
-SRC_SIZE_DST_SIZE(ResizeNN_8u_C3R, planned<3>(nearest(orv_ResizeNearest_8u_C3)), unsigned char, double, double)
-SRC_SIZE_DST_SIZE(ResizeNN_8u_C4R, planned<4>(nearest(orv_ResizeNearest_8u_C4)), unsigned char, double, double)
-
-SRC_SIZE_DST_SIZE(ResizeCubic_16u_C1R, planned<1>(cubic(orv_ResizeCubic_16u_C1)), unsigned short, double, double)
-SRC_SIZE_DST_SIZE(ResizeCubic_8u_C3R, planned<3>(cubic(orv_ResizeCubic_8u_C3)), unsigned char, double, double)
-SRC_SIZE_DST_SIZE(ResizeCubic_8u_C4R, planned<4>(cubic(orv_ResizeCubic_8u_C4)), unsigned char, double, double)
-
-// Intended: linear, although its name says nearest neighbour. Hosts depend on what it computes.
-SRC_SIZE_DST_SIZE(ResizeCenterNN_16u_C1R, planned<1>(linear(orv_ResizeLinear_16u_C1)), unsigned short, double, double,
-                  double, double)
-SRC_SIZE_DST_SIZE(ResizeCenterNN_8u_C3R, planned<3>(nearest(orv_ResizeNearest_8u_C3)), unsigned char, double, double,
-                  double, double)
-SRC_SIZE_DST_SIZE(ResizeCenterNN_8u_C4R, planned<4>(nearest(orv_ResizeNearest_8u_C4)), unsigned char, double, double,
-                  double, double)
-
-SRC_SIZE_DST_SIZE(ResizeCenterCubic_16u_C1R, planned<1>(cubic(orv_ResizeCubic_16u_C1)), unsigned short, double, double,
-                  double, double)
-SRC_SIZE_DST_SIZE(ResizeCenterCubic_8u_C3R, planned<3>(cubic(orv_ResizeCubic_8u_C3)), unsigned char, double, double,
-                  double, double)
-SRC_SIZE_DST_SIZE(ResizeCenterCubic_8u_C4R, planned<4>(cubic(orv_ResizeCubic_8u_C4)), unsigned char, double, double,
-                  double, double)
-
-
-bool ImageProcessingWrapper::ResizeGetBufSize(int srcRoiX, int srcRoiY, int srcRoiWidth, int srcRoiHeight, int dstRoiX,
-                                              int dstRoiY, int dstRoiWidth, int dstRoiHeight, int channels,
-                                              int interpolation, int* size)
-{
-    return orv_ResizeGetBufSize({srcRoiX, srcRoiY, srcRoiWidth, srcRoiHeight},
-                                {dstRoiX, dstRoiY, dstRoiWidth, dstRoiHeight}, channels, interpolation,
-                                size) == StatusOk;
-}
-
-SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_8u_C1R, orv_ResizeSqrPixel_8u_C1, unsigned char, double, double, double,
-                            double, int, unsigned char*)
-SRC_RECTANGLE_DST_RECTANGLE(ResizeSqrPixel_16u_C1R, orv_ResizeSqrPixel_16u_C1, unsigned short, double, double, double,
-                            double, int, unsigned char*)
-
-#define ALWAYS_TRUE_ZOOM(name, operation, T, channels)                                                              \
-    bool ImageProcessingWrapper::name(const T* src, int srcStep, int srcWidth, int srcHeight, T* dst, int dstStep,  \
-                                      int dstWidth, int dstHeight, float zoom, int panX, int panY, bool smooth)     \
-    {                                                                                                               \
-        zoom_and_pan(operation, src, srcStep, {srcWidth, srcHeight}, dst, dstStep, {dstWidth, dstHeight}, channels, \
-                     zoom, panX, panY, smooth);                                                                     \
-        return true;                                                                                                \
-    }
-
-// Intended: true whatever happens.
-ALWAYS_TRUE_ZOOM(Resize_8u_C3, orv_ResizeSqrPixel_8u_C3, unsigned char, 3)
-ALWAYS_TRUE_ZOOM(Resize_8u_C4, orv_ResizeSqrPixel_8u_C4, unsigned char, 4)
-ALWAYS_TRUE_ZOOM(Resize_16u_C1, orv_ResizeSqrPixel_16u_C1, unsigned short, 1)
-ALWAYS_TRUE_ZOOM(Resize_32f_C1, orv_ResizeSqrPixel_32f_C1, float, 1)
-
-#undef ALWAYS_TRUE_ZOOM
-
 #define PARTS(Type, by, T)                                                                                            \
     bool orvaneResizePart_##Type(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep,         \
                                  int dstX, int dstY, int dstWidth, int dstHeight, int wholeWidth, int wholeHeight,    \
@@ -338,12 +352,4 @@ ZOOM_PART(32f_C1, kFloats, float)
 
 #undef PARTS
 #undef ZOOM_PART
-
-void ImageProcessingWrapper::CalculateShift(int srcWidth, int srcHeight, int dstWidth, float zoom, int panX, int panY,
-                                            double& xShift, double& yShift)
-{
-    SquareMapping mapping;
-    orv_ZoomMapping({srcWidth, srcHeight}, dstWidth, zoom, panX, panY, false, &mapping);
-    xShift = mapping.xShift;
-    yShift = mapping.yShift;
-}
+#endif

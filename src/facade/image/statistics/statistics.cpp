@@ -79,6 +79,7 @@ SRC(MaxIndx_16u_C1R, orv_MaxIndx_16u_C1R, unsigned short, unsigned short*, int*,
 SRC(HistogramEven_8u_C1, orv_HistogramEven_8u_C1, unsigned char, int*, int*, int, int, int)
 SRC(HistogramEven_16u_C1, orv_HistogramEven_16u_C1, unsigned short, int*, int*, int, int, int)
 
+#if ORV_C_FUNCTIONS
 #define SUM_SQUARES(name, operation, T)                                                                         \
     bool orvane##name(const T* src, int srcStep, int width, int height, unsigned long long* sum,                \
                       unsigned long long* squares)                                                              \
@@ -94,3 +95,4 @@ bool orvaneDeviation(unsigned long long pixels, unsigned long long sum, unsigned
 {
     return orv_Deviation(pixels, sum, squares, mean, stdDev) == StatusOk;
 }
+#endif

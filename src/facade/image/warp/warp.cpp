@@ -64,6 +64,7 @@ REMAP(Remap_16u_C1, unsigned short)
 REMAP(Remap_32f_C1, float)
 #undef REMAP
 
+#if ORV_C_FUNCTIONS
 // Parts: the memory begins at the rectangle.
 #define PART_SHIFTED(name, operation, T)                                                                            \
     bool orvane##name(const T* src, int srcWidth, int srcHeight, int srcStep, T* dst, int dstStep, int dstX,        \
@@ -112,3 +113,4 @@ PART_IN_PERSPECTIVE(WarpPerspectivePart_8u_C4, orv_WarpPerspective_8u_C4, unsign
 PART_IN_PERSPECTIVE(WarpPerspectivePart_16u_C1, orv_WarpPerspective_16u_C1, unsigned short)
 PART_IN_PERSPECTIVE(WarpPerspectivePart_32f_C1, orv_WarpPerspective_32f_C1, float)
 #undef PART_IN_PERSPECTIVE
+#endif
