@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the library with its Python package and runs scan.py: workers on this machine, all in a temporary folder.
-# Usage: examples/cluster/run.sh [--small]     one to two minutes on two cores; --small: half a minute
+# Usage: examples/cluster/run.sh [--small]     half a minute to two on two cores; --small: a quarter
 # With ORVANE_PYTHON nothing is built: it names the folder that has the package.
 set -eu
 cd "$(dirname "$0")/../.."

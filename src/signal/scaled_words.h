@@ -12,7 +12,6 @@
 #include "core/float_control.h"
 #include "elementwise/full_vectors.h"
 #include "elementwise/scaled_arithmetic.h"
-#include "simd/halves.h"
 #include "simd/conversion.h"
 
 namespace orv {
@@ -273,37 +272,11 @@ struct WordQuotient {
     {
         const simd::mask_of<V> no_divisor = simd::equal(a[0], simd::zero<V>()) | simd::equal(a[1], simd::zero<V>());
         const simd::mask_of<V> special = no_divisor | large(a[0], b[0]) | large(a[1], b[1]);
-        if (scaleFactor >= 0 && !simd::any(special)) return {float_quotient(a[0], b[0]), float_quotient(a[1], b[1])};
-        if (scaleFactor == 0 && !simd::any(no_divisor)) {
-            const Corrected<V> first(a[0], b[0]), second(a[1], b[1]);
-            if (!simd::any(first.doubtful | second.doubtful)) return {first.quotient, second.quotient};
-        }
-        return {many(a[0], b[0]), many(a[1], b[1])};
+        if (scaleFactor < 0 || simd::any(special)) return {many(a[0], b[0]), many(a[1], b[1])};
+        return {float_quotient(a[0], b[0]), float_quotient(a[1], b[1])};
     }
 
 private:
-    // Of large numbers: a float quotient, off by less than 2^-21 of itself, and that of what it leaves of the dividend,
-    // in 32 bits. Right where the rest is at most half the divisor; a tie goes to the even one of the two. INT_MIN may
-    // stand for what is beyond it.
-    template <class V> struct Corrected {
-        V quotient;
-        simd::mask_of<V> doubtful;
-
-        ORV_INLINE Corrected(V divisor, V dividend)
-        {
-            using F = simd::floats_of<V>;
-            const F inverse = simd::splat<F>(1.0f) / simd::to_float(divisor);
-            const V first = simd::round_to_int(simd::to_float(dividend) * inverse);
-            const V left = dividend - simd::mul_low(first, divisor);
-            const V second = simd::round_to_int(simd::to_float(left) * inverse);
-            const V nearest = first + second, rest = left - simd::mul_low(second, divisor);
-            const V less = simd::magnitude(rest), more = simd::magnitude(divisor) - less;
-            const V one = simd::splat<V>(1), away = ((rest ^ divisor) >> simd::count(31)) | one;
-            const V odd = simd::zero<V>() - (nearest & one);
-            quotient = nearest + simd::select(simd::equal(less, more), away & odd, simd::zero<V>());
-            doubtful = simd::greater(less, more) | simd::equal(nearest, simd::splat<V>(INT32_MIN));
-        }
-    };
     // Where floats do not.
     template <class V> static ORV_INLINE simd::mask_of<V> large(V a, V b)
     {

@@ -1,4 +1,4 @@
-// Steps on lanes of integers that only few families need: means, magnitudes, and shifts by half a lane or one bit.
+// Steps on 8- and 16-bit lanes that only few families need: means, magnitudes, and shifts by half a lane or one bit.
 #pragma once
 
 #include "simd/vec.h"
@@ -17,11 +17,6 @@ ORV_INLINE vec<u8, 1> average(vec<u8, 1> a, vec<u8, 1> b) { return {static_cast<
 ORV_INLINE vec<u16, 1> average(vec<u16, 1> a, vec<u16, 1> b) { return {static_cast<u16>((a.v + b.v + 1) >> 1)}; }
 // That of the smallest value is it again, as an unsigned number.
 ORV_INLINE vec<s16, 1> magnitude(vec<s16, 1> a) { return {static_cast<s16>(a.v < 0 ? -a.v : a.v)}; }
-ORV_INLINE vec<s32, 1> magnitude(vec<s32, 1> a)
-{
-    const u32 bits = static_cast<u32>(a.v);
-    return {static_cast<s32>(a.v < 0 ? 0 - bits : bits)};
-}
 
 #if ORV_HAVE_VECTORS
 ORV_INLINE vec<u8, 16> average(vec<u8, 16> a, vec<u8, 16> b) { return {_mm_avg_epu8(a.v, b.v)}; }
@@ -31,19 +26,12 @@ ORV_INLINE vec<s16, 8> magnitude(vec<s16, 8> a)
     if constexpr (ORV_HAVE_BYTE_SHUFFLE) return {_mm_abs_epi16(a.v)};
     else return {_mm_max_epi16(a.v, _mm_sub_epi16(_mm_setzero_si128(), a.v))};
 }
-ORV_INLINE vec<s32, 4> magnitude(vec<s32, 4> a)
-{
-    if constexpr (ORV_HAVE_BYTE_SHUFFLE) return {_mm_abs_epi32(a.v)};
-    const vec<s32, 4> sign = {_mm_srai_epi32(a.v, 31)};
-    return (a ^ sign) - sign;
-}
 #endif
 
 #if ORV_HAVE_INT256
 ORV_INLINE vec<u8, 32> average(vec<u8, 32> a, vec<u8, 32> b) { return {_mm256_avg_epu8(a.v, b.v)}; }
 ORV_INLINE vec<u16, 16> average(vec<u16, 16> a, vec<u16, 16> b) { return {_mm256_avg_epu16(a.v, b.v)}; }
 ORV_INLINE vec<s16, 16> magnitude(vec<s16, 16> a) { return {_mm256_abs_epi16(a.v)}; }
-ORV_INLINE vec<s32, 8> magnitude(vec<s32, 8> a) { return {_mm256_abs_epi32(a.v)}; }
 #endif
 
 }  // namespace ORV_LEVEL

@@ -214,7 +214,6 @@ FAULTS = [
     ("a halo that is cropped twice", "include/orvane_tiles.hpp", "return {first - read.first, count};", "return {first - read.first, read.count};", "Tiles*"),
     ("a halo beyond the image", "include/orvane_tiles.hpp", "above + count + (rest < around.bottom ? rest : around.bottom)", "above + count + (rest < around.bottom ? rest + 1 : around.bottom)", "Tiles*"),
     ("a sum that double does not hold is fused", "src/image/arithmetic/float_arithmetic.cpp", "greater_equal(size, 4.0f)", "greater_equal(size, 2.0f)", "FloatArithmetic*"),
-    ("a quotient beyond the type wraps", "src/signal/scaled_words.h", " | simd::equal(nearest, simd::splat<V>(INT32_MIN));", ";", "VectorArithmetic*"),
     # Dispatch, symbols, levels, layers.
     ("a level without the system's support", FEATURES, "(id.xcr0 & 6) == 6", "(id.xcr0 & 2) == 2", "Frame*:*Features*:*Level*"),
     ("a level chosen by one feature of two", FEATURES, "if (has(kSsse3 | kMovbe)) return", "if (has(kMovbe)) return", "Frame*:*Features*:*Level*"),
