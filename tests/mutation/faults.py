@@ -191,7 +191,6 @@ FAULTS = [
     ("lanes that are filled beyond their room", INTEGER_SUMS, "static constexpr int kRoom = 65536;", "static constexpr int kRoom = 131072;", "VectorStatistics*"),
     ("a NaN hides what came before", BEST, "join(simd::load<V>(p + i + k * V::N), lanes[k]);", "join(lanes[k], simd::load<V>(p + i + k * V::N));", "VectorStatistics*"),
     ("any zero for the first one", VECTOR_STATISTICS, "if (value == start || value == 0) {", "if (value == start) {", "VectorStatistics*"),
-    ("64 bits compared where the difference overflows", "src/simd/long_words.h", "sign = difference ^ ((a ^ b) & (difference ^ b));", "sign = difference;", "VectorThresholds*:" + VARIANTS),
     ("negative doubles in the order of positive ones", THRESHOLD, "static constexpr Bits kFlip = 0x7FFFFFFFFFFFFFFF;", "static constexpr Bits kFlip = 0;", "VectorThresholds*"),
     # The typed layer.
     ("a step that is not compared with the row", "include/layer/checks.hpp", "height > 0 && step >= row() && step", "height > 0 && step", "Layer*"),
