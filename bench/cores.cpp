@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
-#include <orvane.hpp>
-#include <orvane_tiles.hpp>
 #include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 #include <vector>
+
+#include "../examples/cores/chain.hpp"
 
 namespace {
 
@@ -89,23 +89,13 @@ void row(const char* name, int repetitions, const orvane::rule& rule, const orva
     std::fflush(stdout);
 }
 
-constexpr orvane::rule steps = orvane::chain(
-    orvane::rules::lowpass(orvane::mask::size5x5), orvane::rules::dilate, orvane::rules::erode, orvane::rules::convert,
-    orvane::rules::gauss(9), orvane::rules::convert, orvane::rules::convolve(3, 3, 1, 1));
 const int sharper[] = {0, -1, 0, -1, 5, -1, 0, -1, 0};
 
-void restore(source_of<unsigned char> paper, result_of<unsigned char> result)
+void restore_in_scratch(source_of<unsigned char> paper, result_of<unsigned char> result)
 {
     const int width = paper.width(), height = paper.height();
-    const auto a = scratch<unsigned char, 1>(width, height), b = scratch<unsigned char, 2>(width, height);
-    const auto f = scratch<float, 1>(width, height), smooth = scratch<float, 2>(width, height);
-    orvane::lowpass(paper, a, orvane::mask::size5x5, orvane::edge::replicate).check();
-    orvane::dilate(a, b).check();
-    orvane::erode(b, a).check();
-    orvane::convert(a, f).check();
-    orvane::gauss(f, smooth, 9, 2.f).check();
-    orvane::convert(smooth, a).check();
-    orvane::convolve(a, result, sharper, 3, 3, 1, 1, 1, orvane::edge::replicate).check();
+    restore(paper, scratch<unsigned char, 1>(width, height), scratch<unsigned char, 2>(width, height),
+            scratch<float, 1>(width, height), scratch<float, 2>(width, height), result);
 }
 
 void operations(int repetitions, const bytes& grey, const floats& light, bytes& grey_result, floats& light_result)
@@ -139,16 +129,16 @@ void operations(int repetitions, const bytes& grey, const floats& light, bytes& 
     floats_row("gauss 9 32f", rules::gauss(9), [](auto s, auto d) { orvane::gauss(s, d, 9, 2.f).check(); });
     floats_row("median 5x5 32f", rules::median(5, 5),
                [&](auto s, auto d) { orvane::median(s, d, 5, 5, replicate).check(); });
-    bytes_row("**chain of six**", steps, [](auto s, auto d) { restore(s, d); });
+    bytes_row("**chain of six**", steps, [](auto s, auto d) { restore_in_scratch(s, d); });
 }
 
 void sizes_of_bands(int repetitions, const bytes& grey, bytes& result)
 {
-    std::vector<std::function<void()>> runs{[&] { restore(grey, result); }};
+    std::vector<std::function<void()>> runs{[&] { restore_in_scratch(grey, result); }};
     const std::vector<int> heights{16, 32, 64, 128, 256, 512, 1024};
     for (const int rows : heights) {
         runs.push_back(
-            [&, rows] { in_bands<unsigned char, unsigned char>(1, rows, steps.around, grey, result, restore); });
+            [&, rows] { in_bands<unsigned char, unsigned char>(1, rows, around, grey, result, restore_in_scratch); });
     }
     const auto best = measure(repetitions, runs);
     std::printf("\n| rows in a band | chain, ms, one thread | whole / bands |\n|---|---|---|\n");

@@ -5,6 +5,6 @@ set -eu
 cd "$(dirname "$0")/.."
 scripts/setup.sh cluster
 build=$PWD/${1:-build/release}
-g++ -std=c++17 -O2 -Wall -Wextra -pthread -Iinclude bench/cores.cpp "$build/src/liborvane.so" -ltbb \
+g++ -std=c++17 -O2 -Wall -Wextra -pthread -I"$build/include" bench/cores.cpp "$build/src/liborvane.so" -ltbb \
     -Wl,-rpath,"$build/src" -o "$build/bench_cores"
 "$build/bench_cores" "${@:2}"
